@@ -1,0 +1,51 @@
+#pragma once
+// Where pixels live: a block of memory that a bitmap or a top-level window owns, and the region of it that
+// a drawing may touch. The raster draws on surfaces; the window tree hands out device contexts over them.
+
+#include "platform/types.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace platform::driver {
+
+/// A set of pixels as disjoint rectangles in y-x banded order.
+class Region {
+public:
+    Region() = default;
+    explicit Region(const RECT& r);
+
+    const std::vector<RECT>& rectangles() const { return rects_; }
+    RECT bounds() const;
+    bool empty() const { return rects_.empty(); }
+    bool contains(POINT p) const;
+    void translate(LONG dx, LONG dy);
+
+    Region united(const Region& other) const;
+    Region intersected(const Region& other) const;
+    Region subtracted(const Region& other) const;
+
+    friend bool operator==(const Region&, const Region&) = default;
+
+private:
+    std::vector<RECT> rects_;
+};
+
+/// Pixels of 1 bit (most significant bit first) or 32 bits (0xAARRGGBB words), top row first.
+struct Surface {
+    int width = 0;
+    int height = 0;
+    int bitsPerPixel = 32;
+    int stride = 0; ///< Bytes from one row to the next, a multiple of 4
+    std::uint8_t* bits = nullptr;
+};
+
+/// A device context for a window. `origin` is where the window's (0, 0) lies on the surface; `visible` is
+/// in surface coordinates and bounds all drawing. The surface must outlive the context. The returned handle
+/// is counted as a device context until releaseWindowDC; a saved font, brush or pen selection dies with it.
+HDC createWindowDC(Surface& surface, POINT origin, const Region& visible);
+
+/// Ends a context made by createWindowDC. False for any other handle.
+bool releaseWindowDC(HDC dc);
+
+} // namespace platform::driver
