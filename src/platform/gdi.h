@@ -1,0 +1,242 @@
+#pragma once
+// Drawing: device contexts, the objects that are selected into them, shapes, blits, text, regions and icons.
+// Names, arguments and results are the platform's own. Coordinates are logical units of the context (pixels
+// until an origin or mapping is set); rectangles leave out their right and bottom edge, lines their last
+// pixel. An operation on a handle that is dead or of another kind does nothing and returns its failure value:
+// no handle, 0 or FALSE, CLR_INVALID for colours.
+//
+// Objects made by Create... belong to the caller, who ends them with DeleteObject (contexts with DeleteDC,
+// icons with DestroyIcon). A pen or a brush that is still selected somewhere may be deleted: it lives on, out
+// of reach, until the context lets it go. A bitmap can be selected into one context at a time.
+
+#include "platform/gdi_types.h"
+
+#include <functional>
+
+namespace platform {
+
+// --- Device contexts -------------------------------------------------------------------------------
+
+/// A memory context that draws on the bitmap selected into it: a single black pixel of 1 bit at first.
+/// `like` may be no handle, which means the screen.
+HDC CreateCompatibleDC(HDC like);
+
+/// Ends a context made by CreateCompatibleDC. What the caller selected into it is let go, not deleted.
+BOOL DeleteDC(HDC dc);
+
+/// Pushes the whole state of the context; returns the depth after it, from 1, and 0 on failure.
+int SaveDC(HDC dc);
+/// Goes back to the state saved at `depth`, or `-depth` steps back when negative, and drops those above it.
+BOOL RestoreDC(HDC dc, int depth);
+
+/// One capability (HORZRES, BITSPIXEL, LOGPIXELSX, ...); 0 for an unknown one or a dead context.
+int GetDeviceCaps(HDC dc, int index);
+
+COLORREF GetNearestColor(HDC dc, COLORREF color);
+
+// --- Objects ---------------------------------------------------------------------------------------
+
+/// Selects a bitmap, brush, pen or font and returns the one that it replaces. For a region the result's value
+/// is the kind of region that the clipping became (NULLREGION, ...).
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
+/// What is selected now of the kind OBJ_PEN, OBJ_BRUSH, OBJ_FONT or OBJ_BITMAP.
+HGDIOBJ GetCurrentObject(HDC dc, DWORD type);
+/// False for a dead handle and for a bitmap that is selected. Deleting a stock object succeeds and does
+/// nothing.
+BOOL DeleteObject(HGDIOBJ object);
+/// WHITE_BRUSH, DEFAULT_GUI_FONT, ...; no handle for an unknown number. Not to be deleted.
+HGDIOBJ GetStockObject(int index);
+/// OBJ_...; 0 for a handle that is no live object.
+DWORD GetObjectType(HGDIOBJ object);
+DWORD GetObjectType(HDC dc);
+
+/// What an object was made of. False for a handle that is no such object.
+BOOL GetObjectBitmap(HBITMAP bitmap, BITMAP* data);
+BOOL GetObjectBrush(HBRUSH brush, LOGBRUSH* data);
+BOOL GetObjectPen(HPEN pen, LOGPEN* data);
+BOOL GetObjectFont(HFONT font, LOGFONTW* data);
+
+/// Live objects of this process: GR_GDIOBJECTS counts contexts, bitmaps, brushes, pens, fonts, regions and
+/// palettes, GR_USEROBJECTS icons and windows. Stock objects are left out on Linux.
+DWORD GetGuiResources(DWORD flags);
+
+// --- Bitmaps ---------------------------------------------------------------------------------------
+
+/// A bitmap with the depth of the context's device (of its bitmap, for a memory context), cleared to black.
+/// A width or height of 0 gives one of 1x1 with 1 bit.
+HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
+/// A bitmap of 1 or 32 bits (1 plane) from rows that begin at multiples of two bytes, top row first; cleared
+/// when `bits` is null. A height below zero counts as its absolute value.
+HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits);
+/// A bitmap whose pixels the program can reach at `*bits`. 1 bit (with its colour table) or 32 bits, BI_RGB.
+/// `dc`, `section` and `offset` are not used and may be 0.
+HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
+                         DWORD offset);
+/// Copies rows `start`... of the bitmap into `bits` in the format of `info->bmiHeader` (1 or 32 bits) and
+/// fills in its colour table; returns the number of rows. With `bits` null it fills in the header instead.
+int GetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage);
+/// The opposite way; `start` counts from the first row in memory.
+int SetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, const void* bits, const BITMAPINFO* info,
+              UINT usage);
+
+// --- Pens and brushes ------------------------------------------------------------------------------
+
+HBRUSH CreateSolidBrush(COLORREF color);
+HBRUSH CreateHatchBrush(int style, COLORREF color);
+/// The bitmap is copied. A pattern of 1 bit shows text colour for 0 and background colour for 1.
+HBRUSH CreatePatternBrush(HBITMAP bitmap);
+HBRUSH CreateBrushIndirect(const LOGBRUSH* data);
+/// Widths of 0 and 1 draw lines of one pixel; above that the style is solid.
+HPEN CreatePen(int style, int width, COLORREF color);
+HPEN CreatePenIndirect(const LOGPEN* data);
+
+// --- State; each returns the previous value --------------------------------------------------------
+
+COLORREF SetTextColor(HDC dc, COLORREF color);
+COLORREF GetTextColor(HDC dc);
+COLORREF SetBkColor(HDC dc, COLORREF color);
+COLORREF GetBkColor(HDC dc);
+int SetBkMode(HDC dc, int mode);
+int GetBkMode(HDC dc);
+UINT SetTextAlign(HDC dc, UINT align);
+UINT GetTextAlign(HDC dc);
+int SetROP2(HDC dc, int mode);
+int GetROP2(HDC dc);
+int SetPolyFillMode(HDC dc, int mode);
+int GetPolyFillMode(HDC dc);
+int SetStretchBltMode(HDC dc, int mode);
+int GetStretchBltMode(HDC dc);
+COLORREF SetDCBrushColor(HDC dc, COLORREF color);
+COLORREF GetDCBrushColor(HDC dc);
+COLORREF SetDCPenColor(HDC dc, COLORREF color);
+COLORREF GetDCPenColor(HDC dc);
+int SetTextCharacterExtra(HDC dc, int extra);
+int GetTextCharacterExtra(HDC dc);
+/// Spreads `extra` pixels over `count` spaces of the text that follows; 0 ends it.
+BOOL SetTextJustification(HDC dc, int extra, int count);
+/// Where patterns and hatches begin, in device pixels.
+BOOL SetBrushOrgEx(HDC dc, int x, int y, POINT* previous);
+BOOL GetBrushOrgEx(HDC dc, POINT* origin);
+
+// --- Coordinates -----------------------------------------------------------------------------------
+
+BOOL SetWindowOrgEx(HDC dc, int x, int y, POINT* previous);
+BOOL GetWindowOrgEx(HDC dc, POINT* origin);
+BOOL OffsetWindowOrgEx(HDC dc, int x, int y, POINT* previous);
+BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* previous);
+BOOL GetViewportOrgEx(HDC dc, POINT* origin);
+BOOL OffsetViewportOrgEx(HDC dc, int x, int y, POINT* previous);
+BOOL DPtoLP(HDC dc, POINT* points, int count);
+BOOL LPtoDP(HDC dc, POINT* points, int count);
+
+// --- Shapes ----------------------------------------------------------------------------------------
+
+BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
+BOOL GetCurrentPositionEx(HDC dc, POINT* position);
+BOOL LineTo(HDC dc, int x, int y);
+BOOL Polyline(HDC dc, const POINT* points, int count);
+BOOL PolylineTo(HDC dc, const POINT* points, int count);
+BOOL Polygon(HDC dc, const POINT* points, int count);
+/// Outline in the pen, inside in the brush.
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
+/// Fills with a brush, without outline. A brush value up to COLOR_... + 1 stands for that system colour.
+int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
+/// An outline one pixel wide in a brush.
+int FrameRect(HDC dc, const RECT* rect, HBRUSH brush);
+BOOL InvertRect(HDC dc, const RECT* rect);
+/// Inverts every second pixel of the outline; a second call takes it away.
+BOOL DrawFocusRect(HDC dc, const RECT* rect);
+BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags);
+/// The colour really set, or CLR_INVALID outside the clipping.
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color);
+COLORREF GetPixel(HDC dc, int x, int y);
+
+// --- Fills and copies ------------------------------------------------------------------------------
+
+BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop);
+/// Copies between contexts, which may be the same with overlapping areas. From 1 bit to colour, 0 becomes the
+/// target's text colour and 1 its background colour; the other way, the source's background colour becomes 1
+/// and every other colour 0.
+BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource, DWORD rop);
+/// Sizes below zero mirror.
+BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                int widthSource, int heightSource, DWORD rop);
+/// Rectangles with the colour running across (GRADIENT_FILL_RECT_H) or down (GRADIENT_FILL_RECT_V).
+BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GRADIENT_RECT* meshes,
+                  DWORD meshCount, DWORD mode);
+
+// --- Text ------------------------------------------------------------------------------------------
+// Lengths are in units (UTF-16) or bytes (the ANSI code page). The A forms convert and call the W forms.
+
+HFONT CreateFontIndirectW(const LOGFONTW* data);
+/// Calls `each` once for every font family (or for each style of the family named in `filter->lfFaceName`)
+/// until it returns 0; the result is the last one that it returned, 1 when there was none.
+using FontEnumerator = std::function<int(const ENUMLOGFONTEXW& font, const TEXTMETRICW& metrics, DWORD type)>;
+int EnumFontFamiliesExW(HDC dc, const LOGFONTW* filter, const FontEnumerator& each);
+
+BOOL TextOutW(HDC dc, int x, int y, const char16_t* text, int length);
+BOOL TextOutA(HDC dc, int x, int y, const char* text, int length);
+/// `rect` is filled with ETO_OPAQUE and clips with ETO_CLIPPED; `advances`, when given, holds the distance
+/// from each character to the next.
+BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const char16_t* text, UINT length,
+                 const INT* advances);
+BOOL ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect, const char* text, UINT length,
+                 const INT* advances);
+/// Draws text in a rectangle by DT_... flags; `length` -1 reads up to the NUL. Returns the height of the
+/// text.
+int DrawTextW(HDC dc, const char16_t* text, int length, RECT* rect, UINT format);
+int DrawTextA(HDC dc, const char* text, int length, RECT* rect, UINT format);
+BOOL GetTextExtentPoint32W(HDC dc, const char16_t* text, int length, SIZE* size);
+BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size);
+/// How many characters fit in `maxExtent` (into `fit`) and the extent up to each of them (into `extents`);
+/// `size` is that of the whole text.
+BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExtent, INT* fit, INT* extents,
+                           SIZE* size);
+BOOL GetTextExtentExPointA(HDC dc, const char* text, int length, int maxExtent, INT* fit, INT* extents,
+                           SIZE* size);
+BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics);
+/// Advance widths of the characters `first` to `last`.
+BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths);
+/// The name of the font in use with its NUL; returns the number of units written.
+int GetTextFaceW(HDC dc, int size, char16_t* name);
+
+// --- Regions and clipping --------------------------------------------------------------------------
+// The operations with an int result return the kind of region that came out (NULLREGION, SIMPLEREGION,
+// COMPLEXREGION), REGION_ERROR on failure.
+
+HRGN CreateRectRgn(int left, int top, int right, int bottom);
+HRGN CreateRectRgnIndirect(const RECT* rect);
+BOOL SetRectRgn(HRGN region, int left, int top, int right, int bottom);
+int CombineRgn(HRGN target, HRGN a, HRGN b, int mode);
+BOOL EqualRgn(HRGN a, HRGN b);
+int OffsetRgn(HRGN region, int x, int y);
+BOOL PtInRegion(HRGN region, int x, int y);
+BOOL RectInRegion(HRGN region, const RECT* rect);
+int GetRgnBox(HRGN region, RECT* box);
+BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush);
+
+/// Replaces the clipping by a copy of the region, in device pixels; no region takes it away.
+int SelectClipRgn(HDC dc, HRGN region);
+int ExtSelectClipRgn(HDC dc, HRGN region, int mode);
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
+int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);
+int OffsetClipRgn(HDC dc, int x, int y);
+/// The box, in logical units, of what can be drawn on.
+int GetClipBox(HDC dc, RECT* box);
+/// Copies the clipping into the region: 1, or 0 when there is none, -1 on failure.
+int GetClipRgn(HDC dc, HRGN region);
+BOOL PtVisible(HDC dc, int x, int y);
+BOOL RectVisible(HDC dc, const RECT* rect);
+
+// --- Icons -----------------------------------------------------------------------------------------
+
+/// The bitmaps are copied. Both must be given, but for a monochrome icon.
+HICON CreateIconIndirect(const ICONINFO* info);
+/// Makes new bitmaps, which the caller deletes.
+BOOL GetIconInfo(HICON icon, ICONINFO* info);
+/// Stretches the icon to `width` x `height` (its own size for 0 without DI_DEFAULTSIZE). `step` must be 0.
+BOOL DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, UINT step, HBRUSH background,
+                UINT flags);
+BOOL DestroyIcon(HICON icon);
+
+} // namespace platform
