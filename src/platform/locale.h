@@ -10,14 +10,14 @@
 namespace platform {
 
 using LCTYPE = DWORD;
-inline constexpr LCTYPE LOCALE_ILANGUAGE = 0x0001;       ///< Language identifier, four hexadecimal digits
-inline constexpr LCTYPE LOCALE_SLIST = 0x000C;           ///< List separator
-inline constexpr LCTYPE LOCALE_SDECIMAL = 0x000E;        ///< Decimal separator
-inline constexpr LCTYPE LOCALE_STHOUSAND = 0x000F;       ///< Thousands separator
-inline constexpr LCTYPE LOCALE_SGROUPING = 0x0010;       ///< "3;0"
-inline constexpr LCTYPE LOCALE_IDIGITS = 0x0011;         ///< Decimals of a number
-inline constexpr LCTYPE LOCALE_ILZERO = 0x0012;          ///< "1": a leading zero before the decimal separator
-inline constexpr LCTYPE LOCALE_SCURRENCY = 0x0014;       ///< Currency symbol
+inline constexpr LCTYPE LOCALE_ILANGUAGE = 0x0001; ///< Language identifier, four hexadecimal digits
+inline constexpr LCTYPE LOCALE_SLIST = 0x000C;     ///< List separator
+inline constexpr LCTYPE LOCALE_SDECIMAL = 0x000E;  ///< Decimal separator
+inline constexpr LCTYPE LOCALE_STHOUSAND = 0x000F; ///< Thousands separator
+inline constexpr LCTYPE LOCALE_SGROUPING = 0x0010; ///< "3;0"
+inline constexpr LCTYPE LOCALE_IDIGITS = 0x0011;   ///< Decimals of a number
+inline constexpr LCTYPE LOCALE_ILZERO = 0x0012;    ///< "1": a leading zero before the decimal separator
+inline constexpr LCTYPE LOCALE_SCURRENCY = 0x0014; ///< Currency symbol
 inline constexpr LCTYPE LOCALE_SMONDECIMALSEP = 0x0016;
 inline constexpr LCTYPE LOCALE_SMONTHOUSANDSEP = 0x0017;
 inline constexpr LCTYPE LOCALE_ICURRDIGITS = 0x0019;
@@ -38,7 +38,7 @@ inline constexpr LCTYPE LOCALE_SABBREVMONTHNAME1 = 0x0044;
 inline constexpr LCTYPE LOCALE_SPOSITIVESIGN = 0x0050;
 inline constexpr LCTYPE LOCALE_SNEGATIVESIGN = 0x0051;
 inline constexpr LCTYPE LOCALE_STIMEFORMAT = 0x1003;
-inline constexpr LCTYPE LOCALE_INEGNUMBER = 0x1010; ///< Form of negative numbers, 0 to 4
+inline constexpr LCTYPE LOCALE_INEGNUMBER = 0x1010;      ///< Form of negative numbers, 0 to 4
 inline constexpr LCTYPE LOCALE_IFIRSTDAYOFWEEK = 0x100C; ///< 0 is Monday
 inline constexpr LCTYPE LOCALE_IFIRSTWEEKOFYEAR = 0x100D;
 

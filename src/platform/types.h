@@ -2,6 +2,7 @@
 // The basic types of the platform's interface: 32-bit handles of distinct kinds, integers of fixed
 // width and the records that several headers share. Names, layouts and meanings are the platform's own.
 
+#include <compare>
 #include <cstdint>
 
 namespace platform {
