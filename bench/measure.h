@@ -1,0 +1,62 @@
+#pragma once
+// What every benchmark shares: medians of interleaved rounds, so that a noisy machine disturbs all peers
+// alike, and the output lines.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+inline double seconds() {
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+inline double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0 : values[values.size() / 2];
+}
+
+/// Keeps the compiler from dropping a computation.
+template <class T>
+void keep(const T& value) {
+    asm volatile("" : : "r,m"(value) : "memory");
+}
+
+/// One candidate: a name and a function that does the work once.
+struct Candidate {
+    std::string name;
+    std::function<void()> work;
+};
+
+/// Runs the candidates in turn, `rounds` times each; gives the median seconds of a run of each.
+inline std::vector<double> interleaved(const std::vector<Candidate>& candidates, int rounds) {
+    std::vector<std::vector<double>> times(candidates.size());
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t i = 0; i < candidates.size(); ++i) {
+            const double start = seconds();
+            candidates[i].work();
+            times[i].push_back(seconds() - start);
+        }
+    std::vector<double> medians;
+    for (const auto& t : times) medians.push_back(median(t));
+    return medians;
+}
+
+/// One figure: the peer's time divided by ours; above 1 we are ahead.
+inline void ratio(const std::string& name, const std::string& peer, double ours, double theirs) {
+    std::printf("ratio\t%s\t%s\t%.2f\n", name.c_str(), peer.c_str(), theirs / ours);
+    std::fflush(stdout);
+}
+
+/// Measures the first candidate against each of the others.
+inline void compare(const std::string& name, const std::vector<Candidate>& candidates, int rounds = 15) {
+    const auto times = interleaved(candidates, rounds);
+    for (std::size_t i = 1; i < candidates.size(); ++i) ratio(name, candidates[i].name, times[0], times[i]);
+}
+
+} // namespace bench

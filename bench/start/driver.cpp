@@ -1,0 +1,112 @@
+// From process start to the first painted window. The programs are started in turn under an X server of
+// this benchmark's own; the time ends when the window's colour stands on the screen, read from outside, so
+// that no program judges itself.
+#include "../measure.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <cstdlib>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace {
+
+constexpr int rounds = 15;
+constexpr double patience = 10; // seconds until a program counts as failed
+constexpr unsigned long expectedColour = 0x3060C0;
+
+pid_t start(const std::vector<std::string>& words, int output = -1) {
+    std::vector<char*> argv;
+    for (const auto& word : words) argv.push_back(const_cast<char*>(word.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+    if (output >= 0) posix_spawn_file_actions_adddup2(&actions, output, 1);
+    pid_t pid = 0;
+    const int failed = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    return failed ? 0 : pid;
+}
+
+void end(pid_t pid) {
+    kill(pid, SIGTERM);
+    waitpid(pid, nullptr, 0);
+}
+
+unsigned long pixel(Display* display) {
+    XImage* image = XGetImage(display, DefaultRootWindow(display), 300, 200, 1, 1, AllPlanes, ZPixmap);
+    const unsigned long value = XGetPixel(image, 0, 0) & 0xFFFFFF;
+    XDestroyImage(image);
+    return value;
+}
+
+/// Seconds until the pixel has (or no longer has) the windows' colour; -1 when that takes too long.
+double waitForColour(Display* display, bool present, double since) {
+    while (bench::seconds() - since < patience) {
+        if ((pixel(display) == expectedColour) == present) return bench::seconds() - since;
+        usleep(100);
+    }
+    return -1;
+}
+
+/// Starts an X server on a free display number and returns its process; sets DISPLAY.
+pid_t startServer() {
+    int ends[2];
+    if (pipe(ends) != 0) return 0;
+    const pid_t server = start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"}, ends[1]);
+    close(ends[1]);
+    char number[16] = {};
+    const ssize_t got = server ? read(ends[0], number, sizeof number - 1) : 0;
+    close(ends[0]);
+    if (got <= 0) return 0;
+    setenv("DISPLAY", (":" + std::to_string(std::atoi(number))).c_str(), 1);
+    return server;
+}
+
+} // namespace
+
+int main(int, char** argv) {
+    using bench::seconds;
+    std::string folder = argv[0];
+    folder.erase(folder.rfind('/') + 1);
+    unsetenv("WAYLAND_DISPLAY");
+    setenv("TESELA_DISPLAY", "desktop", 1);
+
+    const pid_t server = startServer();
+    Display* display = server ? XOpenDisplay(nullptr) : nullptr;
+    if (!display) {
+        std::fprintf(stderr, "Xvfb did not start\n");
+        return 1;
+    }
+    const std::vector<std::string> names{"tesela", "fltk", "qt"};
+    std::vector<std::vector<double>> times(names.size());
+    bool complete = true;
+    for (int round = 0; round < rounds && complete; ++round)
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const double since = seconds();
+            const pid_t program = start({folder + "start_" + names[i]});
+            const double took = waitForColour(display, true, since);
+            complete = complete && took >= 0;
+            if (round > 0) times[i].push_back(took); // the first round warms the page cache
+            end(program);
+            waitForColour(display, false, seconds());
+        }
+    XCloseDisplay(display);
+    end(server);
+    if (!complete) {
+        std::fprintf(stderr, "a program showed no window\n");
+        return 1;
+    }
+    const double ours = bench::median(times[0]);
+    for (std::size_t i = 1; i < names.size(); ++i)
+        bench::ratio("start", names[i], ours, bench::median(times[i]));
+    return 0;
+}
