@@ -1,0 +1,35 @@
+#pragma once
+// Values to text by pattern, as an automation host's language formats them in the user's locale.
+
+#include <string_view>
+
+namespace automation {
+
+class String;
+class Variant;
+
+/// Formats `value` by a number, date or text pattern or by a name of a format ("Standard", "Short Date", ...,
+/// in any case). Without a pattern it is `CStr`. Null and Empty give "" unless the pattern has a section for
+/// them. Numbers have up to four sections (positive, negative, zero, Null), texts two (text, empty). A text
+/// that is a number or a date is formatted as such when the pattern asks for one.
+/// `firstDay` and `firstWeek` serve "w" and "ww" (0 takes the locale's own). Error 5 for a wrong one.
+String Format(const Variant& value, std::u16string_view pattern = {}, int firstDay = 1, int firstWeek = 1);
+
+/// Three-way choices of the functions below: the locale decides, or the caller.
+enum Tristate : int { vbUseDefault = -2, vbTrue = -1, vbFalse = 0 };
+
+/// A number with `decimals` places (-1: the locale's), rounded half away from zero. Error 5 for decimals
+/// outside -1 to 255 or a wrong choice.
+String FormatNumber(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
+                    int parentheses = vbUseDefault, int group = vbUseDefault);
+String FormatCurrency(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
+                      int parentheses = vbUseDefault, int group = vbUseDefault);
+String FormatPercent(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
+                     int parentheses = vbUseDefault, int group = vbUseDefault);
+
+enum NamedDateFormat : int { vbGeneralDate, vbLongDate, vbShortDate, vbLongTime, vbShortTime };
+
+/// A date by one of the formats above, else Error 5.
+String FormatDateTime(const Variant& value, int named = vbGeneralDate);
+
+} // namespace automation
