@@ -1,0 +1,31 @@
+#pragma once
+// Where all clocks of the driver take their time: the timers of the message queue, GetTickCount, Sleep,
+// QueryPerformanceCounter and the local time. The desktop display lets time run; the headless display holds
+// it until it is moved.
+
+#include "platform/types.h"
+
+#include <cstdint>
+
+namespace platform::driver {
+
+/// Nanoseconds that never run back; the start is of no meaning.
+std::int64_t monotonicNanoseconds();
+
+/// Nanoseconds since 1 January 1970, UTC.
+std::int64_t wallClockNanoseconds();
+
+/// Sleep: waits, or with held time moves it on.
+void passMilliseconds(DWORD milliseconds);
+
+/// Holds time where it is now, or lets it run again from the system's clocks.
+void holdTime(bool held);
+bool timeIsHeld();
+
+/// Moves held time on. Both clocks move.
+void advanceHeldTime(std::int64_t nanoseconds);
+
+/// Sets the held wall clock, in nanoseconds since 1970, UTC; the monotonic one stays.
+void setHeldWallClock(std::int64_t nanoseconds);
+
+} // namespace platform::driver
