@@ -1,0 +1,39 @@
+#pragma once
+
+#include "automation/String.h"
+#include "automation/Variant.h"
+
+#include <utility>
+#include <vector>
+
+namespace host {
+
+/// An ordered store of named values in which a control's properties persist. A value that equals its
+/// default is not stored. Names compare without case. Fonts and pictures are values too (objects).
+class PropertyBag {
+public:
+    using Item = std::pair<automation::String, automation::Variant>;
+
+    /// The stored value, or `defaultValue` if there is none of that name.
+    automation::Variant ReadProperty(const automation::String& name,
+                                     const automation::Variant& defaultValue = {}) const;
+
+    /// Stores the value under its name, in the place of an older one; a value equal to the default removes
+    /// it. Fonts are equal if all their attributes are, other objects if they are the same.
+    void WriteProperty(const automation::String& name, const automation::Variant& value,
+                       const automation::Variant& defaultValue = {});
+
+    bool contains(const automation::String& name) const;
+    /// In the order of their first writing.
+    const std::vector<Item>& items() const { return items_; }
+    void clear() { items_.clear(); }
+
+    /// All values as text, one a line, in the language of form files; the writing replaces all.
+    automation::String Contents() const;
+    void Contents(const automation::String& text);
+
+private:
+    std::vector<Item> items_;
+};
+
+} // namespace host
