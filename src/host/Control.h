@@ -35,9 +35,6 @@ public:
     host::Ambient& Ambient() { return ambient_; }
     const host::Ambient& Ambient() const { return ambient_; }
 
-    /// Name of the class, under which a form's file knows it.
-    virtual automation::String className() const = 0;
-
     /// Null while the control stands in no container.
     ControlSite* site() const { return site_; }
     /// The window or picture box that holds the control; null outside of C++ containers.

@@ -70,7 +70,8 @@ public:
     automation::Event<> DblClick;
 
     // What containers call.
-    automation::String className() const override { return u"Label"; }
+    const automation::ClassTable& classTable() const override { return table(); }
+    static const automation::ClassTable& table();
     void enter(ControlSite& site, DrawingWindow* container, platform::HWND parent,
                const Bounds& bounds) override;
     void leave() override;

@@ -44,6 +44,9 @@ public:
     /// From the bytes of a picture file. Throws automation::Error 481 for bytes that are no picture.
     static automation::Ref<Picture> fromBytes(std::vector<std::uint8_t> bytes);
 
+    const automation::ClassTable& classTable() const override { return table(); }
+    static const automation::ClassTable& table();
+
 private:
     void takePixels(const platform::PictureData& data);
 

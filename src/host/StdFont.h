@@ -49,7 +49,8 @@ public:
     /// until the last StdFont that asked for it changes or dies.
     platform::HFONT hFont() const;
 
-    automation::String typeName() const;
+    const automation::ClassTable& classTable() const override { return table(); }
+    static const automation::ClassTable& table();
 
 private:
     void changed(const char16_t* property);
