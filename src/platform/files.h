@@ -7,6 +7,10 @@
 #include "platform/errors.h"
 #include "platform/types.h"
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace platform {
 
 inline constexpr DWORD FILE_READ_DATA = 0x00000001;
@@ -74,7 +78,7 @@ BOOL GetFileSizeEx(HANDLE file, LONGLONG* size);
 BOOL FlushFileBuffers(HANDLE file);
 
 /// Times of the open file in UTC; a null pointer leaves that time alone. On Linux the time of creation is
-/// kept beside the file as far as its file system lets, and is otherwise the oldest of the known times.
+/// kept with the file where its file system has extended attributes; elsewhere it is the file's own birth.
 BOOL GetFileTime(HANDLE file, FILETIME* creation, FILETIME* lastAccess, FILETIME* lastWrite);
 BOOL SetFileTime(HANDLE file, const FILETIME* creation, const FILETIME* lastAccess,
                  const FILETIME* lastWrite);
@@ -101,5 +105,8 @@ BOOL RemoveDirectoryW(const char16_t* name);
 /// The folder for temporary files with its final separator. Returns the characters without the NUL, or the
 /// size needed with it when the buffer is too small.
 DWORD GetTempPathW(DWORD size, char16_t* buffer);
+
+/// The names of a folder's files, folders left out, in no order; empty for a folder that cannot be read.
+std::vector<std::u16string> filesOfFolder(std::u16string_view folder);
 
 } // namespace platform
