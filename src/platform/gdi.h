@@ -6,8 +6,8 @@
 // no handle, 0 or FALSE, CLR_INVALID for colours.
 //
 // Objects made by Create... belong to the caller, who ends them with DeleteObject (contexts with DeleteDC,
-// icons with DestroyIcon). A pen or a brush that is still selected somewhere may be deleted: it lives on, out
-// of reach, until the context lets it go. A bitmap can be selected into one context at a time.
+// icons with DestroyIcon). An object that is still selected somewhere may be deleted: it lives on until the
+// context lets it go. A bitmap can be selected into one context at a time.
 
 #include "platform/gdi_types.h"
 
@@ -41,8 +41,7 @@ COLORREF GetNearestColor(HDC dc, COLORREF color);
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 /// What is selected now of the kind OBJ_PEN, OBJ_BRUSH, OBJ_FONT or OBJ_BITMAP.
 HGDIOBJ GetCurrentObject(HDC dc, DWORD type);
-/// False for a dead handle and for a bitmap that is selected. Deleting a stock object succeeds and does
-/// nothing.
+/// False for a dead handle. Deleting a stock object succeeds and does nothing.
 BOOL DeleteObject(HGDIOBJ object);
 /// WHITE_BRUSH, DEFAULT_GUI_FONT, ...; no handle for an unknown number. Not to be deleted.
 HGDIOBJ GetStockObject(int index);

@@ -1,0 +1,19 @@
+#pragma once
+// The pixels of hatched and patterned brushes.
+
+#include "platform/linux/device_context.h"
+
+namespace platform::driver {
+
+/// One tile, row by row from the top, in pixels of the context's surface.
+struct BrushPixels {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+    std::vector<bool> opaque; ///< Empty when all are; a hatch in transparent mode paints its lines only
+};
+
+/// For a brush of style BS_HATCHED or BS_PATTERN.
+BrushPixels pixelsOf(const DeviceContext& context, const Brush& brush);
+
+} // namespace platform::driver

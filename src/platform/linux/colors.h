@@ -1,0 +1,29 @@
+#pragma once
+// From colours to the pixels of a context's surface and back.
+
+#include "platform/linux/device_context.h"
+
+namespace platform::driver {
+
+/// The 32-bit pixel 0x00RRGGBB of a colour, and the colour of such a pixel.
+constexpr std::uint32_t pixelOfColor(COLORREF color) {
+    return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
+}
+constexpr COLORREF colorOfPixel32(std::uint32_t pixel) {
+    return pixelOfColor(pixel);
+}
+
+/// What 0 and 1 look like on the context's 1-bit surface.
+ColorTable surfaceColors(const DeviceContext& context);
+
+/// The pixel that a colour becomes on the context's surface. On one of 1 bit it is 0 or all bits set: the
+/// colour of the table that matches, else the one that the background colour does not have.
+std::uint32_t pixelOf(const DeviceContext& context, COLORREF color);
+
+/// The pixel of the background colour: on 1 bit the nearest colour of the table.
+std::uint32_t backPixelOf(const DeviceContext& context);
+
+/// The colour of a pixel as read from the context's surface.
+COLORREF colorOfPixel(const DeviceContext& context, std::uint32_t pixel);
+
+} // namespace platform::driver

@@ -1,0 +1,89 @@
+#pragma once
+// A device context: the surface it draws on, the clipping, and the state that SaveDC keeps.
+
+#include "platform/linux/gdi_objects.h"
+
+#include <optional>
+
+namespace platform::driver {
+
+/// How logical coordinates become device coordinates. Origins now; the extents stand at 1:1.
+struct Mapping {
+    POINT windowOrigin;
+    POINT viewportOrigin;
+    SIZE windowExtent{1, 1};
+    SIZE viewportExtent{1, 1};
+
+    POINT toDevice(POINT logical) const;
+    POINT toLogical(POINT device) const;
+    /// The four edges apart, so that right may come out left of left; see `ordered`.
+    RECT toDevice(const RECT& logical) const;
+};
+
+/// Everything that SaveDC pushes and RestoreDC brings back.
+struct ContextState {
+    HBRUSH brush;
+    HPEN pen;
+    HFONT font;
+    COLORREF textColor = 0x00000000;
+    COLORREF backColor = 0x00FFFFFF;
+    COLORREF dcBrushColor = 0x00FFFFFF;
+    COLORREF dcPenColor = 0x00000000;
+    int backMode = OPAQUE;
+    int rop2 = R2_COPYPEN;
+    int polyFillMode = ALTERNATE;
+    int stretchMode = BLACKONWHITE;
+    UINT textAlign = 0;
+    int characterExtra = 0;
+    int breakExtra = 0; ///< Spread over breakCount spaces
+    int breakCount = 0;
+    POINT position;
+    POINT brushOrigin;
+    Mapping mapping;
+    std::optional<Region> clip; ///< Device coordinates
+};
+
+struct DeviceContext : Object {
+    static constexpr HandleKind objectKind = HandleKind::DeviceContext;
+    DeviceContext() : Object(objectKind) {}
+    ~DeviceContext() override;
+
+    bool isMemory = true;
+    HBITMAP bitmap;             ///< Of a memory context
+    Surface* surface = nullptr; ///< The bitmap's, or the window's
+    POINT origin;               ///< Device (0, 0) on the surface
+    Region visible;             ///< In surface coordinates
+    ContextState state;
+    std::vector<ContextState> saved;
+
+    Brush& brush() const { return *find<Brush>(state.brush); }
+    Pen& pen() const { return *find<Pen>(state.pen); }
+    Font& font() const { return *find<Font>(state.font); }
+    Bitmap* selectedBitmap() const { return find<Bitmap>(bitmap); }
+
+    /// What may be drawn on, in surface coordinates.
+    const Region& drawable();
+    void clipChanged() { drawableKnown_ = false; }
+
+    RECT toSurface(const RECT& logical) const;
+    POINT toSurface(POINT logical) const;
+    POINT deviceToSurface(POINT device) const;
+
+private:
+    Region drawable_;
+    bool drawableKnown_ = false;
+};
+
+/// The rectangle with left <= right and top <= bottom.
+RECT ordered(RECT r);
+RECT intersection(const RECT& a, const RECT& b);
+bool isEmpty(const RECT& r);
+
+/// The sum held within the range of a coordinate, far from its ends, so that differences of two never
+/// overflow.
+int boundedCoordinate(std::int64_t value);
+
+/// A context in its initial state, with its stock objects selected; drawing on nothing yet.
+std::unique_ptr<DeviceContext> makeContext();
+
+} // namespace platform::driver

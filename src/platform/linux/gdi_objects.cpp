@@ -1,0 +1,309 @@
+// The stock of objects, and the making, selecting and ending of pens, brushes and fonts.
+
+#include "platform/gdi.h"
+#include "platform/linux/device_context.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr int stockCount = defaultBitmapIndex + 1;
+
+struct StockFont {
+    int index;
+    LONG height;
+    LONG width;
+    LONG weight;
+    BYTE charSet;
+    BYTE pitchAndFamily;
+    const char16_t* face;
+};
+
+constexpr StockFont stockFonts[] = {
+    {OEM_FIXED_FONT, 12, 0, FW_NORMAL, OEM_CHARSET, FIXED_PITCH | FF_MODERN, u""},
+    {ANSI_FIXED_FONT, 12, 0, FW_NORMAL, ANSI_CHARSET, FIXED_PITCH | FF_MODERN, u"Courier"},
+    {ANSI_VAR_FONT, 12, 0, FW_NORMAL, ANSI_CHARSET, VARIABLE_PITCH | FF_SWISS, u"MS Sans Serif"},
+    {SYSTEM_FONT, 16, 7, FW_BOLD, ANSI_CHARSET, VARIABLE_PITCH | FF_SWISS, u"System"},
+    {DEVICE_DEFAULT_FONT, 16, 0, FW_BOLD, ANSI_CHARSET, VARIABLE_PITCH | FF_SWISS, u"System"},
+    {SYSTEM_FIXED_FONT, 16, 0, FW_NORMAL, ANSI_CHARSET, FIXED_PITCH | FF_MODERN, u"Courier"},
+    {DEFAULT_GUI_FONT, -11, 0, FW_NORMAL, ANSI_CHARSET, VARIABLE_PITCH | FF_SWISS, u"MS Shell Dlg"},
+};
+
+struct StockColor {
+    int index;
+    UINT style;
+    COLORREF color;
+};
+
+constexpr StockColor stockBrushes[] = {
+    {WHITE_BRUSH, BS_SOLID, RGB(255, 255, 255)}, {LTGRAY_BRUSH, BS_SOLID, RGB(192, 192, 192)},
+    {GRAY_BRUSH, BS_SOLID, RGB(128, 128, 128)},  {DKGRAY_BRUSH, BS_SOLID, RGB(64, 64, 64)},
+    {BLACK_BRUSH, BS_SOLID, RGB(0, 0, 0)},       {NULL_BRUSH, BS_NULL, RGB(0, 0, 0)},
+    {DC_BRUSH, BS_SOLID, RGB(255, 255, 255)},
+};
+
+constexpr StockColor stockPens[] = {
+    {WHITE_PEN, PS_SOLID, RGB(255, 255, 255)},
+    {BLACK_PEN, PS_SOLID, RGB(0, 0, 0)},
+    {NULL_PEN, PS_NULL, RGB(0, 0, 0)},
+    {DC_PEN, PS_SOLID, RGB(0, 0, 0)},
+};
+
+using Stock = std::array<std::uint32_t, stockCount>;
+
+std::uint32_t addStock(std::unique_ptr<Object> object) {
+    object->stock = true;
+    return addObject(std::move(object));
+}
+
+std::unique_ptr<Object> makeStockFont(const StockFont& stock) {
+    auto font = std::make_unique<Font>();
+    font->data.lfHeight = stock.height;
+    font->data.lfWidth = stock.width;
+    font->data.lfWeight = stock.weight;
+    font->data.lfCharSet = stock.charSet;
+    font->data.lfPitchAndFamily = stock.pitchAndFamily;
+    std::u16string_view(stock.face).copy(font->data.lfFaceName, LF_FACESIZE - 1);
+    return font;
+}
+
+Stock makeStock() {
+    Stock result{};
+    for (const StockFont& s : stockFonts)
+        result[static_cast<std::size_t>(s.index)] = addStock(makeStockFont(s));
+    for (const StockColor& s : stockBrushes) {
+        auto brush = std::make_unique<Brush>();
+        brush->data = {s.style, s.color, 0};
+        result[static_cast<std::size_t>(s.index)] = addStock(std::move(brush));
+    }
+    for (const StockColor& s : stockPens) {
+        auto pen = std::make_unique<Pen>();
+        pen->data = {s.style, {}, s.color};
+        result[static_cast<std::size_t>(s.index)] = addStock(std::move(pen));
+    }
+    result[DEFAULT_PALETTE] = addStock(std::make_unique<Palette>());
+    result[defaultBitmapIndex] = addStock(makeBitmap(1, 1, 1));
+    return result;
+}
+
+/// Puts `object` in the place of `current` and returns what was there.
+template <class Kind>
+HGDIOBJ exchange(Handle<Kind>& current, Object& object) {
+    const std::uint32_t previous = current.value;
+    retainObject(object);
+    current = Handle<Kind>(object.handle);
+    if (Object* last = findObject(previous)) releaseObject(*last);
+    return HGDIOBJ(previous);
+}
+
+HGDIOBJ selectBitmap(DeviceContext& context, Bitmap& bitmap) {
+    if (!context.isMemory) return {};
+    if (bitmap.owner != 0 && bitmap.owner != context.handle) return {};
+    if (Bitmap* previous = context.selectedBitmap()) previous->owner = 0;
+    if (!bitmap.stock) bitmap.owner = context.handle;
+    context.surface = &bitmap.surface;
+    context.visible = Region(RECT{0, 0, bitmap.surface.width, bitmap.surface.height});
+    context.clipChanged();
+    return exchange(context.bitmap, bitmap);
+}
+
+DWORD typeOf(const Object& object) {
+    switch (object.kind) {
+    case HandleKind::DeviceContext:
+        return static_cast<const DeviceContext&>(object).isMemory ? OBJ_MEMDC : OBJ_DC;
+    case HandleKind::Bitmap:
+        return OBJ_BITMAP;
+    case HandleKind::Brush:
+        return OBJ_BRUSH;
+    case HandleKind::Pen:
+        return OBJ_PEN;
+    case HandleKind::Font:
+        return OBJ_FONT;
+    case HandleKind::Region:
+        return OBJ_REGION;
+    case HandleKind::Palette:
+        return OBJ_PAL;
+    default:
+        return 0;
+    }
+}
+
+bool isHatch(std::uintptr_t style) {
+    return style <= static_cast<std::uintptr_t>(HS_DIAGCROSS);
+}
+
+HBRUSH addBrush(const LOGBRUSH& data) {
+    auto brush = std::make_unique<Brush>();
+    brush->data = data;
+    return HBRUSH(addObject(std::move(brush)));
+}
+
+} // namespace
+
+std::uint32_t stockObject(int index) {
+    static const Stock instance = makeStock();
+    return index >= 0 && index < stockCount ? instance[static_cast<std::size_t>(index)] : 0;
+}
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+HGDIOBJ GetStockObject(int index) {
+    return HGDIOBJ(index <= DC_PEN ? stockObject(index) : 0);
+}
+
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    Object* object = findObject(handle.value);
+    if (!context || !object) return {};
+    switch (object->kind) {
+    case HandleKind::Brush:
+        return exchange(context->state.brush, *object);
+    case HandleKind::Pen:
+        return exchange(context->state.pen, *object);
+    case HandleKind::Font:
+        return exchange(context->state.font, *object);
+    case HandleKind::Bitmap:
+        return selectBitmap(*context, static_cast<Bitmap&>(*object));
+    case HandleKind::Region:
+        return HGDIOBJ(static_cast<std::uint32_t>(SelectClipRgn(dc, HRGN(handle.value))));
+    default:
+        return {};
+    }
+}
+
+HGDIOBJ GetCurrentObject(HDC dc, DWORD type) {
+    const DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return {};
+    switch (type) {
+    case OBJ_PEN:
+        return context->state.pen;
+    case OBJ_BRUSH:
+        return context->state.brush;
+    case OBJ_FONT:
+        return context->state.font;
+    case OBJ_BITMAP:
+        return context->bitmap;
+    case OBJ_PAL:
+        return HGDIOBJ(stockObject(DEFAULT_PALETTE));
+    default:
+        return {};
+    }
+}
+
+BOOL DeleteObject(HGDIOBJ handle) {
+    Object* object = findObject(handle.value);
+    if (!object) return FALSE_;
+    switch (object->kind) {
+    case HandleKind::DeviceContext:
+        return DeleteDC(HDC(handle.value));
+    case HandleKind::Icon:
+    case HandleKind::MetaFile:
+        return FALSE_;
+    default:
+        deleteObject(*object);
+        return TRUE_;
+    }
+}
+
+DWORD GetObjectType(HGDIOBJ handle) {
+    const Object* object = findObject(handle.value);
+    return object ? typeOf(*object) : 0;
+}
+
+DWORD GetObjectType(HDC dc) {
+    return GetObjectType(HGDIOBJ(dc.value));
+}
+
+BOOL GetObjectBrush(HBRUSH handle, LOGBRUSH* data) {
+    const Brush* brush = find<Brush>(handle);
+    if (!brush || !data) return FALSE_;
+    *data = brush->data;
+    return TRUE_;
+}
+
+BOOL GetObjectPen(HPEN handle, LOGPEN* data) {
+    const Pen* pen = find<Pen>(handle);
+    if (!pen || !data) return FALSE_;
+    *data = pen->data;
+    return TRUE_;
+}
+
+BOOL GetObjectFont(HFONT handle, LOGFONTW* data) {
+    const Font* font = find<Font>(handle);
+    if (!font || !data) return FALSE_;
+    *data = font->data;
+    return TRUE_;
+}
+
+DWORD GetGuiResources(DWORD flags) {
+    if (flags == GR_USEROBJECTS) return handleCount(HandleKind::Icon);
+    return flags == GR_GDIOBJECTS ? handleCount() - handleCount(HandleKind::Icon) : 0;
+}
+
+HBRUSH CreateSolidBrush(COLORREF color) {
+    return addBrush({BS_SOLID, color, 0});
+}
+
+HBRUSH CreateHatchBrush(int style, COLORREF color) {
+    if (!isHatch(static_cast<std::uintptr_t>(style))) return {};
+    return addBrush({BS_HATCHED, color, static_cast<std::uintptr_t>(style)});
+}
+
+HBRUSH CreatePatternBrush(HBITMAP handle) {
+    const Bitmap* source = find<Bitmap>(handle);
+    if (!source) return {};
+    auto brush = std::make_unique<Brush>();
+    brush->data = {BS_PATTERN, 0, handle.value};
+    brush->pattern = copyOf(*source);
+    if (!brush->pattern) return {};
+    return HBRUSH(addObject(std::move(brush)));
+}
+
+HBRUSH CreateBrushIndirect(const LOGBRUSH* data) {
+    if (!data) return {};
+    switch (data->lbStyle) {
+    case BS_SOLID:
+        return CreateSolidBrush(data->lbColor);
+    case BS_NULL:
+        return addBrush({BS_NULL, 0, 0});
+    case BS_HATCHED:
+        return isHatch(data->lbHatch) ? CreateHatchBrush(static_cast<int>(data->lbHatch), data->lbColor)
+                                      : HBRUSH();
+    case BS_PATTERN:
+        return CreatePatternBrush(HBITMAP(static_cast<std::uint32_t>(data->lbHatch)));
+    default:
+        return {};
+    }
+}
+
+HPEN CreatePen(int style, int width, COLORREF color) {
+    const LOGPEN data{static_cast<UINT>(style), {width, 0}, color};
+    return CreatePenIndirect(&data);
+}
+
+HPEN CreatePenIndirect(const LOGPEN* data) {
+    if (!data) return {};
+    if (data->lopnStyle == static_cast<UINT>(PS_NULL)) return HPEN(stockObject(NULL_PEN));
+    auto pen = std::make_unique<Pen>();
+    pen->data = *data;
+    pen->data.lopnWidth = {data->lopnWidth.x < 0 ? -data->lopnWidth.x : data->lopnWidth.x, 0};
+    if (data->lopnStyle > static_cast<UINT>(PS_INSIDEFRAME)) pen->data.lopnStyle = PS_SOLID;
+    return HPEN(addObject(std::move(pen)));
+}
+
+HFONT CreateFontIndirectW(const LOGFONTW* data) {
+    if (!data) return {};
+    auto font = std::make_unique<Font>();
+    font->data = *data;
+    font->data.lfFaceName[LF_FACESIZE - 1] = 0;
+    return HFONT(addObject(std::move(font)));
+}
+
+} // namespace platform

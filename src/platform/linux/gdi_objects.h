@@ -1,0 +1,96 @@
+#pragma once
+// What the handles of bitmaps, brushes, pens, fonts, regions and icons stand for.
+
+#include "platform/gdi_types.h"
+#include "platform/linux/handle_table.h"
+#include "platform/linux/surface.h"
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace platform::driver {
+
+class FontFace;
+
+/// The colours of a 1-bit bitmap made as a DIB section. Without one, 0 and 1 take the context's colours.
+using ColorTable = std::array<std::uint32_t, 2>;
+
+struct Bitmap : Object {
+    static constexpr HandleKind objectKind = HandleKind::Bitmap;
+    Bitmap() : Object(objectKind) {}
+
+    Surface surface;
+    bool isSection = false; ///< The program holds a pointer to the pixels
+    bool bottomUp = false;  ///< Order of rows in memory; the surface's stride is negative then
+    bool hasColors = false;
+    ColorTable colors{};
+    std::uint32_t owner = 0; ///< The context that it is selected into
+    std::unique_ptr<std::uint8_t, void (*)(void*)> memory{nullptr, std::free};
+};
+
+/// A bitmap of 1 or 32 bits cleared to 0, or null when the size is not positive or beyond memory.
+std::unique_ptr<Bitmap> makeBitmap(int width, int height, int bitsPerPixel, bool bottomUp = false);
+
+/// The same size, depth, colours and pixels, top row first; null when memory does not suffice.
+std::unique_ptr<Bitmap> copyOf(const Bitmap& source);
+
+struct Brush : Object {
+    static constexpr HandleKind objectKind = HandleKind::Brush;
+    Brush() : Object(objectKind) {}
+
+    LOGBRUSH data;
+    std::unique_ptr<Bitmap> pattern; ///< Own copy for BS_PATTERN
+};
+
+struct Pen : Object {
+    static constexpr HandleKind objectKind = HandleKind::Pen;
+    Pen() : Object(objectKind) {}
+
+    LOGPEN data;
+};
+
+struct Font : Object {
+    static constexpr HandleKind objectKind = HandleKind::Font;
+    Font() : Object(objectKind) {}
+
+    LOGFONTW data;
+    std::shared_ptr<FontFace> face; ///< Found at the first use
+};
+
+struct RegionObject : Object {
+    static constexpr HandleKind objectKind = HandleKind::Region;
+    RegionObject() : Object(objectKind) {}
+
+    Region region;
+};
+
+struct Palette : Object {
+    static constexpr HandleKind objectKind = HandleKind::Palette;
+    Palette() : Object(objectKind) {}
+};
+
+struct Icon : Object {
+    static constexpr HandleKind objectKind = HandleKind::Icon;
+    Icon() : Object(objectKind) {}
+
+    bool isIcon = true;
+    DWORD xHotspot = 0;
+    DWORD yHotspot = 0;
+    std::unique_ptr<Bitmap> mask;  ///< AND mask; with the XOR mask below it when there are no colours
+    std::unique_ptr<Bitmap> color; ///< May be null
+};
+
+/// The stock's number of the bitmap that a new memory context holds, after those that programs may ask for.
+inline constexpr int defaultBitmapIndex = DC_PEN + 1;
+
+/// The handle of an object of the platform's stock, by its number; 0 for an unknown one.
+std::uint32_t stockObject(int index);
+
+template <class Kind>
+Handle<Kind> stock(int index) {
+    return Handle<Kind>(stockObject(index));
+}
+
+} // namespace platform::driver

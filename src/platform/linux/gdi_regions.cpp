@@ -1,0 +1,215 @@
+// Regions as objects, and the clipping of device contexts.
+
+#include "platform/gdi.h"
+#include "platform/linux/device_context.h"
+#include "platform/linux/painter.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+int kindOf(const Region& region) {
+    switch (region.rectangles().size()) {
+    case 0:
+        return NULLREGION;
+    case 1:
+        return SIMPLEREGION;
+    default:
+        return COMPLEXREGION;
+    }
+}
+
+Region combined(const Region& a, const Region& b, int mode) {
+    switch (mode) {
+    case RGN_AND:
+        return a.intersected(b);
+    case RGN_OR:
+        return a.united(b);
+    case RGN_XOR:
+        return a.subtracted(b).united(b.subtracted(a));
+    case RGN_DIFF:
+        return a.subtracted(b);
+    default:
+        return a;
+    }
+}
+
+/// The clipping as it stands, in device coordinates: without one, all of the surface that may be drawn on.
+Region currentClip(const DeviceContext& context) {
+    if (context.state.clip) return *context.state.clip;
+    Region all = context.visible;
+    all.translate(-context.origin.x, -context.origin.y);
+    return all;
+}
+
+int setClip(DeviceContext& context, Region clip) {
+    context.state.clip = std::move(clip);
+    context.clipChanged();
+    return kindOf(context.drawable());
+}
+
+RECT deviceRect(const DeviceContext& context, int left, int top, int right, int bottom) {
+    return ordered(context.state.mapping.toDevice(RECT{left, top, right, bottom}));
+}
+
+HRGN addRegion(Region region) {
+    auto object = std::make_unique<RegionObject>();
+    object->region = std::move(region);
+    return HRGN(addObject(std::move(object)));
+}
+
+} // namespace
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+HRGN CreateRectRgn(int left, int top, int right, int bottom) {
+    return addRegion(Region(ordered({left, top, right, bottom})));
+}
+
+HRGN CreateRectRgnIndirect(const RECT* rect) {
+    return rect ? CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom) : HRGN();
+}
+
+BOOL SetRectRgn(HRGN handle, int left, int top, int right, int bottom) {
+    RegionObject* object = find<RegionObject>(handle);
+    if (!object) return FALSE_;
+    object->region = Region(ordered({left, top, right, bottom}));
+    return TRUE_;
+}
+
+int CombineRgn(HRGN target, HRGN first, HRGN second, int mode) {
+    RegionObject* result = find<RegionObject>(target);
+    const RegionObject* a = find<RegionObject>(first);
+    if (!result || !a) return REGION_ERROR;
+    if (mode == RGN_COPY) {
+        result->region = Region(a->region);
+        return kindOf(result->region);
+    }
+    const RegionObject* b = find<RegionObject>(second);
+    if (!b || mode < RGN_AND || mode > RGN_DIFF) return REGION_ERROR;
+    result->region = combined(a->region, b->region, mode);
+    return kindOf(result->region);
+}
+
+BOOL EqualRgn(HRGN first, HRGN second) {
+    const RegionObject* a = find<RegionObject>(first);
+    const RegionObject* b = find<RegionObject>(second);
+    return a && b && a->region == b->region;
+}
+
+int OffsetRgn(HRGN handle, int x, int y) {
+    RegionObject* object = find<RegionObject>(handle);
+    if (!object) return REGION_ERROR;
+    object->region.translate(x, y);
+    return kindOf(object->region);
+}
+
+BOOL PtInRegion(HRGN handle, int x, int y) {
+    const RegionObject* object = find<RegionObject>(handle);
+    return object && object->region.contains({x, y});
+}
+
+BOOL RectInRegion(HRGN handle, const RECT* rect) {
+    const RegionObject* object = find<RegionObject>(handle);
+    return object && rect && !object->region.intersected(Region(ordered(*rect))).empty();
+}
+
+int GetRgnBox(HRGN handle, RECT* box) {
+    const RegionObject* object = find<RegionObject>(handle);
+    if (!object || !box) return REGION_ERROR;
+    *box = object->region.bounds();
+    return kindOf(object->region);
+}
+
+BOOL FillRgn(HDC dc, HRGN handle, HBRUSH brush) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const RegionObject* object = find<RegionObject>(handle);
+    const Brush* with = find<Brush>(brush);
+    if (!context || !object || !with) return FALSE_;
+    const Painter painter(*context, *with, rop3OfMode(context->state.rop2));
+    for (const RECT& r : object->region.rectangles())
+        painter.fill(ordered(context->toSurface(r)));
+    return TRUE_;
+}
+
+int SelectClipRgn(HDC dc, HRGN handle) {
+    return ExtSelectClipRgn(dc, handle, RGN_COPY);
+}
+
+int ExtSelectClipRgn(HDC dc, HRGN handle, int mode) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || mode < RGN_AND || mode > RGN_COPY) return REGION_ERROR;
+    const RegionObject* object = find<RegionObject>(handle);
+    if (!object) {
+        if (handle || mode != RGN_COPY) return REGION_ERROR;
+        context->state.clip.reset();
+        context->clipChanged();
+        return SIMPLEREGION;
+    }
+    if (mode == RGN_COPY) return setClip(*context, object->region);
+    return setClip(*context, combined(currentClip(*context), object->region, mode));
+}
+
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return REGION_ERROR;
+    const Region rect(deviceRect(*context, left, top, right, bottom));
+    return setClip(*context, context->state.clip ? context->state.clip->intersected(rect) : rect);
+}
+
+int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return REGION_ERROR;
+    return setClip(*context,
+                   currentClip(*context).subtracted(Region(deviceRect(*context, left, top, right, bottom))));
+}
+
+int OffsetClipRgn(HDC dc, int x, int y) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return REGION_ERROR;
+    if (!context->state.clip) return SIMPLEREGION;
+    Region clip = *context->state.clip;
+    clip.translate(x, y);
+    return setClip(*context, std::move(clip));
+}
+
+int GetClipBox(HDC dc, RECT* box) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !box) return REGION_ERROR;
+    const RECT r = context->drawable().bounds();
+    const auto logical = [&](LONG x, LONG y) {
+        return context->state.mapping.toLogical({x - context->origin.x, y - context->origin.y});
+    };
+    const POINT topLeft = logical(r.left, r.top);
+    const POINT bottomRight = logical(r.right, r.bottom);
+    *box = context->drawable().empty() ? RECT{} : RECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+    return kindOf(context->drawable());
+}
+
+int GetClipRgn(HDC dc, HRGN handle) {
+    const DeviceContext* context = find<DeviceContext>(dc);
+    RegionObject* object = find<RegionObject>(handle);
+    if (!context || !object) return -1;
+    if (!context->state.clip) return 0;
+    object->region = *context->state.clip;
+    return 1;
+}
+
+BOOL PtVisible(HDC dc, int x, int y) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    return context && context->drawable().contains(context->toSurface(POINT{x, y}));
+}
+
+BOOL RectVisible(HDC dc, const RECT* rect) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    return context && rect &&
+           !context->drawable().intersected(Region(ordered(context->toSurface(*rect)))).empty();
+}
+
+} // namespace platform

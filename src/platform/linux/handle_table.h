@@ -1,0 +1,49 @@
+#pragma once
+// The table of all drawing objects. A handle holds a slot number and the slot's generation, so that the
+// handle of an object that is gone never finds the next one in its slot. Generations start at 1: every
+// handle is above 65535, out of the range of the small values that callers may pass instead of a brush.
+
+#include "platform/linux/handles.h"
+#include "platform/types.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace platform::driver {
+
+/// What a handle stands for. An object that is selected into a context outlives its deletion until the last
+/// context lets it go; until then its handle stays good.
+struct Object {
+    explicit Object(HandleKind k) : kind(k) {}
+    virtual ~Object() = default;
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+
+    const HandleKind kind;
+    bool stock = false; ///< Never deleted, never counted
+    bool dying = false; ///< Deleted while selected
+    int selections = 0;
+    std::uint32_t handle = 0;
+};
+
+/// Enters an object; 0 when the table is full.
+std::uint32_t addObject(std::unique_ptr<Object> object);
+
+/// The object of a live handle, or null.
+Object* findObject(std::uint32_t handle);
+
+/// The object of a live handle of the right kind, or null.
+template <class Type, class Kind>
+Type* find(Handle<Kind> handle) {
+    Object* object = findObject(handle.value);
+    return object && object->kind == Type::objectKind ? static_cast<Type*>(object) : nullptr;
+}
+
+/// Deletes the object now, or marks it when it is selected. Stock objects stay.
+void deleteObject(Object& object);
+
+/// Counts a selection, and ends one: a dying object goes with its last selection.
+void retainObject(Object& object);
+void releaseObject(Object& object);
+
+} // namespace platform::driver

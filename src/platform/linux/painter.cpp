@@ -1,0 +1,132 @@
+#include "platform/linux/painter.h"
+
+#include "platform/linux/brush_pixels.h"
+#include "platform/linux/colors.h"
+#include "platform/linux/rows.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+int wrapped(std::int64_t value, int size) {
+    const int rest = static_cast<int>(value % size);
+    return rest < 0 ? rest + size : rest;
+}
+
+bool isStock(const DeviceContext& context, const Brush& brush, int index) {
+    return brush.stock && brush.handle == stockObject(index) && context.surface;
+}
+
+std::uint32_t solidPixel(const DeviceContext& context, const Brush& brush) {
+    const bool isDcBrush = isStock(context, brush, DC_BRUSH);
+    return pixelOf(context, isDcBrush ? context.state.dcBrushColor : brush.data.lbColor);
+}
+
+} // namespace
+
+Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context_(context) {
+    if (!usesPattern(rop)) {
+        masks_ = masksOf(rop, 0);
+    } else if (brush.data.lbStyle == BS_NULL) {
+        masks_ = leaveAlone;
+    } else if (brush.data.lbStyle == BS_SOLID) {
+        masks_ = masksOf(rop, solidPixel(context, brush));
+    } else {
+        makeTile(brush, rop);
+    }
+}
+
+Painter::Painter(DeviceContext& context, std::uint32_t pixel, Rop3 rop)
+    : context_(context), masks_(masksOf(rop, pixel)) {}
+
+void Painter::makeTile(const Brush& brush, Rop3 rop) {
+    const BrushPixels pixels = pixelsOf(context_, brush);
+    auto tile = std::make_shared<Tile>();
+    tile->width = pixels.width;
+    tile->height = pixels.height;
+    tile->origin = context_.deviceToSurface(context_.state.brushOrigin);
+    tile->masks.reserve(pixels.pixels.size());
+    for (std::size_t i = 0; i < pixels.pixels.size(); ++i) {
+        const bool hole = !pixels.opaque.empty() && !pixels.opaque[i];
+        tile->masks.push_back(hole ? leaveAlone : masksOf(rop, pixels.pixels[i]));
+    }
+    tile_ = std::move(tile);
+}
+
+void Painter::fill(const RECT& r) const {
+    if (isEmpty(r) || paintsNothing()) return;
+    for (const RECT& clip : context_.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        if (!isEmpty(part)) fillClipped(part);
+    }
+}
+
+void Painter::fillClipped(const RECT& r) const {
+    if (tile_) {
+        fillTiled(r);
+        return;
+    }
+    const Surface& surface = *context_.surface;
+    for (int y = r.top; y < r.bottom; ++y) {
+        if (surface.bitsPerPixel == 32) {
+            applyMasks(row32(surface, y) + r.left, static_cast<std::size_t>(r.right - r.left), masks_);
+        } else {
+            applyMasksToBits(rowOf(surface, y), r.left, r.right, masks_);
+        }
+    }
+}
+
+void Painter::fillTiled(const RECT& r) const {
+    const Surface& surface = *context_.surface;
+    const int startX = wrapped(std::int64_t{r.left} - tile_->origin.x, tile_->width);
+    int tileY = wrapped(std::int64_t{r.top} - tile_->origin.y, tile_->height);
+    for (int y = r.top; y < r.bottom; ++y) {
+        const Masks* masks = tile_->masks.data() + static_cast<std::ptrdiff_t>(tileY) * tile_->width;
+        int tileX = startX;
+        for (int x = r.left; x < r.right; ++x) {
+            const Masks& m = masks[tileX];
+            if (surface.bitsPerPixel == 32) {
+                std::uint32_t& pixel = row32(surface, y)[x];
+                pixel = (pixel & m.keep) ^ m.flip;
+            } else {
+                std::uint8_t* row = rowOf(surface, y);
+                putBit(row, x, (bitAt(row, x) && (m.keep & 1)) != ((m.flip & 1) != 0));
+            }
+            if (++tileX == tile_->width) tileX = 0;
+        }
+        if (++tileY == tile_->height) tileY = 0;
+    }
+}
+
+PatternRows::PatternRows(const DeviceContext& context, const Brush& brush)
+    : origin_(context.deviceToSurface(context.state.brushOrigin)) {
+    if (brush.data.lbStyle == BS_HATCHED || brush.data.lbStyle == BS_PATTERN) {
+        BrushPixels pixels = pixelsOf(context, brush);
+        width_ = pixels.width;
+        height_ = pixels.height;
+        pixels_ = std::move(pixels.pixels);
+    } else {
+        pixels_.assign(1, brush.data.lbStyle == BS_NULL ? 0 : solidPixel(context, brush));
+    }
+}
+
+std::uint32_t PatternRows::at(int x, int y) const {
+    const int column = wrapped(std::int64_t{x} - origin_.x, width_);
+    const int row = wrapped(std::int64_t{y} - origin_.y, height_);
+    return pixels_[static_cast<std::size_t>(row) * static_cast<std::size_t>(width_) +
+                   static_cast<std::size_t>(column)];
+}
+
+void PatternRows::row32(int x, int y, int count, std::uint32_t* out) const {
+    for (int i = 0; i < count; ++i)
+        out[i] = at(x + i, y);
+}
+
+void PatternRows::rowBits(int x, int y, int count, std::uint8_t* out) const {
+    for (int i = 0; i < count; ++i)
+        putBit(out, (x & 7) + i, at(x + i, y) != 0);
+}
+
+} // namespace platform::driver

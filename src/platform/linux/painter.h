@@ -1,0 +1,59 @@
+#pragma once
+// Filling with a brush or a colour under a raster operation, within a context's clipping.
+
+#include "platform/linux/device_context.h"
+#include "platform/linux/rop.h"
+
+namespace platform::driver {
+
+/// A brush made ready for the surface of one context and one operation without source.
+class Painter {
+public:
+    Painter(DeviceContext& context, const Brush& brush, Rop3 rop);
+    /// A plain colour, given as the surface's pixel.
+    Painter(DeviceContext& context, std::uint32_t pixel, Rop3 rop);
+
+    /// True for a brush that leaves everything as it is.
+    bool paintsNothing() const { return !tile_ && masks_ == leaveAlone; }
+
+    /// Fills a rectangle in surface coordinates.
+    void fill(const RECT& r) const;
+
+private:
+    /// The masks of each pixel of a pattern, row by row from the top.
+    struct Tile {
+        int width = 0;
+        int height = 0;
+        POINT origin; ///< On the surface
+        std::vector<Masks> masks;
+    };
+
+    void makeTile(const Brush& brush, Rop3 rop);
+    void fillClipped(const RECT& r) const;
+    void fillTiled(const RECT& r) const;
+
+    DeviceContext& context_;
+    Masks masks_;
+    std::shared_ptr<const Tile> tile_;
+};
+
+/// The pixels of a brush as they lie on a context's surface, for operations that also have a source.
+class PatternRows {
+public:
+    PatternRows(const DeviceContext& context, const Brush& brush);
+
+    /// Writes the pattern of `count` pixels at (x, y) of the surface: words, or bits at the positions
+    /// (x & 7)... for a surface of 1 bit.
+    void row32(int x, int y, int count, std::uint32_t* out) const;
+    void rowBits(int x, int y, int count, std::uint8_t* out) const;
+
+private:
+    std::uint32_t at(int x, int y) const;
+
+    int width_ = 1;
+    int height_ = 1;
+    POINT origin_;
+    std::vector<std::uint32_t> pixels_;
+};
+
+} // namespace platform::driver

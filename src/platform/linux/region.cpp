@@ -1,0 +1,234 @@
+#include "platform/linux/surface.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace platform::driver {
+
+namespace {
+
+using Rects = std::vector<RECT>;
+
+/// Which pixels of two sets belong to the result.
+enum class Operation { Union, Intersection, Difference };
+
+bool isEmpty(const RECT& r) {
+    return r.left >= r.right || r.top >= r.bottom;
+}
+
+bool overlaps(const RECT& a, const RECT& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+bool covers(const RECT& outer, const RECT& inner) {
+    return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
+           outer.bottom >= inner.bottom;
+}
+
+LONG saturatedSum(LONG a, LONG b) {
+    const std::int64_t sum = std::int64_t{a} + b;
+    return static_cast<LONG>(
+        std::clamp<std::int64_t>(sum, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()));
+}
+
+/// Walks the bands of one operand: rows of rectangles with the same top and bottom.
+class Bands {
+public:
+    explicit Bands(const Rects& rects) : rects_(rects) { findEnd(); }
+
+    bool done() const { return begin_ == rects_.size(); }
+    LONG top() const { return rects_[begin_].top; }
+    LONG bottom() const { return rects_[begin_].bottom; }
+    const RECT* first() const { return rects_.data() + begin_; }
+    const RECT* last() const { return rects_.data() + end_; }
+
+    void next() {
+        begin_ = end_;
+        findEnd();
+    }
+
+private:
+    void findEnd() {
+        end_ = begin_;
+        while (end_ < rects_.size() && rects_[end_].top == rects_[begin_].top)
+            ++end_;
+    }
+
+    const Rects& rects_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+};
+
+bool belongs(Operation operation, bool inA, bool inB) {
+    switch (operation) {
+    case Operation::Union:
+        return inA || inB;
+    case Operation::Intersection:
+        return inA && inB;
+    case Operation::Difference:
+        return inA && !inB;
+    }
+    return false;
+}
+
+/// Builds the result band by band, joining a band with the one above when their intervals are the same.
+class BandWriter {
+public:
+    void combine(Operation operation, LONG top, LONG bottom, const RECT* a, const RECT* aEnd, const RECT* b,
+                 const RECT* bEnd) {
+        bandStart_ = out_.size();
+        bool inA = false;
+        bool inB = false;
+        bool inside = false;
+        LONG start = 0;
+        while (a != aEnd || b != bEnd) {
+            const LONG nextA = a == aEnd ? std::numeric_limits<LONG>::max() : (inA ? a->right : a->left);
+            const LONG nextB = b == bEnd ? std::numeric_limits<LONG>::max() : (inB ? b->right : b->left);
+            const bool fromA = a != aEnd && (nextA <= nextB || b == bEnd);
+            const bool fromB = b != bEnd && (nextB <= nextA || a == aEnd);
+            const LONG x = fromA ? nextA : nextB;
+            if (fromA) {
+                if (inA) ++a;
+                inA = !inA;
+            }
+            if (fromB) {
+                if (inB) ++b;
+                inB = !inB;
+            }
+            const bool now = belongs(operation, inA, inB);
+            if (now && !inside) start = x;
+            if (!now && inside) addInterval(start, top, x, bottom);
+            inside = now;
+        }
+        closeBand(top);
+    }
+
+    Rects take() { return std::move(out_); }
+
+private:
+    /// Joins with the interval to the left when they touch, which two sets side by side make happen.
+    void addInterval(LONG left, LONG top, LONG right, LONG bottom) {
+        if (left >= right) return;
+        if (out_.size() > bandStart_ && out_.back().right == left) {
+            out_.back().right = right;
+        } else {
+            out_.push_back({left, top, right, bottom});
+        }
+    }
+
+    void closeBand(LONG top) {
+        const std::size_t count = out_.size() - bandStart_;
+        const std::size_t previousCount = bandStart_ - previousStart_;
+        if (count > 0 && count == previousCount && out_[previousStart_].bottom == top &&
+            sameIntervals(count)) {
+            const LONG bottom = out_[bandStart_].bottom;
+            out_.resize(bandStart_);
+            for (std::size_t i = previousStart_; i < bandStart_; ++i)
+                out_[i].bottom = bottom;
+        } else if (count > 0) {
+            previousStart_ = bandStart_;
+        }
+    }
+
+    bool sameIntervals(std::size_t count) const {
+        for (std::size_t i = 0; i < count; ++i) {
+            const RECT& above = out_[previousStart_ + i];
+            const RECT& below = out_[bandStart_ + i];
+            if (above.left != below.left || above.right != below.right) return false;
+        }
+        return true;
+    }
+
+    Rects out_;
+    std::size_t previousStart_ = 0;
+    std::size_t bandStart_ = 0;
+};
+
+Rects combine(Operation operation, const Rects& first, const Rects& second) {
+    Bands a(first);
+    Bands b(second);
+    BandWriter writer;
+    LONG y = std::numeric_limits<LONG>::min();
+    while (!a.done() || !b.done()) {
+        LONG top = std::numeric_limits<LONG>::max();
+        if (!a.done()) top = std::min(top, std::max(y, a.top()));
+        if (!b.done()) top = std::min(top, std::max(y, b.top()));
+        const bool useA = !a.done() && a.top() <= top;
+        const bool useB = !b.done() && b.top() <= top;
+        LONG bottom = std::numeric_limits<LONG>::max();
+        if (!a.done()) bottom = std::min(bottom, useA ? a.bottom() : a.top());
+        if (!b.done()) bottom = std::min(bottom, useB ? b.bottom() : b.top());
+        writer.combine(operation, top, bottom, useA ? a.first() : nullptr, useA ? a.last() : nullptr,
+                       useB ? b.first() : nullptr, useB ? b.last() : nullptr);
+        y = bottom;
+        if (useA && a.bottom() == bottom) a.next();
+        if (useB && b.bottom() == bottom) b.next();
+    }
+    return writer.take();
+}
+
+} // namespace
+
+Region::Region(const RECT& r) {
+    if (!isEmpty(r)) rects_.push_back(r);
+}
+
+RECT Region::bounds() const {
+    if (rects_.empty()) return {};
+    RECT box = rects_.front();
+    for (const RECT& r : rects_) {
+        box.left = std::min(box.left, r.left);
+        box.right = std::max(box.right, r.right);
+    }
+    box.bottom = rects_.back().bottom;
+    return box;
+}
+
+bool Region::contains(POINT p) const {
+    return std::any_of(rects_.begin(), rects_.end(), [p](const RECT& r) {
+        return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+    });
+}
+
+void Region::translate(LONG dx, LONG dy) {
+    for (RECT& r : rects_) {
+        r = {saturatedSum(r.left, dx), saturatedSum(r.top, dy), saturatedSum(r.right, dx),
+             saturatedSum(r.bottom, dy)};
+    }
+    // Only a move against the limits of a coordinate squeezes rectangles to nothing.
+    std::erase_if(rects_, isEmpty);
+}
+
+Region Region::united(const Region& other) const {
+    if (other.empty()) return *this;
+    if (empty()) return other;
+    if (rects_.size() == 1 && covers(rects_[0], other.bounds())) return *this;
+    if (other.rects_.size() == 1 && covers(other.rects_[0], bounds())) return other;
+    Region result;
+    result.rects_ = combine(Operation::Union, rects_, other.rects_);
+    return result;
+}
+
+Region Region::intersected(const Region& other) const {
+    if (empty() || other.empty()) return {};
+    if (rects_.size() == 1 && other.rects_.size() == 1) {
+        const RECT& a = rects_[0];
+        const RECT& b = other.rects_[0];
+        return Region(RECT{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                           std::min(a.bottom, b.bottom)});
+    }
+    if (rects_.size() == 1 && covers(rects_[0], other.bounds())) return other;
+    if (other.rects_.size() == 1 && covers(other.rects_[0], bounds())) return *this;
+    Region result;
+    result.rects_ = combine(Operation::Intersection, rects_, other.rects_);
+    return result;
+}
+
+Region Region::subtracted(const Region& other) const {
+    if (empty() || other.empty() || !overlaps(bounds(), other.bounds())) return *this;
+    Region result;
+    result.rects_ = combine(Operation::Difference, rects_, other.rects_);
+    return result;
+}
+
+} // namespace platform::driver
