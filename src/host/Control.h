@@ -65,6 +65,12 @@ public:
     /// The focus has gone for good (the container held the news back while it validated).
     virtual void focusLeft() {}
 
+    // Behind the class's own members come the extender's.
+    std::int32_t memberId(std::u16string_view name) const override;
+    automation::Variant invoke(std::int32_t id, automation::CallKind kind,
+                               const automation::Arguments& arguments) override;
+    automation::EventBase* eventByName(std::u16string_view name) override;
+
 protected:
     void setBounds(const Bounds& bounds) { bounds_ = bounds; }
 

@@ -91,9 +91,11 @@ public:
     /// own origin so that (0, 0) of `dc` is the control's top left corner.
     virtual void paintBehind(platform::HDC dc) = 0;
 
-    /// Something under or in a windowless or transparent control changed: the rectangle is in pixels of
-    /// the control.
-    virtual void invalidate(const platform::RECT& area) = 0;
+    /// The control was enabled or disabled; a disabled one must not keep the focus.
+    virtual void enabledChanged() = 0;
+
+    /// The mouse did something in the control's window: what the container's tool tips go by.
+    virtual void mouseActivity(platform::UINT message) = 0;
 };
 
 } // namespace host

@@ -105,8 +105,8 @@ public:
     float ScaleY(float length, host::ScaleMode from = host::ScaleMode::Himetric) const;
 
     /// Extent of a text in the window's font and scale: the widest of its lines, the sum of their heights.
-    float TextWidth(const automation::String& text);
-    float TextHeight(const automation::String& text);
+    float TextWidth(const automation::String& text) const;
+    float TextHeight(const automation::String& text) const;
 
     /// A picture behind everything, at the top left corner.
     const automation::Ref<host::Picture>& Picture() const { return picture_; }
@@ -168,6 +168,14 @@ protected:
     virtual void focusByMouse() {}
     virtual void focusCame();
     virtual void focusGoes(platform::HWND next);
+    /// The window's client area has another size. Forms raise Resize by it; controls follow their bounds.
+    virtual void windowSized() {}
+    /// Twips of one unit of whatever holds the window, for the container scale modes.
+    virtual double containerUnitTwips(Axis) const { return 1.0; }
+    /// What lies under a transparent window.
+    virtual void paintBehind(platform::HDC) {}
+    /// Any mouse message of the window, before the handlers.
+    virtual void mouseActivity(platform::UINT, platform::POINT) {}
     /// Messages that neither the handlers nor the classes above use.
     virtual platform::LRESULT otherMessage(platform::UINT, platform::WPARAM, platform::LPARAM);
     virtual bool takesInput() const { return true; }
@@ -177,17 +185,22 @@ protected:
     void destroyWindow();
 
 private:
-    struct Painting;
-
     static platform::LRESULT procedure(platform::HWND, platform::UINT, platform::WPARAM, platform::LPARAM);
     platform::LRESULT dispatch(platform::UINT, platform::WPARAM, platform::LPARAM);
     platform::LRESULT handle(platform::UINT, platform::WPARAM, platform::LPARAM);
     platform::LRESULT handleKey(platform::UINT, platform::WPARAM, platform::LPARAM);
-    platform::LRESULT handleMouse(platform::UINT, platform::WPARAM, platform::LPARAM);
-    void buttonDown(short button, short shift, platform::POINT at, bool second);
-    void buttonUp(short button, short shift, platform::POINT at);
+    void handleMouse(platform::UINT, platform::WPARAM, platform::LPARAM);
+    void buttonDown(short button, platform::POINT at, bool second);
+    void buttonUp(short button, platform::POINT at);
+    double unitOf(host::ScaleMode mode, Axis axis) const;
+    float unitX(int pixels) const;
+    float unitY(int pixels) const;
+    void toUserScale();
     void paintNow();
+    void paintOn(platform::HDC dc);
+    void paintBackground(platform::HDC dc);
     void prepare(platform::HDC dc);
+    void look();
     void releaseWindowContext();
     void fitBitmap();
     void dropBitmap();
@@ -196,6 +209,7 @@ private:
 
     platform::HWND window_;
     automation::Ref<StdFont> font_;
+    automation::Subscription fontChanges_;
     automation::Ref<host::Picture> picture_;
     std::vector<Label*> labels_;
     OLE_COLOR backColor_ = vbButtonFace;
@@ -215,8 +229,8 @@ private:
     platform::SIZE bitmapSize_;
     int depth_ = 0; ///< Messages of this window being handled
     short buttonsDown_ = 0;
-    bool secondPress_ = false;
-    bool skipCharacter_ = false;
+    bool secondPress_ = false; ///< The press was the second of a double click
+    int skipCharacter_ = 0;    ///< Character of a key that the container has used
     Label* pressedLabel_ = nullptr;
 };
 

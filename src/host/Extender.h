@@ -8,13 +8,11 @@
 namespace host {
 
 /// The properties that a container keeps for a control. Reading or writing one of a control that stands in
-/// no container throws automation::Error 398. Lengths are in the container's scale, twips on most.
-class Extender {
+/// no container throws automation::Error 398. Programs that call by name find these members on the control
+/// itself, behind its own. Lengths are in the container's scale, twips on most.
+class Extender : public automation::Object {
 public:
     explicit Extender(Control& control) : control_(control) {}
-    Extender(const Extender&) = delete;
-    Extender& operator=(const Extender&) = delete;
-
     automation::String Name() const;
     void Name(const automation::String& value);
     /// Place in its control array; -1 outside of arrays.
@@ -58,7 +56,12 @@ public:
     /// Before the focus goes to a control that causes validation; True in the argument keeps it here.
     automation::Event<bool&> Validate;
 
+    const automation::ClassTable& classTable() const override { return table(); }
+    static const automation::ClassTable& table();
+
 private:
+    void MoveBy(float left, const automation::Variant& top, const automation::Variant& width,
+                const automation::Variant& height);
     ControlSite& site() const;
     automation::Variant value(ExtenderValue which) const;
 

@@ -84,12 +84,19 @@ public:
     automation::String accessKeys() const override;
     bool enabled() const override { return enabled_; }
 
+    /// The container ends before the label.
+    void homeGone() { home_ = nullptr; }
+    DrawingWindow* home() const { return home_; }
     /// Draws the label on a context whose (0, 0) is the container's corner.
     void paint(platform::HDC dc) const;
 
 private:
     void changed();
     void fit();
+    float unit(Axis axis) const;
+    void copyFont(const automation::Ref<StdFont>& value);
+    void paintBorder(platform::HDC dc, platform::RECT& area) const;
+    void paintText(platform::HDC dc, const platform::RECT& area) const;
     int borderWidth() const;
     platform::UINT textFormat() const;
     platform::SIZE textSize(int width) const;
@@ -99,6 +106,7 @@ private:
     automation::String caption_;
     automation::String toolTip_;
     automation::Ref<StdFont> font_;
+    automation::Subscription fontChanges_;
     OLE_COLOR backColor_ = vbButtonFace;
     OLE_COLOR foreColor_ = vbButtonText;
     host::BackStyle backStyle_ = host::BackStyle::Opaque;
@@ -111,5 +119,8 @@ private:
     bool visible_ = true;
     bool useMnemonic_ = true;
 };
+
+/// The character behind the first single "&" of a caption; empty if there is none.
+automation::String mnemonicOf(const automation::String& caption);
 
 } // namespace host

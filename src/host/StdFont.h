@@ -57,7 +57,7 @@ private:
     void drop() const;
 
     automation::String name_ = u"MS Sans Serif";
-    automation::Currency size_;
+    automation::Currency size_ = automation::Currency::fromScaled(82500); ///< 8.25
     short weight_ = FontWeightNormal;
     short charset_ = 0;
     bool italic_ = false;

@@ -75,15 +75,19 @@ protected:
     void focusByMouse() override;
     void focusCame() override;
     void focusGoes(platform::HWND next) override;
-    bool takesInput() const override;
+    bool takesInput() const override { return enabled_; }
+    double containerUnitTwips(Axis axis) const override;
+    void paintBehind(platform::HDC dc) override;
+    /// Changes the window's frame (WS_EX_...).
+    void frame(platform::DWORD exStyle, platform::DWORD style);
 
 private:
     automation::String accessKeys_;
     host::BackStyle backStyle_ = host::BackStyle::Opaque;
     bool enabled_ = true;
     bool visible_ = false;
-    bool resized_ = false;
     bool initialized_ = false;
+    bool resizedOnce_ = false;
     bool focused_ = false; ///< onGotFocus was called and onLostFocus not yet
 };
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "automation/Ref.h"
+#include "automation/String.h"
+#include "host/DrawingWindow.h"
+#include "host/FontCache.h"
+
+#include <vector>
+
+namespace host {
+
+class Form;
+
+/// What the host keeps for the whole program: the loaded forms, the modal ones, the shared fonts, and what
+/// programs set through App and Screen.
+struct Session {
+    std::vector<automation::Ref<Form>> forms; ///< Loaded, oldest first
+    std::vector<Form*> modal;                 ///< Open modal forms, innermost last
+    FontCache fonts;
+    automation::String title;
+    MousePointer pointer = MousePointer::Default;
+};
+
+Session& session();
+
+} // namespace host
