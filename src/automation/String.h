@@ -2,6 +2,7 @@
 // The text type of the automation values: immutable UTF-16, counted.
 
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -9,6 +10,10 @@
 #include <string_view>
 
 namespace automation {
+
+/// Other forms of UTF-16 text: literals, views, standard strings.
+template <class T>
+concept TextLike = std::convertible_to<const T&, std::u16string_view>;
 
 /// Counted, immutable text of UTF-16 units. A copy shares the characters and costs one increment; the
 /// empty text takes no memory. One pointer wide. The counts are plain integers: a String and its copies
@@ -76,16 +81,26 @@ public:
     friend bool operator==(const String& a, const String& b) noexcept {
         return a.data_ == b.data_ || a.view() == b.view();
     }
+    template <TextLike T>
+    friend bool operator==(const String& a, const T& b) noexcept {
+        return a.view() == std::u16string_view(b);
+    }
     friend std::strong_ordering operator<=>(const String& a, const String& b) noexcept {
         return a.compare(b) <=> 0;
     }
-    friend bool operator==(const String& a, std::u16string_view b) noexcept { return a.view() == b; }
-    friend bool operator==(const String& a, const char16_t* b) noexcept { return a.view() == b; }
+    template <TextLike T>
+    friend std::strong_ordering operator<=>(const String& a, const T& b) noexcept {
+        return a.compare(std::u16string_view(b)) <=> 0;
+    }
     friend String operator+(const String& a, const String& b);
-    friend String operator+(const String& a, std::u16string_view b) { return concat(a, b); }
-    friend String operator+(std::u16string_view a, const String& b) { return concat(a, b); }
-    friend String operator+(const String& a, const char16_t* b) { return concat(a, b); }
-    friend String operator+(const char16_t* a, const String& b) { return concat(a, b); }
+    template <TextLike T>
+    friend String operator+(const String& a, const T& b) {
+        return concat(a, std::u16string_view(b));
+    }
+    template <TextLike T>
+    friend String operator+(const T& a, const String& b) {
+        return concat(std::u16string_view(a), b);
+    }
 
 private:
     // The units and a final NUL follow the header in the same block.
