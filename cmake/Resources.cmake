@@ -1,0 +1,94 @@
+# target_resources(TARGET SCRIPT) links the resources that a script lists into a program or library. The
+# script is in the form of a Windows resource script, one resource a line, and may have // comments:
+#
+#     NAME_OR_NUMBER  ICON | CURSOR | BITMAP | RCDATA  "file beside the script"
+#
+# Windows gets it through the resource compiler. Elsewhere the files become tables of the program, of the
+# same types and names. A static library hands its resources on to whatever links it.
+
+if(WIN32)
+    enable_language(RC)
+endif()
+
+function(target_resources TARGET SCRIPT)
+    get_filename_component(script ${SCRIPT} ABSOLUTE)
+    get_target_property(kind ${TARGET} TYPE)
+    set(scope PRIVATE)
+    if(kind STREQUAL "STATIC_LIBRARY" OR kind STREQUAL "INTERFACE_LIBRARY")
+        set(scope INTERFACE)
+    endif()
+    resource_files(files ${script})
+    if(WIN32)
+        set(source ${script})
+    else()
+        resource_tables(source ${TARGET} ${script})
+    endif()
+    set_source_files_properties(${source} PROPERTIES OBJECT_DEPENDS "${files}")
+    add_library(${TARGET}_resources OBJECT ${source})
+    target_link_libraries(${TARGET}_resources PRIVATE tesela_platform)
+    target_sources(${TARGET} ${scope} $<TARGET_OBJECTS:${TARGET}_resources>)
+endfunction()
+
+# The lines of a script that state a resource.
+function(resource_lines OUT SCRIPT)
+    file(STRINGS ${SCRIPT} lines ENCODING UTF-8
+        REGEX "^[ \t]*[A-Za-z0-9_]+[ \t]+(ICON|CURSOR|BITMAP|RCDATA)[ \t]+\".+\"")
+    set(${OUT} "${lines}" PARENT_SCOPE)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${SCRIPT})
+endfunction()
+
+# The files that a script names.
+function(resource_files OUT SCRIPT)
+    get_filename_component(folder ${SCRIPT} DIRECTORY)
+    resource_lines(lines ${SCRIPT})
+    set(files "")
+    foreach(line IN LISTS lines)
+        string(REGEX REPLACE "^[^\"]*\"(.*)\".*$" "${folder}/\\1" file "${line}")
+        list(APPEND files ${file})
+    endforeach()
+    set(${OUT} "${files}" PARENT_SCOPE)
+endfunction()
+
+# Writes the source of the table: the assembler takes the bytes in.
+function(resource_tables OUT TARGET SCRIPT)
+    set(type_ICON Icon)
+    set(type_CURSOR Cursor)
+    set(type_BITMAP Bitmap)
+    set(type_RCDATA RawData)
+    resource_lines(lines ${SCRIPT})
+    resource_files(files ${SCRIPT})
+    set(bytes "")
+    set(declarations "")
+    set(entries "")
+    set(number 0)
+    foreach(line file IN ZIP_LISTS lines files)
+        string(REGEX MATCH "^[ \t]*([A-Za-z0-9_]+)[ \t]+([A-Z]+)" head "${line}")
+        set(name ${CMAKE_MATCH_1})
+        set(type ${type_${CMAKE_MATCH_2}})
+        set(label ${TARGET}_resource_${number})
+        string(APPEND bytes
+            "__asm__(\".section .rodata\\n.global ${label}, ${label}_end\\n${label}:\\n\"\n"
+            "        \".incbin \\\"${file}\\\"\\n${label}_end:\\n.byte 0\\n.text\\n\")\;\n")
+        string(APPEND declarations "extern \"C\" const unsigned char ${label}[], ${label}_end[]\;\n")
+        if(name MATCHES "^[0-9]+$")
+            set(named "${name}, nullptr")
+        else()
+            string(TOUPPER ${name} name)
+            set(named "0, u\"${name}\"")
+        endif()
+        string(APPEND entries
+            "    {platform::ResourceType::${type}, ${named}, ${label}, ${label}_end},\n")
+        math(EXPR number "${number} + 1")
+    endforeach()
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/${TARGET}_resources.cpp)
+    file(CONFIGURE OUTPUT ${source} @ONLY CONTENT
+"#include \"platform/linux/resource_table.h\"
+
+@bytes@
+@declarations@
+static const platform::driver::ResourceEntry entries[] = {
+@entries@};
+static const platform::driver::ResourceTable table(entries);
+")
+    set(${OUT} ${source} PARENT_SCOPE)
+endfunction()
