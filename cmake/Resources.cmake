@@ -68,8 +68,8 @@ function(resource_tables OUT TARGET SCRIPT)
         set(label ${TARGET}_resource_${number})
         string(APPEND bytes
             "__asm__(\".section .rodata\\n.global ${label}, ${label}_end\\n${label}:\\n\"\n"
-            "        \".incbin \\\"${file}\\\"\\n${label}_end:\\n.byte 0\\n.text\\n\")\;\n")
-        string(APPEND declarations "extern \"C\" const unsigned char ${label}[], ${label}_end[]\;\n")
+            "        \".incbin \\\"${file}\\\"\\n${label}_end:\\n.byte 0\\n.text\\n\");\n")
+        string(APPEND declarations "extern \"C\" const unsigned char ${label}[], ${label}_end[];\n")
         if(name MATCHES "^[0-9]+$")
             set(named "${name}, nullptr")
         else()

@@ -10,6 +10,8 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
+#include <vector>
 
 namespace platform {
 namespace {
@@ -62,6 +64,21 @@ std::u16string withoutPassedOver(std::u16string_view text) {
     return out;
 }
 
+/// Decides between texts that differ only in what is passed over: the one without comes first, then the one
+/// that has it earlier.
+int comparePassedOver(std::u16string_view a, std::u16string_view b) {
+    const auto places = [](std::u16string_view text) {
+        std::vector<std::pair<std::size_t, char16_t>> found;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (isPassedOver(text[i])) found.emplace_back(i, text[i]);
+        }
+        return found;
+    };
+    const auto first = places(a);
+    const auto second = places(b);
+    return first < second ? -1 : second < first ? 1 : 0;
+}
+
 bool hasPassedOver(std::u16string_view text) {
     return text.find_first_of(u"-'") != text.npos;
 }
@@ -99,10 +116,11 @@ int CompareStringW(LCID locale, DWORD flags, const char16_t* a, int lengthA, con
     }
     const auto first = viewOf(a, lengthA);
     const auto second = viewOf(b, lengthB);
-    int order = 0;
-    if ((flags & SORT_STRINGSORT) == 0 && (hasPassedOver(first) || hasPassedOver(second)))
-        order = collate(collator, withoutPassedOver(first), withoutPassedOver(second));
-    if (order == 0) order = collate(collator, first, second);
+    const bool wordOrder = (flags & SORT_STRINGSORT) == 0;
+    if (!wordOrder || (!hasPassedOver(first) && !hasPassedOver(second)))
+        return CSTR_EQUAL + collate(collator, first, second);
+    int order = collate(collator, withoutPassedOver(first), withoutPassedOver(second));
+    if (order == 0) order = comparePassedOver(first, second);
     return CSTR_EQUAL + order;
 }
 
