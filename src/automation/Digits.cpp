@@ -1,0 +1,179 @@
+#include "automation/Digits.h"
+
+#include "automation/Decimal.h"
+#include "automation/TextBuilder.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace automation {
+
+namespace {
+
+// Whole numbers below this are exact in 15 digits and quicker written as integers.
+constexpr double wholeLimit = 1e15;
+constexpr int longestReal = 40;
+
+/// Splits "d.ddde+xx" into digits and the place of the point.
+void takeScientific(Digits& into, const char* first, const char* last) {
+    const char* p = first;
+    for (; p != last && *p != 'e'; ++p)
+        if (*p != '.') into.digit[into.count++] = *p;
+    int exponent = 0;
+    const bool below = p != last && p[1] == '-';
+    if (p != last) std::from_chars(p + 2, last, exponent);
+    into.point = (below ? -exponent : exponent) + 1;
+}
+
+void takeInteger(Digits& into, std::uint64_t value) {
+    char buffer[longestReal];
+    const char* end = std::to_chars(buffer, buffer + longestReal, value).ptr;
+    into.count = static_cast<int>(end - buffer);
+    into.point = into.count;
+    std::memcpy(into.digit, buffer, static_cast<std::size_t>(into.count));
+}
+
+} // namespace
+
+void Digits::trim() noexcept {
+    while (count > 0 && digit[count - 1] == '0')
+        --count;
+    if (count == 0) point = 0;
+}
+
+template <class Real>
+Digits Digits::ofReal(Real value, int precision) {
+    Digits result;
+    result.negative = value < 0;
+    if (!std::isfinite(value)) {
+        result.special = std::isnan(value) ? "1.#QNAN" : "1.#INF";
+        return result;
+    }
+    const Real magnitude = std::abs(value);
+    if (magnitude < Real(wholeLimit) && precision == doublePrecision && magnitude == std::floor(magnitude)) {
+        if (magnitude != 0) takeInteger(result, static_cast<std::uint64_t>(magnitude));
+        result.trim();
+        return result;
+    }
+    char buffer[longestReal];
+    const char* end =
+        std::to_chars(buffer, buffer + longestReal, magnitude, std::chars_format::scientific).ptr;
+    takeScientific(result, buffer, end);
+    // The shortest digits that name the number round as the number itself does, but for one case: where
+    // they end in the very half the number may lie on either side of it.
+    if (result.count == precision + 1 && result.digit[precision] == '5') {
+        result.count = 0;
+        end = std::to_chars(buffer, buffer + longestReal, magnitude, std::chars_format::scientific,
+                            precision - 1)
+                  .ptr;
+        takeScientific(result, buffer, end);
+    } else {
+        result.roundToCount(precision);
+    }
+    result.trim();
+    return result;
+}
+
+Digits Digits::of(double value) {
+    return ofReal(value, doublePrecision);
+}
+
+Digits Digits::of(float value) {
+    return ofReal(value, singlePrecision);
+}
+
+Digits Digits::ofScaled(std::int64_t scaled, int decimals) {
+    Digits result;
+    result.negative = scaled < 0;
+    if (scaled == 0) return result;
+    takeInteger(result,
+                scaled < 0 ? 0 - static_cast<std::uint64_t>(scaled) : static_cast<std::uint64_t>(scaled));
+    result.point -= decimals;
+    result.trim();
+    return result;
+}
+
+Digits Digits::of(const Decimal& value) {
+    Digits result;
+    const std::string text = value.text();
+    bool fraction = false;
+    for (const char unit : text) {
+        if (unit == '-') {
+            result.negative = true;
+        } else if (unit == '.') {
+            fraction = true;
+        } else if (unit != '0' || result.count > 0) {
+            result.digit[result.count++] = unit;
+            if (!fraction) ++result.point;
+        } else if (fraction) {
+            --result.point;
+        }
+    }
+    result.trim();
+    return result;
+}
+
+void Digits::roundToCount(int digits) {
+    if (digits >= count) return;
+    if (digits < 0) {
+        count = 0;
+        point = 0;
+        return;
+    }
+    const bool up = digit[digits] >= '5';
+    count = digits;
+    if (up) {
+        while (count > 0 && digit[count - 1] == '9')
+            --count;
+        if (count > 0) {
+            ++digit[count - 1];
+        } else {
+            digit[0] = '1';
+            count = 1;
+            ++point;
+        }
+    }
+    trim();
+}
+
+void Digits::roundToDecimals(int decimals) {
+    if (isZero()) return;
+    roundToCount(point + decimals);
+}
+
+void Digits::write(TextBuilder& out, char16_t decimalUnit, int precision) const {
+    if (negative && (count > 0 || special)) out.add(u'-');
+    if (special) return out.addAscii(special);
+    if (count == 0) return out.add(u'0');
+    const bool plain = point <= precision && count - point <= precision;
+    if (!plain) {
+        out.addAscii({digit, 1});
+        if (count > 1) {
+            out.add(decimalUnit);
+            out.addAscii({digit + 1, static_cast<std::size_t>(count - 1)});
+        }
+        const int exponent = point - 1;
+        out.add(u'E');
+        out.add(exponent < 0 ? u'-' : u'+');
+        return out.addNumber(std::abs(exponent), 2);
+    }
+    if (point <= 0) {
+        out.add(u'0');
+        out.add(decimalUnit);
+        out.add(static_cast<std::size_t>(-point), u'0');
+        return out.addAscii({digit, static_cast<std::size_t>(count)});
+    }
+    const int whole = std::min(point, count);
+    out.addAscii({digit, static_cast<std::size_t>(whole)});
+    out.add(static_cast<std::size_t>(point - whole), u'0');
+    if (count > point) {
+        out.add(decimalUnit);
+        out.addAscii({digit + point, static_cast<std::size_t>(count - point)});
+    }
+}
+
+} // namespace automation
