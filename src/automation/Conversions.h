@@ -4,15 +4,16 @@
 // type that never converts raise Error 13, a value out of range Error 6, Null Error 94. An object converts
 // through its default member.
 
+#include "automation/Currency.h"
+#include "automation/Date.h"
+#include "automation/Decimal.h"
+#include "automation/String.h"
+
 #include <cstdint>
 #include <string_view>
 
 namespace automation {
 
-class Currency;
-class Date;
-class Decimal;
-class String;
 class Variant;
 
 /// To Double. Texts: blanks around, a sign before or after, parentheses for negatives, the currency symbol,
@@ -41,8 +42,8 @@ Decimal CDec(const Variant& value);
 /// numbers.
 bool CBool(const Variant& value);
 
-/// To Date: from -657434 (1 January 100) to below 2958466 (1 January 10000). Texts as `dateFromText` in
-/// DateText.h reads them; a text that is no date but a number counts days.
+/// To Date: from -657434 (1 January 100) to below 2958466 (1 January 10000), else Error 6. Texts as
+/// `readDate` in DateText.h reads them; a text that is only a number is no date.
 Date CDate(const Variant& value);
 
 /// To text in the user's locale: a Double with 15 significant digits, a Single with 7, a Boolean as the
@@ -52,6 +53,17 @@ String CStr(const Variant& value);
 
 /// As `CStr`, but Booleans are "True" and "False" in every locale: the form that files and messages use.
 String plainText(const Variant& value);
+
+/// The same for values that are at hand without a Variant.
+double CDbl(std::u16string_view text);
+Date CDate(std::u16string_view text);
+String CStr(double value);
+String CStr(float value);
+String CStr(std::int32_t value);
+String CStr(Currency value);
+String CStr(const Decimal& value);
+String CStr(Date value);
+String CStr(bool value);
 
 /// Whether `CDbl` takes the value: numbers, Booleans, Empty and numeric texts; never dates.
 bool IsNumeric(const Variant& value);

@@ -2,13 +2,14 @@
 // Date and time functions of an automation host's language. A date before 30 December 1899 is negative and
 // its time of day still counts forward: -1.25 is 29 December 1899, 6 o'clock in the morning.
 
+#include "automation/Date.h"
+#include "automation/String.h"
+
 #include <cstdint>
 #include <string_view>
 
 namespace automation {
 
-class Date;
-class String;
 class Variant;
 
 /// Days of the week, also as the language's constants: 0 takes the locale's own first day.
@@ -57,6 +58,13 @@ std::int32_t DateDiff(std::u16string_view interval, Date from, Date to, int firs
                       int firstWeek = vbFirstJan1);
 
 int DatePart(std::u16string_view interval, Date date, int firstDay = vbSunday, int firstWeek = vbFirstJan1);
+
+/// The day of the year of a date, 1 to 366.
+int dayOfYear(const DateParts& parts);
+
+/// The week of the year, 1 to 54; a day before the first week or after the last belongs to the neighbouring
+/// year's.
+int weekOfYear(const DateParts& parts, int firstDay, int firstWeek);
 
 /// The locale's name of month 1 to 12, else Error 5.
 String MonthName(int month, bool abbreviate = false);

@@ -1,11 +1,12 @@
 #pragma once
 // Values to text by pattern, as an automation host's language formats them in the user's locale.
 
+#include "automation/String.h"
+
 #include <string_view>
 
 namespace automation {
 
-class String;
 class Variant;
 
 /// Formats `value` by a number, date or text pattern or by a name of a format ("Standard", "Short Date", ...,

@@ -1,12 +1,13 @@
 #pragma once
 // Numeric functions of an automation host's language.
 
+#include "automation/String.h"
+
 #include <cstdint>
 #include <string_view>
 
 namespace automation {
 
-class String;
 class Variant;
 
 /// The number at the start of `text`: blanks, tabs and line ends anywhere are skipped, the decimal separator

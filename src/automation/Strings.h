@@ -1,13 +1,14 @@
 #pragma once
 // Text functions of an automation host's language. Positions count from 1 and characters are UTF-16 units.
 
+#include "automation/String.h"
+
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace automation {
 
-class String;
 class Variant;
 
 /// How texts are compared: by their units, or by the locale's dictionary without case.
