@@ -154,7 +154,7 @@ bool booleanFromText(std::u16string_view text) {
 
 } // namespace
 
-double CDbl(std::u16string_view text) {
+double doubleFromText(std::u16string_view text) {
     double result = 0;
     NumberText number;
     if (!number.parse(text, Locale::user())) throwTypeMismatch();
@@ -185,7 +185,7 @@ double CDbl(const Variant& source) {
     case VT_DECIMAL:
         return source.asDecimal().toDouble();
     case VT_BSTR:
-        return CDbl(source.asString().view());
+        return doubleFromText(source.asString());
     default:
         if (!isIndirect(source)) refuse(source);
         return CDbl(value(source));
@@ -294,7 +294,7 @@ bool CBool(const Variant& source) {
     }
 }
 
-Date CDate(std::u16string_view text) {
+Date dateFromText(std::u16string_view text) {
     Date result;
     if (!readDateText(text, result)) throwTypeMismatch();
     return result;
@@ -302,28 +302,28 @@ Date CDate(std::u16string_view text) {
 
 Date CDate(const Variant& source) {
     if (source.type() == VT_DATE) return source.asDate();
-    if (source.isString()) return CDate(source.asString().view());
+    if (source.isString()) return dateFromText(source.asString());
     if (isIndirect(source)) return CDate(value(source));
     return dateOf(CDbl(source));
 }
 
-String CStr(double source) {
+String textOf(double source) {
     return decimalText(Digits::of(source), Digits::doublePrecision);
 }
 
-String CStr(float source) {
+String textOf(float source) {
     return decimalText(Digits::of(source), Digits::singlePrecision);
 }
 
-String CStr(Currency source) {
+String textOf(Currency source) {
     return decimalText(Digits::ofScaled(source.scaled(), 4), Digits::capacity);
 }
 
-String CStr(const Decimal& source) {
+String textOf(const Decimal& source) {
     return decimalText(Digits::of(source), Digits::capacity);
 }
 
-String CStr(std::int32_t source) {
+String textOf(std::int32_t source) {
     char buffer[12];
     char16_t wide[12];
     const char* end = std::to_chars(buffer, buffer + sizeof buffer, source).ptr;
@@ -331,13 +331,13 @@ String CStr(std::int32_t source) {
     return String(std::u16string_view(wide, static_cast<std::size_t>(end - buffer)));
 }
 
-String CStr(Date source) {
+String textOf(Date source) {
     TextBuilder out;
     writeDate(out, source, Locale::user());
     return out.text();
 }
 
-String CStr(bool source) {
+String localText(bool source) {
     const Locale& locale = Locale::user();
     return String(source ? locale.trueText : locale.falseText);
 }
@@ -349,23 +349,23 @@ String CStr(const Variant& source) {
     case VT_EMPTY:
         return {};
     case VT_I2:
-        return CStr(static_cast<std::int32_t>(source.asInteger()));
+        return textOf(static_cast<std::int32_t>(source.asInteger()));
     case VT_I4:
-        return CStr(source.asLong());
+        return textOf(source.asLong());
     case VT_UI1:
-        return CStr(static_cast<std::int32_t>(source.asByte()));
+        return textOf(static_cast<std::int32_t>(source.asByte()));
     case VT_BOOL:
-        return CStr(source.asBoolean());
+        return textOf(source.asBoolean());
     case VT_R4:
-        return CStr(source.asSingle());
+        return textOf(source.asSingle());
     case VT_R8:
-        return CStr(source.asDouble());
+        return textOf(source.asDouble());
     case VT_CY:
-        return CStr(source.asCurrency());
+        return textOf(source.asCurrency());
     case VT_DECIMAL:
-        return CStr(source.asDecimal());
+        return textOf(source.asDecimal());
     case VT_DATE:
-        return CStr(source.asDate());
+        return textOf(source.asDate());
     case VT_ERROR:
         return errorText(source.asError());
     default:

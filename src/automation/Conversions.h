@@ -9,6 +9,7 @@
 #include "automation/Decimal.h"
 #include "automation/String.h"
 
+#include <concepts>
 #include <cstdint>
 #include <string_view>
 
@@ -54,16 +55,21 @@ String CStr(const Variant& value);
 /// As `CStr`, but Booleans are "True" and "False" in every locale: the form that files and messages use.
 String plainText(const Variant& value);
 
-/// The same for values that are at hand without a Variant.
-double CDbl(std::u16string_view text);
-Date CDate(std::u16string_view text);
-String CStr(double value);
-String CStr(float value);
-String CStr(std::int32_t value);
-String CStr(Currency value);
-String CStr(const Decimal& value);
-String CStr(Date value);
-String CStr(bool value);
+/// "Verdadero" or "Falso" in the locale's language.
+String localText(bool value);
+
+/// `CDbl` and `CDate` of a text, `CStr` of the other types, without a Variant in between.
+double doubleFromText(std::u16string_view text);
+Date dateFromText(std::u16string_view text);
+String textOf(double value);
+String textOf(float value);
+String textOf(std::int32_t value);
+String textOf(Currency value);
+String textOf(const Decimal& value);
+String textOf(Date value);
+String textOf(std::same_as<bool> auto value) {
+    return localText(value);
+}
 
 /// Whether `CDbl` takes the value: numbers, Booleans, Empty and numeric texts; never dates.
 bool IsNumeric(const Variant& value);
