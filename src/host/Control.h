@@ -65,6 +65,9 @@ public:
     /// The focus has gone for good (the container held the news back while it validated).
     virtual void focusLeft() {}
 
+    /// A new control of the same class, for control arrays; null for a class that makes none.
+    virtual automation::Ref<Control> another() const { return {}; }
+
     // Behind the class's own members come the extender's.
     std::int32_t memberId(std::u16string_view name) const override;
     automation::Variant invoke(std::int32_t id, automation::CallKind kind,

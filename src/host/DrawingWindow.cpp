@@ -28,7 +28,10 @@ void registerClass(const char* name, platform::WNDPROC procedure) {
 } // namespace
 
 DrawingWindow::DrawingWindow() : font_(automation::make<StdFont>()) {
-    fontChanges_ = font_->FontChanged.subscribe([this](const automation::String&) { look(); });
+    fontChanges_ = font_->FontChanged.subscribe([this](const automation::String&) {
+        look();
+        lookChanged(u"Font");
+    });
 }
 
 DrawingWindow::~DrawingWindow() {
@@ -47,10 +50,10 @@ DrawingWindow* DrawingWindow::fromWindow(platform::HWND window) {
 }
 
 void DrawingWindow::makeWindow(const char* className, platform::DWORD style, platform::DWORD exStyle,
-                               const platform::RECT& place, platform::HWND parent) {
+                               platform::POINT corner, platform::SIZE size, platform::HWND parent) {
     registerClass(className, &DrawingWindow::procedure);
-    platform::CreateWindowExA(exStyle, className, "", style, place.left, place.top, place.right - place.left,
-                              place.bottom - place.top, parent, {}, {}, this);
+    platform::CreateWindowExA(exStyle, className, "", style, corner.x, corner.y, size.cx, size.cy, parent, {},
+                              {}, this);
     if (!window_) throw automation::Error(automation::errors::OutOfMemory);
 }
 
@@ -165,11 +168,13 @@ void DrawingWindow::BackColor(OLE_COLOR value) {
     backColor_ = value;
     if (autoRedraw_) Cls();
     look();
+    lookChanged(u"BackColor");
 }
 
 void DrawingWindow::ForeColor(OLE_COLOR value) {
     foreColor_ = value;
     look();
+    lookChanged(u"ForeColor");
 }
 
 void DrawingWindow::Font(const StdFont& value) {

@@ -44,6 +44,9 @@ inline constexpr short LeftButton = 1;
 inline constexpr short RightButton = 2;
 inline constexpr short MiddleButton = 4;
 
+/// The Shift argument as the keyboard stands at the present message.
+short shiftState();
+
 /// What forms, user controls and picture boxes share: a window with a scale, a font and colours, that paints
 /// itself and its windowless children and turns its messages into the virtual handlers `on...`.
 class DrawingWindow {
@@ -174,6 +177,8 @@ protected:
     virtual double containerUnitTwips(Axis) const { return 1.0; }
     /// What lies under a transparent window.
     virtual void paintBehind(platform::HDC) {}
+    /// A property that contained controls see as an ambient value has changed.
+    virtual void lookChanged(const char16_t*) {}
     /// Any mouse message of the window, before the handlers.
     virtual void mouseActivity(platform::UINT, platform::POINT) {}
     /// Messages that neither the handlers nor the classes above use.
@@ -181,7 +186,7 @@ protected:
     virtual bool takesInput() const { return true; }
 
     void makeWindow(const char* className, platform::DWORD style, platform::DWORD exStyle,
-                    const platform::RECT& place, platform::HWND parent);
+                    platform::POINT corner, platform::SIZE size, platform::HWND parent);
     void destroyWindow();
 
 private:

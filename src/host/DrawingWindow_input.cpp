@@ -11,17 +11,17 @@ bool keyDown(int virtualKey) {
     return platform::GetKeyState(virtualKey) < 0;
 }
 
-short shiftState() {
-    return static_cast<short>((keyDown(platform::VK_SHIFT) ? ShiftMask : 0) |
-                              (keyDown(platform::VK_CONTROL) ? CtrlMask : 0) |
-                              (keyDown(platform::VK_MENU) ? AltMask : 0));
-}
-
 bool isKeyPress(platform::UINT message) {
     return message == platform::WM_KEYDOWN || message == platform::WM_SYSKEYDOWN;
 }
 
 } // namespace
+
+short shiftState() {
+    return static_cast<short>((keyDown(platform::VK_SHIFT) ? ShiftMask : 0) |
+                              (keyDown(platform::VK_CONTROL) ? CtrlMask : 0) |
+                              (keyDown(platform::VK_MENU) ? AltMask : 0));
+}
 
 void DrawingWindow::onKeyDown(short&, short&) {}
 void DrawingWindow::onKeyPress(short&) {}

@@ -76,6 +76,7 @@ void DrawingWindow::ScaleMode(host::ScaleMode value) {
     scaleMode_ = value;
     scaleLeft_ = 0;
     scaleTop_ = 0;
+    lookChanged(u"ScaleUnits");
 }
 
 void DrawingWindow::toUserScale() {

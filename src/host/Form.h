@@ -105,9 +105,11 @@ public:
         add(control, controlName, index, container);
         return *control;
     }
-    /// The same with a control that exists. With `saved` it reads its properties from there.
+    /// The same with a control that exists. With `saved` it reads its properties from there; `place` is in
+    /// twips.
     void add(const automation::Ref<Control>& control, const automation::String& controlName,
-             short index = NotInArray, DrawingWindow* container = nullptr, PropertyBag* saved = nullptr);
+             short index = NotInArray, DrawingWindow* container = nullptr, PropertyBag* saved = nullptr,
+             const Bounds& place = {});
     /// Takes a control off the form. A handler of the control may do so: it lives until the handler is done.
     void remove(Control& control);
 
@@ -124,6 +126,11 @@ public:
     ControlArray array(const automation::String& controlName) { return ControlArray(*this, controlName); }
     /// In the order of their making.
     std::vector<Control*> controls() const;
+    /// Indexes of the control array of that name, in no order.
+    std::vector<short> indexesOf(const automation::String& controlName) const;
+    /// A new element of a control's array, with its properties and place, invisible. The class must have a
+    /// maker: `Control::another`.
+    Control& cloneControl(Control& pattern, short index);
 
     /// The control that has the focus, or had it when the form was last active; null if none.
     Control* ActiveControl() const;
@@ -131,6 +138,10 @@ public:
     bool ValidateControls();
     /// Moves the focus along the Tab order; false if no other control takes it or validation refused.
     bool moveFocus(bool forward);
+    /// Whether a control has reported a change since the form was made, read or saved.
+    bool Dirty() const { return dirty_; }
+    void Dirty(bool value) { dirty_ = value; }
+    /// Activates the form.
     void SetFocus();
     void ZOrder(ZOrderPosition position = ZOrderPosition::Front);
 
@@ -188,6 +199,10 @@ protected:
     bool translateKey(platform::UINT message, platform::WPARAM& wParam, platform::LPARAM lParam) override;
     platform::LRESULT otherMessage(platform::UINT, platform::WPARAM, platform::LPARAM) override;
     void focusCame() override;
+    void windowSized() override;
+    void lookChanged(const char16_t* property) override;
+    void mouseActivity(platform::UINT message, platform::POINT at) override;
+    bool takesInput() const override { return enabled_; }
 
 private:
     friend class FormSite;
@@ -196,30 +211,42 @@ private:
     platform::DWORD windowStyle() const;
     platform::DWORD windowExStyle() const;
     void restyle();
-    void place();
-    void close(UnloadMode mode);
+    void place(const Form* owner);
+    Bounds screenBounds() const;
+    void resizeTo(float width, float height);
+    std::int32_t handle() const { return static_cast<std::int32_t>(hWnd().value); }
+    float clientWidth() const { return ScaleWidth(); }
+    float clientHeight() const { return ScaleHeight(); }
     void tearDown();
-    void runModal(Form* owner);
+    void raiseResize();
+    void runModal();
+    void endModal();
     void limitSize(platform::MINMAXINFO& limits) const;
-    void activated(bool active);
     [[noreturn]] static void throwNoControl(const automation::String& controlName);
+    void broadcastAmbient(const automation::String& property);
+    void onlyDefault(const FormSite& chosen);
+    void onlyCancel(const FormSite& chosen);
+    void hover(const FormSite* site, platform::UINT message);
 
     // Focus: Form_focus.cpp
-    std::vector<FormSite*> tabOrder() const;
+    FormSite* siteOf(platform::HWND window) const;
+    FormSite* siteOf(const Control& control) const;
+    short tabIndexOf(const FormSite& site) const;
+    void renumberTabs(FormSite& moved, short place);
+    FormSite* nextStop(bool forward) const;
     bool focusSite(FormSite& site);
+    void focusLost(FormSite& site);
     bool validate(FormSite& losing);
-    bool leaveAllowed(FormSite* gaining);
+    bool leaveAllowed(const FormSite& gaining);
     bool siteFocusArrived(FormSite& site);
     bool siteFocusLeaving(FormSite& site, platform::HWND next);
-    void settleFocusLoss();
+    bool tabKey();
     bool pressAccessKey(char16_t character);
     bool pressButton(bool cancel);
     bool siteTranslateKey(FormSite& site, platform::UINT message, platform::WPARAM& wParam,
                           platform::LPARAM lParam);
+    bool navigationKey(platform::HWND window, platform::UINT message, platform::WPARAM wParam);
     bool previewKey(platform::UINT message, platform::WPARAM& wParam);
-    FormSite* siteOf(platform::HWND window) const;
-    void renumberTabs(FormSite& moved, short place);
-    void broadcastAmbient(const automation::String& property);
 
     automation::String name_;
     automation::String caption_;
@@ -236,19 +263,26 @@ private:
     bool loaded_ = false;
     bool modal_ = false;
     bool unloading_ = false;
-    bool placed_ = false;
+    bool shownOnce_ = false;
+    bool positioned_ = false; ///< The program has said where the window stands
+    bool dirty_ = false;
+    bool startsHidden_ = false; ///< The control being added is a new array element
     float minWidth_ = 0;
     float minHeight_ = 0;
     float maxWidth_ = 0;
     float maxHeight_ = 0;
-    Bounds bounds_{0, 0, 4800, 3600};
+    Bounds bounds_{0, 0, 4800, 3600};      ///< Until the window is made
+    platform::SIZE lastSize_{-1, -1};      ///< That Resize has told
+    std::vector<platform::HWND> disabled_; ///< By this modal form
 
-    std::vector<std::unique_ptr<FormSite>> sites_;
-    FormSite* active_ = nullptr;  ///< Has the focus, or had it when the form was last active
+    std::vector<std::shared_ptr<FormSite>> sites_; ///< In the order of their making
+    std::vector<FormSite*> tabs_;                  ///< In Tab order
+    FormSite* active_ = nullptr;                   ///< Has the focus, or had it when the form was last active
     FormSite* leaving_ = nullptr; ///< Its window lost the focus; its LostFocus waits for validation
     bool returning_ = false;      ///< The focus is being given back after a refused move
     bool validated_ = false;      ///< The present move was validated before it began
-    std::unique_ptr<ToolTipWindow> toolTip_;
+    bool validating_ = false;     ///< Validate is being raised
+    automation::Ref<ToolTipWindow> toolTip_;
 };
 
 } // namespace host

@@ -83,6 +83,7 @@ public:
     void ambientChanged(const automation::String& name) override;
     automation::String accessKeys() const override;
     bool enabled() const override { return enabled_; }
+    automation::Ref<Control> another() const override { return automation::make<Label>(); }
 
     /// The container ends before the label.
     void homeGone() { home_ = nullptr; }

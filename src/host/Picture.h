@@ -18,7 +18,7 @@ public:
     /// The empty picture.
     Picture() = default;
     /// From decoded pixels.
-    explicit Picture(platform::PictureData data);
+    explicit Picture(const platform::PictureData& data);
     /// Takes the handle over.
     explicit Picture(platform::HBITMAP bitmap);
     explicit Picture(platform::HICON icon);
@@ -54,7 +54,6 @@ private:
     platform::HBITMAP bitmap_;
     platform::HICON icon_;
     platform::SIZE size_;
-    bool transparent_ = false;
     std::vector<std::uint8_t> source_;
 };
 

@@ -33,6 +33,7 @@ public:
     automation::Event<short&, short&, float&, float&> MouseMove;
     automation::Event<short&, short&, float&, float&> MouseUp;
 
+    automation::Ref<Control> another() const override { return automation::make<PictureBox>(); }
     const automation::ClassTable& classTable() const override { return table(); }
     static const automation::ClassTable& table();
 
@@ -40,23 +41,34 @@ protected:
     void onInitProperties() override;
     void onReadProperties(PropertyBag& bag) override;
     void onWriteProperties(PropertyBag& bag) override;
-    void onPaint() override { Paint(); }
-    void onResize() override { Resize(); }
-    void onClick() override { Click(); }
-    void onDblClick() override { DblClick(); }
-    void onKeyDown(short& KeyCode, short& Shift) override { KeyDown(KeyCode, Shift); }
-    void onKeyPress(short& KeyAscii) override { KeyPress(KeyAscii); }
-    void onKeyUp(short& KeyCode, short& Shift) override { KeyUp(KeyCode, Shift); }
+    void onPaint() override { Paint.raise(); }
+    void onResize() override { Resize.raise(); }
+    void onClick() override { Click.raise(); }
+    void onDblClick() override { DblClick.raise(); }
+    void onKeyDown(short& KeyCode, short& Shift) override { KeyDown.raise(KeyCode, Shift); }
+    void onKeyPress(short& KeyAscii) override { KeyPress.raise(KeyAscii); }
+    void onKeyUp(short& KeyCode, short& Shift) override { KeyUp.raise(KeyCode, Shift); }
     void onMouseDown(short& Button, short& Shift, float& X, float& Y) override {
-        MouseDown(Button, Shift, X, Y);
+        MouseDown.raise(Button, Shift, X, Y);
     }
     void onMouseMove(short& Button, short& Shift, float& X, float& Y) override {
-        MouseMove(Button, Shift, X, Y);
+        MouseMove.raise(Button, Shift, X, Y);
     }
-    void onMouseUp(short& Button, short& Shift, float& X, float& Y) override { MouseUp(Button, Shift, X, Y); }
+    void onMouseUp(short& Button, short& Shift, float& X, float& Y) override {
+        MouseUp.raise(Button, Shift, X, Y);
+    }
+
+    void lookChanged(const char16_t* property) override;
 
 private:
+    void applyFrame();
     void fitPicture();
+    // As programs that call by name see them.
+    std::int32_t handle() const { return static_cast<std::int32_t>(hWnd().value); }
+    std::int32_t context() { return static_cast<std::int32_t>(hDC().value); }
+    automation::Ref<host::Picture> picture() const { return Picture(); }
+    void setPicture(const automation::Ref<host::Picture>& value) { Picture(value); }
+    automation::Ref<StdFont> fontObject() const { return Font(); }
 
     host::BorderStyle borderStyle_ = host::BorderStyle::FixedSingle;
     host::Appearance appearance_ = host::Appearance::ThreeD;

@@ -19,6 +19,7 @@ struct Session {
     FontCache fonts;
     automation::String title;
     MousePointer pointer = MousePointer::Default;
+    std::vector<std::u16string> fontNames; ///< As Screen read them last
 };
 
 Session& session();

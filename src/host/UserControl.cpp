@@ -5,6 +5,14 @@
 
 namespace host {
 
+namespace {
+
+/// Twips of a control that neither its container nor its own Initialize gave a size.
+constexpr float DefaultWidth = 1215;
+constexpr float DefaultHeight = 495;
+
+} // namespace
+
 UserControl::UserControl() = default;
 
 UserControl::~UserControl() {
@@ -63,13 +71,15 @@ void UserControl::enter(ControlSite& newSite, DrawingWindow* container, platform
     }
     Bounds own = place;
     if (own.width == 0 && own.height == 0) {
-        own.width = bounds().width;
-        own.height = bounds().height;
+        own.width = bounds().width > 0 ? bounds().width : DefaultWidth;
+        own.height = bounds().height > 0 ? bounds().height : DefaultHeight;
     }
     Control::enter(newSite, container, parent, own);
     constexpr platform::DWORD Style =
         platform::WS_CHILD | platform::WS_CLIPSIBLINGS | platform::WS_CLIPCHILDREN | platform::WS_TABSTOP;
-    makeWindow("TeselaHostControl", Style | (enabled_ ? 0 : platform::WS_DISABLED), 0, own.pixels(), parent);
+    const platform::RECT pixels = own.pixels();
+    makeWindow("TeselaHostControl", Style | (enabled_ ? 0 : platform::WS_DISABLED), 0,
+               {pixels.left, pixels.top}, {pixels.right - pixels.left, pixels.bottom - pixels.top}, parent);
 }
 
 void UserControl::leave() {
