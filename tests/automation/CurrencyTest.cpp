@@ -38,8 +38,9 @@ TEST(Currency, RoundsDoublesHalfToEven) {
         double value;
         std::int64_t scaled;
     };
-    constexpr Case cases[] = {{0.00005, 0},     {0.00015, 2},  {0.00025, 2},    {-0.00005, 0},
-                              {1.23455, 12346}, {0.000051, 1}, {-0.000051, -1}, {-1.5, -15000}};
+    // Ties need fractions that a Double holds exactly.
+    constexpr Case cases[] = {{0.03125, 312},   {0.09375, 938}, {0.15625, 1562}, {-0.03125, -312},
+                              {-0.09375, -938}, {0.000051, 1},  {-0.000051, -1}, {-1.5, -15000}};
     for (const Case& c : cases)
         EXPECT_EQ(Currency::fromDouble(c.value).scaled(), c.scaled) << c.value;
 }

@@ -64,13 +64,26 @@ TEST(Variant, HasTheTagsOfAutomation) {
 TEST(Variant, GivesOnlyItsOwnType) {
     for (const Typed& each : oneOfEach()) {
         const auto& v = each.value;
-        if (each.type != VT_I4) EXPECT_THROW(v.asLong(), Error) << each.type;
-        if (each.type != VT_I2) EXPECT_THROW(v.asInteger(), Error) << each.type;
-        if (each.type != VT_R8) EXPECT_THROW(v.asDouble(), Error) << each.type;
-        if (each.type != VT_BSTR) EXPECT_THROW(v.asString(), Error) << each.type;
-        if (each.type != VT_BOOL) EXPECT_THROW(v.asBoolean(), Error) << each.type;
-        if (each.type != VT_DISPATCH) EXPECT_THROW(v.asObject(), Error) << each.type;
-        if (each.type != VT_DECIMAL) EXPECT_THROW(v.asDecimal(), Error) << each.type;
+        const auto gives = [&](auto accessor) {
+            try {
+                (void)(v.*accessor)();
+                return true;
+            } catch (const Error&) {
+                return false;
+            }
+        };
+        EXPECT_EQ(gives(&Variant::asLong), each.type == VT_I4) << each.type;
+        EXPECT_EQ(gives(&Variant::asInteger), each.type == VT_I2) << each.type;
+        EXPECT_EQ(gives(&Variant::asByte), each.type == VT_UI1) << each.type;
+        EXPECT_EQ(gives(&Variant::asSingle), each.type == VT_R4) << each.type;
+        EXPECT_EQ(gives(&Variant::asDouble), each.type == VT_R8) << each.type;
+        EXPECT_EQ(gives(&Variant::asCurrency), each.type == VT_CY) << each.type;
+        EXPECT_EQ(gives(&Variant::asDate), each.type == VT_DATE) << each.type;
+        EXPECT_EQ(gives(&Variant::asString), each.type == VT_BSTR) << each.type;
+        EXPECT_EQ(gives(&Variant::asBoolean), each.type == VT_BOOL) << each.type;
+        EXPECT_EQ(gives(&Variant::asObject), each.type == VT_DISPATCH) << each.type;
+        EXPECT_EQ(gives(&Variant::asDecimal), each.type == VT_DECIMAL) << each.type;
+        EXPECT_EQ(gives(&Variant::asError), each.type == VT_ERROR) << each.type;
         EXPECT_THROW(v.asArray(), Error) << each.type;
     }
     try {
