@@ -83,7 +83,8 @@ std::optional<Decimal> fit(const Work& value, int scale, bool negative, bool sti
     for (; drop <= scale; ++drop) {
         Work rounded = value;
         roundDigits(rounded, drop, sticky);
-        if (fitsMantissa(rounded)) return decimalOf(rounded, scale - drop, negative);
+        if (fitsMantissa(rounded))
+            return decimalOf(rounded, scale - drop, negative && !wide::isZero(rounded));
     }
     return std::nullopt;
 }
