@@ -4,6 +4,7 @@
 #include "automation/String.h"
 #include "host/Colors.h"
 #include "host/Control.h"
+#include "host/Picture.h"
 #include "host/ScaleMode.h"
 #include "host/StdFont.h"
 #include "platform/windows.h"
@@ -13,7 +14,6 @@
 namespace host {
 
 class Label;
-class Picture;
 
 enum class BackStyle : int { Transparent = 0, Opaque = 1 };
 

@@ -134,6 +134,8 @@ public:
 
     /// The control that has the focus, or had it when the form was last active; null if none.
     Control* ActiveControl() const;
+    /// Gives the focus to a control of the form, or, while the form is hidden, lets it begin there.
+    void ActiveControl(Control& control);
     /// Raises Validate of the active control; false if it was cancelled.
     bool ValidateControls();
     /// Moves the focus along the Tab order; false if no other control takes it or validation refused.

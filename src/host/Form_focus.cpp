@@ -80,6 +80,15 @@ Control* Form::ActiveControl() const {
     return active_ ? &active_->control() : nullptr;
 }
 
+void Form::ActiveControl(Control& control) {
+    FormSite* site = siteOf(control);
+    if (!site) throwNoControl({});
+    if (Visible())
+        focusSite(*site);
+    else
+        active_ = site;
+}
+
 bool Form::validate(FormSite& losing) {
     const auto keep = losing.shared_from_this();
     const automation::Ref<Control> control(&losing.control());

@@ -1,6 +1,8 @@
 #include "host/PropertyBag.h"
 
 #include "automation/Argument.h"
+#include "host/FormReader.h"
+#include "host/FormWriter.h"
 #include "host/StdFont.h"
 #include "platform/locale.h"
 
@@ -95,6 +97,16 @@ void PropertyBag::WriteProperty(const automation::String& name, const automation
 
 bool PropertyBag::contains(const automation::String& name) const {
     return std::any_of(items_.begin(), items_.end(), [&](const Item& i) { return sameName(i.first, name); });
+}
+
+automation::String PropertyBag::Contents() const {
+    FormWriter writer;
+    writer.write(*this);
+    return writer.text();
+}
+
+void PropertyBag::Contents(const automation::String& text) {
+    items_ = FormReader(text, u"PropertyBag").readBag().items_;
 }
 
 } // namespace host

@@ -1,0 +1,295 @@
+#include "host/FormReader.h"
+
+#include "automation/Argument.h"
+#include "automation/Error.h"
+#include "host/Picture.h"
+#include "host/StdFont.h"
+
+#include <charconv>
+#include <limits>
+
+namespace host {
+
+namespace {
+
+constexpr std::int32_t InvalidFileFormat = 321;
+constexpr int DeepestNesting = 64;
+
+bool isBlank(char16_t c) {
+    return c == u' ' || c == u'\t' || c == u'\r';
+}
+
+std::u16string_view trimmed(std::u16string_view text) {
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool isNameCharacter(char16_t c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' ||
+           c >= 0x80;
+}
+
+int hexDigit(char16_t c) {
+    if (c >= u'0' && c <= u'9') return c - u'0';
+    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
+    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
+    return -1;
+}
+
+/// ASCII digits for the standard library's readers; empty if there is anything else.
+std::string narrow(std::u16string_view text) {
+    std::string result;
+    for (const char16_t c : text) {
+        if (c >= 0x80) return {};
+        result += static_cast<char>(c);
+    }
+    return result;
+}
+
+template <class T>
+bool parse(std::u16string_view text, T& value) {
+    const std::string digits = narrow(text);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return !digits.empty() && error == std::errc() && end == digits.data() + digits.size();
+}
+
+/// "12.5" in ten-thousandths.
+bool parseCurrency(std::u16string_view text, std::int64_t& scaled) {
+    constexpr std::size_t Decimals = 4;
+    const std::size_t point = text.find(u'.');
+    std::u16string digits(text.substr(0, point));
+    std::u16string decimals(point == text.npos ? std::u16string_view() : text.substr(point + 1));
+    if (decimals.size() > Decimals || (point != text.npos && decimals.empty())) return false;
+    for (const char16_t c : decimals) {
+        if (c < u'0' || c > u'9') return false;
+    }
+    decimals.resize(Decimals, u'0');
+    return !digits.empty() && digits != u"-" && parse(digits + decimals, scaled);
+}
+
+} // namespace
+
+FormReader::FormReader(const automation::String& text, automation::String fileName)
+    : text_(text.string()), fileName_(std::move(fileName)) {
+    std::u16string_view rest = text_;
+    constexpr char16_t ByteOrderMark = 0xFEFF;
+    if (!rest.empty() && rest.front() == ByteOrderMark) rest.remove_prefix(1);
+    while (!rest.empty()) {
+        const std::size_t end = rest.find(u'\n');
+        lines_.push_back(trimmed(rest.substr(0, end)));
+        rest.remove_prefix(end == rest.npos ? rest.size() : end + 1);
+    }
+}
+
+void FormReader::fail(int line, const automation::String& why) const {
+    const automation::String number = automation::String::fromUtf8(std::to_string(line));
+    throw automation::Error(InvalidFileFormat, fileName_ + u":" + number + u": " + why);
+}
+
+void FormReader::skipBlank() {
+    while (!ended() && current().empty())
+        ++at_;
+}
+
+FormNode FormReader::readForm() {
+    skipBlank();
+    if (!current().starts_with(u"Begin Form ")) fail(u"se esperaba \"Begin Form\"");
+    FormNode form = readNode(0);
+    skipBlank();
+    if (!ended()) fail(u"hay texto después del final del formulario");
+    return form;
+}
+
+PropertyBag FormReader::readBag() {
+    FormNode node;
+    for (skipBlank(); !ended(); skipBlank())
+        readProperty(node);
+    return node.properties;
+}
+
+std::u16string FormReader::readName(std::u16string_view& text) const {
+    std::size_t length = 0;
+    while (length < text.size() && isNameCharacter(text[length]))
+        ++length;
+    if (length == 0) fail(u"se esperaba un nombre");
+    const std::u16string name(text.substr(0, length));
+    text = trimmed(text.substr(length));
+    return name;
+}
+
+std::u16string FormReader::readQuoted(std::u16string_view& text) const {
+    if (text.empty() || text.front() != u'"') fail(u"se esperaba un texto entre comillas");
+    std::u16string result;
+    std::size_t i = 1;
+    for (; i < text.size() && text[i] != u'"'; ++i) {
+        if (text[i] != u'\\') {
+            result += text[i];
+            continue;
+        }
+        if (++i >= text.size()) break;
+        switch (text[i]) {
+        case u'n':
+            result += u'\n';
+            break;
+        case u'r':
+            result += u'\r';
+            break;
+        case u't':
+            result += u'\t';
+            break;
+        case u'"':
+        case u'\\':
+            result += text[i];
+            break;
+        case u'u': {
+            constexpr std::size_t Digits = 4;
+            int unit = 0;
+            for (std::size_t d = 0; d < Digits; ++d) {
+                const int digit = ++i < text.size() ? hexDigit(text[i]) : -1;
+                if (digit < 0) fail(u"\"\\u\" necesita cuatro cifras hexadecimales");
+                unit = unit * 16 + digit;
+            }
+            result += static_cast<char16_t>(unit);
+            break;
+        }
+        default:
+            fail(u"secuencia desconocida detrás de \"\\\"");
+        }
+    }
+    if (i >= text.size()) fail(u"falta la comilla final");
+    text = trimmed(text.substr(i + 1));
+    return result;
+}
+
+FormNode FormReader::readNode(int depth) {
+    if (depth > DeepestNesting) fail(u"demasiados niveles");
+    FormNode node;
+    node.line = lineNumber();
+    std::u16string_view head = trimmed(current().substr(std::u16string_view(u"Begin").size()));
+    node.className = readName(head);
+    node.name = readQuoted(head);
+    if (!head.empty()) {
+        std::int16_t index = 0;
+        if (!parse(head, index) || index < 0) fail(u"el índice no es válido");
+        node.index = index;
+    }
+    ++at_;
+    for (skipBlank(); current() != u"End"; skipBlank()) {
+        if (ended()) fail(node.line, u"falta el \"End\" de este bloque");
+        if (current().starts_with(u"Begin "))
+            node.children.push_back(readNode(depth + 1));
+        else
+            readProperty(node);
+    }
+    ++at_;
+    return node;
+}
+
+void FormReader::readProperty(FormNode& node) {
+    std::u16string_view text = current();
+    const bool kept = text.front() == u'.';
+    if (kept) text.remove_prefix(1);
+    const std::u16string name = readName(text);
+    if (text.empty() || text.front() != u'=') fail(u"se esperaba \"=\"");
+    PropertyBag& bag = kept ? node.kept : node.properties;
+    if (bag.contains(name)) fail(u"la propiedad está repetida: " + automation::String(name));
+    const automation::Variant value = readValue(trimmed(text.substr(1)));
+    bag.WriteProperty(name, value, value.isEmpty() ? automation::Variant::null() : automation::Variant());
+}
+
+automation::Variant FormReader::readValue(std::u16string_view text) {
+    if (text.starts_with(u'"')) {
+        const std::u16string content = readQuoted(text);
+        if (!text.empty()) fail(u"sobra texto detrás del valor");
+        ++at_;
+        return content;
+    }
+    const std::u16string type = readName(text);
+    if (!text.empty()) {
+        const automation::Variant value = readNumber(type, text);
+        ++at_;
+        return value;
+    }
+    if (type == u"Font") return readFont();
+    if (type == u"Picture") return readPicture();
+    automation::Variant value;
+    if (type == u"True" || type == u"False")
+        value = type == u"True";
+    else if (type == u"Null")
+        value = automation::Variant::null();
+    else if (type == u"Nothing")
+        value = automation::Variant::nothing();
+    else if (type != u"Empty")
+        fail(u"valor desconocido: " + automation::String(type));
+    ++at_;
+    return value;
+}
+
+automation::Variant FormReader::readNumber(std::u16string_view type, std::u16string_view digits) const {
+    const automation::String wrong = u"el número no es válido: " + automation::String(digits);
+    const auto read = [&](auto value) {
+        if (!parse(digits, value)) fail(wrong);
+        return value;
+    };
+    if (type == u"Integer") return read(std::int16_t{});
+    if (type == u"Long") return read(std::int32_t{});
+    if (type == u"Byte") return read(std::uint8_t{});
+    if (type == u"Single") return read(float{});
+    if (type == u"Double") return read(double{});
+    if (type == u"Date") return automation::Date(read(double{}));
+    if (type == u"Currency") {
+        std::int64_t scaled = 0;
+        if (!parseCurrency(digits, scaled)) fail(wrong);
+        return automation::Currency::fromScaled(scaled);
+    }
+    fail(u"tipo desconocido: " + automation::String(type));
+}
+
+automation::Variant FormReader::readFont() {
+    const int start = lineNumber();
+    FormNode values;
+    ++at_;
+    for (skipBlank(); current() != u"End"; skipBlank()) {
+        if (ended()) fail(start, u"falta el \"End\" de este bloque");
+        readProperty(values);
+    }
+    const auto font = automation::make<StdFont>();
+    try {
+        for (const auto& [name, value] : values.properties.items())
+            font->invokeByName(name, automation::CallKind::Let, {{&value, 1}, {}});
+    } catch (const automation::Error& error) {
+        fail(start, u"la fuente no es válida: " + error.description());
+    }
+    ++at_;
+    return font;
+}
+
+automation::Variant FormReader::readPicture() {
+    const int start = lineNumber();
+    std::vector<std::uint8_t> bytes;
+    ++at_;
+    for (skipBlank(); current() != u"End"; skipBlank()) {
+        if (ended()) fail(start, u"falta el \"End\" de este bloque");
+        const std::u16string_view row = current();
+        if (row.size() % 2 != 0) fail(u"la imagen tiene un número impar de cifras");
+        for (std::size_t i = 0; i < row.size(); i += 2) {
+            const int high = hexDigit(row[i]);
+            const int low = hexDigit(row[i + 1]);
+            if (high < 0 || low < 0) fail(u"la imagen tiene cifras que no son hexadecimales");
+            bytes.push_back(static_cast<std::uint8_t>(high * 16 + low));
+        }
+        ++at_;
+    }
+    ++at_;
+    if (bytes.empty()) return automation::make<Picture>();
+    try {
+        return Picture::fromBytes(std::move(bytes));
+    } catch (const automation::Error& error) {
+        fail(start, u"la imagen no es válida: " + error.description());
+    }
+}
+
+} // namespace host

@@ -1,0 +1,173 @@
+#include "host/FormWriter.h"
+
+#include "automation/Argument.h"
+#include "automation/Error.h"
+#include "host/Picture.h"
+#include "host/StdFont.h"
+#include "platform/locale.h"
+
+#include <charconv>
+
+namespace host {
+
+namespace {
+
+constexpr std::size_t IndentWidth = 4;
+constexpr std::size_t BytesPerLine = 32;
+
+std::u16string wide(std::string_view ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+/// The shortest digits that read back as the same number.
+template <class T>
+std::u16string number(T value) {
+    char digits[64];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    return wide({digits, static_cast<std::size_t>(end - digits)});
+}
+
+std::u16string hex(unsigned value, std::size_t width) {
+    constexpr char16_t Digits[] = u"0123456789ABCDEF";
+    std::u16string text;
+    for (std::size_t i = width; i-- > 0;)
+        text += Digits[value >> (4 * i) & 0xF];
+    return text;
+}
+
+std::u16string currency(automation::Currency value) {
+    const std::int64_t scaled = value.scaled();
+    const std::uint64_t size =
+        scaled < 0 ? 0 - static_cast<std::uint64_t>(scaled) : static_cast<std::uint64_t>(scaled);
+    const auto scale = static_cast<std::uint64_t>(automation::Currency::scale);
+    std::u16string text = (scaled < 0 ? u"-" : u"") + number(size / scale);
+    if (size % scale == 0) return text;
+    std::u16string decimals = number(size % scale + scale).substr(1);
+    while (decimals.back() == u'0')
+        decimals.pop_back();
+    return text + u"." + decimals;
+}
+
+std::u16string quoted(std::u16string_view text) {
+    std::u16string result = u"\"";
+    for (const char16_t c : text) {
+        switch (c) {
+        case u'"':
+            result += u"\\\"";
+            break;
+        case u'\\':
+            result += u"\\\\";
+            break;
+        case u'\n':
+            result += u"\\n";
+            break;
+        case u'\r':
+            result += u"\\r";
+            break;
+        case u'\t':
+            result += u"\\t";
+            break;
+        default: {
+            // Controls, and halves of pairs, which UTF-8 could not carry if they stood alone.
+            const bool unsafe =
+                c < 0x20 || c == 0x7F || (c >= 0xD800 && c < 0xE000) || c == 0x2028 || c == 0x2029;
+            result += unsafe ? u"\\u" + hex(c, 4) : std::u16string(1, c);
+        }
+        }
+    }
+    return result + u"\"";
+}
+
+/// A value that stands on its line; objects take a block.
+std::u16string plain(const automation::Variant& value) {
+    switch (value.type()) {
+    case automation::VT_EMPTY:
+        return u"Empty";
+    case automation::VT_NULL:
+        return u"Null";
+    case automation::VT_BOOL:
+        return value.asBoolean() ? u"True" : u"False";
+    case automation::VT_UI1:
+        return u"Byte " + number(unsigned{value.asByte()});
+    case automation::VT_I2:
+        return u"Integer " + number(value.asInteger());
+    case automation::VT_I4:
+        return u"Long " + number(value.asLong());
+    case automation::VT_R4:
+        return u"Single " + number(value.asSingle());
+    case automation::VT_R8:
+        return u"Double " + number(value.asDouble());
+    case automation::VT_CY:
+        return u"Currency " + currency(value.asCurrency());
+    case automation::VT_DATE:
+        return u"Date " + number(value.asDate().value());
+    case automation::VT_BSTR:
+        return quoted(value.asString());
+    default:
+        if (value.isNothing()) return u"Nothing";
+        throw automation::Error(automation::errors::TypeMismatch);
+    }
+}
+
+PropertyBag fontValues(const StdFont& font) {
+    PropertyBag bag;
+    bag.WriteProperty(u"Name", font.Name());
+    bag.WriteProperty(u"Size", font.Size());
+    bag.WriteProperty(u"Weight", font.Weight(), FontWeightNormal);
+    bag.WriteProperty(u"Charset", font.Charset(), short{0});
+    bag.WriteProperty(u"Italic", font.Italic(), false);
+    bag.WriteProperty(u"Underline", font.Underline(), false);
+    bag.WriteProperty(u"Strikethrough", font.Strikethrough(), false);
+    return bag;
+}
+
+} // namespace
+
+void FormWriter::line(std::u16string_view content) {
+    text_.append(depth_ * IndentWidth, u' ').append(content).append(u"\n");
+}
+
+void FormWriter::value(const std::u16string& head, const automation::Variant& value) {
+    const automation::Object* object = value.isObject() ? value.asObject().get() : nullptr;
+    if (const auto* font = dynamic_cast<const StdFont*>(object)) {
+        line(head + u"Font");
+        ++depth_;
+        write(fontValues(*font));
+        --depth_;
+        line(u"End");
+    } else if (const auto* picture = dynamic_cast<const Picture*>(object)) {
+        line(head + u"Picture");
+        ++depth_;
+        const auto& bytes = picture->source();
+        for (std::size_t start = 0; start < bytes.size(); start += BytesPerLine) {
+            std::u16string row;
+            for (std::size_t i = start; i < std::min(bytes.size(), start + BytesPerLine); ++i)
+                row += hex(bytes[i], 2);
+            line(row);
+        }
+        --depth_;
+        line(u"End");
+    } else {
+        line(head + plain(value));
+    }
+}
+
+void FormWriter::write(const PropertyBag& bag, bool kept) {
+    for (const auto& [name, content] : bag.items())
+        value((kept ? u"." : u"") + name.string() + u" = ", content);
+}
+
+void FormWriter::write(const FormNode& node) {
+    std::u16string head = u"Begin " + node.className.string() + u" " + quoted(node.name);
+    if (node.index) head += u" " + number(*node.index);
+    line(head);
+    ++depth_;
+    write(node.kept, true);
+    write(node.properties);
+    for (const FormNode& child : node.children)
+        write(child);
+    --depth_;
+    line(u"End");
+}
+
+} // namespace host
