@@ -37,7 +37,7 @@ const Variant& zeroOf(const TypeDescription& type) {
 class Layout {
 public:
     Layout(const Member& member, const Arguments& arguments, bool lastIsNewValue)
-        : member_(member), parameters_(member.parameters) {
+        : parameters_(member.parameters) {
         if (parameters_.size() > few_.size()) {
             many_.resize(parameters_.size());
             places_ = many_.data();
@@ -91,7 +91,6 @@ private:
         }
     }
 
-    const Member& member_;
     const std::vector<Parameter>& parameters_;
     std::size_t open_ = 0; // parameters that arguments fill; the new value of a property is not among them
     std::array<const Variant*, 8> few_{};

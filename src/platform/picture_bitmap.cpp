@@ -14,7 +14,6 @@ namespace {
 constexpr std::size_t fileHeaderSize = 14;
 constexpr std::uint32_t coreHeaderSize = 12;
 constexpr std::uint32_t infoHeaderSize = 40;
-constexpr std::uint32_t headerSizeWithMasks = 52;
 constexpr std::uint32_t headerSizeWithAlpha = 56;
 constexpr std::uint32_t opaque = 0xFF000000;
 

@@ -46,9 +46,12 @@ TEST(Array, StartsWithItsTypesEmptyValues) {
 
 TEST(Array, ChecksItsBounds) {
     Array array(VT_I4, {{1, 2}, {0, 2}});
-    for (const auto& [i, j] : {std::pair{0, 0}, {3, 0}, {1, -1}, {1, 2}}) {
-        EXPECT_EQ(errorOf([&] { array(i, j); }), 9) << i << "," << j;
-        EXPECT_EQ(errorOf([&] { array.set(1, i, j); }), 9) << i << "," << j;
+    struct Place {
+        int i, j;
+    };
+    for (const Place& p : {Place{0, 0}, {3, 0}, {1, -1}, {1, 2}}) {
+        EXPECT_EQ(errorOf([&] { array(p.i, p.j); }), 9) << p.i << "," << p.j;
+        EXPECT_EQ(errorOf([&] { array.set(1, p.i, p.j); }), 9) << p.i << "," << p.j;
     }
     EXPECT_EQ(errorOf([&] { array(1); }), 9) << "too few subscripts";
     EXPECT_EQ(errorOf([&] { array(1, 0, 0); }), 9) << "too many subscripts";
