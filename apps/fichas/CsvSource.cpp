@@ -1,0 +1,66 @@
+#include "fichas/CsvSource.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace fichas {
+
+namespace {
+
+constexpr std::size_t headLength = 256 * 1024; ///< Judged for the format
+constexpr std::int64_t judgedRecords = 1000;   ///< Judged for the columns
+constexpr std::int64_t countingStep = 4 << 20; ///< Bytes looked through at a time while nothing happens
+constexpr std::int64_t firstLook = 1 << 20;    ///< Bytes looked through before the first record shows
+
+} // namespace
+
+CsvSource::CsvSource(std::unique_ptr<ByteSource> bytes, std::string name)
+    : bytes_(std::move(bytes)), name_(std::move(name)) {
+    std::vector<std::uint8_t> head(headLength);
+    head.resize(bytes_->read(0, head));
+    format_ = findFormat(head);
+    index_.emplace(*bytes_, format_, name_);
+    index_->advance(firstLook);
+    std::vector<CsvRow> rows;
+    while (static_cast<std::int64_t>(rows.size()) < judgedRecords) {
+        // What has not been looked through need not be judged either, but for a first record.
+        const auto next = static_cast<std::int64_t>(rows.size());
+        if (next > 0 && next >= index_->found()) break;
+        const auto extent = index_->find(next);
+        if (!extent) break;
+        rows.push_back(index_->fields(*extent));
+    }
+    if (rows.empty()) throw SourceError(name_ + ", línea 1: el archivo está vacío");
+    columns_ = findColumns(rows, format_.separator);
+}
+
+automation::String CsvSource::name() const {
+    return automation::String::fromUtf8(name_);
+}
+
+std::int64_t CsvSource::knownCount() const {
+    return std::max<std::int64_t>(index_->found() - (columns_.hasHeader ? 1 : 0), 0);
+}
+
+void CsvSource::countOn() {
+    index_->advance(countingStep);
+}
+
+std::int64_t CsvSource::count() {
+    while (!index_->isComplete())
+        index_->advance(countingStep);
+    return knownCount();
+}
+
+bool CsvSource::read(std::int64_t record, std::vector<automation::Variant>& values) {
+    if (record < 1) return false;
+    const auto extent = index_->find(columns_.hasHeader ? record : record - 1);
+    if (!extent) return false;
+    const CsvRow row = index_->fields(*extent);
+    values.clear();
+    for (std::size_t c = 0; c < columns_.columns.size(); ++c)
+        values.push_back(columns_.value(c, row[c]));
+    return true;
+}
+
+} // namespace fichas
