@@ -2,6 +2,7 @@
 // What the desktop says of itself: metrics, colours and parameters. On Linux they are those of a fresh
 // Windows session, so that pictures agree; only the size of the screen is the real one.
 
+#include "platform/gdi_types.h"
 #include "platform/types.h"
 
 namespace platform {
@@ -112,13 +113,13 @@ COLORREF GetSysColor(int index);
 /// A brush that belongs to the system: DeleteObject does nothing to it. 0 for an unknown number.
 HBRUSH GetSysColorBrush(int index);
 
-// SystemParametersInfoA.
+// SystemParametersInfoA and SystemParametersInfoW.
 inline constexpr UINT SPI_GETBEEP = 0x0001;
 inline constexpr UINT SPI_GETBORDER = 0x0005;
-inline constexpr UINT SPI_GETKEYBOARDSPEED = 0x000A; ///< DWORD 0 to 31: about 2.5 to 30 a second
-inline constexpr UINT SPI_GETKEYBOARDDELAY = 0x0016; ///< int 0 to 3: about 250 ms to 1 s
-inline constexpr UINT SPI_GETICONTITLELOGFONT = 0x001F;
-inline constexpr UINT SPI_GETNONCLIENTMETRICS = 0x0029;
+inline constexpr UINT SPI_GETKEYBOARDSPEED = 0x000A;     ///< DWORD 0 to 31: about 2.5 to 30 a second
+inline constexpr UINT SPI_GETKEYBOARDDELAY = 0x0016;     ///< int 0 to 3: about 250 ms to 1 s
+inline constexpr UINT SPI_GETICONTITLELOGFONT = 0x001F;  ///< LOGFONTW
+inline constexpr UINT SPI_GETNONCLIENTMETRICS = 0x0029;  ///< NONCLIENTMETRICSW
 inline constexpr UINT SPI_GETWORKAREA = 0x0030;          ///< RECT
 inline constexpr UINT SPI_GETFONTSMOOTHING = 0x004A;     ///< BOOL
 inline constexpr UINT SPI_GETFONTSMOOTHINGTYPE = 0x200A; ///< UINT
@@ -132,7 +133,31 @@ inline constexpr UINT SPI_GETFOREGROUNDLOCKTIMEOUT = 0x2000;
 inline constexpr UINT FE_FONTSMOOTHINGSTANDARD = 1;
 inline constexpr UINT FE_FONTSMOOTHINGCLEARTYPE = 2;
 
+/// What the parts of a window's frame measure, in pixels, and their fonts.
+struct NONCLIENTMETRICSW {
+    UINT cbSize = 0;
+    INT iBorderWidth = 0;
+    INT iScrollWidth = 0;
+    INT iScrollHeight = 0;
+    INT iCaptionWidth = 0;
+    INT iCaptionHeight = 0;
+    LOGFONTW lfCaptionFont;
+    INT iSmCaptionWidth = 0;
+    INT iSmCaptionHeight = 0;
+    LOGFONTW lfSmCaptionFont;
+    INT iMenuWidth = 0;
+    INT iMenuHeight = 0;
+    LOGFONTW lfMenuFont;
+    LOGFONTW lfStatusFont;
+    LOGFONTW lfMessageFont;
+    INT iPaddedBorderWidth = 0;
+};
+
 /// Reads a parameter into `data`, whose type is told beside the number. False for an unknown number.
 BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT winIni);
+
+/// The same, and the parameters with fonts: SPI_GETNONCLIENTMETRICS (NONCLIENTMETRICSW) and
+/// SPI_GETICONTITLELOGFONT (LOGFONTW).
+BOOL SystemParametersInfoW(UINT action, UINT parameter, void* data, UINT winIni);
 
 } // namespace platform

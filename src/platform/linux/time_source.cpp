@@ -51,13 +51,17 @@ void holdTime(bool held) {
     time.held = held;
 }
 
-bool timeIsHeld() { return heldTime().held; }
+bool timeIsHeld() {
+    return heldTime().held;
+}
 
 void advanceHeldTime(std::int64_t nanoseconds) {
     heldTime().monotonic += nanoseconds;
     heldTime().wall += nanoseconds;
 }
 
-void setHeldWallClock(std::int64_t nanoseconds) { heldTime().wall = nanoseconds; }
+void setHeldWallClock(std::int64_t nanoseconds) {
+    heldTime().wall = nanoseconds;
+}
 
 } // namespace platform::driver

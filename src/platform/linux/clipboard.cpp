@@ -1,0 +1,94 @@
+// The clipboard, and the sounds.
+
+#include "platform/clock.h"
+#include "platform/linux/display.h"
+#include "platform/linux/time_source.h"
+
+#include <algorithm>
+#include <array>
+
+namespace platform {
+
+using namespace driver;
+
+namespace {
+
+struct OpenState {
+    bool open = false;
+    HWND owner;
+};
+
+OpenState& openState() {
+    static OpenState state;
+    return state;
+}
+
+/// The formats that text is there in.
+constexpr std::array TextFormats{CF_UNICODETEXT, CF_TEXT};
+
+std::u16string withSystemLineEnds(const std::u16string& text) {
+    std::u16string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r')) result += u'\r';
+        result += text[i];
+    }
+    return result;
+}
+
+std::u16string withPlainLineEnds(std::u16string_view text) {
+    std::u16string result;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] != u'\r' || i + 1 == text.size() || text[i + 1] != u'\n') result += text[i];
+    return result;
+}
+
+} // namespace
+
+BOOL OpenClipboard(HWND owner) {
+    if (openState().open && openState().owner != owner) return FALSE_;
+    openState() = {true, owner};
+    return TRUE_;
+}
+
+BOOL CloseClipboard() {
+    if (!openState().open) return FALSE_;
+    openState() = {};
+    return TRUE_;
+}
+
+BOOL EmptyClipboard() {
+    if (!openState().open) return FALSE_;
+    display().setClipboardText({});
+    return TRUE_;
+}
+
+BOOL IsClipboardFormatAvailable(UINT format) {
+    const bool textual = std::find(TextFormats.begin(), TextFormats.end(), format) != TextFormats.end();
+    return textual && display().clipboardHasText();
+}
+
+int CountClipboardFormats() {
+    return display().clipboardHasText() ? static_cast<int>(TextFormats.size()) : 0;
+}
+
+bool setClipboardText(std::u16string_view text) {
+    display().setClipboardText(withPlainLineEnds(text));
+    return true;
+}
+
+std::u16string clipboardText() {
+    return withSystemLineEnds(display().clipboardText());
+}
+
+BOOL MessageBeep(UINT) {
+    display().beep();
+    return TRUE_;
+}
+
+BOOL Beep(DWORD, DWORD milliseconds) {
+    display().beep();
+    passMilliseconds(milliseconds);
+    return TRUE_;
+}
+
+} // namespace platform

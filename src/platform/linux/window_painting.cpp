@@ -1,0 +1,368 @@
+// What of each window is seen, what waits to be painted, and the contexts to paint with.
+
+#include "platform/gdi.h"
+#include "platform/linux/display.h"
+#include "platform/linux/window_system.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform::driver {
+
+namespace {
+
+/// A context handed out by GetDC, GetWindowDC or BeginPaint.
+struct OpenContext {
+    HDC dc;
+    HWND window;
+    std::shared_ptr<PixelStore> pixels;
+    RECT screen; ///< Bounds of what it can draw on
+};
+
+std::vector<OpenContext>& openContexts() {
+    static std::vector<OpenContext> contexts;
+    return contexts;
+}
+
+RECT bandIn(const Surface& surface) {
+    return {0, 0, surface.width, surface.height};
+}
+
+HDC openContext(Window& window, POINT origin, const Region& screen) {
+    Window* top = topLevelOf(&window);
+    if (!top) return {};
+    if (!top->pixels) resizePixels(*top);
+    const POINT corner{top->frame.left, top->frame.top};
+    Region onSurface = screen;
+    onSurface.translate(-corner.x, -corner.y);
+    onSurface = onSurface.intersected(Region(bandIn(top->pixels->surface)));
+    const HDC dc =
+        createWindowDC(top->pixels->surface, {origin.x - corner.x, origin.y - corner.y}, onSurface);
+    if (dc) openContexts().push_back({dc, window.handle, top->pixels, screen.bounds()});
+    return dc;
+}
+
+bool closeContext(HDC dc) {
+    auto& open = openContexts();
+    const auto found =
+        std::find_if(open.begin(), open.end(), [&](const OpenContext& c) { return c.dc == dc; });
+    if (found == open.end()) return false;
+    if (Window* window = findWindow(found->window)) markDrawn(*window, found->screen);
+    const auto pixels = found->pixels;
+    open.erase(found);
+    return releaseWindowDC(dc);
+}
+
+Region screenRegion(const Window& window, const Region& client) {
+    const POINT origin = clientOrigin(window);
+    Region moved = client;
+    moved.translate(origin.x, origin.y);
+    return moved;
+}
+
+Region clientRegion(const Window& window, const Region& screen) {
+    const POINT origin = clientOrigin(window);
+    Region moved = screen;
+    moved.translate(-origin.x, -origin.y);
+    return moved;
+}
+
+bool needsPaint(const Window& window) {
+    return (!window.update.empty() || window.frameDue) && isShown(window);
+}
+
+HWND firstToPaint(const Window& window) {
+    if (!window.is(WS_VISIBLE)) return {};
+    if (needsPaint(window)) return window.handle;
+    for (const Window* child : window.children)
+        if (const HWND found = firstToPaint(*child)) return found;
+    return {};
+}
+
+} // namespace
+
+Region visibleRegion(const Window& window, bool whole, bool withoutChildren) {
+    if (!isShown(window) || isDesktop(window) || (window.is(WS_MINIMIZE) && !whole)) return {};
+    Region region(whole ? screenFrame(window) : screenClient(window));
+    if (!whole) region = region.intersected(Region(screenFrame(window)));
+    for (const Window* w = &window; !isTopLevel(*w); w = w->parent) {
+        region = region.intersected(Region(screenClient(*w->parent)));
+        if (!w->is(WS_CLIPSIBLINGS)) continue;
+        for (const Window* sibling : w->parent->children) {
+            if (sibling == w) break;
+            if (sibling->is(WS_VISIBLE)) region = region.subtracted(Region(screenFrame(*sibling)));
+        }
+    }
+    if (withoutChildren)
+        for (const Window* child : window.children)
+            if (child->is(WS_VISIBLE)) region = region.subtracted(Region(screenFrame(*child)));
+    return region;
+}
+
+void resizePixels(Window& topLevel) {
+    const int width = std::max(widthOf(topLevel.frame), 1);
+    const int height = std::max(heightOf(topLevel.frame), 1);
+    const auto former = topLevel.pixels;
+    if (former && former->surface.width == width && former->surface.height == height) return;
+    auto made = std::make_shared<PixelStore>();
+    made->words.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0u);
+    made->surface = {width, height, 32, width * 4, reinterpret_cast<std::uint8_t*>(made->words.data())};
+    if (former) {
+        const auto shared = static_cast<std::size_t>(std::min(width, former->surface.width));
+        for (int y = 0; y < std::min(height, former->surface.height); ++y)
+            std::copy_n(former->words.begin() + static_cast<std::ptrdiff_t>(y) * former->surface.width,
+                        shared, made->words.begin() + static_cast<std::ptrdiff_t>(y) * width);
+    }
+    topLevel.pixels = made;
+    topLevel.unpresented = bandIn(made->surface);
+}
+
+void markDrawn(Window& window, const RECT& screen) {
+    Window* top = topLevelOf(&window);
+    if (!top || !top->pixels) return;
+    const RECT drawn =
+        intersection(offset(screen, -top->frame.left, -top->frame.top), bandIn(top->pixels->surface));
+    top->unpresented = unionOf(top->unpresented, drawn);
+}
+
+void copyPixels(Window& topLevel, const Region& screen, POINT by) {
+    if (!topLevel.pixels) return;
+    PixelStore& store = *topLevel.pixels;
+    const std::vector<std::uint32_t> before = store.words;
+    const RECT all = bandIn(store.surface);
+    for (const RECT& r : screen.rectangles()) {
+        const RECT target = intersection(offset(r, -topLevel.frame.left, -topLevel.frame.top), all);
+        const RECT source = intersection(offset(target, -by.x, -by.y), all);
+        for (LONG y = source.top; y < source.bottom; ++y) {
+            const auto from = static_cast<std::size_t>(y) * static_cast<std::size_t>(store.surface.width) +
+                              static_cast<std::size_t>(source.left);
+            const auto to =
+                static_cast<std::size_t>(y + by.y) * static_cast<std::size_t>(store.surface.width) +
+                static_cast<std::size_t>(source.left + by.x);
+            std::copy_n(before.begin() + static_cast<std::ptrdiff_t>(from), widthOf(source),
+                        store.words.begin() + static_cast<std::ptrdiff_t>(to));
+        }
+    }
+    markDrawn(topLevel, screen.bounds());
+}
+
+void invalidate(Window& window, const Region& client, bool erase, bool children) {
+    const bool clipsChildren = window.is(WS_CLIPCHILDREN);
+    const Region onScreen = screenRegion(window, client);
+    const Region seen = visibleRegion(window, false, clipsChildren).intersected(onScreen);
+    if (!seen.empty()) {
+        window.update = window.update.united(clientRegion(window, seen));
+        window.eraseDue = window.eraseDue || erase;
+    }
+    if (!children) return;
+    for (Window* child : window.children) {
+        if (!child->is(WS_VISIBLE)) continue;
+        const Region part = onScreen.intersected(Region(screenFrame(*child)));
+        if (part.empty()) continue;
+        if (screenFrame(*child) != screenClient(*child)) child->frameDue = true;
+        invalidate(*child, clientRegion(*child, part), erase, true);
+    }
+}
+
+void invalidateAll(Window& window) {
+    window.frameDue = screenFrame(window) != screenClient(window);
+    invalidate(window, Region(RECT{0, 0, widthOf(window.client), heightOf(window.client)}), true, true);
+}
+
+void exposeBelow(Window& parent, const Region& screen) {
+    if (screen.empty()) return;
+    invalidate(parent, clientRegion(parent, screen), true, true);
+}
+
+HWND nextToPaint(HWND filter) {
+    if (filter) {
+        const Window* window = findWindow(filter);
+        return window && isShown(*window) ? firstToPaint(*window) : HWND{};
+    }
+    for (const Window* top : desktopWindow().children)
+        if (const HWND found = firstToPaint(*top)) return found;
+    return {};
+}
+
+void releaseContexts(HWND window) {
+    auto& open = openContexts();
+    for (std::size_t i = open.size(); i-- > 0;) {
+        if (open[i].window != window) continue;
+        const OpenContext context = open[i];
+        open.erase(open.begin() + static_cast<std::ptrdiff_t>(i));
+        releaseWindowDC(context.dc);
+    }
+}
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+namespace {
+
+RECT clientArea(const Window& window) {
+    return {0, 0, widthOf(window.client), heightOf(window.client)};
+}
+
+bool takesChildren(const Window& window, UINT flags) {
+    if (flags & RDW_NOCHILDREN) return false;
+    return (flags & RDW_ALLCHILDREN) || !window.is(WS_CLIPCHILDREN);
+}
+
+void validate(Window& window, const Region& client, UINT flags) {
+    window.update = window.update.subtracted(client);
+    if (window.update.empty()) window.eraseDue = false;
+    if (!takesChildren(window, flags)) return;
+    for (Window* child : window.children) {
+        Region part = client;
+        part.translate(-child->client.left, -child->client.top);
+        validate(*child, part, flags);
+    }
+}
+
+/// Sends the window's frame and background messages; true when the background is erased.
+bool prepare(HWND handle, HDC dc) {
+    if (Window* window = findWindow(handle); window && window->frameDue) {
+        window->frameDue = false;
+        callProcedure(*window, WM_NCPAINT, 1, 0);
+    }
+    Window* window = findWindow(handle);
+    if (!window || !window->eraseDue) return true;
+    if (!callProcedure(*window, WM_ERASEBKGND, dc.value, 0)) return false;
+    if ((window = findWindow(handle))) window->eraseDue = false;
+    return true;
+}
+
+void paintNow(HWND handle, bool descend) {
+    Window* window = findWindow(handle);
+    if (!window) return;
+    if (needsPaint(*window)) callProcedure(*window, WM_PAINT, 0, 0);
+    if (!descend || !(window = findWindow(handle))) return;
+    for (HWND child : childHandles(*window))
+        paintNow(child, true);
+}
+
+void eraseNow(HWND handle) {
+    Window* window = findWindow(handle);
+    if (!window || !needsPaint(*window)) return;
+    const Region area = screenRegion(*window, window->update);
+    const HDC dc = openContext(*window, clientOrigin(*window), area);
+    prepare(handle, dc);
+    closeContext(dc);
+}
+
+/// The desktop as it looks now; what is drawn on it is not kept.
+HDC screenContext() {
+    auto picture = std::make_shared<PixelStore>();
+    composeDesktop(*picture);
+    const HDC dc = createWindowDC(picture->surface, {}, Region(bandIn(picture->surface)));
+    if (dc) openContexts().push_back({dc, {}, picture, {}});
+    return dc;
+}
+
+} // namespace
+
+BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags) {
+    if (!handle) {
+        for (HWND top : childHandles(desktopWindow()))
+            RedrawWindow(top, nullptr, {}, flags | RDW_ALLCHILDREN);
+        return TRUE_;
+    }
+    Window* window = findWindow(handle);
+    if (!window) return FALSE_;
+    RECT box = rect ? *rect : clientArea(*window);
+    if (region && GetRgnBox(region, &box) == 0) return FALSE_;
+    const Region area = Region(isEmpty(box) ? RECT{} : box);
+    if (flags & RDW_INVALIDATE) {
+        invalidate(*window, area, (flags & RDW_ERASE) != 0, takesChildren(*window, flags));
+        if ((flags & RDW_FRAME) && isShown(*window)) window->frameDue = true;
+    } else if (flags & RDW_VALIDATE) {
+        validate(*window, area, flags);
+        if (flags & RDW_NOERASE) window->eraseDue = false;
+    }
+    if (flags & RDW_UPDATENOW)
+        paintNow(handle, !(flags & RDW_NOCHILDREN));
+    else if (flags & RDW_ERASENOW)
+        eraseNow(handle);
+    return TRUE_;
+}
+
+BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase) {
+    return RedrawWindow(window, rect, {}, RDW_INVALIDATE | (erase ? RDW_ERASE : 0));
+}
+
+BOOL ValidateRect(HWND window, const RECT* rect) {
+    return RedrawWindow(window, rect, {}, RDW_VALIDATE | RDW_NOCHILDREN);
+}
+
+BOOL UpdateWindow(HWND window) {
+    if (!findWindow(window)) return FALSE_;
+    paintNow(window, true);
+    return TRUE_;
+}
+
+BOOL GetUpdateRect(HWND handle, RECT* rect, BOOL erase) {
+    Window* window = findWindow(handle);
+    if (!window) return FALSE_;
+    if (erase && window->eraseDue) eraseNow(handle);
+    if (!(window = findWindow(handle))) return FALSE_;
+    if (rect) *rect = window->update.empty() ? RECT{} : window->update.bounds();
+    return !window->update.empty();
+}
+
+HDC BeginPaint(HWND handle, PAINTSTRUCT* paint) {
+    Window* window = findWindow(handle);
+    if (!window || !paint) return {};
+    if (window->frameDue) {
+        window->frameDue = false;
+        callProcedure(*window, WM_NCPAINT, 1, 0);
+        if (!(window = findWindow(handle))) return {};
+    }
+    Region area = screenRegion(*window, window->update);
+    area = area.intersected(visibleRegion(*window, false, window->is(WS_CLIPCHILDREN)));
+    const HDC dc = openContext(*window, clientOrigin(*window), area);
+    if (!dc) return {};
+    *paint = {};
+    paint->hdc = dc;
+    paint->rcPaint = window->update.empty() ? RECT{} : clientRegion(*window, area).bounds();
+    window->update = {};
+    paint->fErase = !prepare(handle, dc);
+    if (Window* still = findWindow(handle)) still->eraseDue = false;
+    return dc;
+}
+
+BOOL EndPaint(HWND, const PAINTSTRUCT* paint) {
+    if (!paint) return FALSE_;
+    return closeContext(paint->hdc);
+}
+
+HDC GetDC(HWND handle) {
+    if (!handle) return screenContext();
+    Window* window = findWindow(handle);
+    if (!window) return {};
+    return openContext(*window, clientOrigin(*window),
+                       visibleRegion(*window, false, window->is(WS_CLIPCHILDREN)));
+}
+
+HDC GetWindowDC(HWND handle) {
+    if (!handle) return screenContext();
+    Window* window = findWindow(handle);
+    if (!window) return {};
+    const RECT frame = screenFrame(*window);
+    return openContext(*window, {frame.left, frame.top},
+                       visibleRegion(*window, true, window->is(WS_CLIPCHILDREN)));
+}
+
+int ReleaseDC(HWND, HDC dc) {
+    return closeContext(dc) ? 1 : 0;
+}
+
+HWND WindowFromDC(HDC dc) {
+    for (const OpenContext& context : openContexts())
+        if (context.dc == dc) return context.window;
+    return {};
+}
+
+} // namespace platform

@@ -1,0 +1,168 @@
+#pragma once
+// What the window functions of the driver share: the table of windows, the classes, the one queue's
+// neighbours (focus, capture, activation) and the pixels of top-level windows.
+
+#include "platform/linux/surface.h"
+#include "platform/windows.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace platform::driver {
+
+struct WindowClass {
+    std::string name; ///< As registered; compared without case
+    UINT style = 0;
+    WNDPROC procedure = nullptr;
+    int extraBytes = 0;
+    HINSTANCE instance;
+    HICON icon;
+    HCURSOR cursor;
+    HBRUSH background;
+    ATOM atom = 0;
+    int windows = 0; ///< Live ones
+};
+
+/// The pixels of a top-level window, frame included. Device contexts keep it alive while they are open.
+struct PixelStore {
+    Surface surface;
+    std::vector<std::uint32_t> words;
+};
+
+struct Window {
+    HWND handle;
+    std::shared_ptr<WindowClass> windowClass;
+    WNDPROC procedure = nullptr;
+    DWORD style = 0;
+    DWORD exStyle = 0;
+    RECT frame;  ///< In the parent's client area; on the screen for top-level windows
+    RECT client; ///< In the same coordinates as `frame`
+    RECT restored;
+    Window* parent = nullptr;      ///< The desktop for top-level windows
+    HWND owner;                    ///< Top-level windows only
+    std::vector<Window*> children; ///< Top first
+    std::string text;              ///< Bytes of the ANSI code page
+    LONG_PTR userData = 0;
+    LONG_PTR id = 0;
+    HINSTANCE instance;
+    std::vector<std::uint8_t> extra;
+    std::map<std::string, HANDLE> properties;
+    HFONT font;
+    HICON icon;
+    Region update; ///< Client coordinates
+    bool eraseDue = false;
+    bool frameDue = false;        ///< WM_NCPAINT waits
+    bool sizeMessagesDue = false; ///< WM_SIZE and WM_MOVE come with the first show
+    bool destroying = false;
+    bool shownActive = false;           ///< Its caption is painted as the active one
+    std::shared_ptr<PixelStore> pixels; ///< Top-level windows only
+    RECT unpresented;                   ///< Surface coordinates: drawn since the display last showed it
+
+    bool is(DWORD bits) const { return (style & bits) == bits; }
+    bool isChild() const { return (style & (WS_CHILD | WS_POPUP)) == WS_CHILD; }
+};
+
+/// Focus, activation and capture.
+struct Attention {
+    HWND focus;
+    HWND active;
+    HWND capture;
+    HWND suspended;         ///< Was active when another program came to the front
+    bool foreground = true; ///< Whether the active window is also the desktop's
+};
+
+Attention& attention();
+
+// The table.
+
+/// nullptr for a handle that is no live window.
+Window* findWindow(HWND handle);
+Window& desktopWindow();
+Window& addWindow();
+void removeWindow(Window& window);
+int countWindows();
+
+std::shared_ptr<WindowClass> findClass(const char* name);
+
+// The tree.
+bool isTopLevel(const Window& window);
+bool isDesktop(const Window& window);
+Window* topLevelOf(Window* window);
+bool isInside(const Window& ancestor, const Window* window); ///< The ancestor itself counts
+bool isShown(const Window& window);
+bool isReachable(const Window& window); ///< It and its parents are enabled
+
+/// Takes the window out of its parent's children, or puts it among them.
+void unlink(Window& window);
+void linkOnTop(Window& window, Window& parent);
+
+/// Handles of the children, top first: safe to walk while procedures run.
+std::vector<HWND> childHandles(const Window& window);
+std::vector<HWND> ownedHandles(HWND owner);
+
+// Geometry. Screen coordinates.
+POINT clientOrigin(const Window& window);
+RECT screenFrame(const Window& window);
+RECT screenClient(const Window& window);
+int widthOf(const RECT& r);
+int heightOf(const RECT& r);
+bool isEmpty(const RECT& r);
+bool contains(const RECT& r, POINT p);
+RECT offset(RECT r, LONG dx, LONG dy);
+RECT intersection(const RECT& a, const RECT& b);
+RECT unionOf(const RECT& a, const RECT& b); ///< An empty one counts for nothing
+
+/// The deepest enabled and visible window at a point that does not answer HTTRANSPARENT; `hit` takes its
+/// WM_NCHITTEST. A disabled top-level window is returned with HTNOWHERE.
+Window* windowAt(POINT screen, int& hit);
+
+// Messages to procedures.
+LRESULT callProcedure(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Pixels and painting (window_painting.cpp).
+
+/// What of the window is seen on its surface, in screen coordinates. `whole`: with its frame.
+Region visibleRegion(const Window& window, bool whole, bool withoutChildren);
+void resizePixels(Window& topLevel);
+void invalidate(Window& window, const Region& client, bool erase, bool children);
+void invalidateAll(Window& window);
+void exposeBelow(Window& parent, const Region& screen); ///< Uncovered: the parent and children repaint
+void copyPixels(Window& topLevel, const Region& screen, POINT by);
+HWND nextToPaint(HWND filter);
+void releaseContexts(HWND window);
+void markDrawn(Window& window, const RECT& screen);
+
+/// Puts together the desktop: its background, the visible top-level windows in their order, the caret.
+void composeDesktop(PixelStore& picture);
+/// One top-level window with the caret on it, if it is there.
+void composeWindow(const Window& topLevel, PixelStore& picture);
+
+// The caret (caret.cpp).
+void inkCaret(const Window& topLevel, PixelStore& picture,
+              POINT corner); ///< `corner`: the window's on the picture
+std::int64_t nextBlink();    ///< Milliseconds until the caret changes; negative: it does not
+void noteBlink();        ///< Marks the caret's place as drawn when it has gone on or off
+void loseCaret(HWND window); ///< Its window is gone
+
+// The frame (window_frame.cpp).
+RECT frameWidths(DWORD style, DWORD exStyle); ///< Left, top, right, bottom of the non-client area
+int hitTestFrame(const Window& window, POINT screen);
+void paintFrame(Window& window);
+
+// Activation (activation.cpp).
+bool activate(HWND window, bool byMouse);
+void activateAnother(HWND leaving); ///< After the active window went away
+void loseForeground();
+void regainForeground();
+void forgetWindow(HWND window); ///< Clears focus, capture and activation that name a dead window
+
+// Position (window_position.cpp).
+void recalculateClient(Window& window);
+RECT defaultPlace(DWORD style);
+
+// Class windows of the driver.
+void destroyAllWindows();
+
+} // namespace platform::driver

@@ -1,0 +1,401 @@
+// The table of windows, the tree and its geometry.
+
+#include "platform/linux/window_system.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr std::uint32_t SlotBits = 16;
+constexpr std::uint32_t FirstSlot = 0x10;         ///< Leaves out the values of HWND_TOP and HWND_BOTTOM
+constexpr std::uint32_t GenerationLimit = 0x7FFF; ///< Keeps a handle positive as a 32-bit integer
+
+struct Slot {
+    std::unique_ptr<Window> window;
+    std::uint32_t generation = 0;
+};
+
+struct Table {
+    std::vector<Slot> slots;
+    std::vector<std::uint32_t> free;
+    int live = 0;
+    HWND desktop;
+};
+
+Table& table() {
+    static Table windows;
+    return windows;
+}
+
+Slot* slotOf(HWND handle) {
+    const std::uint32_t low = handle.value & ((1u << SlotBits) - 1);
+    if (low < FirstSlot || low - FirstSlot >= table().slots.size()) return nullptr;
+    Slot& slot = table().slots[low - FirstSlot];
+    return slot.window && slot.window->handle == handle ? &slot : nullptr;
+}
+
+} // namespace
+
+Attention& attention() {
+    static Attention state;
+    return state;
+}
+
+Window* findWindow(HWND handle) {
+    Slot* slot = slotOf(handle);
+    return slot ? slot->window.get() : nullptr;
+}
+
+Window& addWindow() {
+    Table& t = table();
+    if (t.free.empty()) {
+        t.free.push_back(static_cast<std::uint32_t>(t.slots.size()));
+        t.slots.emplace_back();
+    }
+    const std::uint32_t index = t.free.back();
+    t.free.pop_back();
+    Slot& slot = t.slots[index];
+    slot.generation = slot.generation % GenerationLimit + 1;
+    slot.window = std::make_unique<Window>();
+    slot.window->handle = HWND(slot.generation << SlotBits | (index + FirstSlot));
+    ++t.live;
+    return *slot.window;
+}
+
+void removeWindow(Window& window) {
+    const HWND handle = window.handle;
+    Slot* slot = slotOf(handle);
+    if (!slot) return;
+    slot->window.reset();
+    table().free.insert(table().free.begin(), (handle.value & ((1u << SlotBits) - 1)) - FirstSlot);
+    --table().live;
+}
+
+int countWindows() {
+    return table().desktop ? table().live - 1 : table().live;
+}
+
+Window& desktopWindow() {
+    Table& t = table();
+    if (!t.desktop) {
+        Window& desktop = addWindow();
+        desktop.style = WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
+        desktop.windowClass = std::make_shared<WindowClass>();
+        desktop.windowClass->name = "#32769";
+        desktop.procedure = DefWindowProcA;
+        t.desktop = desktop.handle;
+    }
+    Window& desktop = *findWindow(t.desktop);
+    desktop.frame = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    desktop.client = desktop.frame;
+    return desktop;
+}
+
+bool isDesktop(const Window& window) {
+    return window.handle == table().desktop;
+}
+
+bool isTopLevel(const Window& window) {
+    return window.parent && isDesktop(*window.parent);
+}
+
+Window* topLevelOf(Window* window) {
+    while (window && window->parent && !isTopLevel(*window))
+        window = window->parent;
+    return window && isTopLevel(*window) ? window : nullptr;
+}
+
+bool isInside(const Window& ancestor, const Window* window) {
+    while (window && window != &ancestor)
+        window = window->parent;
+    return window != nullptr;
+}
+
+bool isShown(const Window& window) {
+    const Window* w = &window;
+    while (w && w->is(WS_VISIBLE)) {
+        if (w->is(WS_MINIMIZE) && w != &window) return false;
+        w = w->parent;
+    }
+    return w == nullptr;
+}
+
+bool isReachable(const Window& window) {
+    const Window* w = &window;
+    while (w && !w->is(WS_DISABLED))
+        w = w->parent;
+    return w == nullptr;
+}
+
+void unlink(Window& window) {
+    if (!window.parent) return;
+    auto& siblings = window.parent->children;
+    siblings.erase(std::remove(siblings.begin(), siblings.end(), &window), siblings.end());
+}
+
+void linkOnTop(Window& window, Window& parent) {
+    window.parent = &parent;
+    auto& siblings = parent.children;
+    auto place = siblings.begin();
+    if (!(window.exStyle & WS_EX_TOPMOST))
+        while (place != siblings.end() && ((*place)->exStyle & WS_EX_TOPMOST))
+            ++place;
+    siblings.insert(place, &window);
+}
+
+std::vector<HWND> childHandles(const Window& window) {
+    std::vector<HWND> handles;
+    handles.reserve(window.children.size());
+    for (const Window* child : window.children)
+        handles.push_back(child->handle);
+    return handles;
+}
+
+std::vector<HWND> ownedHandles(HWND owner) {
+    std::vector<HWND> handles;
+    for (const Window* window : desktopWindow().children)
+        if (window->owner == owner) handles.push_back(window->handle);
+    return handles;
+}
+
+int widthOf(const RECT& r) {
+    return r.right - r.left;
+}
+int heightOf(const RECT& r) {
+    return r.bottom - r.top;
+}
+bool isEmpty(const RECT& r) {
+    return r.right <= r.left || r.bottom <= r.top;
+}
+
+bool contains(const RECT& r, POINT p) {
+    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+}
+
+RECT offset(RECT r, LONG dx, LONG dy) {
+    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+}
+
+RECT intersection(const RECT& a, const RECT& b) {
+    const RECT r{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                 std::min(a.bottom, b.bottom)};
+    return isEmpty(r) ? RECT{} : r;
+}
+
+RECT unionOf(const RECT& a, const RECT& b) {
+    if (isEmpty(a)) return b;
+    if (isEmpty(b)) return a;
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+POINT clientOrigin(const Window& window) {
+    POINT origin{window.client.left, window.client.top};
+    for (const Window* w = window.parent; w; w = w->parent) {
+        origin.x += w->client.left;
+        origin.y += w->client.top;
+    }
+    return origin;
+}
+
+RECT screenClient(const Window& window) {
+    const POINT origin = clientOrigin(window);
+    return {origin.x, origin.y, origin.x + widthOf(window.client), origin.y + heightOf(window.client)};
+}
+
+RECT screenFrame(const Window& window) {
+    const POINT origin = clientOrigin(window);
+    return offset(window.frame, origin.x - window.client.left, origin.y - window.client.top);
+}
+
+namespace {
+
+/// Windows below `window` at the point in the order in which they would get a mouse message.
+void collectAt(Window& window, POINT screen, std::vector<HWND>& found) {
+    if (contains(screenClient(window), screen)) {
+        for (Window* child : window.children)
+            if (child->is(WS_VISIBLE) && !child->is(WS_DISABLED) && contains(screenFrame(*child), screen))
+                collectAt(*child, screen, found);
+    }
+    found.push_back(window.handle);
+}
+
+} // namespace
+
+Window* windowAt(POINT screen, int& hit) {
+    std::vector<HWND> found;
+    for (Window* top : desktopWindow().children) {
+        if (!top->is(WS_VISIBLE) || !contains(screenFrame(*top), screen)) continue;
+        if (top->is(WS_DISABLED))
+            found.push_back(top->handle);
+        else
+            collectAt(*top, screen, found);
+    }
+    for (HWND handle : found) {
+        Window* window = findWindow(handle);
+        if (!window) continue;
+        if (window->is(WS_DISABLED)) {
+            hit = HTNOWHERE;
+            return window;
+        }
+        hit = static_cast<int>(callProcedure(*window, WM_NCHITTEST, 0, MAKELPARAM(screen.x, screen.y)));
+        if (hit != HTTRANSPARENT) return findWindow(handle);
+    }
+    hit = HTNOWHERE;
+    return nullptr;
+}
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+BOOL IsWindow(HWND window) {
+    return findWindow(window) != nullptr;
+}
+
+BOOL IsChild(HWND parent, HWND window) {
+    const Window* p = findWindow(parent);
+    const Window* w = findWindow(window);
+    if (!p || !w || p == w || isDesktop(*p)) return FALSE_;
+    while (w && w->isChild()) {
+        w = w->parent;
+        if (w == p) return TRUE_;
+    }
+    return FALSE_;
+}
+
+HWND GetParent(HWND window) {
+    const Window* w = findWindow(window);
+    if (!w || isDesktop(*w)) return {};
+    if (w->isChild()) return w->parent ? w->parent->handle : HWND{};
+    return w->is(WS_POPUP) ? w->owner : HWND{};
+}
+
+HWND GetDesktopWindow() {
+    return desktopWindow().handle;
+}
+
+HWND GetTopWindow(HWND window) {
+    return GetWindow(window ? window : GetDesktopWindow(), GW_CHILD);
+}
+
+HWND GetWindow(HWND window, UINT command) {
+    const Window* w = findWindow(window);
+    if (!w) return {};
+    if (command == GW_OWNER) return w->owner;
+    if (command == GW_CHILD) return w->children.empty() ? HWND{} : w->children.front()->handle;
+    if (!w->parent) return {};
+    const auto& siblings = w->parent->children;
+    const auto here = std::find(siblings.begin(), siblings.end(), w);
+    switch (command) {
+    case GW_HWNDFIRST:
+        return siblings.front()->handle;
+    case GW_HWNDLAST:
+        return siblings.back()->handle;
+    case GW_HWNDNEXT:
+        return here + 1 == siblings.end() ? HWND{} : (*(here + 1))->handle;
+    case GW_HWNDPREV:
+        return here == siblings.begin() ? HWND{} : (*(here - 1))->handle;
+    default:
+        return {};
+    }
+}
+
+int GetDlgCtrlID(HWND window) {
+    return static_cast<int>(GetWindowLongPtrA(window, GWLP_ID));
+}
+
+HWND WindowFromPoint(POINT screen) {
+    int hit = 0;
+    const Window* found = windowAt(screen, hit);
+    return found ? found->handle : GetDesktopWindow();
+}
+
+HWND ChildWindowFromPoint(HWND parent, POINT client) {
+    Window* p = findWindow(parent);
+    if (!p || !contains({0, 0, widthOf(p->client), heightOf(p->client)}, client)) return {};
+    for (const Window* child : p->children)
+        if (contains(child->frame, client)) return child->handle;
+    return parent;
+}
+
+namespace {
+
+bool sameName(const std::string& a, const char* b) {
+    return std::equal(a.begin(), a.end(), b, b + std::char_traits<char>::length(b), [](char x, char y) {
+        return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+    });
+}
+
+bool visitDescendants(const Window& parent, BOOL (*visit)(HWND, LPARAM), LPARAM parameter) {
+    for (HWND child : childHandles(parent)) {
+        if (!findWindow(child)) continue;
+        if (!visit(child, parameter)) return false;
+        const Window* still = findWindow(child);
+        if (still && !visitDescendants(*still, visit, parameter)) return false;
+    }
+    return true;
+}
+
+} // namespace
+
+HWND FindWindowA(const char* className, const char* windowName) {
+    for (const Window* top : desktopWindow().children) {
+        if (className && !sameName(top->windowClass->name, className)) continue;
+        if (windowName && !sameName(top->text, windowName)) continue;
+        return top->handle;
+    }
+    return {};
+}
+
+BOOL EnumChildWindows(HWND parent, BOOL (*visit)(HWND, LPARAM), LPARAM parameter) {
+    const Window* p = parent ? findWindow(parent) : &desktopWindow();
+    if (!p || !visit) return FALSE_;
+    return visitDescendants(*p, visit, parameter);
+}
+
+BOOL GetWindowRect(HWND window, RECT* screen) {
+    const Window* w = findWindow(window);
+    if (!w || !screen) return FALSE_;
+    *screen = screenFrame(*w);
+    return TRUE_;
+}
+
+BOOL GetClientRect(HWND window, RECT* client) {
+    const Window* w = findWindow(window);
+    if (!w || !client) return FALSE_;
+    *client = {0, 0, widthOf(w->client), heightOf(w->client)};
+    return TRUE_;
+}
+
+int MapWindowPoints(HWND from, HWND to, POINT* points, UINT count) {
+    const Window* source = from ? findWindow(from) : &desktopWindow();
+    const Window* target = to ? findWindow(to) : &desktopWindow();
+    if (!source || !target || !points) return 0;
+    const POINT a = clientOrigin(*source);
+    const POINT b = clientOrigin(*target);
+    for (UINT i = 0; i < count; ++i) {
+        points[i].x += a.x - b.x;
+        points[i].y += a.y - b.y;
+    }
+    return static_cast<int>(MAKELPARAM(a.x - b.x, a.y - b.y));
+}
+
+BOOL ClientToScreen(HWND window, POINT* point) {
+    if (!findWindow(window) || !point) return FALSE_;
+    MapWindowPoints(window, {}, point, 1);
+    return TRUE_;
+}
+
+BOOL ScreenToClient(HWND window, POINT* point) {
+    if (!findWindow(window) || !point) return FALSE_;
+    MapWindowPoints({}, window, point, 1);
+    return TRUE_;
+}
+
+} // namespace platform

@@ -1,0 +1,15 @@
+#pragma once
+// The few things that SDL does not offer on X11: the bell and the lock keys. The X library is loaded when the
+// first of them is used; without it they do nothing.
+
+#include "platform/input.h"
+
+namespace platform::driver {
+
+/// Rings the bell of the X display; false when there is none.
+bool ringBell();
+
+/// Sets the lock keys to the toggles of 256 key states.
+void lockKeys(const BYTE* states);
+
+} // namespace platform::driver
