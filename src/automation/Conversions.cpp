@@ -156,8 +156,10 @@ bool booleanFromText(std::u16string_view text) {
 
 double doubleFromText(std::u16string_view text) {
     double result = 0;
+    const Locale& locale = Locale::user();
+    if (NumberText::readPlain(text, locale, result)) return result;
     NumberText number;
-    if (!number.parse(text, Locale::user())) throwTypeMismatch();
+    if (!number.parse(text, locale)) throwTypeMismatch();
     require(number.toDouble(result));
     return result;
 }

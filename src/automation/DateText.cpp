@@ -185,9 +185,13 @@ bool DateReader::readTime(int hour) {
         int* const parts[] = {&minute_, &second_};
         hour_ = hour;
         for (int* part : parts) {
+            const char16_t* const afterPart = at_;
             skipBlanks();
             const int separator = timeSeparatorLength();
-            if (separator == 0) break;
+            if (separator == 0) {
+                at_ = afterPart;
+                break;
+            }
             at_ += separator;
             skipBlanks();
             if (at_ == end_ || !isDigit(*at_)) return false;

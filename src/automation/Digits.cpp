@@ -18,15 +18,19 @@ namespace {
 constexpr double wholeLimit = 1e15;
 constexpr int longestReal = 40;
 
-/// Splits "d.ddde+xx" into digits and the place of the point.
+/// Splits "d.ddde+xx" into digits and the place of the point; the exponent has two or three digits.
 void takeScientific(Digits& into, const char* first, const char* last) {
-    const char* p = first;
-    for (; p != last && *p != 'e'; ++p)
-        if (*p != '.') into.digit[into.count++] = *p;
+    const char* mark = last[-4] == 'e' ? last - 4 : last - 5;
     int exponent = 0;
-    const bool below = p != last && p[1] == '-';
-    if (p != last) std::from_chars(p + 2, last, exponent);
-    into.point = (below ? -exponent : exponent) + 1;
+    for (const char* p = mark + 2; p != last; ++p)
+        exponent = exponent * 10 + (*p - '0');
+    into.point = (mark[1] == '-' ? -exponent : exponent) + 1;
+    into.digit[0] = *first;
+    into.count = 1;
+    if (mark == first + 1) return;
+    const std::size_t decimals = static_cast<std::size_t>(mark - first - 2);
+    std::memcpy(into.digit + 1, first + 2, decimals);
+    into.count += static_cast<int>(decimals);
 }
 
 void takeInteger(Digits& into, std::uint64_t value) {

@@ -201,6 +201,11 @@ String formatDate(const Variant& value, std::u16string_view pattern, int firstDa
     return out.text();
 }
 
+String generalNumber(const Variant& value) {
+    const bool asNumber = value.isString() || value.type() == VT_BOOL || value.type() == VT_DATE;
+    return asNumber ? textOf(CDbl(value)) : CStr(value);
+}
+
 String formatNamed(const Variant& value, const NamedFormat& format, int firstDay, int firstWeek,
                    const Locale& locale) {
     if (format.format == Named::MediumDate && locale.dateOrder == DateOrder::YearMonthDay)
@@ -209,7 +214,7 @@ String formatNamed(const Variant& value, const NamedFormat& format, int firstDay
         return formatDate(value, format.pattern, firstDay, firstWeek, locale);
     const std::optional<Digits> digits = numberIn(value, locale);
     if (!digits) return CStr(value);
-    if (format.format == Named::GeneralNumber) return value.isString() ? CStr(CDbl(value)) : CStr(value);
+    if (format.format == Named::GeneralNumber) return generalNumber(value);
     TextBuilder out;
     writeNamedNumber(out, format, *digits, locale);
     return out.text();
@@ -231,11 +236,11 @@ String formatText(std::u16string_view text, std::u16string_view pattern) {
 }
 
 /// Null and Empty have a text only where a section of the pattern gives it.
-String formatNothing(bool null, PatternKind kind, std::u16string_view pattern, const Locale& locale) {
+String formatNothing(PatternKind kind, std::u16string_view pattern, const Locale& locale) {
     if (kind == PatternKind::Text) return formatText({}, pattern);
     constexpr std::size_t nullSection = 3;
     const PatternSections sections(pattern);
-    if (!null || kind != PatternKind::Number || !sections.has(nullSection)) return {};
+    if (kind != PatternKind::Number || !sections.has(nullSection)) return {};
     TextBuilder out;
     writeByPattern(out, sections.section[nullSection], Digits::ofScaled(0, 0), false, locale);
     return out.text();
@@ -269,7 +274,7 @@ String Format(const Variant& source, std::u16string_view pattern, int firstDay, 
     if (const NamedFormat* format = namedFormat(pattern))
         return nothing ? String() : formatNamed(source, *format, firstDay, firstWeek, locale);
     const PatternKind kind = kindOfPattern(pattern);
-    if (nothing) return formatNothing(source.isNull(), kind, pattern, locale);
+    if (nothing) return formatNothing(kind, pattern, locale);
     switch (kind) {
     case PatternKind::Date:
         return formatDate(source, pattern, firstDay, firstWeek, locale);

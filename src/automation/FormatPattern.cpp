@@ -45,6 +45,7 @@ constexpr std::u16string_view halfDayMarks[] = {u"am/pm", u"a/p", u"ampm"};
 
 /// Length of a mark of the half day at the start, 0 for none.
 std::size_t halfDayLength(std::u16string_view pattern) {
+    if (lowered(pattern[0]) != u'a') return 0;
     for (const std::u16string_view mark : halfDayMarks)
         if (startsWithWord(pattern, mark)) return mark.size();
     return 0;
@@ -84,6 +85,7 @@ std::size_t longestRun(char16_t letter) {
 /// The length of the date item that starts the pattern, 0 when none does.
 std::size_t dateItemLength(std::u16string_view pattern) {
     const char16_t letter = lowered(pattern[0]);
+    if (letter < u'a' || letter > u'y') return 0;
     if (letter == u'a') return halfDayLength(pattern);
     const std::size_t most = longestRun(letter);
     if (most == 0) return 0;

@@ -263,7 +263,7 @@ void writeNumber(TextBuilder& out, Digits digits, const NumberChoices& choices, 
     const auto number = [&] {
         writeGrouped(out, digits, choices, locale.decimal, locale.thousands, locale.groupSize);
     };
-    if (!digits.negative || digits.isZero()) return number();
+    if (!digits.negative) return number();
     const int own = locale.negativeNumberForm == 0 ? 1 : locale.negativeNumberForm;
     writeForm(out, negativeNumberForms[choices.parentheses ? 0 : own], {}, number);
 }
@@ -275,7 +275,7 @@ void writeCurrency(TextBuilder& out, Digits digits, const NumberChoices& choices
         writeGrouped(out, digits, choices, locale.currencyDecimal, locale.currencyThousands,
                      locale.groupSize);
     };
-    if (!digits.negative || digits.isZero())
+    if (!digits.negative)
         return writeForm(out, positiveCurrencyForms[locale.positiveCurrencyForm], locale.currencySymbol,
                          number);
     const std::size_t own = static_cast<std::size_t>(locale.negativeCurrencyForm);
@@ -287,11 +287,10 @@ void writePercent(TextBuilder& out, Digits digits, const NumberChoices& choices,
     if (writeSpecial(out, digits)) return;
     if (!digits.isZero()) digits.point += 2;
     digits.roundToDecimals(choices.decimals);
-    const bool minus = digits.negative && !digits.isZero();
-    if (minus) out.add(choices.parentheses ? u'(' : u'-');
+    if (digits.negative) out.add(choices.parentheses ? u'(' : u'-');
     writeGrouped(out, digits, choices, locale.decimal, locale.thousands, locale.groupSize);
+    if (digits.negative && choices.parentheses) out.add(u')');
     out.add(u'%');
-    if (minus && choices.parentheses) out.add(u')');
 }
 
 } // namespace automation

@@ -143,6 +143,44 @@ bool NumberText::parse(std::u16string_view text, const Locale& locale) {
     return read && scan.suffix(negative_);
 }
 
+bool NumberText::readPlain(std::u16string_view text, const Locale& locale, double& value) {
+    constexpr std::size_t longest = 25;
+    if (text.empty() || text.size() > longest) return false;
+    const char16_t decimal = locale.decimal[0];
+    if (locale.decimal.size() != 1) return false;
+    char buffer[longest];
+    char* out = buffer;
+    const char16_t* at = text.data();
+    const char16_t* const end = at + text.size();
+    if (*at == u'-') {
+        *out++ = '-';
+        ++at;
+    }
+    std::uint64_t mantissa = 0;
+    int digits = 0, beforePoint = -1;
+    for (; at != end; ++at) {
+        const unsigned digit = *at - unsigned(u'0');
+        if (digit <= 9) {
+            mantissa = mantissa * 10 + digit;
+            ++digits;
+            *out++ = static_cast<char>('0' + digit);
+        } else if (*at == decimal && beforePoint < 0) {
+            beforePoint = digits;
+            *out++ = '.';
+        } else {
+            return false;
+        }
+    }
+    if (digits == 0) return false;
+    const int decimals = beforePoint < 0 ? 0 : digits - beforePoint;
+    if (FLT_EVAL_METHOD == 0 && digits <= mantissaDigits && mantissa <= exactIntegers) {
+        value = static_cast<double>(mantissa) / exactPowers[decimals];
+        if (buffer[0] == '-') value = -value;
+        return true;
+    }
+    return std::from_chars(buffer, out, value).ec == std::errc();
+}
+
 bool NumberText::parseLiteral(Scanner& scan) {
     if (scan.end - scan.at < 3 || scan.currency) return false;
     const char16_t letter = scan.at[1] | 0x20;
@@ -164,8 +202,8 @@ bool NumberText::parseDigits(Scanner& scan) {
     while (scan.at != scan.end) {
         if (isDigit(*scan.at)) {
             any = true;
-            if (fraction) --exponent_;
-            keepDigit(*scan.at++);
+            const std::int64_t taken = parseDigitRun(scan);
+            if (fraction) exponent_ -= taken;
         } else if (!fraction && scan.takeDecimal()) {
             fraction = true;
         } else if (!any || !scan.takeThousands()) {
@@ -175,15 +213,28 @@ bool NumberText::parseDigits(Scanner& scan) {
     return any;
 }
 
-void NumberText::keepDigit(char16_t unit) {
-    if (unit == u'0' && count_ == 0) return;
-    if (count_ < capacity) {
-        digits_[count_++] = static_cast<char>(unit);
-        if (count_ <= mantissaDigits) mantissa_ = mantissa_ * 10 + (unit - u'0');
-    } else {
-        dropped_ = dropped_ || unit != u'0';
-        ++exponent_;
+/// Keeps the digits that stand here and returns how many there are. Those beyond the capacity only raise the
+/// exponent.
+std::int64_t NumberText::parseDigitRun(Scanner& scan) {
+    const char16_t* at = scan.at;
+    const char16_t* const end = scan.end;
+    std::uint64_t mantissa = mantissa_;
+    int count = count_;
+    for (; at != end && isDigit(*at); ++at) {
+        if (count == 0 && *at == u'0') continue;
+        if (count == capacity) {
+            dropped_ = dropped_ || *at != u'0';
+            ++exponent_;
+            continue;
+        }
+        if (count < mantissaDigits) mantissa = mantissa * 10 + (*at - u'0');
+        digits_[count++] = static_cast<char>(*at);
     }
+    const std::int64_t taken = at - scan.at;
+    scan.at = at;
+    mantissa_ = mantissa;
+    count_ = count;
+    return taken;
 }
 
 bool NumberText::parseExponent(Scanner& scan) {

@@ -20,6 +20,10 @@ public:
     /// Returns whether the whole text is a number.
     bool parse(std::u16string_view text, const Locale& locale);
 
+    /// Reads the commonest texts in one go: a sign before, digits, a decimal separator. Returns false for any
+    /// other, whether it is a number or not.
+    static bool readPlain(std::u16string_view text, const Locale& locale, double& value);
+
     /// Correctly rounded.
     Reading toDouble(double& value) const;
     /// Rounded half to even. A literal of exactly `bits` (16 or 32) whose top bit is set is negative.
@@ -34,7 +38,7 @@ private:
 
     bool parseLiteral(Scanner& scan);
     bool parseDigits(Scanner& scan);
-    void keepDigit(char16_t unit);
+    std::int64_t parseDigitRun(Scanner& scan);
     bool parseExponent(Scanner& scan);
 
     /// The digits as a whole number, times 10 to the `shift`, rounded half to even.
