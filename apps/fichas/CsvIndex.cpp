@@ -7,8 +7,8 @@ namespace fichas {
 
 namespace {
 
-constexpr std::size_t pieceLength = 256 * 1024;
-constexpr std::size_t seekLength = 64 * 1024; ///< Read at once on the way from a mark to a record
+constexpr std::size_t pieceLength = std::size_t{256} << 10;
+constexpr std::size_t seekLength = std::size_t{64} << 10; ///< Read at once on the way from a mark to a record
 
 bool isLineEnd(char16_t unit) {
     return unit == u'\n' || unit == u'\r';

@@ -7,8 +7,8 @@ namespace fichas {
 
 namespace {
 
-constexpr std::size_t headLength = 256 * 1024; ///< Judged for the format
-constexpr std::int64_t judgedRecords = 1000;   ///< Judged for the columns
+constexpr std::size_t headLength = std::size_t{256} << 10; ///< Judged for the format
+constexpr std::int64_t judgedRecords = 1000;               ///< Judged for the columns
 constexpr std::int64_t countingStep = 4 << 20; ///< Bytes looked through at a time while nothing happens
 constexpr std::int64_t firstLook = 1 << 20;    ///< Bytes looked through before the first record shows
 

@@ -312,9 +312,9 @@ Writer::Totals Writer::writeLines(int order) {
 
 void Writer::writeOrder(int id) {
     constexpr std::int64_t freeCarriage = 30000; // cents
-    constexpr std::int64_t minutesInDay = 24 * 60;
-    constexpr std::int64_t opening = 8 * 60;
-    constexpr std::int64_t closing = 19 * 60;
+    constexpr std::int64_t minutesInDay = 1440;
+    constexpr std::int64_t opening = 480; // minutes after midnight
+    constexpr std::int64_t closing = 1140;
     // Orders come in evenly over the period, so that their numbers follow the calendar.
     const std::int64_t minute = std::int64_t{id} * (lastOrderDay - firstOrderDay) * minutesInDay / orderCount;
     const std::int64_t day = firstOrderDay + minute / minutesInDay;

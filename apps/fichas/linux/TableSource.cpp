@@ -79,6 +79,7 @@ bool TableSource::read(std::int64_t record, std::vector<Variant>& values) {
         count_ = std::max(count_, record);
         std::vector<Variant> found;
         const auto fields = records_->Fields();
+        found.reserve(columns_.size());
         for (std::int32_t i = 0; i < fields->Count(); ++i)
             found.push_back(fields->Item(i)->Value());
         values = std::move(found);

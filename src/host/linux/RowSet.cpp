@@ -16,7 +16,7 @@ constexpr int misuse = 21; ///< SQLite's code for a call that makes no sense
 std::string joined(const std::vector<std::string>& parts, const std::string& tail = "") {
     std::string text;
     for (const std::string& part : parts)
-        text += (text.empty() ? "" : ", ") + part + tail;
+        text.append(text.empty() ? "" : ", ").append(part).append(tail);
     return text;
 }
 
@@ -46,6 +46,7 @@ RowSet::Row RowSet::valuesOf(const Statement& statement) {
 KeyedRows::KeyedRows(Database database, const std::string& table, const std::vector<std::string>& key)
     : database_(std::move(database)), keyLength_(key.size()) {
     std::vector<std::string> columns;
+    columns.reserve(key.size());
     for (const std::string& column : key)
         columns.push_back(quotedIdentifier(column));
     const std::string from = " FROM main." + quotedIdentifier(table);
@@ -198,6 +199,7 @@ SpooledRows::SpooledRows(Database database, const std::string& query) : database
 
 void SpooledRows::copy(Statement& query) {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(query.columnCount()));
     for (int i = 0; i < query.columnCount(); ++i)
         names.push_back("c" + std::to_string(i));
     // Columns without a type keep each value as the query gave it.
