@@ -83,18 +83,26 @@ Variant dateOrDouble(double result) {
     return finite(result);
 }
 
+/// Reads both operands, the left one first, and applies the operation to them.
+template <class Read>
+auto appliedTo(Operation op, const Variant& a, const Variant& b, Read read) {
+    const auto left = read(a);
+    const auto right = read(b);
+    return applied(op, left, right);
+}
+
 Variant calculated(Operation op, VARTYPE type, const Variant& a, const Variant& b) {
     switch (type) {
     case VT_DECIMAL:
-        return applied(op, decimalOf(a), decimalOf(b));
+        return appliedTo(op, a, b, decimalOf);
     case VT_CY:
-        return applied(op, currencyOf(a), currencyOf(b));
+        return appliedTo(op, a, b, currencyOf);
     case VT_DATE:
-        return dateOrDouble(applied(op, doubleOf(a), doubleOf(b)));
+        return dateOrDouble(appliedTo(op, a, b, doubleOf));
     case VT_R8:
-        return finite(applied(op, doubleOf(a), doubleOf(b)));
+        return finite(appliedTo(op, a, b, doubleOf));
     case VT_R4:
-        return singleOrDouble(applied(op, doubleOf(a), doubleOf(b)));
+        return singleOrDouble(appliedTo(op, a, b, doubleOf));
     default:
         return wholeVariant(applied(op, std::int64_t{wholeOf(a)}, std::int64_t{wholeOf(b)}), type);
     }
@@ -135,8 +143,8 @@ Variant divide(const Variant& a, const Variant& b) {
     if (kinds & Null) return Variant::null();
     if (kinds & Failure) throwTypeMismatch();
     if (kinds & Exact) {
-        const Decimal divisor = decimalOf(b);
         const Decimal dividend = decimalOf(a);
+        const Decimal divisor = decimalOf(b);
         if (divisor.isZero()) throwError(dividend.isZero() ? errors::Overflow : errors::DivisionByZero);
         return dividend / divisor;
     }

@@ -6,6 +6,7 @@
 #include "platform/locale.h"
 
 #include <cmath>
+#include <limits>
 
 namespace automation {
 
@@ -39,9 +40,19 @@ Comparison orderedAsDecimal(const Variant& a, const Variant& b) {
     return ordered(decimalOf(a), decimalOf(b));
 }
 
+/// A Double beside a Single counts with the Single's precision, so that 0.1 equals 0.1.
+Comparison orderedAsSingle(const Variant& a, const Variant& b) {
+    constexpr double singleLimit = std::numeric_limits<float>::max();
+    const double x = doubleOf(a);
+    const double y = doubleOf(b);
+    if (std::fabs(x) > singleLimit || std::fabs(y) > singleLimit) return ordered(x, y);
+    return ordered(static_cast<float>(x), static_cast<float>(y));
+}
+
 Comparison orderedNumbers(unsigned kinds, const Variant& a, const Variant& b) {
     if (kinds & Exact) return orderedAsDecimal(a, b);
     if (kinds & Money) return orderedAsCurrency(a, b);
+    if (kinds == (Single | Double)) return orderedAsSingle(a, b);
     if (kinds & (Single | Double | Moment)) return ordered(doubleOf(a), doubleOf(b));
     return ordered(wholeOf(a), wholeOf(b));
 }

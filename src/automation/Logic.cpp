@@ -63,60 +63,93 @@ std::optional<bool> booleanText(const String& text) {
     return std::nullopt;
 }
 
-/// An operand of the logical operators: a text becomes a Boolean or a number.
-Variant logicalOperand(const Variant& v) {
-    if (!v.isString()) return v;
-    if (const std::optional<bool> word = booleanText(v.asString())) return *word;
-    return longOf(v);
-}
-
-VARTYPE logicalResult(unsigned kinds) {
+/// The type of a logical result. Among texts and Booleans it is a Boolean; a text beside a number takes
+/// the number's type, except where `textsAreLong`.
+VARTYPE logicalResult(unsigned kinds, bool textsAreLong) {
     const unsigned known = kinds & ~Null;
-    if (known == Boolean) return VT_BOOL;
+    if (textsAreLong && (known & Text)) return VT_I4;
+    if (!(known & ~(Boolean | Text))) return VT_BOOL;
     if (known == Byte) return VT_UI1;
-    return known & ~small ? VT_I4 : VT_I2;
+    return known & ~(small | Text) ? VT_I4 : VT_I2;
 }
 
-/// What a logical operator makes of one Null: the bits of the known side tell, or nothing does.
 using Bits = std::int32_t;
-using NullRule = std::optional<Bits> (*)(Bits known);
+
+/// The bits of an operand that gives a result of `type`.
+Bits bitsOf(const Variant& v, VARTYPE type) {
+    if (!v.isString()) return longOf(v);
+    const std::optional<bool> word = booleanText(v.asString());
+    if (word) return *word ? -1 : 0;
+    switch (type) {
+    case VT_BOOL:
+        return CBool(v) ? -1 : 0;
+    case VT_I2:
+        return CInt(v);
+    default:
+        return CLng(v);
+    }
+}
+
+bool isZero(const Variant& v, VARTYPE type) {
+    return v.isString() ? bitsOf(v, type) == 0 : doubleOf(v) == 0;
+}
+
+bool isAllOnes(const Variant& v, VARTYPE type) {
+    if (v.type() == VT_UI1) return v.asByte() == std::numeric_limits<std::uint8_t>::max();
+    return v.isString() ? bitsOf(v, type) == -1 : doubleOf(v) == -1;
+}
+
+/// What an operator makes of one Null beside a known operand: the result's bits, or nothing for Null.
+using NullRule = std::optional<Bits> (*)(const Variant& known, VARTYPE type);
+
+std::optional<Bits> unknown(const Variant&, VARTYPE) {
+    return std::nullopt;
+}
+
+std::optional<Bits> zeroDecides(const Variant& known, VARTYPE type) {
+    if (isZero(known, type)) return 0;
+    return std::nullopt;
+}
+
+std::optional<Bits> otherThanZeroDecides(const Variant& known, VARTYPE type) {
+    if (isZero(known, type)) return std::nullopt;
+    return bitsOf(known, type);
+}
+
+std::optional<Bits> otherThanOnesDecides(const Variant& known, VARTYPE type) {
+    if (isAllOnes(known, type)) return std::nullopt;
+    return ~bitsOf(known, type);
+}
 
 struct LogicalRules {
     Bits (*both)(Bits a, Bits b);
     NullRule leftNull;
     NullRule rightNull;
+    bool textsAreLong;
 };
 
-std::optional<Bits> unknown(Bits) {
-    return std::nullopt;
-}
-std::optional<Bits> zeroDecides(Bits known) {
-    return known == 0 ? std::optional<Bits>(0) : std::nullopt;
-}
-std::optional<Bits> otherwiseDecides(Bits known) {
-    return known != 0 ? std::optional<Bits>(known) : std::nullopt;
-}
-std::optional<Bits> falseDecides(Bits known) {
-    return otherwiseDecides(~known);
-}
+constexpr LogicalRules andRules = {[](Bits a, Bits b) { return a & b; }, zeroDecides, zeroDecides, false};
+constexpr LogicalRules orRules = {[](Bits a, Bits b) { return a | b; }, otherThanZeroDecides,
+                                  otherThanZeroDecides, false};
+constexpr LogicalRules xorRules = {[](Bits a, Bits b) { return a ^ b; }, unknown, unknown, true};
+constexpr LogicalRules eqvRules = {[](Bits a, Bits b) { return ~(a ^ b); }, unknown, unknown, true};
+constexpr LogicalRules impRules = {[](Bits a, Bits b) { return ~a | b; }, otherThanZeroDecides,
+                                   otherThanOnesDecides, false};
 
-constexpr LogicalRules andRules = {[](Bits a, Bits b) { return a & b; }, zeroDecides, zeroDecides};
-constexpr LogicalRules orRules = {[](Bits a, Bits b) { return a | b; }, otherwiseDecides, otherwiseDecides};
-constexpr LogicalRules xorRules = {[](Bits a, Bits b) { return a ^ b; }, unknown, unknown};
-constexpr LogicalRules eqvRules = {[](Bits a, Bits b) { return ~(a ^ b); }, unknown, unknown};
-constexpr LogicalRules impRules = {[](Bits a, Bits b) { return ~a | b; }, otherwiseDecides, falseDecides};
-
-Variant logical(const LogicalRules& rules, const Variant& left, const Variant& right) {
-    if (isIndirect(left) || isIndirect(right)) return logical(rules, value(left), value(right));
-    const Variant a = logicalOperand(left);
-    const Variant b = logicalOperand(right);
+Variant logical(const LogicalRules& rules, const Variant& a, const Variant& b) {
+    if (anyIndirect(a, b)) return logical(rules, value(a), value(b));
     const unsigned kinds = kindOf(a) | kindOf(b);
     if (kinds & Failure) throwTypeMismatch();
     if (kinds == Null) return Variant::null();
-    const VARTYPE type = logicalResult(kinds);
-    if (!(kinds & Null)) return wholeAs(rules.both(longOf(a), longOf(b)), type);
-    const std::optional<Bits> decided = a.isNull() ? rules.leftNull(longOf(b)) : rules.rightNull(longOf(a));
-    return decided ? wholeAs(*decided, type) : Variant::null();
+    const VARTYPE type = logicalResult(kinds, rules.textsAreLong);
+    if (kinds & Null) {
+        const auto decided = a.isNull() ? rules.leftNull(b, type) : rules.rightNull(a, type);
+        return decided ? wholeAs(*decided, type) : Variant::null();
+    }
+    // One after the other: the left operand's error comes first.
+    const Bits left = bitsOf(a, type);
+    const Bits right = bitsOf(b, type);
+    return wholeAs(rules.both(left, right), type);
 }
 
 } // namespace
@@ -147,11 +180,12 @@ Variant modulo(const Variant& a, const Variant& b) {
 
 Variant logicalNot(const Variant& a) {
     if (isIndirect(a)) return logicalNot(value(a));
-    const Variant operand = logicalOperand(a);
-    const unsigned kind = kindOf(operand);
-    if (kind == Null) return operand;
+    const unsigned kind = kindOf(a);
+    if (kind == Null) return a;
     if (kind == Failure) throwTypeMismatch();
-    return wholeAs(~std::int64_t{longOf(operand)}, logicalResult(kind));
+    const bool word = kind == Text && booleanText(a.asString());
+    const VARTYPE type = word ? VARTYPE{VT_BOOL} : logicalResult(kind, true);
+    return wholeAs(~std::int64_t{bitsOf(a, type)}, type);
 }
 
 Variant logicalAnd(const Variant& a, const Variant& b) {

@@ -15,8 +15,8 @@ enum class TextCompare { Binary, Textual };
 enum class Comparison { Less = 0, Equal = 1, Greater = 2, Null = 3 };
 
 /// Compares two values. Empty counts as 0 beside a number and as "" beside a text; a number is less than
-/// any text; a Boolean counts as -1 or 0. Objects give their default member. Error 13 for arrays, records
-/// and mixed error values.
+/// any text; a Boolean counts as -1 or 0; a Double beside a Single counts with the Single's precision.
+/// Objects give their default member. Error 13 for arrays, records and mixed error values.
 Comparison compare(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary);
 Comparison compareText(std::u16string_view a, std::u16string_view b, TextCompare text);
 /// Whether both compare as equal; Null is equal to nothing.
@@ -45,7 +45,8 @@ Variant negate(const Variant& a);
 /// Texts of both sides joined; Null counts as "" unless both are Null.
 Variant concatenate(const Variant& a, const Variant& b);
 
-// Bitwise on whole numbers, logical on Booleans; Null takes part as "unknown".
+// Bitwise on whole numbers, logical on Booleans. A text is read as a Boolean beside a Boolean or a text,
+// else as a number. Null takes part as "unknown".
 Variant logicalNot(const Variant& a);
 Variant logicalAnd(const Variant& a, const Variant& b);
 Variant logicalOr(const Variant& a, const Variant& b);

@@ -111,12 +111,12 @@ const PairTable pairTables[] = {
       "SSSSSSSSSSSS", "SSSSSSSSSSSS", "SSSSSSSSSSSS", "SSSSSSSSSSSS", "SSSSSSSSSSSS", "SSSSSSSSSSSS"}},
     {"logicalAnd",
      logicalAnd,
-     {"222444444242", "2NNNNNNNNNNN", "2N2444444242", "4N4444444444", "4N4444444444", "4N4444444444",
-      "4N4444444444", "4N4444444444", "4N4444444444", "2N2444444B42", "4N4444444444", "2N244444424b"}},
+     {"222444442242", "2NNNNNNNNNNN", "2N2444442242", "4N4444444444", "4N4444444444", "4N4444444444",
+      "4N4444444444", "4N4444444444", "2N244444BB42", "2N244444BB42", "4N4444444444", "2N244444224b"}},
     {"logicalOr",
      logicalOr,
-     {"2N2444444242", "NN2444444B4b", "222444444242", "444444444444", "444444444444", "444444444444",
-      "444444444444", "444444444444", "444444444444", "2B2444444B42", "444444444444", "2b244444424b"}},
+     {"2N2444442242", "NN244444BB4b", "222444442242", "444444444444", "444444444444", "444444444444",
+      "444444444444", "444444444444", "2B244444BB42", "2B244444BB42", "444444444444", "2b244444224b"}},
     {"logicalXor",
      logicalXor,
      {"2N2444444242", "NNNNNNNNNNNN", "2N2444444242", "4N4444444444", "4N4444444444", "4N4444444444",
@@ -127,8 +127,8 @@ const PairTable pairTables[] = {
       "4N4444444444", "4N4444444444", "4N4444444444", "2N2444444B42", "4N4444444444", "2N244444424b"}},
     {"logicalImp",
      logicalImp,
-     {"222444444242", "NN2444444B4b", "222444444242", "444444444444", "444444444444", "444444444444",
-      "444444444444", "444444444444", "444444444444", "2N2444444B42", "444444444444", "2b244444424b"}},
+     {"222444442242", "NN244444BB4b", "222444442242", "444444444444", "444444444444", "444444444444",
+      "444444444444", "444444444444", "2N244444BB42", "2N244444BB42", "444444444444", "2b244444224b"}},
 };
 
 class LocaleGuard {
@@ -300,7 +300,11 @@ TEST(Operators, WorkBitByBit) {
     EXPECT_EQ(logicalImp(12, 10).asLong(), -5);
     EXPECT_TRUE(logicalAnd(u"True", true).asBoolean());
     EXPECT_TRUE(logicalAnd(u"Verdadero", u"#TRUE#").asBoolean()) << "the language's own word";
-    EXPECT_EQ(logicalAnd(u"12", u"10").asLong(), 8);
+    EXPECT_EQ(logicalAnd(u"12", 10).asLong(), 8);
+    EXPECT_TRUE(logicalAnd(u"12", u"3").asBoolean()) << "among themselves texts are Booleans";
+    EXPECT_EQ(logicalXor(u"12", u"10").asLong(), 6) << "but not where bits are told apart";
+    EXPECT_EQ(logicalImp(std::uint8_t{255}, Variant::null()).type(), VT_NULL);
+    EXPECT_TRUE(logicalXor(1e300, Variant::null()).isNull());
 }
 
 TEST(Operators, CompareAcrossTypes) {
@@ -325,6 +329,9 @@ TEST(Operators, CompareAcrossTypes) {
         {Currency(1), 1.00001, Comparison::Equal},
         {Currency(1), 1.0001, Comparison::Less},
         {Currency(1), 1e300, Comparison::Less},
+        {0.1f, 0.1, Comparison::Equal},
+        {0.1f, 0.1001, Comparison::Less},
+        {3e38f, 1e300, Comparison::Less},
         {Decimal(15, 0, 1, false), 1.5, Comparison::Equal},
         {Decimal(15, 0, 1, false), -1e300, Comparison::Greater},
         {Variant::null(), 1, Comparison::Null},
