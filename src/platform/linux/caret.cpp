@@ -52,7 +52,7 @@ void inkCaret(const Window& topLevel, PixelStore& picture, POINT corner) {
     const RECT all{0, 0, picture.surface.width, picture.surface.height};
     for (const RECT& r : inked.rectangles()) {
         const RECT part =
-            intersection(offset(r, corner.x - topLevel.frame.left, corner.y - topLevel.frame.top), all);
+            overlapOf(offset(r, corner.x - topLevel.frame.left, corner.y - topLevel.frame.top), all);
         for (LONG y = part.top; y < part.bottom; ++y)
             for (LONG x = part.left; x < part.right; ++x) {
                 if (c.grey && (x + y) % 2) continue;

@@ -15,7 +15,7 @@ void prepare(PixelStore& picture, int width, int height, std::uint32_t fill) {
 
 void copyOnto(PixelStore& picture, const PixelStore& from, POINT at) {
     const RECT all{0, 0, picture.surface.width, picture.surface.height};
-    const RECT part = intersection({at.x, at.y, at.x + from.surface.width, at.y + from.surface.height}, all);
+    const RECT part = overlapOf({at.x, at.y, at.x + from.surface.width, at.y + from.surface.height}, all);
     for (LONG y = part.top; y < part.bottom; ++y) {
         const auto source = from.words.begin() + static_cast<std::ptrdiff_t>(y - at.y) * from.surface.width +
                             (part.left - at.x);

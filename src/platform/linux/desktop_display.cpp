@@ -240,7 +240,7 @@ void DesktopDisplay::present() {
     noteBlink();
     for (const auto& [handle, native] : natives_) {
         Window* window = findWindow(handle);
-        if (window && window->pixels && !isEmpty(window->unpresented) && window->is(WS_VISIBLE))
+        if (window && window->pixels && !hasNoArea(window->unpresented) && window->is(WS_VISIBLE))
             presentWindow(*window, native);
     }
 }
@@ -254,9 +254,9 @@ void DesktopDisplay::presentWindow(Window& window, SDL_Window* native) {
     if (!target) return;
     PixelStore& pixels = *window.pixels;
     const RECT part = offset(shownPart(window), -window.frame.left, -window.frame.top);
-    const RECT drawn = intersection(window.unpresented, part);
+    const RECT drawn = overlapOf(window.unpresented, part);
     window.unpresented = {};
-    if (isEmpty(drawn)) return;
+    if (hasNoArea(drawn)) return;
     SDL_Surface* source =
         SDL_CreateRGBSurfaceFrom(pixels.surface.bits, pixels.surface.width, pixels.surface.height, Depth,
                                  pixels.surface.stride, RedMask, GreenMask, BlueMask, 0);

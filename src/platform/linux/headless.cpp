@@ -202,9 +202,9 @@ bool screenshot(HWND handle, const std::string& path) {
     Window* top = topLevelOf(window);
     const Surface* whole = top ? frameBuffer(top->handle) : nullptr;
     if (!whole) return false;
-    const RECT part = intersection(offset(screenFrame(*window), -top->frame.left, -top->frame.top),
+    const RECT part = overlapOf(offset(screenFrame(*window), -top->frame.left, -top->frame.top),
                                    {0, 0, whole->width, whole->height});
-    if (isEmpty(part)) return false;
+    if (hasNoArea(part)) return false;
     Surface cut = *whole;
     cut.bits +=
         static_cast<std::ptrdiff_t>(part.top) * whole->stride + static_cast<std::ptrdiff_t>(part.left) * 4;

@@ -95,7 +95,7 @@ void drawRim(HDC dc, RECT& r, int light, int dark) {
 }
 
 void drawCaptionButton(HDC dc, RECT r, int hit) {
-    if (isEmpty(r)) return;
+    if (hasNoArea(r)) return;
     fill(dc, r, GetSysColor(COLOR_BTNFACE));
     drawRim(dc, r, COLOR_BTNHIGHLIGHT, COLOR_3DDKSHADOW);
     const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
@@ -139,8 +139,8 @@ void drawCaption(HDC dc, const Window& window, const RECT& frame) {
     fill(dc, places.bar, GetSysColor(active ? COLOR_ACTIVECAPTION : COLOR_INACTIVECAPTION));
     RECT title = places.bar;
     title.left += TextMargin;
-    const RECT leftmost = !isEmpty(places.minimize) ? places.minimize : places.close;
-    if (!isEmpty(leftmost)) title.right = leftmost.left - ButtonMargin;
+    const RECT leftmost = !hasNoArea(places.minimize) ? places.minimize : places.close;
+    if (!hasNoArea(leftmost)) title.right = leftmost.left - ButtonMargin;
     drawTitle(dc, window, title, GetSysColor(active ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT));
     drawCaptionButton(dc, places.close, HTCLOSE);
     drawCaptionButton(dc, places.maximize, HTMAXBUTTON);

@@ -121,7 +121,7 @@ void markDrawn(Window& window, const RECT& screen) {
     Window* top = topLevelOf(&window);
     if (!top || !top->pixels) return;
     const RECT drawn =
-        intersection(offset(screen, -top->frame.left, -top->frame.top), bandIn(top->pixels->surface));
+        overlapOf(offset(screen, -top->frame.left, -top->frame.top), bandIn(top->pixels->surface));
     top->unpresented = unionOf(top->unpresented, drawn);
 }
 
@@ -131,8 +131,8 @@ void copyPixels(Window& topLevel, const Region& screen, POINT by) {
     const std::vector<std::uint32_t> before = store.words;
     const RECT all = bandIn(store.surface);
     for (const RECT& r : screen.rectangles()) {
-        const RECT target = intersection(offset(r, -topLevel.frame.left, -topLevel.frame.top), all);
-        const RECT source = intersection(offset(target, -by.x, -by.y), all);
+        const RECT target = overlapOf(offset(r, -topLevel.frame.left, -topLevel.frame.top), all);
+        const RECT source = overlapOf(offset(target, -by.x, -by.y), all);
         for (LONG y = source.top; y < source.bottom; ++y) {
             const auto from = static_cast<std::size_t>(y) * static_cast<std::size_t>(store.surface.width) +
                               static_cast<std::size_t>(source.left);
@@ -274,7 +274,7 @@ BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags) {
     if (!window) return FALSE_;
     RECT box = rect ? *rect : clientArea(*window);
     if (region && GetRgnBox(region, &box) == 0) return FALSE_;
-    const Region area = Region(isEmpty(box) ? RECT{} : box);
+    const Region area = Region(hasNoArea(box) ? RECT{} : box);
     if (flags & RDW_INVALIDATE) {
         invalidate(*window, area, (flags & RDW_ERASE) != 0, takesChildren(*window, flags));
         if ((flags & RDW_FRAME) && isShown(*window)) window->frameDue = true;

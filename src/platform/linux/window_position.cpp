@@ -112,12 +112,13 @@ bool repaintsWhole(const Window& window, const Before& before) {
 void repaintChild(Window& window, const Before& before, UINT flags) {
     Window& parent = *window.parent;
     const Region seen = visibleRegion(window, true, false);
+    const bool isPainted = window.update.empty();
     exposeBelow(parent, before.seen.subtracted(seen));
     if (!isShown(window)) return;
     const POINT origin = clientOrigin(window);
     const POINT by{origin.x - before.origin.x, origin.y - before.origin.y};
-    const bool keeps = before.visible && !(flags & SWP_NOCOPYBITS) && !repaintsWhole(window, before) &&
-                       window.update.empty() && parent.update.empty();
+    const bool keeps =
+        before.visible && isPainted && !(flags & SWP_NOCOPYBITS) && !repaintsWhole(window, before);
     if (!keeps) {
         invalidateAll(window);
         return;

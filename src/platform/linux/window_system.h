@@ -108,10 +108,10 @@ RECT screenFrame(const Window& window);
 RECT screenClient(const Window& window);
 int widthOf(const RECT& r);
 int heightOf(const RECT& r);
-bool isEmpty(const RECT& r);
+bool hasNoArea(const RECT& r);
 bool contains(const RECT& r, POINT p);
 RECT offset(RECT r, LONG dx, LONG dy);
-RECT intersection(const RECT& a, const RECT& b);
+RECT overlapOf(const RECT& a, const RECT& b);
 RECT unionOf(const RECT& a, const RECT& b); ///< An empty one counts for nothing
 
 /// The deepest enabled and visible window at a point that does not answer HTTRANSPARENT; `hit` takes its

@@ -167,7 +167,7 @@ int widthOf(const RECT& r) {
 int heightOf(const RECT& r) {
     return r.bottom - r.top;
 }
-bool isEmpty(const RECT& r) {
+bool hasNoArea(const RECT& r) {
     return r.right <= r.left || r.bottom <= r.top;
 }
 
@@ -179,15 +179,15 @@ RECT offset(RECT r, LONG dx, LONG dy) {
     return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
 }
 
-RECT intersection(const RECT& a, const RECT& b) {
+RECT overlapOf(const RECT& a, const RECT& b) {
     const RECT r{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
                  std::min(a.bottom, b.bottom)};
-    return isEmpty(r) ? RECT{} : r;
+    return hasNoArea(r) ? RECT{} : r;
 }
 
 RECT unionOf(const RECT& a, const RECT& b) {
-    if (isEmpty(a)) return b;
-    if (isEmpty(b)) return a;
+    if (hasNoArea(a)) return b;
+    if (hasNoArea(b)) return a;
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
             std::max(a.bottom, b.bottom)};
 }
