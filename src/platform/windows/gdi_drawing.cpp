@@ -1,0 +1,94 @@
+// Shapes, fills and copies: forwards to the system.
+
+#include "platform/gdi.h"
+
+#include "platform/windows/convert.h"
+
+namespace platform {
+
+using driver::as;
+using driver::native;
+
+BOOL MoveToEx(HDC dc, int x, int y, POINT* previous) {
+    return ::MoveToEx(native(dc), x, y, as<::POINT>(previous));
+}
+
+BOOL GetCurrentPositionEx(HDC dc, POINT* position) {
+    return ::GetCurrentPositionEx(native(dc), as<::POINT>(position));
+}
+
+BOOL LineTo(HDC dc, int x, int y) {
+    return ::LineTo(native(dc), x, y);
+}
+
+BOOL Polyline(HDC dc, const POINT* points, int count) {
+    return ::Polyline(native(dc), as<::POINT>(points), count);
+}
+
+BOOL PolylineTo(HDC dc, const POINT* points, int count) {
+    return ::PolylineTo(native(dc), as<::POINT>(points), count);
+}
+
+BOOL Polygon(HDC dc, const POINT* points, int count) {
+    return ::Polygon(native(dc), as<::POINT>(points), count);
+}
+
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
+    return ::Rectangle(native(dc), left, top, right, bottom);
+}
+
+int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
+    return ::FillRect(native(dc), as<::RECT>(rect), native(brush));
+}
+
+int FrameRect(HDC dc, const RECT* rect, HBRUSH brush) {
+    return ::FrameRect(native(dc), as<::RECT>(rect), native(brush));
+}
+
+BOOL InvertRect(HDC dc, const RECT* rect) {
+    return ::InvertRect(native(dc), as<::RECT>(rect));
+}
+
+BOOL DrawFocusRect(HDC dc, const RECT* rect) {
+    return ::DrawFocusRect(native(dc), as<::RECT>(rect));
+}
+
+BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags) {
+    return ::DrawEdge(native(dc), as<::RECT>(rect), edge, flags);
+}
+
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
+    return ::SetPixel(native(dc), x, y, color);
+}
+
+COLORREF GetPixel(HDC dc, int x, int y) {
+    return ::GetPixel(native(dc), x, y);
+}
+
+BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
+    return ::PatBlt(native(dc), x, y, width, height, rop);
+}
+
+BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource, DWORD rop) {
+    return ::BitBlt(native(dc), x, y, width, height, native(source), xSource, ySource, rop);
+}
+
+BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                int widthSource, int heightSource, DWORD rop) {
+    return ::StretchBlt(native(dc), x, y, width, height, native(source), xSource, ySource, widthSource,
+                        heightSource, rop);
+}
+
+BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush) {
+    return ::FillRgn(native(dc), native(region), native(brush));
+}
+
+BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GRADIENT_RECT* meshes,
+                  DWORD meshCount, DWORD mode) {
+    // The system only reads the vertices.
+    auto* points = const_cast<::TRIVERTEX*>(as<::TRIVERTEX>(vertices));
+    auto* rectangles = const_cast<::GRADIENT_RECT*>(as<::GRADIENT_RECT>(meshes));
+    return ::GradientFill(native(dc), points, vertexCount, rectangles, meshCount, mode);
+}
+
+} // namespace platform
