@@ -171,7 +171,8 @@ void FormSite::setExtenderValue(ExtenderValue which, const automation::Variant& 
         tag_ = automation::fromVariant<automation::String>(value);
         return;
     case ExtenderValue::Default:
-        default_ = automation::fromVariant<bool>(value);
+        if (default_ == automation::fromVariant<bool>(value)) return;
+        default_ = !default_;
         if (default_) form_.onlyDefault(*this);
         control_->ambientChanged(nameOf(AmbientValue::DisplayAsDefault));
         return;

@@ -125,8 +125,10 @@ bool Form::moveFocus(bool forward) {
 
 void Form::focusLost(FormSite& site) {
     if (active_ != &site) return;
-    const bool focused = hWnd() && site.control().window() && platform::GetFocus() == site.control().window();
-    if (focused) {
+    // A window that was disabled has lost the focus to none already.
+    const platform::HWND focus = platform::GetFocus();
+    const bool mine = focus ? focus == site.control().window() : platform::GetActiveWindow() == hWnd();
+    if (hWnd() && mine) {
         // No validation: the control can't keep the focus anyway.
         const Raised validated(validated_);
         FormSite* next = nextStop(true);
