@@ -16,6 +16,22 @@ constexpr std::uint8_t hatches[6][hatchSize] = {
     {0x08, 0x08, 0x08, 0xFF, 0x08, 0x08, 0x08, 0x08}, {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81},
 };
 
+/// The order in which the pixels of a tile turn white as a colour gets lighter.
+constexpr int ditherSize = 8;
+constexpr std::uint8_t ditherOrder[ditherSize][ditherSize] = {
+    {63, 31, 55, 23, 61, 29, 53, 21}, {15, 47, 7, 39, 13, 45, 5, 37},   {51, 19, 59, 27, 49, 17, 57, 25},
+    {3, 35, 11, 43, 1, 33, 9, 41},    {60, 28, 52, 20, 62, 30, 54, 22}, {12, 44, 4, 36, 14, 46, 6, 38},
+    {48, 16, 56, 24, 50, 18, 58, 26}, {0, 32, 8, 40, 2, 34, 10, 42},
+};
+
+/// From 0 to 255, as the eye weighs the three components.
+int brightness(COLORREF color) {
+    const int red = static_cast<int>(color & 0xFF);
+    const int green = static_cast<int>(color >> 8 & 0xFF);
+    const int blue = static_cast<int>(color >> 16 & 0xFF);
+    return (30 * red + 59 * green + 11 * blue) / 100;
+}
+
 BrushPixels hatchPixels(const DeviceContext& context, const Brush& brush) {
     const std::uint32_t line = pixelOf(context, brush.data.lbColor);
     const std::uint32_t back = backPixelOf(context);
@@ -52,6 +68,23 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
 }
 
 } // namespace
+
+bool isDithered(const DeviceContext& context, COLORREF color) {
+    const Bitmap* bitmap = context.selectedBitmap();
+    const COLORREF plain = color & 0x00FFFFFF;
+    return bitmap && bitmap->surface.bitsPerPixel == 1 && !bitmap->hasColors && plain != 0 &&
+           plain != 0x00FFFFFF;
+}
+
+BrushPixels ditherPixels(COLORREF color) {
+    constexpr int levelsPerStep = 4;
+    const int level = brightness(color);
+    BrushPixels result{ditherSize, ditherSize, {}, {}};
+    for (const auto& row : ditherOrder)
+        for (const int order : row)
+            result.pixels.push_back(level >= order * levelsPerStep + levelsPerStep / 2 ? ~0u : 0u);
+    return result;
+}
 
 BrushPixels pixelsOf(const DeviceContext& context, const Brush& brush) {
     return brush.data.lbStyle == BS_HATCHED ? hatchPixels(context, brush)

@@ -13,6 +13,12 @@ struct BrushPixels {
     std::vector<bool> opaque; ///< Empty when all are; a hatch in transparent mode paints its lines only
 };
 
+/// True for a plain colour that a device bitmap of 1 bit can only show as a pattern of black and white.
+bool isDithered(const DeviceContext& context, COLORREF color);
+
+/// The pattern of black and white for such a colour.
+BrushPixels ditherPixels(COLORREF color);
+
 /// For a brush of style BS_HATCHED or BS_PATTERN.
 BrushPixels pixelsOf(const DeviceContext& context, const Brush& brush);
 

@@ -21,10 +21,14 @@ ColorTable surfaceColors(const DeviceContext& context) {
     return bitmap && bitmap->hasColors ? bitmap->colors : blackAndWhite;
 }
 
-std::uint32_t backPixelOf(const DeviceContext& context) {
-    const std::uint32_t pixel = pixelOfColor(context.state.backColor);
+std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color) {
+    const std::uint32_t pixel = pixelOfColor(color);
     if (context.surface->bitsPerPixel == 32) return pixel;
     return spread(nearestColor(surfaceColors(context), pixel) == 1);
+}
+
+std::uint32_t backPixelOf(const DeviceContext& context) {
+    return nearestPixelOf(context, context.state.backColor);
 }
 
 std::uint32_t pixelOf(const DeviceContext& context, COLORREF color) {

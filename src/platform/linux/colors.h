@@ -20,7 +20,10 @@ ColorTable surfaceColors(const DeviceContext& context);
 /// colour of the table that matches, else the one that the background colour does not have.
 std::uint32_t pixelOf(const DeviceContext& context, COLORREF color);
 
-/// The pixel of the background colour: on 1 bit the nearest colour of the table.
+/// The same without regard to the background: on 1 bit the nearest colour of the table.
+std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color);
+
+/// The nearest pixel of the background colour.
 std::uint32_t backPixelOf(const DeviceContext& context);
 
 /// The colour of a pixel as read from the context's surface.

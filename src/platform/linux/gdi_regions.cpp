@@ -47,7 +47,7 @@ Region currentClip(const DeviceContext& context) {
 int setClip(DeviceContext& context, Region clip) {
     context.state.clip = std::move(clip);
     context.clipChanged();
-    return kindOf(context.drawable());
+    return kindOf(*context.state.clip);
 }
 
 RECT deviceRect(const DeviceContext& context, int left, int top, int right, int bottom) {

@@ -190,7 +190,7 @@ BOOL LPtoDP(HDC dc, POINT* points, int count) {
 
 COLORREF GetNearestColor(HDC dc, COLORREF color) {
     const DeviceContext* context = find<DeviceContext>(dc);
-    return context ? colorOfPixel(*context, pixelOf(*context, color)) : CLR_INVALID;
+    return context ? colorOfPixel(*context, nearestPixelOf(*context, color)) : CLR_INVALID;
 }
 
 } // namespace platform

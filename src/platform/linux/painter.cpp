@@ -15,13 +15,26 @@ int wrapped(std::int64_t value, int size) {
     return rest < 0 ? rest + size : rest;
 }
 
-bool isStock(const DeviceContext& context, const Brush& brush, int index) {
-    return brush.stock && brush.handle == stockObject(index) && context.surface;
+COLORREF solidColor(const DeviceContext& context, const Brush& brush) {
+    const bool isDcBrush = brush.stock && brush.handle == stockObject(DC_BRUSH);
+    return isDcBrush ? context.state.dcBrushColor : brush.data.lbColor;
 }
 
-std::uint32_t solidPixel(const DeviceContext& context, const Brush& brush) {
-    const bool isDcBrush = isStock(context, brush, DC_BRUSH);
-    return pixelOf(context, isDcBrush ? context.state.dcBrushColor : brush.data.lbColor);
+bool isTiled(const DeviceContext& context, const Brush& brush) {
+    switch (brush.data.lbStyle) {
+    case BS_HATCHED:
+    case BS_PATTERN:
+        return true;
+    case BS_SOLID:
+        return isDithered(context, solidColor(context, brush));
+    default:
+        return false;
+    }
+}
+
+BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
+    if (brush.data.lbStyle == BS_SOLID) return ditherPixels(solidColor(context, brush));
+    return pixelsOf(context, brush);
 }
 
 } // namespace
@@ -31,10 +44,10 @@ Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context
         masks_ = masksOf(rop, 0);
     } else if (brush.data.lbStyle == BS_NULL) {
         masks_ = leaveAlone;
-    } else if (brush.data.lbStyle == BS_SOLID) {
-        masks_ = masksOf(rop, solidPixel(context, brush));
-    } else {
+    } else if (isTiled(context, brush)) {
         makeTile(brush, rop);
+    } else {
+        masks_ = masksOf(rop, pixelOf(context, solidColor(context, brush)));
     }
 }
 
@@ -42,7 +55,7 @@ Painter::Painter(DeviceContext& context, std::uint32_t pixel, Rop3 rop)
     : context_(context), masks_(masksOf(rop, pixel)) {}
 
 void Painter::makeTile(const Brush& brush, Rop3 rop) {
-    const BrushPixels pixels = pixelsOf(context_, brush);
+    const BrushPixels pixels = tilePixels(context_, brush);
     auto tile = std::make_shared<Tile>();
     tile->width = pixels.width;
     tile->height = pixels.height;
@@ -102,13 +115,13 @@ void Painter::fillTiled(const RECT& r) const {
 
 PatternRows::PatternRows(const DeviceContext& context, const Brush& brush)
     : origin_(context.deviceToSurface(context.state.brushOrigin)) {
-    if (brush.data.lbStyle == BS_HATCHED || brush.data.lbStyle == BS_PATTERN) {
-        BrushPixels pixels = pixelsOf(context, brush);
+    if (isTiled(context, brush)) {
+        BrushPixels pixels = tilePixels(context, brush);
         width_ = pixels.width;
         height_ = pixels.height;
         pixels_ = std::move(pixels.pixels);
     } else {
-        pixels_.assign(1, brush.data.lbStyle == BS_NULL ? 0 : solidPixel(context, brush));
+        pixels_.assign(1, brush.data.lbStyle == BS_NULL ? 0 : pixelOf(context, solidColor(context, brush)));
     }
 }
 

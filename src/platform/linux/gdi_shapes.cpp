@@ -1,0 +1,215 @@
+// Lines, rectangles, polygons and single pixels.
+
+#include "platform/gdi.h"
+#include "platform/linux/colors.h"
+#include "platform/linux/lines.h"
+#include "platform/linux/painter.h"
+#include "platform/linux/polygons.h"
+#include "platform/linux/rows.h"
+#include "platform/system_look.h"
+
+#include <algorithm>
+#include <array>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr std::uint32_t lastColorBrush = COLOR_MENUBAR + 1;
+
+/// A brush for one call: a live one, or a system colour given as its number plus one.
+class CallBrush {
+public:
+    explicit CallBrush(HBRUSH handle) : brush_(find<Brush>(handle)) {
+        if (!brush_ && handle.value > 0 && handle.value <= lastColorBrush)
+            brush_ = find<Brush>(GetSysColorBrush(static_cast<int>(handle.value) - 1));
+    }
+    const Brush* get() const { return brush_; }
+
+private:
+    const Brush* brush_;
+};
+
+std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* points, int count) {
+    std::vector<POINT> result;
+    result.reserve(static_cast<std::size_t>(count) + 1);
+    for (int i = 0; i < count; ++i)
+        result.push_back(context.toSurface(points[i]));
+    return result;
+}
+
+void fillRegion(const Painter& painter, const Region& region) {
+    for (const RECT& r : region.rectangles())
+        painter.fill(r);
+}
+
+/// The inside of an outline in the current pen: what the brush fills.
+RECT insideOf(RECT r, const Stroke& stroke) {
+    if (stroke.paintsNothing()) return r;
+    const int before = stroke.width() / 2;
+    const int after = stroke.width() - before;
+    return {r.left + after, r.top + after, r.right - before, r.bottom - before};
+}
+
+/// The way round an outline, on which dashes begin at the top right and run to the left.
+std::array<POINT, 4> cornersOf(const RECT& r) {
+    return {POINT{r.right, r.top}, {r.left, r.top}, {r.left, r.bottom}, {r.right, r.bottom}};
+}
+
+/// Fills the frame of one pixel inside a rectangle.
+void fillFrame(const Painter& painter, const RECT& r) {
+    painter.fill({r.left, r.top, r.right, r.top + 1});
+    painter.fill({r.left, r.bottom - 1, r.right, r.bottom});
+    painter.fill({r.left, r.top + 1, r.left + 1, r.bottom - 1});
+    painter.fill({r.right - 1, r.top + 1, r.right, r.bottom - 1});
+}
+
+} // namespace
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+BOOL MoveToEx(HDC dc, int x, int y, POINT* previous) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    if (previous) *previous = context->state.position;
+    context->state.position = {x, y};
+    return TRUE_;
+}
+
+BOOL GetCurrentPositionEx(HDC dc, POINT* position) {
+    const DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !position) return FALSE_;
+    *position = context->state.position;
+    return TRUE_;
+}
+
+BOOL LineTo(HDC dc, int x, int y) {
+    const POINT end{x, y};
+    return PolylineTo(dc, &end, 1);
+}
+
+BOOL Polyline(HDC dc, const POINT* points, int count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || count < 2) return FALSE_;
+    Stroke(*context).draw(surfacePoints(*context, points, count), false);
+    return TRUE_;
+}
+
+BOOL PolylineTo(HDC dc, const POINT* points, int count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || count < 1) return FALSE_;
+    std::vector<POINT> all = surfacePoints(*context, points, count);
+    all.insert(all.begin(), context->toSurface(context->state.position));
+    Stroke(*context).draw(all, false);
+    context->state.position = points[count - 1];
+    return TRUE_;
+}
+
+BOOL Polygon(HDC dc, const POINT* points, int count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || count < 2) return FALSE_;
+    const std::vector<POINT> all = surfacePoints(*context, points, count);
+    const Painter painter(*context, context->brush(), rop3OfMode(context->state.rop2));
+    if (!painter.paintsNothing())
+        fillRegion(painter, polygonRegion(all, context->state.polyFillMode, context->drawable().bounds()));
+    Stroke(*context).draw(all, true);
+    return TRUE_;
+}
+
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    RECT r = ordered(context->toSurface(RECT{left, top, right, bottom}));
+    if (isEmpty(r)) return TRUE_;
+    --r.right;
+    --r.bottom;
+    Stroke stroke(*context);
+    if (!stroke.paintsNothing() && context->pen().data.lopnStyle == static_cast<UINT>(PS_INSIDEFRAME) &&
+        stroke.width() > 1) {
+        const int before = stroke.width() / 2;
+        r = {r.left + before, r.top + before, r.right - (stroke.width() - 1) / 2,
+             r.bottom - (stroke.width() - 1) / 2};
+    }
+    const std::array<POINT, 4> corners = cornersOf(r);
+    Painter(*context, context->brush(), rop3OfMode(context->state.rop2)).fill(insideOf(r, stroke));
+    stroke.draw(corners, true);
+    return TRUE_;
+}
+
+int FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const CallBrush brush(handle);
+    if (!context || !rect || !brush.get()) return FALSE_;
+    Painter(*context, *brush.get(), rop3Of(PATCOPY)).fill(ordered(context->toSurface(*rect)));
+    return TRUE_;
+}
+
+int FrameRect(HDC dc, const RECT* rect, HBRUSH handle) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const CallBrush brush(handle);
+    if (!context || !rect || !brush.get() || isEmpty(*rect)) return FALSE_;
+    fillFrame(Painter(*context, *brush.get(), rop3Of(PATCOPY)), ordered(context->toSurface(*rect)));
+    return TRUE_;
+}
+
+BOOL InvertRect(HDC dc, const RECT* rect) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !rect) return FALSE_;
+    Painter(*context, 0u, rop3Of(DSTINVERT)).fill(ordered(context->toSurface(*rect)));
+    return TRUE_;
+}
+
+BOOL DrawFocusRect(HDC dc, const RECT* rect) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !rect) return FALSE_;
+    RECT r = ordered(context->toSurface(*rect));
+    if (isEmpty(r)) return TRUE_;
+    --r.right;
+    --r.bottom;
+    Stroke::dotted(*context, masksOf(rop3Of(DSTINVERT), 0)).draw(cornersOf(r), true);
+    return TRUE_;
+}
+
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return CLR_INVALID;
+    const POINT p = context->toSurface(POINT{x, y});
+    if (!context->drawable().contains(p)) return CLR_INVALID;
+    const std::uint32_t pixel = nearestPixelOf(*context, color);
+    if (context->surface->bitsPerPixel == 32) {
+        row32(*context->surface, p.y)[p.x] = pixel;
+    } else {
+        putBit(rowOf(*context->surface, p.y), p.x, pixel != 0);
+    }
+    return colorOfPixel(*context, pixel);
+}
+
+COLORREF GetPixel(HDC dc, int x, int y) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return CLR_INVALID;
+    const POINT p = context->toSurface(POINT{x, y});
+    if (!context->drawable().contains(p)) return CLR_INVALID;
+    const Surface& surface = *context->surface;
+    const bool isWide = surface.bitsPerPixel == 32;
+    return colorOfPixel(*context, isWide ? row32(surface, p.y)[p.x] : bitAt(rowOf(surface, p.y), p.x));
+}
+
+BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || usesSource(rop3Of(rop))) return FALSE_;
+    const POINT corner = context->toSurface(POINT{x, y});
+    RECT r{corner.x, corner.y, boundedCoordinate(std::int64_t{corner.x} + width),
+           boundedCoordinate(std::int64_t{corner.y} + height)};
+    // A size below zero counts from the given corner, which then belongs to the area.
+    if (width < 0) r = {r.right + 1, r.top, r.left + 1, r.bottom};
+    if (height < 0) r = {r.left, r.bottom + 1, r.right, r.top + 1};
+    const Painter painter(*context, context->brush(), rop3Of(rop));
+    painter.fill(r);
+    return TRUE_;
+}
+
+} // namespace platform

@@ -1,0 +1,188 @@
+#include "platform/linux/lines.h"
+
+#include "platform/linux/colors.h"
+#include "platform/linux/painter.h"
+#include "platform/linux/polygons.h"
+#include "platform/linux/rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr std::uint8_t dash[] = {18, 6};
+constexpr std::uint8_t dot[] = {3, 3};
+constexpr std::uint8_t dashDot[] = {9, 6, 3, 6};
+constexpr std::uint8_t alternate[] = {1, 1};
+constexpr std::uint8_t dashDotDot[] = {9, 3, 3, 3, 3, 3};
+
+std::span<const std::uint8_t> dashesOf(int style) {
+    switch (style) {
+    case PS_DASH:
+        return dash;
+    case PS_DOT:
+        return dot;
+    case PS_DASHDOT:
+        return dashDot;
+    case PS_DASHDOTDOT:
+        return dashDotDot;
+    default:
+        return {};
+    }
+}
+
+/// The steps of a slanted line from its start: the longer axis moves by one each time, the shorter one by the
+/// rounded share. A share of exactly one half is rounded away from the start or towards it by direction.
+struct Steps {
+    std::int64_t major;
+    std::int64_t minor;
+    std::int64_t tie; ///< 1: a half stays behind
+
+    std::int64_t minorAt(std::int64_t step) const { return (2 * minor * step + major - tie) / (2 * major); }
+
+    /// The first step whose minor offset is at least `offset`.
+    std::int64_t firstAt(std::int64_t offset) const {
+        if (offset <= 0) return 0;
+        if (minor == 0) return major;
+        const std::int64_t needed = 2 * major * offset - major + tie;
+        return (needed + 2 * minor - 1) / (2 * minor);
+    }
+};
+
+/// The range of steps for which start + direction * offset lies in [low, high).
+struct Range {
+    std::int64_t first;
+    std::int64_t last; ///< Not included
+};
+
+Range offsetsWithin(int start, int direction, int low, int high) {
+    if (direction > 0) return {std::int64_t{low} - start, std::int64_t{high} - start};
+    return {std::int64_t{start} - high + 1, std::int64_t{start} - low + 1};
+}
+
+} // namespace
+
+Stroke::Stroke(DeviceContext& context) : context_(context) {
+    const Pen& pen = context.pen();
+    const ContextState& state = context.state;
+    style_ = static_cast<int>(pen.data.lopnStyle);
+    width_ = std::max(1, boundedCoordinate(pen.data.lopnWidth.x));
+    const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
+    const Rop3 rop = rop3OfMode(state.rop2);
+    ink_ = masksOf(rop, pixelOf(context, isDcPen ? state.dcPenColor : pen.data.lopnColor));
+    gap_ = state.backMode == OPAQUE ? masksOf(rop, backPixelOf(context)) : leaveAlone;
+    if (width_ == 1) dashes_ = dashesOf(style_);
+    dashLength_ = std::accumulate(dashes_.begin(), dashes_.end(), 0);
+}
+
+Stroke Stroke::dotted(DeviceContext& context, Masks ink) {
+    Stroke stroke(context);
+    stroke.style_ = PS_DOT;
+    stroke.width_ = 1;
+    stroke.ink_ = ink;
+    stroke.gap_ = leaveAlone;
+    stroke.dashes_ = alternate;
+    stroke.dashLength_ = 2;
+    return stroke;
+}
+
+void Stroke::draw(std::span<const POINT> points, bool closed) {
+    if (paintsNothing() || points.empty()) return;
+    dashStart_ = 0;
+    if (width_ > 1) {
+        drawWide(points, closed);
+        return;
+    }
+    for (std::size_t i = 1; i < points.size(); ++i)
+        drawThin(points[i - 1], points[i]);
+    if (closed) drawThin(points.back(), points.front());
+}
+
+void Stroke::drawThin(POINT from, POINT to) {
+    const int dx = std::abs(to.x - from.x);
+    const int dy = std::abs(to.y - from.y);
+    const RECT box{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
+                   std::max(from.y, to.y) + 1};
+    const bool isStraight = (dx == 0 || dy == 0) && dashes_.empty();
+    if (isStraight && (dx > 0 || dy > 0)) {
+        RECT r = box;
+        if (dy == 0) (to.x > from.x ? r.right : r.left) += to.x > from.x ? -1 : 1;
+        if (dx == 0) (to.y > from.y ? r.bottom : r.top) += to.y > from.y ? -1 : 1;
+        straight(r);
+    } else if (!isStraight) {
+        for (const RECT& clip : context_.drawable().rectangles())
+            if (!isEmpty(intersection(box, clip))) slanted(from, to, clip);
+    }
+    dashStart_ += std::max(dx, dy);
+}
+
+void Stroke::straight(const RECT& r) const {
+    const Surface& surface = *context_.surface;
+    for (const RECT& clip : context_.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        for (int y = part.top; y < part.bottom && part.left < part.right; ++y) {
+            if (surface.bitsPerPixel == 32) {
+                applyMasks(row32(surface, y) + part.left, static_cast<std::size_t>(part.right - part.left),
+                           ink_);
+            } else {
+                applyMasksToBits(rowOf(surface, y), part.left, part.right, ink_);
+            }
+        }
+    }
+}
+
+void Stroke::slanted(POINT from, POINT to, const RECT& clip) const {
+    const int dx = std::abs(to.x - from.x);
+    const int dy = std::abs(to.y - from.y);
+    const int stepX = to.x >= from.x ? 1 : -1;
+    const int stepY = to.y >= from.y ? 1 : -1;
+    const bool wide = dx >= dy;
+    const Steps steps{wide ? dx : dy, wide ? dy : dx, (wide ? stepY : stepX) > 0 ? 1 : 0};
+    if (steps.major == 0) return;
+    const Range inX = offsetsWithin(from.x, stepX, clip.left, clip.right);
+    const Range inY = offsetsWithin(from.y, stepY, clip.top, clip.bottom);
+    const Range major = wide ? inX : inY;
+    const Range minor = wide ? inY : inX;
+    if (minor.last <= 0) return;
+    const std::int64_t first = std::max({std::int64_t{0}, major.first, steps.firstAt(minor.first)});
+    const std::int64_t last = std::min(steps.major, major.last);
+    for (std::int64_t i = first; i < last; ++i) {
+        const std::int64_t across = steps.minorAt(i);
+        if (across >= minor.last) break;
+        const int along = static_cast<int>(i);
+        const int side = static_cast<int>(across);
+        plot(from.x + stepX * (wide ? along : side), from.y + stepY * (wide ? side : along), i);
+    }
+}
+
+const Masks& Stroke::inkAt(std::int64_t step) const {
+    if (dashes_.empty()) return ink_;
+    int rest = static_cast<int>((dashStart_ + step) % dashLength_);
+    std::size_t index = 0;
+    while (rest >= dashes_[index])
+        rest -= dashes_[index++];
+    return index % 2 == 0 ? ink_ : gap_;
+}
+
+void Stroke::plot(int x, int y, std::int64_t step) const {
+    const Masks& masks = inkAt(step);
+    const Surface& surface = *context_.surface;
+    if (surface.bitsPerPixel == 32) {
+        std::uint32_t& pixel = row32(surface, y)[x];
+        pixel = (pixel & masks.keep) ^ masks.flip;
+    } else {
+        std::uint8_t* row = rowOf(surface, y);
+        putBit(row, x, (bitAt(row, x) && (masks.keep & 1)) != ((masks.flip & 1) != 0));
+    }
+}
+
+void Stroke::drawWide(std::span<const POINT> points, bool closed) const {
+    const Region outline = wideOutline(points, closed, width_, context_.drawable().bounds());
+    for (const RECT& r : outline.rectangles())
+        straight(r);
+}
+
+} // namespace platform::driver

@@ -1,0 +1,44 @@
+#pragma once
+// Lines in a context's pen.
+
+#include "platform/linux/device_context.h"
+#include "platform/linux/rop.h"
+
+#include <span>
+
+namespace platform::driver {
+
+/// A pen made ready for one drawing: its colour as masks, its dashes and its width.
+class Stroke {
+public:
+    explicit Stroke(DeviceContext& context);
+    /// Every second pixel, under the given masks, whatever pen is selected.
+    static Stroke dotted(DeviceContext& context, Masks ink);
+
+    bool paintsNothing() const { return style_ == PS_NULL; }
+    /// Pixels across: 1 for every pen that is not wide.
+    int width() const { return width_; }
+
+    /// Lines through the points, in surface coordinates, without the last pixel. A closed one goes back to
+    /// its first point. Dashes run on from line to line.
+    void draw(std::span<const POINT> points, bool closed);
+
+private:
+    void drawThin(POINT from, POINT to);
+    void drawWide(std::span<const POINT> points, bool closed) const;
+    void straight(const RECT& r) const;
+    void slanted(POINT from, POINT to, const RECT& clip) const;
+    void plot(int x, int y, std::int64_t step) const;
+    const Masks& inkAt(std::int64_t step) const;
+
+    DeviceContext& context_;
+    int style_ = PS_SOLID;
+    int width_ = 1;
+    Masks ink_;
+    Masks gap_;
+    std::span<const std::uint8_t> dashes_; ///< Lengths of dash and gap in turn; empty for a solid line
+    int dashLength_ = 0;
+    std::int64_t dashStart_ = 0;
+};
+
+} // namespace platform::driver

@@ -1,0 +1,163 @@
+#include "platform/linux/polygons.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform::driver {
+
+namespace {
+
+struct Crossing {
+    LONG x;
+    int direction;
+};
+
+/// Quotient rounded up.
+std::int64_t ceilingDivide(std::int64_t a, std::int64_t b) {
+    return a > 0 ? (a + b - 1) / b : -(-a / b);
+}
+
+/// Collects the rectangles of one row each and joins them to a region of bands.
+class RowCollector {
+public:
+    explicit RowCollector(const RECT& bounds) : bounds_(bounds) {}
+
+    void add(LONG left, LONG y, LONG right) {
+        const RECT row = intersection({left, y, right, y + 1}, bounds_);
+        if (!isEmpty(row)) pending_ = pending_.united(Region(row));
+        if (++count_ % rowsAtOnce == 0) flush();
+    }
+
+    Region take() {
+        flush();
+        return std::move(region_);
+    }
+
+private:
+    static constexpr int rowsAtOnce = 64; ///< Unions of small regions stay cheap
+
+    void flush() {
+        region_ = region_.united(pending_);
+        pending_ = Region();
+    }
+
+    RECT bounds_;
+    Region region_;
+    Region pending_;
+    int count_ = 0;
+};
+
+void crossingsAt(std::span<const POINT> points, LONG y, std::vector<Crossing>& out) {
+    out.clear();
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        POINT a = points[i];
+        POINT b = points[(i + 1) % points.size()];
+        int direction = 1;
+        if (a.y > b.y) {
+            std::swap(a, b);
+            direction = -1;
+        }
+        if (y < a.y || y >= b.y) continue;
+        const std::int64_t rise = std::int64_t{b.x} - a.x;
+        const std::int64_t height = std::int64_t{b.y} - a.y;
+        const std::int64_t x = a.x + ceilingDivide(rise * (std::int64_t{y} - a.y), height);
+        out.push_back({static_cast<LONG>(x), direction});
+    }
+    std::sort(out.begin(), out.end(), [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+}
+
+constexpr double half = 0.5;
+
+/// Half the width, of a circle with radius 1, at a height given on the scale of `radius`.
+double chord(double height, double radius) {
+    if (height <= 0 || radius <= half) return 1; // up to two pixels across there is no curve
+    const double share = height / radius;
+    return share >= 1 ? 0 : std::sqrt(1 - share * share);
+}
+
+struct Vector {
+    double x;
+    double y;
+};
+
+/// The four corners of a straight piece of a wide line.
+void addSegment(POINT from, POINT to, int width, const RECT& bounds, Region& out) {
+    const int before = width / 2;
+    if (from.x == to.x) {
+        const RECT r{from.x - before, std::min(from.y, to.y), from.x - before + width,
+                     std::max(from.y, to.y)};
+        out = out.united(Region(intersection(r, bounds)));
+        return;
+    }
+    if (from.y == to.y) {
+        const RECT r{std::min(from.x, to.x), from.y - before, std::max(from.x, to.x),
+                     from.y - before + width};
+        out = out.united(Region(intersection(r, bounds)));
+        return;
+    }
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    const double length = std::hypot(dx, dy);
+    const Vector across{-dy * width / length / 2, dx * width / length / 2};
+    const auto corner = [](POINT p, double x, double y) {
+        return POINT{boundedCoordinate(std::llround(p.x + x)), boundedCoordinate(std::llround(p.y + y))};
+    };
+    const POINT corners[] = {corner(from, across.x, across.y), corner(to, across.x, across.y),
+                             corner(to, -across.x, -across.y), corner(from, -across.x, -across.y)};
+    out = out.united(polygonRegion(corners, ALTERNATE, bounds));
+}
+
+} // namespace
+
+Region polygonRegion(std::span<const POINT> points, int fillMode, const RECT& bounds) {
+    if (points.size() < 2 || isEmpty(bounds)) return {};
+    LONG top = points[0].y;
+    LONG bottom = points[0].y;
+    for (const POINT& p : points) {
+        top = std::min(top, p.y);
+        bottom = std::max(bottom, p.y);
+    }
+    RowCollector rows(bounds);
+    std::vector<Crossing> crossings;
+    for (LONG y = std::max(top, bounds.top); y < std::min(bottom, bounds.bottom); ++y) {
+        crossingsAt(points, y, crossings);
+        int winding = 0;
+        for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
+            winding += crossings[i].direction;
+            const bool inside = fillMode == WINDING ? winding != 0 : i % 2 == 0;
+            if (inside) rows.add(crossings[i].x, y, crossings[i + 1].x);
+        }
+    }
+    return rows.take();
+}
+
+Region ellipseRegion(const RECT& box, const RECT& bounds) {
+    // The curve runs through pixel centres. A pixel belongs to the inside when the curve, rounded to the
+    // nearest pixel along either axis, reaches it; a half is rounded inwards.
+    const double radiusX = (box.right - box.left - 1) / 2.0;
+    const double radiusY = (box.bottom - box.top - 1) / 2.0;
+    RowCollector rows(bounds);
+    for (LONG y = std::max(box.top, bounds.top); y < std::min(box.bottom, bounds.bottom); ++y) {
+        const double height = std::abs(y - box.top - radiusY);
+        const double byRow = radiusX - radiusX * chord(height, radiusY);
+        const double byColumn = radiusX - radiusX * chord(height - half, radiusY);
+        const LONG inset = static_cast<LONG>(std::min(std::floor(byRow + half), std::floor(byColumn) + 1));
+        rows.add(box.left + inset, y, box.right - inset);
+    }
+    return rows.take();
+}
+
+Region wideOutline(std::span<const POINT> points, bool closed, int width, const RECT& bounds) {
+    Region outline;
+    const int before = width / 2;
+    for (const POINT& p : points) {
+        const RECT cap{p.x - before, p.y - before, p.x - before + width, p.y - before + width};
+        if (!isEmpty(intersection(cap, bounds))) outline = outline.united(ellipseRegion(cap, bounds));
+    }
+    for (std::size_t i = 1; i < points.size(); ++i)
+        addSegment(points[i - 1], points[i], width, bounds, outline);
+    if (closed) addSegment(points.back(), points.front(), width, bounds, outline);
+    return outline;
+}
+
+} // namespace platform::driver

@@ -1,0 +1,109 @@
+#include "platform/linux/stretch.h"
+
+#include "platform/linux/blit.h"
+#include "platform/linux/rows.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+/// The source columns (or rows) that one target column takes, counted from the source's start.
+struct Share {
+    int first = 0;
+    int last = 0; ///< Not included
+};
+
+/// The shares of the target positions `begin` to `end` of an axis.
+std::vector<Share> sharesOf(int targetLength, int sourceLength, int begin, int end, bool mirror) {
+    std::vector<Share> shares;
+    shares.reserve(static_cast<std::size_t>(end - begin));
+    for (int i = begin; i < end; ++i) {
+        const std::int64_t position = mirror ? targetLength - 1 - i : i;
+        const std::int64_t first = position * sourceLength / targetLength;
+        const std::int64_t last = std::max((position + 1) * sourceLength / targetLength, first + 1);
+        shares.push_back({static_cast<int>(first), static_cast<int>(last)});
+    }
+    return shares;
+}
+
+/// Joins the source pixels that fall on one target pixel.
+struct Joiner {
+    int mode;
+
+    void join(std::uint32_t& sum, std::uint32_t pixel) const {
+        if (mode == BLACKONWHITE) sum &= pixel;
+        if (mode == WHITEONBLACK) sum |= pixel;
+    }
+    bool joins() const { return mode == BLACKONWHITE || mode == WHITEONBLACK; }
+};
+
+/// The stretched pixels of one row of the target, from the rows of its share.
+class RowStretcher {
+public:
+    RowStretcher(const Surface& from, const RECT& area, std::vector<Share> columns, int mode)
+        : from_(from), area_(area), columns_(std::move(columns)), joiner_{mode} {}
+
+    void row(const Share& rows, std::vector<std::uint32_t>& out) {
+        out.resize(columns_.size());
+        const int last = joiner_.joins() ? rows.last : rows.first + 1;
+        for (int y = rows.first; y < last; ++y)
+            addRow(area_.top + y, y == rows.first, out);
+    }
+
+private:
+    void addRow(int y, bool first, std::vector<std::uint32_t>& out) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const Share& share = columns_[i];
+            std::uint32_t pixel = at(area_.left + share.first, y);
+            for (int x = share.first + 1; x < share.last && joiner_.joins(); ++x)
+                joiner_.join(pixel, at(area_.left + x, y));
+            if (first) {
+                out[i] = pixel;
+            } else {
+                joiner_.join(out[i], pixel);
+            }
+        }
+    }
+
+    std::uint32_t at(int x, int y) const {
+        x = std::clamp(x, 0, from_.width - 1);
+        y = std::clamp(y, 0, from_.height - 1);
+        return from_.bitsPerPixel == 32 ? row32(from_, y)[x] : (bitAt(rowOf(from_, y), x) ? ~0u : 0u);
+    }
+
+    const Surface& from_;
+    RECT area_;
+    std::vector<Share> columns_;
+    Joiner joiner_;
+};
+
+} // namespace
+
+void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& stretch, Rop3 rop) {
+    const RECT part = intersection(stretch.to, target.drawable().bounds());
+    if (isEmpty(part) || isEmpty(stretch.from)) return;
+    const auto stretched =
+        makeBitmap(part.right - part.left, part.bottom - part.top, source.surface->bitsPerPixel);
+    if (!stretched) return;
+    const RECT& to = stretch.to;
+    const RECT& from = stretch.from;
+    RowStretcher rows(*source.surface, from,
+                      sharesOf(to.right - to.left, from.right - from.left, part.left - to.left,
+                               part.right - to.left, stretch.mirrorX),
+                      target.state.stretchMode);
+    const std::vector<Share> lines = sharesOf(to.bottom - to.top, from.bottom - from.top, part.top - to.top,
+                                              part.bottom - to.top, stretch.mirrorY);
+    std::vector<std::uint32_t> pixels;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        rows.row(lines[i], pixels);
+        writeRow(stretched->surface, 0, static_cast<int>(i), part.right - part.left, {0, ~0u}, pixels.data());
+    }
+    SourcePixels pixelsOfSource = sourceOf(target, source, {-part.left, -part.top});
+    pixelsOfSource.surface = &stretched->surface;
+    pixelsOfSource.valid = {0, 0, stretched->surface.width, stretched->surface.height};
+    copyPixels(target, part, pixelsOfSource, rop);
+}
+
+} // namespace platform::driver
