@@ -1,5 +1,6 @@
 #include "platform/linux/blit.h"
 
+#include "platform/linux/brush_pixels.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/painter.h"
 #include "platform/linux/rows.h"
@@ -25,6 +26,9 @@ public:
             if (pattern_) patternWords_.resize(words);
         } else {
             const std::size_t bytes = words / 8 + 2;
+            targetHasColors_ = hasSurfaceColors(target);
+            targetColors_ = surfaceColors(target);
+            bitMasks_ = bitMasks();
             sourceBits_.resize(bytes);
             if (pattern_) patternBits_.resize(bytes);
         }
@@ -65,17 +69,35 @@ private:
     void fetchBits(int fromX, int fromY, int first, int count) {
         if (source_.surface->bitsPerPixel == 1) {
             alignBits(rowOf(*source_.surface, fromY), fromX, sourceBits_.data(), first, count);
+            if (bitMasks_ != leaveAlone)
+                applyMasksToBits(sourceBits_.data(), first, first + count, bitMasks_);
             return;
         }
         const std::uint32_t* from = row32(*source_.surface, fromY) + fromX;
         for (int i = 0; i < count; ++i)
-            putBit(sourceBits_.data(), first + i, (from[i] & colorBits) == source_.backColor);
+            putBit(sourceBits_.data(), first + i, bitOf(from[i] & colorBits));
+    }
+
+    /// The bit that a colour becomes: with a colour table the nearest, else 1 for the source's background.
+    bool bitOf(std::uint32_t color) const {
+        return targetHasColors_ ? nearestColor(targetColors_, color) == 1 : color == source_.backColor;
+    }
+
+    /// What becomes of the bits 0 and 1 of the source.
+    Masks bitMasks() const {
+        if (!targetHasColors_) return leaveAlone; // device bitmaps take bits as they are
+        const std::uint32_t at0 = bitOf(source_.colors[0]) ? ~0u : 0u;
+        const std::uint32_t at1 = bitOf(source_.colors[1]) ? ~0u : 0u;
+        return {at0 ^ at1, at0};
     }
 
     DeviceContext& target_;
     const SourcePixels& source_;
     Rop3 rop_;
     Span span_;
+    bool targetHasColors_ = false;
+    ColorTable targetColors_{};
+    Masks bitMasks_; ///< From bits of the source to bits of the target
     std::optional<PatternRows> pattern_;
     std::vector<std::uint32_t> sourceWords_;
     std::vector<std::uint32_t> patternWords_;
@@ -167,10 +189,9 @@ void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::u
             }
             continue;
         }
-        const ColorTable colors = surfaceColors(context);
         for (int x = r.left; x < r.right; ++x) {
             const std::uint32_t pixel = across ? pixels[static_cast<std::size_t>(x - r.left)] : column;
-            putBit(rowOf(surface, y), x, nearestColor(colors, pixel & colorBits) == 1);
+            putBit(rowOf(surface, y), x, isDitheredWhite(colorOfPixel32(pixel), x, y));
         }
     }
 }

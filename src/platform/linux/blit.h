@@ -11,7 +11,8 @@ struct SourcePixels {
     const Surface* surface = nullptr;
     RECT valid;                  ///< The part of the surface that may be read
     POINT offset;                ///< From the target's surface to this one
-    ColorTable colors{};         ///< What 0 and 1 become on a target of 32 bits
+    bool hasColors = false;      ///< 1 bit with a colour table of its own
+    ColorTable colors{};         ///< What 0 and 1 look like
     std::uint32_t backColor = 0; ///< 0xRRGGBB that becomes 1 on a target of 1 bit
 };
 

@@ -55,13 +55,14 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
     ColorTable colors = pattern.colors;
     if (!pattern.hasColors)
         colors = {pixelOfColor(context.state.textColor), pixelOfColor(context.state.backColor)};
-    if (toBits && from.bitsPerPixel == 1) colors = {0, ~0u};
+    const bool asIs = toBits && from.bitsPerPixel == 1 && !hasSurfaceColors(context);
+    if (asIs) colors = {0, ~0u};
     for (int y = 0; y < from.height; ++y) {
         std::uint32_t* row = result.pixels.data() + static_cast<std::ptrdiff_t>(y) * from.width;
         readRow(from, 0, y, from.width, colors, row);
-        if (toBits && from.bitsPerPixel == 32) {
+        if (toBits && !asIs) {
             for (int x = 0; x < from.width; ++x)
-                row[x] = pixelOf(context, colorOfPixel32(row[x]));
+                row[x] = nearestPixelOf(context, colorOfPixel32(row[x]));
         }
     }
     return result;
@@ -76,13 +77,17 @@ bool isDithered(const DeviceContext& context, COLORREF color) {
            plain != 0x00FFFFFF;
 }
 
-BrushPixels ditherPixels(COLORREF color) {
+bool isDitheredWhite(COLORREF color, int x, int y) {
     constexpr int levelsPerStep = 4;
-    const int level = brightness(color);
+    const int order = ditherOrder[y & (ditherSize - 1)][x & (ditherSize - 1)];
+    return brightness(color) >= order * levelsPerStep + levelsPerStep / 2;
+}
+
+BrushPixels ditherPixels(COLORREF color) {
     BrushPixels result{ditherSize, ditherSize, {}, {}};
-    for (const auto& row : ditherOrder)
-        for (const int order : row)
-            result.pixels.push_back(level >= order * levelsPerStep + levelsPerStep / 2 ? ~0u : 0u);
+    for (int y = 0; y < ditherSize; ++y)
+        for (int x = 0; x < ditherSize; ++x)
+            result.pixels.push_back(isDitheredWhite(color, x, y) ? ~0u : 0u);
     return result;
 }
 

@@ -19,6 +19,9 @@ bool isDithered(const DeviceContext& context, COLORREF color);
 /// The pattern of black and white for such a colour.
 BrushPixels ditherPixels(COLORREF color);
 
+/// Whether that pattern is white at (x, y).
+bool isDitheredWhite(COLORREF color, int x, int y);
+
 /// For a brush of style BS_HATCHED or BS_PATTERN.
 BrushPixels pixelsOf(const DeviceContext& context, const Brush& brush);
 

@@ -16,6 +16,11 @@ std::uint32_t spread(bool bit) {
 
 } // namespace
 
+bool hasSurfaceColors(const DeviceContext& context) {
+    const Bitmap* bitmap = context.selectedBitmap();
+    return bitmap && bitmap->hasColors;
+}
+
 ColorTable surfaceColors(const DeviceContext& context) {
     const Bitmap* bitmap = context.selectedBitmap();
     return bitmap && bitmap->hasColors ? bitmap->colors : blackAndWhite;

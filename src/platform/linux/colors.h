@@ -13,6 +13,9 @@ constexpr COLORREF colorOfPixel32(std::uint32_t pixel) {
     return pixelOfColor(pixel);
 }
 
+/// True for a 1-bit surface with a colour table of its own.
+bool hasSurfaceColors(const DeviceContext& context);
+
 /// What 0 and 1 look like on the context's 1-bit surface.
 ColorTable surfaceColors(const DeviceContext& context);
 

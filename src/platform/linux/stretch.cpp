@@ -15,20 +15,38 @@ struct Share {
     int last = 0; ///< Not included
 };
 
-/// The shares of the target positions `begin` to `end` of an axis.
+/// Quotient of numbers that are not negative, rounded up, less one: an exact quotient belongs to the one
+/// below.
+int lowerQuotient(std::int64_t a, std::int64_t b) {
+    return static_cast<int>((a + b - 1) / b - 1);
+}
+
+/// The first source position whose centre falls on or after a target position, on a shrinking axis.
+int firstShrunk(std::int64_t position, std::int64_t targetLength, std::int64_t sourceLength) {
+    const std::int64_t edge = 2 * sourceLength * position - targetLength;
+    return edge < 0 ? 0 : static_cast<int>(edge / (2 * targetLength) + 1);
+}
+
+/// The shares of the target positions `begin` to `end` of an axis. Growing, each takes the source position
+/// under its centre; shrinking, each source position goes to the target position under its own.
 std::vector<Share> sharesOf(int targetLength, int sourceLength, int begin, int end, bool mirror) {
     std::vector<Share> shares;
     shares.reserve(static_cast<std::size_t>(end - begin));
     for (int i = begin; i < end; ++i) {
-        const std::int64_t position = mirror ? targetLength - 1 - i : i;
-        const std::int64_t first = position * sourceLength / targetLength;
-        const std::int64_t last = std::max((position + 1) * sourceLength / targetLength, first + 1);
-        shares.push_back({static_cast<int>(first), static_cast<int>(last)});
+        const int position = mirror ? targetLength - 1 - i : i;
+        if (targetLength >= sourceLength) {
+            const int taken = lowerQuotient((2 * std::int64_t{position} + 1) * sourceLength,
+                                            2 * std::int64_t{targetLength});
+            shares.push_back({taken, taken + 1});
+        } else {
+            shares.push_back({firstShrunk(position, targetLength, sourceLength),
+                              firstShrunk(position + 1, targetLength, sourceLength)});
+        }
     }
     return shares;
 }
 
-/// Joins the source pixels that fall on one target pixel.
+/// Joins the source pixels that fall on one target pixel. A mode that does not join takes the last of them.
 struct Joiner {
     int mode;
 
@@ -56,8 +74,8 @@ private:
     void addRow(int y, bool first, std::vector<std::uint32_t>& out) {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const Share& share = columns_[i];
-            std::uint32_t pixel = at(area_.left + share.first, y);
-            for (int x = share.first + 1; x < share.last && joiner_.joins(); ++x)
+            std::uint32_t pixel = at(area_.left + share.last - 1, y);
+            for (int x = share.first; x < share.last - 1 && joiner_.joins(); ++x)
                 joiner_.join(pixel, at(area_.left + x, y));
             if (first) {
                 out[i] = pixel;
