@@ -1,0 +1,79 @@
+#pragma once
+// A font of one size: its metrics and its glyphs as coverage, kept as long as they are used.
+
+#include "platform/linux/font_catalog.h"
+
+#include <array>
+#include <list>
+#include <memory>
+#include <unordered_map>
+
+namespace platform::driver {
+
+/// Coverage runs from 0 to fullCoverage.
+inline constexpr int fullCoverage = 16;
+
+/// One drawn character.
+struct Glyph {
+    int advance = 0; ///< To the next character when drawn; a picture of few pixels may differ from the measure
+    int left = 0; ///< Of the picture, from the pen position
+    int top = 0;  ///< Rows of the picture above the base line
+    int width = 0;
+    int height = 0;
+    bool smooth = false;                ///< Has coverage between none and full
+    std::vector<std::uint8_t> coverage; ///< Row by row from the top
+};
+
+/// Lines below and through text, in pixels from the base line upwards.
+struct TextLine {
+    int top = 0;
+    int height = 1;
+};
+
+class FontFace {
+public:
+    virtual ~FontFace() = default;
+
+    const TEXTMETRICW& metrics() const { return metrics_; }
+    const std::u16string& faceName() const { return faceName_; }
+    const TextLine& underline() const { return underline_; }
+    const TextLine& strikeOut() const { return strikeOut_; }
+
+    /// The glyph of a character, a place-holder for one that the font does not have. Stays valid until the
+    /// next call.
+    const Glyph& glyph(char16_t character);
+
+    /// Width of a character as measured, without building its picture.
+    int advance(char16_t character);
+
+    /// The face for a font record, from a small store of those used last.
+    static std::shared_ptr<FontFace> get(const LOGFONTW& request);
+
+protected:
+    virtual Glyph makeGlyph(char16_t character) = 0;
+    virtual int measure(char16_t character) = 0;
+
+    TEXTMETRICW metrics_;
+    std::u16string faceName_;
+    TextLine underline_;
+    TextLine strikeOut_;
+
+private:
+    static constexpr std::size_t directCount = 256;
+    static constexpr int unknownAdvance = -1;
+
+    std::array<std::unique_ptr<Glyph>, directCount> direct_; ///< Latin characters, found without searching
+    std::unordered_map<char16_t, Glyph> others_;
+    std::array<int, directCount> directAdvances_ = filled();
+    std::unordered_map<char16_t, int> otherAdvances_;
+    std::size_t bytes_ = 0;
+
+    static std::array<int, directCount> filled() {
+        std::array<int, directCount> advances{};
+        advances.fill(unknownAdvance);
+        return advances;
+    }
+    void makeRoom(std::size_t bytes);
+};
+
+} // namespace platform::driver

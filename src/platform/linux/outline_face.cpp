@@ -1,0 +1,193 @@
+#include "platform/linux/outline_face.h"
+
+#include FT_OUTLINE_H
+#include FT_GASP_H
+#include FT_TRUETYPE_TABLES_H
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr int defaultHeight = 16;
+constexpr int largestSize = 2048;           ///< Pixels per em; larger text is cut down to this
+constexpr FT_Fixed slantOfItalics = 0x4000; ///< One to the right for four up, 16.16
+constexpr int emboldenShare = 24;           ///< Made bold by a 24th of the em
+constexpr char16_t symbolArea = 0xF000;     ///< Where symbol fonts keep the codes of one byte
+
+/// The product divided and rounded to the nearest, halves away from zero.
+int roundedRatio(std::int64_t a, std::int64_t b, std::int64_t divisor) {
+    const std::int64_t product = a * b;
+    const std::int64_t half = divisor / 2;
+    return static_cast<int>(product >= 0 ? (product + half) / divisor : -((-product + half) / divisor));
+}
+
+TT_OS2* os2Of(FT_Face face) {
+    return static_cast<TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+}
+TT_HoriHeader* horizontalHeaderOf(FT_Face face) {
+    return static_cast<TT_HoriHeader*>(FT_Get_Sfnt_Table(face, FT_SFNT_HHEA));
+}
+
+/// What the font says of its own looks.
+BYTE familyBits(const TT_OS2* os2, bool isFixed) {
+    constexpr int latinText = 2;
+    constexpr int firstSerif = 2;
+    constexpr int lastSerif = 10;
+    if (isFixed) return FF_MODERN;
+    const bool isSerif =
+        os2 && os2->panose[0] == latinText && os2->panose[1] >= firstSerif && os2->panose[1] <= lastSerif;
+    return isSerif ? FF_ROMAN : FF_SWISS;
+}
+
+/// FreeType's 256 levels as those of a glyph.
+std::uint8_t coverageOf(unsigned level) {
+    return static_cast<std::uint8_t>(level * (fullCoverage + 1) / 256);
+}
+
+} // namespace
+
+std::shared_ptr<FontFace> OutlineFace::open(const FontSource& source, const LOGFONTW& request) {
+    FacePointer face = openFace(source.path, source.index);
+    if (!face || !FT_IS_SCALABLE(face.get())) return nullptr;
+    return std::shared_ptr<FontFace>(new OutlineFace(std::move(face), source, request));
+}
+
+OutlineFace::OutlineFace(FacePointer face, const FontSource& source, const LOGFONTW& request)
+    : face_(std::move(face)), embolden_(source.embolden), slant_(source.slant) {
+    faceName_ = source.faceName;
+    if (FT_Select_Charmap(face_.get(), FT_ENCODING_UNICODE) != 0)
+        isSymbol_ = FT_Select_Charmap(face_.get(), FT_ENCODING_MS_SYMBOL) == 0;
+    chooseSize(request);
+    chooseSmoothing(request.lfQuality);
+    readMetrics(source);
+}
+
+void OutlineFace::chooseSize(const LOGFONTW& request) {
+    const TT_OS2* os2 = os2Of(face_.get());
+    ascentUnits_ = os2 && os2->usWinAscent + os2->usWinDescent > 0 ? os2->usWinAscent : face_->ascender;
+    descentUnits_ = os2 && os2->usWinAscent + os2->usWinDescent > 0 ? os2->usWinDescent : -face_->descender;
+    const LONG height = request.lfHeight == 0 ? defaultHeight : request.lfHeight;
+    const int cell = std::max(1, ascentUnits_ + descentUnits_);
+    std::int64_t size = -std::int64_t{height};
+    if (height > 0) {
+        constexpr LONG sensible = 1 << 20;
+        const int fitted = std::min<LONG>(height, sensible);
+        size = roundedRatio(face_->units_per_EM, fitted, cell);
+        if (roundedRatio(size, cell, face_->units_per_EM) > fitted) --size;
+    }
+    pixelsPerEm_ = static_cast<int>(std::clamp<std::int64_t>(size, 1, largestSize));
+    FT_Set_Pixel_Sizes(face_.get(), 0, static_cast<FT_UInt>(pixelsPerEm_));
+}
+
+void OutlineFace::chooseSmoothing(BYTE quality) {
+    smooth_ = quality != NONANTIALIASED_QUALITY;
+    const FT_Int advice = FT_Get_Gasp(face_.get(), static_cast<FT_UInt>(pixelsPerEm_));
+    // The font's advice is for its upright letters.
+    if (advice != FT_GASP_NO_TABLE && (advice & FT_GASP_DO_GRAY) == 0 && !slant_) smooth_ = false;
+}
+
+int OutlineFace::scaled(int units) const {
+    return roundedRatio(units, pixelsPerEm_, face_->units_per_EM);
+}
+
+void OutlineFace::readMetrics(const FontSource& source) {
+    const TT_OS2* os2 = os2Of(face_.get());
+    const TT_HoriHeader* horizontal = horizontalHeaderOf(face_.get());
+    metrics_.tmAscent = scaled(ascentUnits_);
+    metrics_.tmDescent = scaled(descentUnits_);
+    metrics_.tmHeight = metrics_.tmAscent + metrics_.tmDescent;
+    metrics_.tmInternalLeading = scaled(ascentUnits_ + descentUnits_ - face_->units_per_EM);
+    if (horizontal) {
+        const int lines = horizontal->Ascender - horizontal->Descender + horizontal->Line_Gap;
+        metrics_.tmExternalLeading = std::max(0, scaled(lines - ascentUnits_ - descentUnits_));
+    }
+    metrics_.tmAveCharWidth = os2 ? scaled(os2->xAvgCharWidth) : scaled(face_->max_advance_width);
+    metrics_.tmMaxCharWidth = scaled(static_cast<int>(face_->bbox.xMax - face_->bbox.xMin));
+    metrics_.tmAveCharWidth = std::max(1, static_cast<int>(metrics_.tmAveCharWidth));
+    metrics_.tmMaxCharWidth = std::max(1, static_cast<int>(metrics_.tmMaxCharWidth));
+    metrics_.tmWeight = embolden_ || source.isBold ? FW_BOLD : FW_NORMAL;
+    constexpr int dotsPerInch = 96;
+    metrics_.tmDigitizedAspectX = dotsPerInch;
+    metrics_.tmDigitizedAspectY = dotsPerInch;
+    const int first = os2 ? os2->usFirstCharIndex : u' ';
+    metrics_.tmFirstChar = static_cast<char16_t>(first);
+    metrics_.tmLastChar = os2 ? os2->usLastCharIndex : 0xFFFF;
+    metrics_.tmBreakChar = static_cast<char16_t>(first <= 1 ? first + 2 : first > 0xFF ? u' ' : first);
+    metrics_.tmDefaultChar = static_cast<char16_t>(metrics_.tmBreakChar - 1);
+    metrics_.tmItalic = slant_ || source.isItalic ? 255 : 0;
+    const bool isFixed = FT_IS_FIXED_WIDTH(face_.get());
+    metrics_.tmPitchAndFamily = static_cast<BYTE>(TMPF_TRUETYPE | TMPF_VECTOR | familyBits(os2, isFixed) |
+                                                  (isFixed ? 0 : TMPF_FIXED_PITCH));
+    metrics_.tmCharSet = isSymbol_ ? SYMBOL_CHARSET : ANSI_CHARSET;
+    const int thickness = std::max(1, scaled(face_->underline_thickness));
+    underline_ = {scaled(face_->underline_position), thickness};
+    if (os2)
+        strikeOut_ = {scaled(os2->yStrikeoutPosition), std::max(1, scaled(os2->yStrikeoutSize))};
+    else
+        strikeOut_ = {metrics_.tmAscent / 3, thickness};
+}
+
+unsigned OutlineFace::indexOf(char16_t character) const {
+    if (!isSymbol_) return FT_Get_Char_Index(face_.get(), character);
+    const unsigned index =
+        FT_Get_Char_Index(face_.get(), character < 0x100 ? symbolArea + character : character);
+    return index != 0 ? index : FT_Get_Char_Index(face_.get(), character);
+}
+
+bool OutlineFace::load(char16_t character, int flags) {
+    return FT_Load_Glyph(face_.get(), indexOf(character), flags) == 0;
+}
+
+void OutlineFace::shape() {
+    FT_GlyphSlot slot = face_->glyph;
+    if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return;
+    if (embolden_) FT_Outline_Embolden(&slot->outline, (pixelsPerEm_ << 6) / emboldenShare);
+    if (slant_) {
+        FT_Matrix matrix{0x10000, slantOfItalics, 0, 0x10000};
+        FT_Outline_Transform(&slot->outline, &matrix);
+    }
+}
+
+int OutlineFace::loadedAdvance() const {
+    const int bolder = embolden_ ? std::max(1, pixelsPerEm_ / emboldenShare) : 0;
+    return static_cast<int>((face_->glyph->advance.x + 32) >> 6) + bolder;
+}
+
+int OutlineFace::measure(char16_t character) {
+    return load(character, FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP) ? loadedAdvance() : 0;
+}
+
+Glyph OutlineFace::makeGlyph(char16_t character) {
+    Glyph glyph;
+    // Ready-made pictures of small sizes are preferred, but cannot be leaned or thickened.
+    const int pictures = embolden_ || slant_ ? FT_LOAD_NO_BITMAP : 0;
+    if (!load(character, pictures | (smooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO))) return glyph;
+    glyph.advance = loadedAdvance();
+    shape();
+    FT_GlyphSlot slot = face_->glyph;
+    if (slot->format == FT_GLYPH_FORMAT_OUTLINE &&
+        FT_Render_Glyph(slot, smooth_ ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO) != 0)
+        return glyph;
+    const FT_Bitmap& bitmap = slot->bitmap;
+    glyph.left = slot->bitmap_left;
+    glyph.top = slot->bitmap_top;
+    glyph.width = static_cast<int>(bitmap.width);
+    glyph.height = static_cast<int>(bitmap.rows);
+    glyph.coverage.resize(static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height));
+    std::uint8_t* out = glyph.coverage.data();
+    for (int y = 0; y < glyph.height; ++y) {
+        const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * y;
+        for (int x = 0; x < glyph.width; ++x) {
+            const bool isMono = bitmap.pixel_mode == FT_PIXEL_MODE_MONO;
+            *out = isMono ? ((row[x >> 3] >> (7 - (x & 7)) & 1) ? fullCoverage : 0) : coverageOf(row[x]);
+            if (*out != 0 && *out != fullCoverage) glyph.smooth = true;
+            ++out;
+        }
+    }
+    return glyph;
+}
+
+} // namespace platform::driver

@@ -1,0 +1,40 @@
+#pragma once
+// Scalable fonts.
+
+#include "platform/linux/font_face.h"
+#include "platform/linux/freetype.h"
+
+namespace platform::driver {
+
+class OutlineFace : public FontFace {
+public:
+    /// Null when the file cannot be read or does not scale.
+    static std::shared_ptr<FontFace> open(const FontSource& source, const LOGFONTW& request);
+
+protected:
+    Glyph makeGlyph(char16_t character) override;
+    int measure(char16_t character) override;
+
+private:
+    OutlineFace(FacePointer face, const FontSource& source, const LOGFONTW& request);
+
+    void chooseSize(const LOGFONTW& request);
+    void chooseSmoothing(BYTE quality);
+    void readMetrics(const FontSource& source);
+    unsigned indexOf(char16_t character) const;
+    bool load(char16_t character, int flags);
+    void shape();
+    int loadedAdvance() const;
+    int scaled(int units) const;
+
+    FacePointer face_;
+    bool embolden_;
+    bool slant_;
+    bool smooth_ = true;
+    bool isSymbol_ = false;
+    int pixelsPerEm_ = 1;
+    int ascentUnits_ = 0;
+    int descentUnits_ = 0;
+};
+
+} // namespace platform::driver
