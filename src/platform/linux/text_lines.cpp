@@ -1,0 +1,145 @@
+#include "platform/linux/text_lines.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr char16_t mark = u'&';
+constexpr std::u16string_view ellipsis = u"...";
+
+bool has(UINT format, UINT flag) {
+    return (format & flag) != 0;
+}
+
+/// Takes the marks out of a line. Two in a row stand for one that is shown; the last single one counts.
+TextLineLayout withoutMarks(std::u16string_view text, UINT format) {
+    TextLineLayout line;
+    if (has(format, DT_NOPREFIX)) {
+        line.text = text;
+        return line;
+    }
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == mark) {
+            if (++i == text.size()) break;
+            if (text[i] != mark) line.underlined = static_cast<int>(line.text.size());
+        }
+        line.text += text[i];
+    }
+    return line;
+}
+
+/// The end of the first paragraph of `text`, and where the next begins.
+struct Paragraph {
+    std::size_t end;
+    std::size_t next;
+};
+
+Paragraph firstParagraph(std::u16string_view text, UINT format) {
+    if (has(format, DT_SINGLELINE)) return {text.size(), text.size()};
+    const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
+    if (end == text.size()) return {end, end};
+    const bool isPair = end + 1 < text.size() && text[end] != text[end + 1] &&
+                        (text[end + 1] == u'\r' || text[end + 1] == u'\n');
+    return {end, end + (isPair ? 2 : 1)};
+}
+
+/// How many characters of `text` fit in the room, at least one.
+std::size_t fitting(std::u16string_view text, const LineRules& rules, const TextMeasure& measure) {
+    std::size_t low = 1;
+    std::size_t high = text.size();
+    while (low < high) {
+        const std::size_t middle = (low + high + 1) / 2;
+        if (lineWidth(text.substr(0, middle), rules, measure) <= rules.width) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return low;
+}
+
+/// A piece of a line's text moved into a line of its own; the underlined character goes where it lies.
+TextLineLayout piece(const TextLineLayout& whole, std::size_t begin, std::size_t end) {
+    TextLineLayout line{whole.text.substr(begin, end - begin), -1};
+    const int first = static_cast<int>(begin);
+    if (whole.underlined >= first && whole.underlined < static_cast<int>(end))
+        line.underlined = whole.underlined - first;
+    return line;
+}
+
+/// Cuts a paragraph between words. A word wider than the room has a line of its own, or is cut for
+/// DT_EDITCONTROL.
+void wrap(const TextLineLayout& whole, const LineRules& rules, const TextMeasure& measure,
+          std::vector<TextLineLayout>& out) {
+    const std::u16string_view text = whole.text;
+    std::size_t begin = 0;
+    while (lineWidth(text.substr(begin), rules, measure) > rules.width) {
+        const std::size_t fit = begin + fitting(text.substr(begin), rules, measure);
+        std::size_t end = fit;
+        std::size_t next = fit;
+        const std::size_t space = text.rfind(u' ', fit);
+        if (space != std::u16string_view::npos && space >= begin) {
+            end = space;
+            next = space + 1;
+            while (end > begin && text[end - 1] == u' ')
+                --end;
+        } else if (!has(rules.format, DT_EDITCONTROL)) {
+            end = std::min(text.find(u' ', fit), text.size());
+            next = std::min(end + 1, text.size());
+        }
+        if (next >= text.size()) {
+            begin = end == text.size() ? begin : end;
+            if (end == text.size()) break;
+        }
+        out.push_back(piece(whole, begin, end));
+        begin = next;
+        if (begin >= text.size()) return;
+    }
+    out.push_back(piece(whole, begin, text.size()));
+}
+
+} // namespace
+
+int lineWidth(std::u16string_view line, const LineRules& rules, const TextMeasure& measure) {
+    if (!has(rules.format, DT_EXPANDTABS) || rules.tabWidth <= 0) return measure(line);
+    int width = 0;
+    for (;;) {
+        const std::size_t tab = line.find(u'\t');
+        width += measure(line.substr(0, tab));
+        if (tab == std::u16string_view::npos) return width;
+        width = (width / rules.tabWidth + 1) * rules.tabWidth;
+        line.remove_prefix(tab + 1);
+    }
+}
+
+std::vector<TextLineLayout> layOutLines(std::u16string_view text, const LineRules& rules,
+                                        const TextMeasure& measure) {
+    std::vector<TextLineLayout> lines;
+    do {
+        const Paragraph paragraph = firstParagraph(text, rules.format);
+        const TextLineLayout line = withoutMarks(text.substr(0, paragraph.end), rules.format);
+        if (has(rules.format, DT_WORDBREAK) && !has(rules.format, DT_SINGLELINE)) {
+            wrap(line, rules, measure, lines);
+        } else {
+            lines.push_back(line);
+        }
+        text.remove_prefix(paragraph.next);
+    } while (!text.empty());
+    return lines;
+}
+
+void endWithEllipsis(TextLineLayout& line, const LineRules& rules, const TextMeasure& measure) {
+    if (lineWidth(line.text, rules, measure) <= rules.width) return;
+    const int room = rules.width - measure(ellipsis);
+    LineRules cut = rules;
+    cut.width = std::max(room, 0);
+    std::size_t kept = line.text.empty() ? 0 : fitting(line.text, cut, measure);
+    if (kept == 1 && lineWidth(line.text.substr(0, 1), rules, measure) > cut.width) kept = room > 0 ? 1 : 0;
+    line.text.resize(kept);
+    if (line.underlined >= static_cast<int>(kept)) line.underlined = -1;
+    line.text += ellipsis;
+}
+
+} // namespace platform::driver
