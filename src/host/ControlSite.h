@@ -94,8 +94,9 @@ public:
     /// The control was enabled or disabled; a disabled one must not keep the focus.
     virtual void enabledChanged() = 0;
 
-    /// The mouse did something in the control's window: what the container's tool tips go by.
-    virtual void mouseActivity(platform::UINT message) = 0;
+    /// The mouse did something in the control's window: what the container's tool tips go by. `innerToolTip`
+    /// is the text of the constituent under the pointer; empty: the control's own (ToolTipText) holds.
+    virtual void mouseActivity(platform::UINT message, const automation::String& innerToolTip) = 0;
 };
 
 } // namespace host

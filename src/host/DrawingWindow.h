@@ -139,8 +139,6 @@ public:
 
     /// The counted object that this window belongs to; it is kept alive while a message is handled.
     virtual automation::Object& self() = 0;
-    /// The container's place for this window, null on a form.
-    virtual ControlSite* windowSite() const { return nullptr; }
 
 protected:
     // What happens to the window. Coordinates are in the window's scale. A handler may change the arguments
@@ -179,8 +177,9 @@ protected:
     virtual void paintBehind(platform::HDC) {}
     /// A property that contained controls see as an ambient value has changed.
     virtual void lookChanged(const char16_t*) {}
-    /// Any mouse message of the window, before the handlers.
-    virtual void mouseActivity(platform::UINT, platform::POINT) {}
+    /// Any mouse message of the window, before the handlers, with the tool tip of the label under the
+    /// pointer.
+    virtual void mouseActivity(platform::UINT, const automation::String&) {}
     /// Messages that neither the handlers nor the classes above use.
     virtual platform::LRESULT otherMessage(platform::UINT, platform::WPARAM, platform::LPARAM);
     virtual bool takesInput() const { return true; }

@@ -70,8 +70,8 @@ platform::LRESULT DrawingWindow::handleKey(platform::UINT code, platform::WPARAM
 
 void DrawingWindow::handleMouse(platform::UINT code, platform::WPARAM wParam, platform::LPARAM lParam) {
     const platform::POINT at{platform::GET_X_LPARAM(lParam), platform::GET_Y_LPARAM(lParam)};
-    if (ControlSite* site = windowSite()) site->mouseActivity(code);
-    mouseActivity(code, at);
+    const Label* under = labelAt(at);
+    mouseActivity(code, under ? under->ToolTipText() : automation::String());
     if (!takesInput()) return;
     short shift = shiftState();
     float x = unitX(at.x);

@@ -203,7 +203,7 @@ protected:
     void focusCame() override;
     void windowSized() override;
     void lookChanged(const char16_t* property) override;
-    void mouseActivity(platform::UINT message, platform::POINT at) override;
+    void mouseActivity(platform::UINT message, const automation::String& toolTip) override;
     bool takesInput() const override { return enabled_; }
 
 private:
@@ -228,7 +228,7 @@ private:
     void broadcastAmbient(const automation::String& property);
     void onlyDefault(const FormSite& chosen);
     void onlyCancel(const FormSite& chosen);
-    void hover(const FormSite* site, platform::UINT message);
+    void hover(const void* what, const automation::String& text, platform::UINT message);
 
     // Focus: Form_focus.cpp
     FormSite* siteOf(platform::HWND window) const;

@@ -163,6 +163,7 @@ void FormSite::setExtenderValue(ExtenderValue which, const automation::Variant& 
         return;
     case ExtenderValue::ToolTipText:
         toolTipText_ = automation::fromVariant<automation::String>(value);
+        if (auto* label = dynamic_cast<Label*>(control_.get())) label->ToolTipText(toolTipText_);
         return;
     case ExtenderValue::CausesValidation:
         causesValidation_ = automation::fromVariant<bool>(value);
@@ -260,8 +261,8 @@ void FormSite::enabledChanged() {
     if (!control_->enabled()) form_.focusLost(*this);
 }
 
-void FormSite::mouseActivity(platform::UINT message) {
-    form_.hover(this, message);
+void FormSite::mouseActivity(platform::UINT message, const automation::String& innerToolTip) {
+    form_.hover(this, innerToolTip.empty() ? toolTipText_ : innerToolTip, message);
 }
 
 } // namespace host

@@ -50,7 +50,7 @@ public:
     bool focusLeaving(platform::HWND next) override;
     void paintBehind(platform::HDC dc) override;
     void enabledChanged() override;
-    void mouseActivity(platform::UINT message) override;
+    void mouseActivity(platform::UINT message, const automation::String& innerToolTip) override;
 
 private:
     friend class Form;

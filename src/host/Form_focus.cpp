@@ -254,7 +254,7 @@ bool Form::navigationKey(platform::HWND window, platform::UINT message, platform
 bool Form::siteTranslateKey(FormSite& site, platform::UINT message, platform::WPARAM& wParam,
                             platform::LPARAM) {
     if (!userMode_) return false;
-    if (toolTip_) hover(nullptr, message);
+    if (toolTip_) hover(nullptr, {}, message);
     return navigationKey(site.control().window(), message, wParam) || previewKey(message, wParam);
 }
 

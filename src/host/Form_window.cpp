@@ -109,6 +109,7 @@ void Form::MaxButton(bool value) {
 void Form::Enabled(bool value) {
     enabled_ = value;
     if (hWnd()) platform::EnableWindow(hWnd(), value);
+    broadcastAmbient(nameOf(AmbientValue::UIDead));
 }
 
 host::WindowState Form::WindowState() const {
@@ -265,7 +266,7 @@ platform::LRESULT Form::otherMessage(platform::UINT code, platform::WPARAM wPara
         if (platform::LOWORD(wParam) != platform::WA_INACTIVE) {
             onActivate();
         } else {
-            hover(nullptr, code);
+            hover(nullptr, {}, code);
             onDeactivate();
         }
         break;
@@ -277,26 +278,17 @@ platform::LRESULT Form::otherMessage(platform::UINT code, platform::WPARAM wPara
 
 // Tool tips.
 
-void Form::hover(const FormSite* site, platform::UINT message) {
-    const automation::String text = site && userMode_ ? site->toolTipText() : automation::String();
-    if (message != platform::WM_MOUSEMOVE || text.empty()) {
+void Form::hover(const void* what, const automation::String& text, platform::UINT message) {
+    if (message != platform::WM_MOUSEMOVE || text.empty() || !userMode_) {
         if (toolTip_) toolTip_->hide();
         return;
     }
     if (!toolTip_) toolTip_ = automation::make<ToolTipWindow>();
-    toolTip_->over(site, text);
+    toolTip_->over(what, text);
 }
 
-void Form::mouseActivity(platform::UINT message, platform::POINT at) {
-    const FormSite* under = nullptr;
-    for (const auto& site : sites_) {
-        const platform::RECT place = site->control().bounds().pixels();
-        const bool inside =
-            at.x >= place.left && at.x < place.right && at.y >= place.top && at.y < place.bottom;
-        if (!site->control().window() && &site->container() == this && site->visible() && inside)
-            under = site.get();
-    }
-    hover(under, message);
+void Form::mouseActivity(platform::UINT message, const automation::String& toolTip) {
+    hover(this, toolTip, message);
 }
 
 } // namespace host

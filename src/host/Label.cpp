@@ -103,6 +103,7 @@ void Label::Visible(bool value) {
 }
 
 void Label::ToolTipText(const automation::String& value) {
+    if (value == toolTip_) return;
     toolTip_ = value;
     if (site()) site()->setExtenderValue(ExtenderValue::ToolTipText, value);
 }

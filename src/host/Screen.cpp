@@ -29,16 +29,21 @@ std::vector<std::u16string> fontNames() {
     return names;
 }
 
+/// Programs ask for one font after the other: the list is read once.
+const std::vector<std::u16string>& fonts() {
+    auto& names = session().fontNames;
+    if (names.empty()) names = fontNames();
+    return names;
+}
+
 } // namespace
 
 short Screen::FontCount() {
-    return static_cast<short>(fontNames().size());
+    return static_cast<short>(fonts().size());
 }
 
 automation::String Screen::Fonts(short index) {
-    auto& names = session().fontNames;
-    // A program asks for one font after the other: the list is read when it begins.
-    if (index == 0 || names.empty()) names = fontNames();
+    const auto& names = fonts();
     if (index < 0 || static_cast<std::size_t>(index) >= names.size()) return {};
     return names[static_cast<std::size_t>(index)];
 }

@@ -19,7 +19,7 @@ struct Session {
     FontCache fonts;
     automation::String title;
     MousePointer pointer = MousePointer::Default;
-    std::vector<std::u16string> fontNames; ///< As Screen read them last
+    std::vector<std::u16string> fontNames; ///< As Screen read them
 };
 
 Session& session();

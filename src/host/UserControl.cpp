@@ -179,6 +179,10 @@ void UserControl::paintBehind(platform::HDC dc) {
     if (site()) site()->paintBehind(dc);
 }
 
+void UserControl::mouseActivity(platform::UINT message, const automation::String& innerToolTip) {
+    if (site()) site()->mouseActivity(message, innerToolTip);
+}
+
 void UserControl::frame(platform::DWORD exStyle, platform::DWORD style) {
     if (!hWnd()) return;
     constexpr platform::DWORD Frames = platform::WS_BORDER;

@@ -53,7 +53,6 @@ public:
     void focusLeft() override;
 
     automation::Object& self() override { return *this; }
-    ControlSite* windowSite() const override { return site(); }
 
 protected:
     virtual void onInitialize() {}
@@ -78,6 +77,7 @@ protected:
     bool takesInput() const override { return enabled_; }
     double containerUnitTwips(Axis axis) const override;
     void paintBehind(platform::HDC dc) override;
+    void mouseActivity(platform::UINT message, const automation::String& innerToolTip) override;
     /// Changes the window's frame (WS_EX_...).
     void frame(platform::DWORD exStyle, platform::DWORD style);
 
