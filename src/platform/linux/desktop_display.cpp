@@ -10,6 +10,7 @@
 #include "platform/locale.h"
 
 #include <SDL.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -569,6 +570,29 @@ constexpr Hint Hints[] = {
     {SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"}, {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"},
     {SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"},    {SDL_HINT_IME_SHOW_UI, "1"}};
 
+/// Where no session bus is known, looking for one would start one, which takes longer than all the rest.
+class NoBusSearch {
+public:
+    NoBusSearch() : quiet_(!std::getenv(Bus) && !hasUserBus()) {
+        if (quiet_) setenv(Bus, "disabled:", 1);
+    }
+    ~NoBusSearch() {
+        if (quiet_) unsetenv(Bus);
+    }
+    NoBusSearch(const NoBusSearch&) = delete;
+    NoBusSearch& operator=(const NoBusSearch&) = delete;
+
+private:
+    static constexpr const char* Bus = "DBUS_SESSION_BUS_ADDRESS";
+
+    static bool hasUserBus() {
+        const char* folder = std::getenv("XDG_RUNTIME_DIR");
+        return folder && access((std::string(folder) + "/bus").c_str(), F_OK) == 0;
+    }
+
+    const bool quiet_;
+};
+
 bool startVideo(const char* driver) {
     if (driver) SDL_SetHint(SDL_HINT_VIDEODRIVER, driver);
     return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
@@ -580,6 +604,7 @@ std::unique_ptr<Display> startDesktopDisplay() {
     for (const Hint& hint : Hints)
         SDL_SetHint(hint.name, hint.value);
     SDL_SetMainReady();
+    const NoBusSearch noBusSearch;
     const bool chosen = std::getenv("SDL_VIDEODRIVER") != nullptr;
     const bool started = chosen ? startVideo(nullptr) : startVideo("x11") || startVideo("wayland");
     if (!started) return nullptr;

@@ -1,0 +1,125 @@
+// A window on the real desktop that tells on its standard output what reaches it, one line an event. The
+// script beside it plays the user.
+
+#include "platform/gdi.h"
+#include "platform/locale.h"
+#include "platform/windows.h"
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+using namespace platform;
+
+std::string typedText;
+
+void tell(const char* what, long a = -1, long b = -1) {
+    if (b >= 0)
+        std::printf("%s %ld %ld\n", what, a, b);
+    else if (a >= 0)
+        std::printf("%s %ld\n", what, a);
+    else
+        std::printf("%s\n", what);
+    std::fflush(stdout);
+}
+
+void tellText(const char* what, std::u16string_view text) {
+    std::printf("%s %s\n", what, utf8FromWide(text).c_str());
+    std::fflush(stdout);
+}
+
+void paint(HWND window) {
+    PAINTSTRUCT record;
+    const HDC dc = BeginPaint(window, &record);
+    constexpr RECT Mark{10, 10, 60, 60};
+    const HBRUSH brush = CreateSolidBrush(RGB(200, 30, 30));
+    FillRect(dc, &Mark, brush);
+    DeleteObject(brush);
+    EndPaint(window, &record);
+    static bool first = true;
+    if (first) tell("painted");
+    first = false;
+}
+
+/// Ctrl+C copies what was typed, Ctrl+V tells what is on the clipboard.
+void character(HWND, WPARAM byte) {
+    constexpr WPARAM ControlC = 3;
+    constexpr WPARAM ControlV = 22;
+    constexpr WPARAM Enter = 13;
+    if (byte == ControlC) {
+        setClipboardText(wideFromAnsi(typedText));
+        tell("copied");
+    } else if (byte == ControlV) {
+        tellText("pasted", clipboardText());
+    } else if (byte == Enter) {
+        tellText("typed", wideFromAnsi(typedText));
+    } else {
+        typedText += static_cast<char>(byte);
+        tell("char", static_cast<long>(byte));
+    }
+}
+
+LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_PAINT:
+        return paint(window), 0;
+    case WM_CHAR:
+        return character(window, wParam), 0;
+    case WM_SYSCHAR:
+        return tell("syschar", static_cast<long>(wParam)), 0;
+    case WM_KEYDOWN:
+        return tell("key", static_cast<long>(wParam)), 0;
+    case WM_LBUTTONDOWN:
+        return tell("press", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
+    case WM_LBUTTONDBLCLK:
+        return tell("doubleclick"), 0;
+    case WM_MOUSEWHEEL:
+        return tell("wheel", GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA + 10), 0;
+    case WM_SETFOCUS:
+        CreateCaret(window, {}, 2, 14);
+        SetCaretPos(100, 20);
+        ShowCaret(window);
+        tell("focus");
+        return 0;
+    case WM_KILLFOCUS:
+        DestroyCaret();
+        return tell("unfocus"), 0;
+    case WM_SIZE:
+        return tell("size", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
+    case WM_TIMER:
+        return tell("tick"), 0;
+    case WM_DESTROY:
+        tell("closed");
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+} // namespace
+
+int main() {
+    WNDCLASSA windowClass;
+    windowClass.style = CS_DBLCLKS;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hCursor = LoadCursorA({}, IDC_IBEAM);
+    windowClass.hbrBackground = HBRUSH(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = "DesktopProbe";
+    RegisterClassA(&windowClass);
+    RECT frame{200, 150, 520, 350};
+    AdjustWindowRectEx(&frame, WS_OVERLAPPEDWINDOW, FALSE_, 0);
+    const HWND window =
+        CreateWindowExA(0, "DesktopProbe", "", WS_OVERLAPPEDWINDOW, frame.left, frame.top,
+                        frame.right - frame.left, frame.bottom - frame.top, {}, {}, {}, nullptr);
+    SetWindowTextW(window, u"Sonda de a\u00F1o");
+    ShowWindow(window, SW_SHOW);
+    SetTimer(window, 1, 200, nullptr);
+    MSG message;
+    while (GetMessageA(&message, {}, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}
