@@ -1,0 +1,162 @@
+#include "automation/Clock.h"
+#include "automation/Conversions.h"
+#include "automation/DateFunctions.h"
+#include "automation/LateBound.h"
+#include "data/cFecha.h"
+#include "support/Started.h"
+
+#include <cmath>
+
+using automation::Date;
+using automation::String;
+using automation::Variant;
+using namespace tesela;
+
+namespace {
+
+class cFecha_ : public support::Started {
+protected:
+    automation::Ref<cFecha> fecha = automation::make<cFecha>();
+    Date none;
+};
+
+} // namespace
+
+TEST_F(cFecha_, ANewOneIsTheEmptyDateAndReadsAsBlanks) {
+    EXPECT_EQ(-53688.0, fecha->Value().value());
+    EXPECT_EQ("  /  /    ", fecha->Texto().utf8());
+    EXPECT_EQ("(Fecha nula)", fecha->GetTimeStr().utf8());
+}
+
+TEST_F(cFecha_, TheBlankTemplateFollowsTheLocale) {
+    startIn("sv-SE");
+    EXPECT_EQ("    -  -  ", automation::make<cFecha>()->Texto().utf8());
+}
+
+TEST_F(cFecha_, SpecialDates) {
+    EXPECT_EQ(automation::Today(), fecha->SetEspecial(tslDateToday));
+    EXPECT_EQ(std::trunc(fecha->Value().value()), fecha->Value().value()) << "today has no time";
+    EXPECT_EQ(-53688.0, fecha->SetEspecial(tslDateEmpty).value());
+    EXPECT_EQ(-53688.00001157408, fecha->SetEspecial(tslDateMin).value());
+    EXPECT_EQ(2958465.999988426, fecha->SetEspecial(tslDateMax).value());
+    EXPECT_EQ(0.0, fecha->SetEspecial(tslDateZero).value());
+    EXPECT_EQ(-53688.0, fecha->SetEspecial(static_cast<tslDateConstants>(7)).value());
+    EXPECT_EQ(-53688.0, fecha->SetEspecial(static_cast<tslDateConstants>(-1)).value());
+}
+
+TEST_F(cFecha_, SpecialDatesAreTheMomentsTheyStandFor) {
+    EXPECT_EQ(Date::join(1753, 1, 1).value(), fecha->SetEspecial(tslDateEmpty).value());
+    const auto low = fecha->SetEspecial(tslDateMin).split();
+    EXPECT_EQ(1753, low.year);
+    EXPECT_EQ(1, low.second);
+    const auto high = fecha->SetEspecial(tslDateMax).split();
+    EXPECT_EQ(9999, high.year);
+    EXPECT_EQ(59, high.second);
+}
+
+TEST_F(cFecha_, TextsOfTheEnds) {
+    fecha->SetEspecial(tslDateMin);
+    EXPECT_EQ("(Desde el principio)", fecha->Texto().utf8());
+    EXPECT_EQ("(Desde el principio)", fecha->GetTimeStr().utf8());
+    fecha->Value(Date(-53688.0 - 1 / 86400.0));
+    EXPECT_EQ("(Desde el principio)", fecha->Texto().utf8()) << "one second after the empty date";
+    fecha->SetEspecial(tslDateMax);
+    EXPECT_EQ("(Hasta el final)", fecha->Texto().utf8());
+    EXPECT_EQ("(Hasta el final)", fecha->GetTimeStr(true).utf8());
+}
+
+TEST_F(cFecha_, TextIsReadAndWritten) {
+    fecha->Texto(u"29/02/2024");
+    EXPECT_EQ(Date::join(2024, 2, 29), fecha->Value());
+    EXPECT_EQ("29/02/2024", fecha->Texto().utf8());
+    fecha->Texto(u"no es fecha");
+    EXPECT_EQ(Date::join(2024, 2, 29), fecha->Value());
+    fecha->Texto(u"30/02/2024 x");
+    EXPECT_EQ(Date::join(2024, 2, 29), fecha->Value());
+}
+
+TEST_F(cFecha_, DatesOfParts) {
+    EXPECT_EQ(Date::join(2020, 3, 1), fecha->Mk_Date(1, 3, 2020));
+    EXPECT_EQ(Date::join(2021, 1, 31), fecha->Mk_Date(31, 13, 2020)) << "month 13 rolls over";
+    EXPECT_EQ(Date(Date::join(2020, 3, 1).value() + 0.5), fecha->Mk_Date(1, 3, 2020, Date(0.5)));
+    EXPECT_EQ(Date::join(2020, 3, 1), fecha->Mk_Date(1, 3, 2020, Date(1.5))) << "more than a time";
+    const auto today = automation::Today().split();
+    EXPECT_EQ(Date::join(today.year, today.month, today.day), fecha->Mk_Date());
+    EXPECT_EQ(Date::join(today.year, today.month, 1), fecha->Mk_Date(1));
+    EXPECT_EQ(fecha->Mk_Date(1), fecha->Value());
+}
+
+TEST_F(cFecha_, TimesOfParts) {
+    fecha->Value(Date(Date::join(2020, 3, 1).value() + 0.9));
+    EXPECT_EQ(automation::TimeSerial(10, 20, 30), fecha->Mk_Time(10, 20, 30, true));
+    EXPECT_EQ(Date(Date::join(2020, 3, 1).value() + 0.9), fecha->Value());
+    const Date joined = fecha->Mk_Time(10, 20, 30);
+    EXPECT_EQ(Date::join(2020, 3, 1).value() + automation::TimeSerial(10, 20, 30).value(), joined.value());
+    EXPECT_EQ(joined, fecha->Value());
+}
+
+TEST_F(cFecha_, DateAndTimeJoin) {
+    EXPECT_EQ(43891.25, fecha->SetDateTime(Date(43891), Date(0.25)).value());
+    EXPECT_EQ(43891.25, fecha->GetDateTime().value());
+    EXPECT_EQ(0.25, fecha->GetDateTime(true).value());
+}
+
+TEST_F(cFecha_, LongTexts) {
+    fecha->Value(Date::join(2024, 2, 29, 7, 5, 9));
+    EXPECT_EQ("7:05:09", fecha->GetTimeStr(true).utf8());
+    EXPECT_EQ("jueves, 29 de febrero de 2024, 7:05:09", fecha->GetTimeStr().utf8());
+}
+
+TEST_F(cFecha_, MonthsOfTheWholeCalendar) {
+    for (int year = 1600; year <= 2400; ++year)
+        for (int month = 1; month <= 12; ++month) {
+            Date day = Date::join(year, month, 15);
+            ASSERT_EQ(Date::join(year, month, Date::daysInMonth(year, month)), fecha->dUlMes(day));
+            ASSERT_EQ(Date::join(year, month, 1), fecha->dPrMes(day));
+            ASSERT_EQ(Date::daysInMonth(year, month), fecha->DiasMes(day));
+        }
+}
+
+TEST_F(cFecha_, AnArgumentOf0IsTheOwnValueAndReceivesIt) {
+    fecha->Value(Date::join(2024, 2, 10));
+    Date argument;
+    EXPECT_EQ(Date::join(2024, 2, 29), fecha->dUlMes(argument));
+    EXPECT_EQ(Date::join(2024, 2, 10), argument);
+    Variant late(Date(0));
+    EXPECT_EQ(29, automation::callMethod(*fecha, u"DiasMes", Variant::byRef(late)).asLong());
+    EXPECT_EQ(Date::join(2024, 2, 10), late.asDate());
+    EXPECT_EQ(29, automation::callMethod(*fecha, u"DiasMes").asLong()) << "left out";
+}
+
+TEST_F(cFecha_, WeekdaysByTheUsersWeek) {
+    Date thursday = Date::join(2024, 2, 29);
+    bool brief = false;
+    EXPECT_EQ(4, fecha->DiaSemana(thursday)) << "the Spanish week begins on Monday";
+    EXPECT_EQ("jueves", fecha->DiaSemanaStr(thursday, brief).utf8());
+    startIn("en-US");
+    const auto american = automation::make<cFecha>();
+    EXPECT_EQ(5, american->DiaSemana(thursday));
+    EXPECT_EQ("Thursday", american->DiaSemanaStr(thursday, brief).utf8());
+    brief = true;
+    EXPECT_EQ("Thu", american->DiaSemanaStr(thursday, brief).utf8());
+}
+
+TEST_F(cFecha_, EasterOf1900To2099) {
+    EXPECT_EQ(Date::join(2024, 3, 31), fecha->DomingoResurreccion(2024));
+    EXPECT_EQ(Date::join(2000, 4, 23), fecha->DomingoResurreccion(2000));
+    for (int year = 1900; year <= 2099; ++year) {
+        // The anonymous Gregorian computus.
+        const int a = year % 19, b = year / 100, c = year % 100, d = b / 4, e = b % 4, f = (b + 8) / 25;
+        const int g = (b - f + 1) / 3, h = (19 * a + b - d - g + 15) % 30, i = c / 4, k = c % 4;
+        const int l = (32 + 2 * e + 2 * i - h - k) % 7, m = (a + 11 * h + 22 * l) / 451;
+        const int month = (h + l - 7 * m + 114) / 31, day = (h + l - 7 * m + 114) % 31 + 1;
+        EXPECT_EQ(Date::join(year, month, day), fecha->DomingoResurreccion(year)) << year;
+    }
+}
+
+TEST_F(cFecha_, TheValueIsTheDefaultMember) {
+    fecha->Value(Date(12345));
+    EXPECT_EQ(Date(12345), automation::value(Variant(fecha)).asDate());
+    automation::letProperty(*fecha, u"VALUE", Variant(u"01/02/2003"));
+    EXPECT_EQ(Date::join(2003, 2, 1), fecha->Value());
+}

@@ -1,0 +1,2 @@
+// A source of the platform ring that stays in it: it must compile.
+#include "platform/gdi.h"

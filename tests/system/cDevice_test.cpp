@@ -1,0 +1,149 @@
+#include "automation/Conversions.h"
+#include "automation/LateBound.h"
+#include "platform/files.h"
+#include "platform/processes.h"
+#include "platform/text_files.h"
+#include "support/Started.h"
+#include "system/cDevice.h"
+
+using automation::Currency;
+using automation::Date;
+using automation::String;
+using automation::Variant;
+using namespace tesela;
+
+namespace {
+
+class cDevice_ : public support::Started {
+protected:
+    cDevice_() {
+        char16_t temporary[300] = {};
+        platform::GetTempPathW(300, temporary);
+        file = String(temporary) + u"tesela-device-" +
+               automation::CStr(static_cast<std::int32_t>(platform::GetCurrentProcessId())) + u".bin";
+        platform::deleteFile(file, true);
+    }
+    ~cDevice_() override {
+        device->FClose();
+        platform::deleteFile(file, true);
+    }
+    bool openNew() {
+        return device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_CreateAlways);
+    }
+
+    static constexpr auto readWrite = static_cast<Device_AccessModeConstants>(Device_AccessMode_GenericRead |
+                                                                              Device_AccessMode_GenericWrite);
+    String file;
+    automation::Ref<cDevice> device = automation::make<cDevice>();
+};
+
+} // namespace
+
+TEST_F(cDevice_, ABadPathFailsAndClosingIsFine) {
+    EXPECT_FALSE(device->FOpen(u"no\\such\\folder\\file.bin", Device_AccessMode_GenericRead));
+    EXPECT_TRUE(device->FClose());
+}
+
+TEST_F(cDevice_, AClosedDeviceMovesNothing) {
+    char byte = 0;
+    EXPECT_EQ(-1, device->FRead(&byte, 1));
+    EXPECT_EQ(-1, device->FWrite(&byte, 1));
+    EXPECT_EQ(Currency(-1), device->FSeek(Currency(0)));
+    EXPECT_EQ(Currency(-1), device->GetFileSize());
+    EXPECT_FALSE(device->SetFileTimes(Variant(Date::join(2020, 1, 1))));
+}
+
+TEST_F(cDevice_, BytesGoAndComeBack) {
+    ASSERT_TRUE(openNew());
+    EXPECT_EQ(10, device->FWrite("0123456789", 10));
+    EXPECT_EQ(Currency(10), device->GetFileSize());
+    EXPECT_EQ(Currency(4), device->FSeek(Currency(4)));
+    char bytes[8] = {};
+    EXPECT_EQ(3, device->FRead(bytes, 3));
+    EXPECT_STREQ("456", bytes);
+    EXPECT_EQ(Currency(5), device->FSeek(Currency(-2), Device_SeekMethod_Current));
+    EXPECT_EQ(Currency(9), device->FSeek(Currency(-1), Device_SeekMethod_End));
+    EXPECT_EQ(1, device->FRead(bytes, 5));
+    EXPECT_EQ(0, device->FRead(bytes, 5)) << "at the end";
+    EXPECT_EQ(Currency(-1), device->FSeek(Currency(-1)));
+    EXPECT_EQ(-1, device->FRead(bytes, -1));
+    EXPECT_TRUE(device->FClose());
+    EXPECT_TRUE(device->FClose());
+}
+
+TEST_F(cDevice_, PositionsGoBeyond4Gigabytes) {
+    ASSERT_TRUE(openNew());
+    const Currency far = Currency::fromScaled(6'000'000'000LL * Currency::scale);
+    EXPECT_EQ(far, device->FSeek(far));
+    EXPECT_EQ(Currency(0), device->GetFileSize());
+}
+
+TEST_F(cDevice_, OpeningAgainClosesTheFirstFile) {
+    ASSERT_TRUE(openNew());
+    device->FWrite("x", 1);
+    ASSERT_TRUE(device->FOpen(file, Device_AccessMode_GenericRead)) << "no sharing with itself";
+    EXPECT_EQ(Currency(1), device->GetFileSize());
+}
+
+TEST_F(cDevice_, Dispositions) {
+    EXPECT_FALSE(device->FOpen(file, readWrite)) << "there is none yet";
+    EXPECT_TRUE(device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_CreateNew));
+    device->FWrite("abc", 3);
+    device->FClose();
+    EXPECT_FALSE(device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_CreateNew));
+    EXPECT_TRUE(device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_OpenAlways));
+    EXPECT_EQ(Currency(3), device->GetFileSize());
+    EXPECT_TRUE(
+        device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_TruncateExisting));
+    EXPECT_EQ(Currency(0), device->GetFileSize());
+}
+
+TEST_F(cDevice_, ByteArraysBoundWhatIsMoved) {
+    ASSERT_TRUE(openNew());
+    device->FWrite("0123456789", 10);
+    device->FSeek(Currency(0));
+    Variant buffer(automation::Array(automation::VT_UI1, {{1, 4}}));
+    EXPECT_EQ(4, device->FRead(buffer, 10));
+    EXPECT_EQ('3', buffer.asArray()(4).asByte());
+    EXPECT_EQ(4, device->FWrite(buffer, 99));
+    Variant text(u"no buffer");
+    EXPECT_EQ(-1, device->FRead(text, 1));
+    EXPECT_EQ(-1, device->FWrite(Variant(text), 1));
+}
+
+TEST_F(cDevice_, TimesAreSetAsGiven) {
+    ASSERT_TRUE(openNew());
+    const Date written = Date::join(2021, 5, 6, 7, 8, 9);
+    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant::missing(), Variant(written)));
+    device->FClose();
+    const platform::HANDLE handle = platform::CreateFileA(file.ansi().c_str(), platform::GENERIC_READ, 0,
+                                                          nullptr, platform::OPEN_EXISTING, 0, {});
+    platform::FILETIME time, local;
+    platform::SYSTEMTIME calendar;
+    ASSERT_TRUE(platform::GetFileTime(handle, nullptr, nullptr, &time));
+    platform::CloseHandle(handle);
+    ASSERT_TRUE(platform::FileTimeToLocalFileTime(&time, &local));
+    ASSERT_TRUE(platform::FileTimeToSystemTime(&local, &calendar));
+    EXPECT_EQ(2021, calendar.wYear);
+    EXPECT_EQ(5, calendar.wMonth);
+    EXPECT_EQ(6, calendar.wDay);
+    EXPECT_EQ(7, calendar.wHour);
+    EXPECT_EQ(8, calendar.wMinute);
+    EXPECT_EQ(9, calendar.wSecond);
+}
+
+TEST_F(cDevice_, WhatIsNoDateSetsNoTime) {
+    ASSERT_TRUE(openNew());
+    EXPECT_FALSE(device->SetFileTimes(Variant(u"mañana")));
+    EXPECT_TRUE(device->SetFileTimes());
+}
+
+TEST_F(cDevice_, AnswersByName) {
+    EXPECT_TRUE(automation::callMethod(*device, u"fopen", Variant(file), Variant(std::int32_t{readWrite}),
+                                       Variant(std::int32_t{0}), Variant(std::int32_t{2}))
+                    .asBoolean());
+    EXPECT_EQ(3, automation::callMethod(*device, u"FWrite", Variant(automation::Array::ofBytes({{1, 2, 3}})),
+                                        Variant(std::int32_t{3}))
+                     .asLong());
+    EXPECT_EQ(Currency(3), automation::callMethod(*device, u"GetFileSize").asCurrency());
+}
