@@ -43,7 +43,8 @@ inline std::vector<double> interleaved(const std::vector<Candidate>& candidates,
             times[i].push_back(seconds() - start);
         }
     std::vector<double> medians;
-    for (const auto& t : times) medians.push_back(median(t));
+    for (const auto& t : times)
+        medians.push_back(median(t));
     return medians;
 }
 
@@ -56,7 +57,8 @@ inline void ratio(const std::string& name, const std::string& peer, double ours,
 /// Measures the first candidate against each of the others.
 inline void compare(const std::string& name, const std::vector<Candidate>& candidates, int rounds = 15) {
     const auto times = interleaved(candidates, rounds);
-    for (std::size_t i = 1; i < candidates.size(); ++i) ratio(name, candidates[i].name, times[0], times[i]);
+    for (std::size_t i = 1; i < candidates.size(); ++i)
+        ratio(name, candidates[i].name, times[0], times[i]);
 }
 
 } // namespace bench

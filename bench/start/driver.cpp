@@ -6,8 +6,8 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <cstdlib>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <spawn.h>
 #include <string>
@@ -24,7 +24,8 @@ constexpr unsigned long expectedColour = 0x3060C0;
 
 pid_t start(const std::vector<std::string>& words, int output = -1) {
     std::vector<char*> argv;
-    for (const auto& word : words) argv.push_back(const_cast<char*>(word.c_str()));
+    for (const auto& word : words)
+        argv.push_back(const_cast<char*>(word.c_str()));
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -61,7 +62,8 @@ double waitForColour(Display* display, bool present, double since) {
 pid_t startServer() {
     int ends[2];
     if (pipe(ends) != 0) return 0;
-    const pid_t server = start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"}, ends[1]);
+    const pid_t server =
+        start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"}, ends[1]);
     close(ends[1]);
     char number[16] = {};
     const ssize_t got = server ? read(ends[0], number, sizeof number - 1) : 0;
