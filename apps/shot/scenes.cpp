@@ -1,0 +1,13 @@
+#include "scenes.h"
+
+namespace shot {
+
+std::span<const Scene> scenes() {
+    static const Scene all[] = {
+        {"label", "every look of the label", label},
+        {"fichas", "the first record of the sample database", fichas},
+    };
+    return all;
+}
+
+} // namespace shot
