@@ -69,7 +69,12 @@ Comparison compareText(std::u16string_view a, std::u16string_view b, TextCompare
 }
 
 Comparison compare(const Variant& a, const Variant& b, TextCompare text) {
-    if (a.isString() && b.isString()) return compareText(a.asString(), b.asString(), text);
+    if (a.type() == b.type()) {
+        // The pairs that most comparisons are of.
+        if (a.type() == VT_I4) return ordered(a.asLong(), b.asLong());
+        if (a.type() == VT_R8) return ordered(a.asDouble(), b.asDouble());
+        if (a.type() == VT_BSTR) return compareText(a.asString(), b.asString(), text);
+    }
     if (isIndirect(a) || isIndirect(b)) return compare(value(a), value(b), text);
     const unsigned kinds = kindOf(a) | kindOf(b);
     if (kinds & Failure) {

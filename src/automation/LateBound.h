@@ -22,7 +22,8 @@ Variant callMethod(Object& object, std::u16string_view name, A&&... arguments) {
 }
 template <class... A>
 Variant callMethod(const Variant& object, std::u16string_view name, A&&... arguments) {
-    return callMethod(objectOf(object), name, std::forward<A>(arguments)...);
+    const Ref<Object> held(&objectOf(object)); // the call may change the variable that it came from
+    return callMethod(*held, name, std::forward<A>(arguments)...);
 }
 
 /// Reads the property `name`, with its index arguments if it has any.
@@ -33,7 +34,8 @@ Variant getProperty(Object& object, std::u16string_view name, A&&... arguments) 
 }
 template <class... A>
 Variant getProperty(const Variant& object, std::u16string_view name, A&&... arguments) {
-    return getProperty(objectOf(object), name, std::forward<A>(arguments)...);
+    const Ref<Object> held(&objectOf(object));
+    return getProperty(*held, name, std::forward<A>(arguments)...);
 }
 
 /// Writes the property `name`; index arguments come before the new value.
@@ -44,7 +46,8 @@ void letProperty(Object& object, std::u16string_view name, A&&... indexesAndValu
 }
 template <class... A>
 void letProperty(const Variant& object, std::u16string_view name, A&&... indexesAndValue) {
-    letProperty(objectOf(object), name, std::forward<A>(indexesAndValue)...);
+    const Ref<Object> held(&objectOf(object));
+    letProperty(*held, name, std::forward<A>(indexesAndValue)...);
 }
 
 /// Writes a property that takes an object reference.
@@ -52,6 +55,12 @@ template <class... A>
 void setProperty(Object& object, std::u16string_view name, A&&... indexesAndValue) {
     const std::array<Variant, sizeof...(A)> list{Variant(std::forward<A>(indexesAndValue))...};
     object.invokeByName(name, CallKind::Set, {list, {}});
+}
+
+template <class... A>
+void setProperty(const Variant& object, std::u16string_view name, A&&... indexesAndValue) {
+    const Ref<Object> held(&objectOf(object));
+    setProperty(*held, name, std::forward<A>(indexesAndValue)...);
 }
 
 /// The value in a value context: references are followed and an object gives its default member, again

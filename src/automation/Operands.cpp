@@ -5,39 +5,6 @@
 
 namespace automation::operands {
 
-unsigned kindOf(const Variant& v) {
-    switch (v.type()) {
-    case VT_EMPTY:
-        return Empty;
-    case VT_NULL:
-        return Null;
-    case VT_UI1:
-        return Byte;
-    case VT_BOOL:
-        return Boolean;
-    case VT_I2:
-        return Integer;
-    case VT_I4:
-        return Long;
-    case VT_R4:
-        return Single;
-    case VT_R8:
-        return Double;
-    case VT_CY:
-        return Money;
-    case VT_DATE:
-        return Moment;
-    case VT_BSTR:
-        return Text;
-    case VT_DECIMAL:
-        return Exact;
-    case VT_ERROR:
-        return Failure;
-    default:
-        throwTypeMismatch();
-    }
-}
-
 std::int32_t wholeOf(const Variant& v) {
     switch (v.type()) {
     case VT_EMPTY:

@@ -5,6 +5,7 @@
 #include "automation/Variant.h"
 
 #include <cstdint>
+#include <iterator>
 
 namespace automation::operands {
 
@@ -25,8 +26,16 @@ enum Kind : unsigned {
     Failure = 1 << 12
 };
 
+/// The kind of each tag; 0 for those that operators do not take.
+inline constexpr unsigned kindOfTag[] = {Empty, Null,    Integer, Long, Single, Double, Money, Moment, Text,
+                                         0,     Failure, Boolean, 0,    0,      Exact,  0,     0,      Byte};
+
 /// Error 13 for arrays, records and what else operators do not take.
-unsigned kindOf(const Variant& v);
+inline unsigned kindOf(const Variant& v) {
+    const unsigned kind = v.type() < std::size(kindOfTag) ? kindOfTag[v.type()] : 0;
+    if (kind == 0) throwTypeMismatch();
+    return kind;
+}
 
 /// The whole number of an Empty, Byte, Boolean, Integer or Long.
 std::int32_t wholeOf(const Variant& v);

@@ -42,9 +42,6 @@ void Variant::swap(Variant& other) noexcept {
 
 void Variant::copyCounted(const Variant& other) noexcept {
     switch (other.tag_) {
-    case VT_BSTR:
-        new (&payload_.string) String(other.payload_.string);
-        break;
     case VT_DISPATCH:
         new (&payload_.object) Ref<Object>(other.payload_.object);
         break;
@@ -61,9 +58,6 @@ void Variant::copyCounted(const Variant& other) noexcept {
 void Variant::releaseCounted() noexcept {
     // The tag goes first: what a released object does must not find this value half gone.
     switch (std::exchange(tag_, VT_EMPTY)) {
-    case VT_BSTR:
-        payload_.string.~String();
-        break;
     case VT_DISPATCH:
         payload_.object.~Ref();
         break;

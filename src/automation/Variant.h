@@ -76,7 +76,11 @@ public:
         return *this;
     }
     ~Variant() {
-        if (isCounted()) releaseCounted();
+        if (tag_ == VT_BSTR) {
+            payload_.string.~String();
+        } else if (isCounted()) {
+            releaseCounted();
+        }
     }
     void swap(Variant& other) noexcept;
 
@@ -180,6 +184,11 @@ private:
         other.tag_ = VT_EMPTY;
     }
     void copyFrom(const Variant& other) noexcept {
+        if (other.tag_ == VT_BSTR) {
+            new (&payload_.string) String(other.payload_.string);
+            tag_ = VT_BSTR;
+            return;
+        }
         if (other.isCounted()) {
             copyCounted(other);
             return;

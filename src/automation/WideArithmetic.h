@@ -123,20 +123,82 @@ constexpr std::uint32_t shiftIn(Integer<Limbs>& a, std::uint32_t bit) {
     return bit;
 }
 
-/// a /= b; returns the remainder. The divisor is not zero and has at most Limbs - 1 limbs in use.
+/// Limbs in use.
+template <std::size_t Limbs>
+constexpr std::size_t lengthOf(const Integer<Limbs>& a) {
+    std::size_t length = Limbs;
+    while (length > 0 && a[length - 1] == 0)
+        --length;
+    return length;
+}
+
+/// a -= b * factor, where b has `length` limbs and stands at limb `at` of a; returns whether that went
+/// below zero (a is then short of the next limb's one).
+template <std::size_t Limbs>
+constexpr bool subtractProduct(Integer<Limbs>& a, const Integer<Limbs>& b, std::size_t length, std::size_t at,
+                               std::uint32_t factor) {
+    std::uint64_t carry = 0;
+    std::int64_t borrow = 0;
+    for (std::size_t i = 0; i <= length; ++i) {
+        if (i < length) carry += std::uint64_t{b[i]} * factor;
+        borrow += std::int64_t{a[at + i]} - static_cast<std::uint32_t>(carry);
+        a[at + i] = static_cast<std::uint32_t>(borrow);
+        borrow >>= limbBits;
+        carry >>= limbBits;
+    }
+    return borrow != 0;
+}
+
+/// Adds b back at limb `at` of a; returns whether a came out of the negative.
+template <std::size_t Limbs>
+constexpr bool addBack(Integer<Limbs>& a, const Integer<Limbs>& b, std::size_t length, std::size_t at) {
+    std::uint64_t carry = 0;
+    for (std::size_t i = 0; i <= length; ++i) {
+        carry += std::uint64_t{a[at + i]} + (i < length ? b[i] : 0);
+        a[at + i] = static_cast<std::uint32_t>(carry);
+        carry >>= limbBits;
+    }
+    return carry != 0;
+}
+
+/// a /= b; returns the remainder. The divisor is not zero and a uses at most Limbs - 1 limbs. Long
+/// division in limbs, each digit of the quotient guessed from the two highest limbs of the dividend and
+/// the highest of the divisor, which is shifted so that its top bit is set.
 template <std::size_t Limbs>
 constexpr Integer<Limbs> divide(Integer<Limbs>& a, const Integer<Limbs>& b) {
-    Integer<Limbs> rest{};
-    for (std::size_t bit = Limbs * limbBits; bit-- > 0;) {
-        std::uint32_t& limb = a[bit / limbBits];
-        const std::uint32_t mask = std::uint32_t{1} << (bit % limbBits);
-        shiftIn(rest, (limb & mask) ? 1u : 0u);
-        if (compare(rest, b) >= 0) {
-            subtractFrom(rest, b);
-            limb |= mask;
-        } else {
-            limb &= ~mask;
+    const std::size_t length = lengthOf(b);
+    if (length == 1) return {divideSmall(a, b[0])};
+    if (compare(a, b) < 0) {
+        const Integer<Limbs> rest = a;
+        a = {};
+        return rest;
+    }
+    Integer<Limbs> rest = a;
+    Integer<Limbs> divisor = b;
+    int shift = 0;
+    for (; (divisor[length - 1] >> (limbBits - 1)) == 0; ++shift) {
+        shiftIn(divisor, 0);
+        shiftIn(rest, 0);
+    }
+    Integer<Limbs> quotient{};
+    for (std::size_t at = Limbs - length; at-- > 0;) {
+        const std::uint64_t top = (std::uint64_t{rest[at + length]} << limbBits) | rest[at + length - 1];
+        std::uint64_t digit = top / divisor[length - 1];
+        constexpr std::uint64_t largestDigit = 0xFFFFFFFFu;
+        if (digit > largestDigit) digit = largestDigit;
+        if (subtractProduct(rest, divisor, length, at, static_cast<std::uint32_t>(digit))) {
+            // The guess was too high, by two at most.
+            do
+                --digit;
+            while (!addBack(rest, divisor, length, at));
         }
+        quotient[at] = static_cast<std::uint32_t>(digit);
+    }
+    a = quotient;
+    for (; shift > 0; --shift) {
+        for (std::size_t i = 0; i + 1 < Limbs; ++i)
+            rest[i] = (rest[i] >> 1) | (rest[i + 1] << (limbBits - 1));
+        rest[Limbs - 1] >>= 1;
     }
     return rest;
 }
