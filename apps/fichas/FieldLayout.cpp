@@ -56,7 +56,7 @@ private:
 
 } // namespace
 
-FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight) {
+FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, int noteWidth) {
     const Columns columns(fields.size());
     int nameWidth[2] = {leastName, leastName};
     int widest[2] = {0, 0};
@@ -83,7 +83,7 @@ FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight) {
         place.value = {valueLeft, top, valueLeft + valueWidth(fields[i].type), top + valueHeight};
     }
     const std::size_t last = columns.count() - 1;
-    const int right = left[last] + nameWidth[last] + nameGap + widest[last];
+    const int right = std::max(left[last] + nameWidth[last] + nameGap + widest[last], margin + noteWidth);
     const int bottom = margin + static_cast<int>(columns.rows()) * pitch - rowGap;
     layout.note = {margin, bottom + noteGap, right, bottom + noteGap + lineHeight};
     layout.client = {right + margin, layout.note.bottom + margin};

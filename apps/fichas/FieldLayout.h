@@ -29,7 +29,8 @@ struct FieldLayout {
 };
 
 /// One column of fields, or two where they are many, or pages of two. Names end at one edge and values
-/// begin at one; the rows of both columns stand level. `lineHeight` is that of the font.
-FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight);
+/// begin at one; the rows of both columns stand level. `lineHeight` is that of the font; `noteWidth` is what
+/// the line below the fields takes.
+FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, int noteWidth);
 
 } // namespace fichas

@@ -9,12 +9,13 @@ using platform::RECT;
 namespace {
 
 constexpr int lineHeight = 13;
+constexpr int noteWidth = 400;
 
 FieldLayout layoutOf(std::size_t fields, int captionWidth = 70) {
     std::vector<FieldMeasure> measures(fields, FieldMeasure{captionWidth, ColumnType::Text});
     for (std::size_t i = 0; i < fields; i += 3)
         measures[i].type = ColumnType::Integer;
-    return layOutFields(measures, lineHeight);
+    return layOutFields(measures, lineHeight, noteWidth);
 }
 
 bool overlap(const RECT& a, const RECT& b) {
@@ -42,6 +43,8 @@ TEST_P(FieldLayoutOf, EveryFieldStandsOnAPageInsideTheWindowAndAlone) {
         }
     }
     EXPECT_LE(layout.note.bottom, layout.client.cy);
+    EXPECT_GE(layout.note.right - layout.note.left, noteWidth);
+    EXPECT_LE(layout.note.right, layout.client.cx);
 }
 
 TEST_P(FieldLayoutOf, NamesEndAndValuesBeginAtCommonEdges) {
