@@ -1,0 +1,161 @@
+#include "HostTest.h"
+
+#include "host/Picture.h"
+#include "host/PictureBox.h"
+#include "support/TemporaryFolder.h"
+
+namespace host {
+
+namespace {
+
+/// A picture of one colour as a program holds it after reading a file.
+automation::Ref<Picture> plain(int width, int height, std::uint32_t argb) {
+    platform::PictureData data;
+    data.format = platform::PictureFormat::Bmp;
+    data.width = width;
+    data.height = height;
+    data.argb.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), argb);
+    return automation::make<Picture>(data);
+}
+
+/// A bitmap file of 2 by 1 pixels, blue and red.
+std::vector<std::uint8_t> smallBitmap() {
+    std::vector<std::uint8_t> file = {'B', 'M', 62, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0,  40,
+                                      0,   0,   0,  2, 0, 0, 0, 1, 0, 0, 0,  1, 0, 24, 0};
+    file.resize(54);
+    for (const int byte : {255, 0, 0, 0, 0, 255, 0, 0})
+        file.push_back(static_cast<std::uint8_t>(byte));
+    return file;
+}
+
+} // namespace
+
+class PictureTest : public HostTest {};
+
+TEST_F(PictureTest, ItsSizeIsInHimetric) {
+    const auto picture = plain(96, 48, 0xFF112233);
+    EXPECT_EQ(picture->Type(), PictureType::Bitmap);
+    EXPECT_EQ(picture->Width(), 2540);
+    EXPECT_EQ(picture->Height(), 1270);
+    EXPECT_NE(picture->Handle(), 0);
+}
+
+TEST_F(PictureTest, LoadPictureReadsAFileAndTheEmptyNameIsTheEmptyPicture) {
+    const support::TemporaryFolder folder;
+    const std::vector<std::uint8_t> bytes = smallBitmap();
+    const platform::HANDLE file =
+        platform::CreateFileW(folder.file(u"dos.bmp").c_str(), platform::GENERIC_WRITE, 0, nullptr,
+                              platform::CREATE_ALWAYS, platform::FILE_ATTRIBUTE_NORMAL, {});
+    platform::DWORD moved = 0;
+    platform::WriteFile(file, bytes.data(), static_cast<platform::DWORD>(bytes.size()), &moved, nullptr);
+    platform::CloseHandle(file);
+    const auto picture = LoadPicture(folder.file(u"dos.bmp"));
+    EXPECT_EQ(picture->pixels(), (platform::SIZE{2, 1}));
+    EXPECT_EQ(picture->source(), bytes);
+    EXPECT_EQ(LoadPicture()->Type(), PictureType::None);
+    EXPECT_EQ(errorOf([&] { LoadPicture(folder.file(u"no.bmp")); }), 53);
+}
+
+TEST_F(PictureTest, BytesThatAreNoPictureAreAnError) {
+    EXPECT_EQ(errorOf([] { Picture::fromBytes({1, 2, 3}); }), 481);
+}
+
+TEST_F(PictureTest, AResourceThatIsNotThereIsAnError) {
+    EXPECT_EQ(errorOf([] { LoadResPicture(platform::ResourceName(60001), ResourcePicture::Icon); }), 326);
+}
+
+class PictureBoxTest : public HostTest {
+protected:
+    void SetUp() override {
+        form = makeForm();
+        box = &form->add<PictureBox>(u"box");
+        box->BorderStyle(BorderStyle::None);
+        box->Extender().Move(150, 150, 1500, 750);
+    }
+
+    automation::Ref<Form> form;
+    PictureBox* box = nullptr;
+};
+
+TEST_F(PictureBoxTest, ItPaintsThroughItsEventAndItsContext) {
+    int painted = 0;
+    box->Paint.join([&] {
+        ++painted;
+        const platform::RECT area{0, 0, 10, 10};
+        const platform::HBRUSH brush = platform::CreateSolidBrush(0x0000FF);
+        platform::FillRect(box->hDC(), &area, brush);
+        platform::DeleteObject(brush);
+    });
+    show(*form);
+    EXPECT_EQ(painted, 1);
+    EXPECT_EQ(desk.look(box->hWnd()).at(5, 5), 0x0000FFu);
+    EXPECT_EQ(desk.look(box->hWnd()).at(15, 5), rgbFromOle(box->BackColor()));
+}
+
+TEST_F(PictureBoxTest, DrawingOutsideOfPaintIsSeenAtOnce) {
+    show(*form);
+    const platform::RECT area{0, 0, 10, 10};
+    const platform::HBRUSH brush = platform::CreateSolidBrush(0x00FF00);
+    platform::FillRect(box->hDC(), &area, brush);
+    platform::DeleteObject(brush);
+    EXPECT_EQ(desk.look(box->hWnd()).at(5, 5), 0x00FF00u);
+}
+
+TEST_F(PictureBoxTest, PaintPictureStretchesAndAutoRedrawKeepsIt) {
+    box->AutoRedraw(true);
+    box->ScaleMode(ScaleMode::Pixels);
+    box->PaintPicture(*plain(2, 2, 0xFF0000FF), 10, 10, 20, 5);
+    show(*form);
+    const support::Picture seen = desk.look(box->hWnd());
+    EXPECT_EQ(seen.at(10, 10), 0xFF0000u);
+    EXPECT_EQ(seen.at(29, 14), 0xFF0000u);
+    EXPECT_NE(seen.at(30, 14), 0xFF0000u);
+    EXPECT_NE(seen.at(29, 15), 0xFF0000u);
+}
+
+TEST_F(PictureBoxTest, ItsPictureStandsBehindAndAutoSizeFitsTheBox) {
+    box->Picture(plain(30, 20, 0xFF00FF00));
+    show(*form);
+    EXPECT_EQ(desk.look(box->hWnd()).at(29, 19), 0x00FF00u);
+    EXPECT_EQ(desk.look(box->hWnd()).at(30, 19), rgbFromOle(box->BackColor()));
+    box->AutoSize(true);
+    EXPECT_EQ(box->clientSize(), (platform::SIZE{30, 20}));
+    box->BorderStyle(BorderStyle::FixedSingle);
+    box->AutoSize(true);
+    EXPECT_EQ(box->clientSize(), (platform::SIZE{30, 20}));
+    EXPECT_EQ(box->Width(), 34 * 15);
+}
+
+TEST_F(PictureBoxTest, ABorderTakesFromTheClientArea) {
+    EXPECT_EQ(box->clientSize(), (platform::SIZE{100, 50}));
+    box->BorderStyle(BorderStyle::FixedSingle);
+    EXPECT_EQ(box->clientSize(), (platform::SIZE{96, 46}));
+    box->Appearance(Appearance::Flat);
+    EXPECT_EQ(box->clientSize(), (platform::SIZE{98, 48}));
+}
+
+TEST_F(PictureBoxTest, KeysAndMouseAreItsEvents) {
+    Log log;
+    box->KeyDown.join([&](short& code, short&) { log.push_back("KeyDown " + std::to_string(code)); });
+    box->MouseDown.join(
+        [&](short& button, short&, float&, float&) { log.push_back("MouseDown " + std::to_string(button)); });
+    box->Click.join([&] { log.push_back("Click"); });
+    show(*form);
+    key('A');
+    click(*box);
+    EXPECT_EQ(log, (Log{"KeyDown 65", "MouseDown 1", "Click"}));
+}
+
+TEST_F(PictureBoxTest, ItIsTheAmbientContainerOfItsControls) {
+    auto& inner = form->add<Probe>(u"p", NotInArray, box);
+    inner.take();
+    box->BackColor(0x00FFFF);
+    EXPECT_EQ(inner.log, (Log{"AmbientChanged BackColor"}));
+    EXPECT_EQ(inner.Ambient().BackColor(), 0x00FFFF);
+    const automation::Ref<Probe> alive(&inner);
+    form->remove(*box);
+    EXPECT_TRUE(form->controls().empty());
+    EXPECT_EQ(inner.log.back(), "Terminate");
+}
+
+} // namespace host
