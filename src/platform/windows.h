@@ -98,8 +98,9 @@ int GetClassNameA(HWND window, char* name, int size);
 
 // Life.
 
-/// Sends WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, and WM_SIZE and WM_MOVE to overlapped windows and children.
-/// `menu` is the number of a child. A WM_CREATE result of -1 or a WM_NCCREATE result of 0 fails the creation.
+/// Sends WM_GETMINMAXINFO (sizeable windows), WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE and, to pop-ups and
+/// children, WM_SIZE and WM_MOVE; an overlapped window gets these with its first show. `menu` is the number
+/// of a child. A WM_CREATE result of -1 or a WM_NCCREATE result of 0 fails the creation.
 HWND CreateWindowExA(DWORD exStyle, const char* className, const char* windowName, DWORD style, int x, int y,
                      int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter);
 

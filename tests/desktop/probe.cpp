@@ -60,6 +60,51 @@ void character(HWND, WPARAM byte) {
     }
 }
 
+/// A dialog that keeps its owner out until it is closed.
+LRESULT dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND owner = GetWindow(window, GW_OWNER);
+    if (message == WM_CHAR) tell("dialog char", static_cast<long>(wParam));
+    if (message == WM_LBUTTONDOWN) tell("dialog press", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+    if (message == WM_CLOSE) EnableWindow(owner, TRUE_);
+    if (message == WM_DESTROY) tell("dialog closed");
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+/// A list that drops down without taking the focus.
+LRESULT listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEACTIVATE) return MA_NOACTIVATE;
+    if (message == WM_LBUTTONDOWN) tell("list press", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void registerClass(const char* name, WNDPROC function) {
+    WNDCLASSA windowClass;
+    windowClass.style = CS_DBLCLKS;
+    windowClass.lpfnWndProc = function;
+    windowClass.hCursor = LoadCursorA({}, IDC_IBEAM);
+    windowClass.hbrBackground = HBRUSH(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = name;
+    RegisterClassA(&windowClass);
+}
+
+/// The function keys open what the script wants to try.
+void functionKey(HWND window, WPARAM key) {
+    if (key == static_cast<WPARAM>(VK_F6)) {
+        EnableWindow(window, FALSE_);
+        CreateWindowExA(WS_EX_DLGMODALFRAME, "ProbeDialog", "Pregunta",
+                        WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE, 600, 200, 206, 125, window, {}, {},
+                        nullptr);
+    }
+    if (key == static_cast<WPARAM>(VK_F7))
+        CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOPMOST, "ProbeList", "", WS_POPUP | WS_BORDER | WS_VISIBLE,
+                        600, 400, 150, 80, window, {}, {}, nullptr);
+    if (key == static_cast<WPARAM>(VK_F8)) {
+        keybd_event(VK_CAPITAL, 0, 0, 0);
+        keybd_event(VK_CAPITAL, 0, KEYEVENTF_KEYUP, 0);
+    }
+    if (key == static_cast<WPARAM>(VK_CAPITAL)) tell("capitals", GetKeyState(VK_CAPITAL) & 1);
+}
+
 LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_PAINT:
@@ -69,7 +114,9 @@ LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SYSCHAR:
         return tell("syschar", static_cast<long>(wParam)), 0;
     case WM_KEYDOWN:
-        return tell("key", static_cast<long>(wParam)), 0;
+        tell("key", static_cast<long>(wParam));
+        functionKey(window, wParam);
+        return 0;
     case WM_LBUTTONDOWN:
         return tell("press", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
     case WM_LBUTTONDBLCLK:
@@ -101,13 +148,9 @@ LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 } // namespace
 
 int main() {
-    WNDCLASSA windowClass;
-    windowClass.style = CS_DBLCLKS;
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hCursor = LoadCursorA({}, IDC_IBEAM);
-    windowClass.hbrBackground = HBRUSH(COLOR_WINDOW + 1);
-    windowClass.lpszClassName = "DesktopProbe";
-    RegisterClassA(&windowClass);
+    registerClass("DesktopProbe", procedure);
+    registerClass("ProbeDialog", dialogProcedure);
+    registerClass("ProbeList", listProcedure);
     RECT frame{200, 150, 520, 350};
     AdjustWindowRectEx(&frame, WS_OVERLAPPEDWINDOW, FALSE_, 0);
     const HWND window =

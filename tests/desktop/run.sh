@@ -104,6 +104,36 @@ expect "function keys" "key 116"
 xdotool key KP_Home
 expect "the keypad without its lock" "key 36"
 
+xdotool key F7
+expect "a list drops down" "key 118"
+expect_pixel "the list is painted" 700 440 '#FFFFFF'
+xdotool mousemove 620 410 click 1
+expect "the list is pressed" "list press 19 9"
+xdotool key q
+expect "the keyboard stays with its window" "char 113"
+
+xdotool key F6
+expect "a dialog opens" "key 117"
+expect_pixel "the dialog is painted" 610 230 '#FFFFFF'
+dialog=$(xdotool search --name "^Pregunta" | head -n 1)
+xdotool windowfocus --sync "$dialog"
+xdotool key z
+expect "the dialog has the keyboard" "dialog char 122"
+xdotool mousemove 300 250 click 1
+xdotool mousemove 613 232 click 1
+expect "its owner is not pressed" "dialog press 10 10"
+xdotool key alt+F4
+expect "the dialog closes" "dialog closed"
+xdotool windowfocus --sync "$window"
+xdotool key F8
+expect "a lock key is played" "capitals 1"
+xdotool key r
+expect "it works on what is typed" "char 82"
+xdotool key F8
+expect "and is played again" "capitals 0"
+xdotool key r
+expect "it works no more" "char 114"
+
 xdotool windowsize "$window" 400 260
 expect "a new size is told" "size 400 260"
 xdotool windowmove "$window" 50 60

@@ -120,6 +120,7 @@ private:
     SDL_Window* nativeOf(HWND window) const;
     Window* windowOf(std::uint32_t id) const;
     void presentWindow(Window& window, SDL_Window* native);
+    void returnKeyboard(const Window& from);
 
     void take(const SDL_Event& event);
     void takeKey(const SDL_KeyboardEvent& event);
@@ -198,7 +199,10 @@ void DesktopDisplay::shown(Window& window) {
 }
 
 void DesktopDisplay::hidden(Window& window) {
-    if (SDL_Window* native = nativeOf(window.handle)) SDL_HideWindow(native);
+    SDL_Window* native = nativeOf(window.handle);
+    if (!native) return;
+    SDL_HideWindow(native);
+    returnKeyboard(window);
 }
 
 void DesktopDisplay::placed(Window& window) {
@@ -233,6 +237,14 @@ void DesktopDisplay::destroyed(Window& window) {
     if (found == natives_.end()) return;
     SDL_DestroyWindow(found->second);
     natives_.erase(found);
+    returnKeyboard(window);
+}
+
+/// A list that drops down may have got the keyboard from a desktop without a window manager.
+void DesktopDisplay::returnKeyboard(const Window& from) {
+    SDL_Window* active = nativeOf(attention().active);
+    if (active && (from.exStyle & WS_EX_NOACTIVATE) && !SDL_GetKeyboardFocus())
+        SDL_SetWindowInputFocus(active);
 }
 
 // --- Pixels ----------------------------------------------------------------------------------------
@@ -485,6 +497,7 @@ void DesktopDisplay::tellFocus() {
         loseForeground();
         return;
     }
+    if (window->exStyle & WS_EX_NOACTIVATE) return;
     if (!window->is(WS_DISABLED)) {
         if (!attention().foreground && attention().suspended == window->handle)
             regainForeground();
