@@ -91,8 +91,8 @@ void BitmapFace::readMetrics(const FontSource& source) {
     metrics_.tmPitchAndFamily = static_cast<BYTE>(header.pitch_and_family);
     metrics_.tmCharSet = header.charset;
     const int line = metrics_.tmAscent / 20 + 1;
-    underline_ = {0, line};
-    strikeOut_ = {metrics_.tmAscent / 2, line};
+    underline_ = lineAt(0, line);
+    strikeOut_ = lineAt(metrics_.tmAscent / 2, line);
 }
 
 bool BitmapFace::load(char16_t character) {

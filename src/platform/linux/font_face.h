@@ -15,7 +15,8 @@ inline constexpr int fullCoverage = 16;
 
 /// One drawn character.
 struct Glyph {
-    int advance = 0; ///< To the next character when drawn; a picture of few pixels may differ from the measure
+    int advance =
+        0;        ///< To the next character when drawn; a picture of few pixels may differ from the measure
     int left = 0; ///< Of the picture, from the pen position
     int top = 0;  ///< Rows of the picture above the base line
     int width = 0;
@@ -29,6 +30,11 @@ struct TextLine {
     int top = 0;
     int height = 1;
 };
+
+/// A line centred on a position.
+inline TextLine lineAt(int position, int height) {
+    return {position + height / 2, height};
+}
 
 class FontFace {
 public:

@@ -90,7 +90,10 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSo
     if (width == 0 || height == 0) return TRUE_;
     const Stretch stretch{areaOf(*to, x, y, width, height),
                           areaOf(*from, xSource, ySource, widthSource, heightSource),
-                          (width < 0) != (widthSource < 0), (height < 0) != (heightSource < 0)};
+                          width < 0,
+                          height < 0,
+                          widthSource < 0,
+                          heightSource < 0};
     stretchArea(*to, *from, stretch, rop3Of(rop));
     return TRUE_;
 }

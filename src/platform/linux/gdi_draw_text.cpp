@@ -38,32 +38,42 @@ public:
     /// Draws, unless only the rectangle is asked for. Returns the height; `rect` becomes that of the text
     /// with DT_CALCRECT.
     int run(std::u16string_view text, RECT& rect) {
+        if (text.empty()) return runEmpty(rect);
         std::vector<TextLineLayout> lines = layOutLines(text, rules_, measure_);
         int widest = 0;
         int y = firstTop();
         const bool measuresOnly = has(format_, DT_CALCRECT);
         for (std::size_t i = 0; i < lines.size(); ++i) {
             const bool isLastShown = i + 1 == lines.size() || isBeyond(y + lineHeight_);
-            if (isLastShown && has(format_, DT_END_ELLIPSIS)) endWithEllipsis(lines[i], rules_, measure_);
+            if (isLastShown && has(format_, DT_END_ELLIPSIS)) {
+                // The last line that there is room for shows as much as it can of what is left.
+                lines[i].text += lines[i].rest;
+                endWithEllipsis(lines[i], rules_, measure_);
+            }
             const int width = lineWidth(lines[i].text, rules_, measure_);
             widest = std::max(widest, width);
             if (!measuresOnly) drawLine(lines[i], y, width);
             y += lineHeight_;
-            if (!measuresOnly && isBeyond(y)) break;
+            // An edit control shows whole lines only.
+            const int needed = has(format_, DT_EDITCONTROL) ? lineHeight_ : 0;
+            if (!measuresOnly && isBeyond(y + needed)) break;
         }
         if (measuresOnly) {
             rect.right = rect.left + widest;
-            if (has(format_, DT_SINGLELINE) && has(format_, DT_VCENTER | DT_BOTTOM)) {
-                rect.top = firstTop();
-                rect.bottom = rect.top + lineHeight_;
-                return rect.bottom - rect_.top;
-            }
             rect.bottom = y;
         }
         return y - rect_.top;
     }
 
 private:
+    int runEmpty(RECT& rect) const {
+        if (has(format_, DT_CALCRECT)) {
+            rect.right = rect.left;
+            rect.bottom = rect.top + (has(format_, DT_SINGLELINE) ? lineHeight_ : 0);
+        }
+        return lineHeight_;
+    }
+
     bool isBeyond(int y) const { return !has(format_, DT_NOCLIP | DT_CALCRECT) && y > rect_.bottom; }
 
     int firstTop() const {
@@ -106,7 +116,7 @@ private:
         const std::u16string_view text = line.text;
         const std::size_t index = static_cast<std::size_t>(line.underlined);
         const int x = left + lineWidth(text.substr(0, index), rules_, measure_);
-        const int end = left + lineWidth(text.substr(0, index + 1), rules_, measure_);
+        const int end = left + lineWidth(text.substr(0, index + 1), rules_, measure_) - 1;
         const int row = y + metrics_.tmAscent + 1;
         RECT r = context_.toSurface(RECT{x, row, end, row + 1});
         if (!has(format_, DT_NOCLIP)) r = intersection(r, ordered(context_.toSurface(rect_)));

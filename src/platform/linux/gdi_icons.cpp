@@ -55,7 +55,7 @@ std::unique_ptr<Bitmap> stretched(Bitmap& from, const RECT& part, int width, int
     if (sameSize) {
         copyArea(target.get(), {0, 0, width, height}, source.get(), {part.left, part.top}, rop3Of(SRCCOPY));
     } else {
-        stretchArea(target.get(), source.get(), {{0, 0, width, height}, part, false, false}, rop3Of(SRCCOPY));
+        stretchArea(target.get(), source.get(), {{0, 0, width, height}, part}, rop3Of(SRCCOPY));
     }
     return result;
 }

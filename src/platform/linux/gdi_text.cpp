@@ -20,6 +20,16 @@ FontFace* faceOf(DeviceContext& context) {
     return font.face.get();
 }
 
+/// The same for drawing: a surface of 1 bit takes pictures made without smoothing.
+std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context) {
+    faceOf(context);
+    const Font& font = context.font();
+    if (context.surface->bitsPerPixel == 32) return font.face;
+    LOGFONTW plain = font.data;
+    plain.lfQuality = NONANTIALIASED_QUALITY;
+    return FontFace::get(plain);
+}
+
 /// Gives each character the distance to the next: the program's own, or the font's with the extra space of
 /// the context.
 class Advances {
@@ -206,7 +216,7 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
     if (rect) area = ordered(context->toSurface(*rect));
     const bool isOpaque = rect && (options & ETO_OPAQUE) != 0;
     if (isOpaque) fillBackground(*context, area);
-    FontFace* face = length > 0 ? faceOf(*context) : nullptr;
+    const std::shared_ptr<FontFace> face = length > 0 ? drawingFaceOf(*context) : nullptr;
     if (!face) return TRUE_;
     TextOutput output{std::u16string_view(text, length), advances, nullptr, false};
     if (rect && (options & ETO_CLIPPED) != 0) output.clip = &area;

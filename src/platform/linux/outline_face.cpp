@@ -122,12 +122,11 @@ void OutlineFace::readMetrics(const FontSource& source) {
     metrics_.tmPitchAndFamily = static_cast<BYTE>(TMPF_TRUETYPE | TMPF_VECTOR | familyBits(os2, isFixed) |
                                                   (isFixed ? 0 : TMPF_FIXED_PITCH));
     metrics_.tmCharSet = isSymbol_ ? SYMBOL_CHARSET : ANSI_CHARSET;
+    // FreeType gives the middle of the underline; the lines are centred on its upper edge.
     const int thickness = std::max(1, scaled(face_->underline_thickness));
-    underline_ = {scaled(face_->underline_position), thickness};
-    if (os2)
-        strikeOut_ = {scaled(os2->yStrikeoutPosition), std::max(1, scaled(os2->yStrikeoutSize))};
-    else
-        strikeOut_ = {metrics_.tmAscent / 3, thickness};
+    underline_ = lineAt(scaled(face_->underline_position + face_->underline_thickness / 2), thickness);
+    const int strikeThickness = os2 ? std::max(1, scaled(os2->yStrikeoutSize)) : thickness;
+    strikeOut_ = lineAt(os2 ? scaled(os2->yStrikeoutPosition) : metrics_.tmAscent / 3, strikeThickness);
 }
 
 unsigned OutlineFace::indexOf(char16_t character) const {
@@ -172,14 +171,18 @@ Glyph OutlineFace::makeGlyph(char16_t character) {
         FT_Render_Glyph(slot, smooth_ ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO) != 0)
         return glyph;
     const FT_Bitmap& bitmap = slot->bitmap;
+    // What reaches out of the cell is cut off.
+    const int above = std::max(0, slot->bitmap_top - static_cast<int>(metrics_.tmAscent));
+    const int bottom = slot->bitmap_top - static_cast<int>(bitmap.rows);
+    const int below = std::max(0, -static_cast<int>(metrics_.tmDescent) - bottom);
     glyph.left = slot->bitmap_left;
-    glyph.top = slot->bitmap_top;
+    glyph.top = slot->bitmap_top - above;
     glyph.width = static_cast<int>(bitmap.width);
-    glyph.height = static_cast<int>(bitmap.rows);
+    glyph.height = std::max(0, static_cast<int>(bitmap.rows) - above - below);
     glyph.coverage.resize(static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height));
     std::uint8_t* out = glyph.coverage.data();
     for (int y = 0; y < glyph.height; ++y) {
-        const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * y;
+        const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * (y + above);
         for (int x = 0; x < glyph.width; ++x) {
             const bool isMono = bitmap.pixel_mode == FT_PIXEL_MODE_MONO;
             *out = isMono ? ((row[x >> 3] >> (7 - (x & 7)) & 1) ? fullCoverage : 0) : coverageOf(row[x]);

@@ -12,7 +12,16 @@ namespace {
 /// The source columns (or rows) that one target column takes, counted from the source's start.
 struct Share {
     int first = 0;
-    int last = 0; ///< Not included
+    int last = 0;  ///< Not included
+    int taken = 0; ///< The one that stands for all in a mode that does not join them
+};
+
+/// One axis of a stretch. Either side may run backwards.
+struct Axis {
+    int targetLength;
+    int sourceLength;
+    bool targetBackwards;
+    bool sourceBackwards;
 };
 
 /// Quotient of numbers that are not negative, rounded up, less one: an exact quotient belongs to the one
@@ -27,26 +36,35 @@ int firstShrunk(std::int64_t position, std::int64_t targetLength, std::int64_t s
     return edge < 0 ? 0 : static_cast<int>(edge / (2 * targetLength) + 1);
 }
 
-/// The shares of the target positions `begin` to `end` of an axis. Growing, each takes the source position
-/// under its centre; shrinking, each source position goes to the target position under its own.
-std::vector<Share> sharesOf(int targetLength, int sourceLength, int begin, int end, bool mirror) {
+/// Growing, a target position takes the source position under its centre; shrinking, each source position
+/// goes to the target position under its own.
+Share shareOf(const Axis& axis, int target) {
+    const int position = axis.targetBackwards ? axis.targetLength - 1 - target : target;
+    Share share;
+    if (axis.targetLength >= axis.sourceLength) {
+        share.first = lowerQuotient((2 * std::int64_t{position} + 1) * axis.sourceLength,
+                                    2 * std::int64_t{axis.targetLength});
+        share.last = share.first + 1;
+    } else {
+        share.first = firstShrunk(position, axis.targetLength, axis.sourceLength);
+        share.last = firstShrunk(position + 1, axis.targetLength, axis.sourceLength);
+    }
+    share.taken = share.last - 1;
+    if (!axis.sourceBackwards) return share;
+    const int length = axis.sourceLength;
+    return {length - share.last, length - share.first, length - 1 - share.taken};
+}
+
+/// The shares of the target positions `begin` to `end` of an axis.
+std::vector<Share> sharesOf(const Axis& axis, int begin, int end) {
     std::vector<Share> shares;
     shares.reserve(static_cast<std::size_t>(end - begin));
-    for (int i = begin; i < end; ++i) {
-        const int position = mirror ? targetLength - 1 - i : i;
-        if (targetLength >= sourceLength) {
-            const int taken = lowerQuotient((2 * std::int64_t{position} + 1) * sourceLength,
-                                            2 * std::int64_t{targetLength});
-            shares.push_back({taken, taken + 1});
-        } else {
-            shares.push_back({firstShrunk(position, targetLength, sourceLength),
-                              firstShrunk(position + 1, targetLength, sourceLength)});
-        }
-    }
+    for (int i = begin; i < end; ++i)
+        shares.push_back(shareOf(axis, i));
     return shares;
 }
 
-/// Joins the source pixels that fall on one target pixel. A mode that does not join takes the last of them.
+/// Joins the source pixels that fall on one target pixel. A mode that does not join takes one of them.
 struct Joiner {
     int mode;
 
@@ -65,8 +83,11 @@ public:
 
     void row(const Share& rows, std::vector<std::uint32_t>& out) {
         out.resize(columns_.size());
-        const int last = joiner_.joins() ? rows.last : rows.first + 1;
-        for (int y = rows.first; y < last; ++y)
+        if (!joiner_.joins()) {
+            addRow(area_.top + rows.taken, true, out);
+            return;
+        }
+        for (int y = rows.first; y < rows.last; ++y)
             addRow(area_.top + y, y == rows.first, out);
     }
 
@@ -74,8 +95,8 @@ private:
     void addRow(int y, bool first, std::vector<std::uint32_t>& out) {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const Share& share = columns_[i];
-            std::uint32_t pixel = at(area_.left + share.last - 1, y);
-            for (int x = share.first; x < share.last - 1 && joiner_.joins(); ++x)
+            std::uint32_t pixel = at(area_.left + share.taken, y);
+            for (int x = share.first; x < share.last && joiner_.joins(); ++x)
                 joiner_.join(pixel, at(area_.left + x, y));
             if (first) {
                 out[i] = pixel;
@@ -107,12 +128,12 @@ void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& st
     if (!stretched) return;
     const RECT& to = stretch.to;
     const RECT& from = stretch.from;
-    RowStretcher rows(*source.surface, from,
-                      sharesOf(to.right - to.left, from.right - from.left, part.left - to.left,
-                               part.right - to.left, stretch.mirrorX),
+    const Axis across{to.right - to.left, from.right - from.left, stretch.targetLeftwards,
+                      stretch.sourceLeftwards};
+    const Axis down{to.bottom - to.top, from.bottom - from.top, stretch.targetUpwards, stretch.sourceUpwards};
+    RowStretcher rows(*source.surface, from, sharesOf(across, part.left - to.left, part.right - to.left),
                       target.state.stretchMode);
-    const std::vector<Share> lines = sharesOf(to.bottom - to.top, from.bottom - from.top, part.top - to.top,
-                                              part.bottom - to.top, stretch.mirrorY);
+    const std::vector<Share> lines = sharesOf(down, part.top - to.top, part.bottom - to.top);
     std::vector<std::uint32_t> pixels;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         rows.row(lines[i], pixels);

@@ -10,8 +10,11 @@ namespace platform::driver {
 struct Stretch {
     RECT to;
     RECT from;
-    bool mirrorX = false;
-    bool mirrorY = false;
+    bool targetLeftwards =
+        false; ///< Sides given from right to left or bottom to top; both of them cancel out
+    bool targetUpwards = false;
+    bool sourceLeftwards = false;
+    bool sourceUpwards = false;
 };
 
 void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& stretch, Rop3 rop);

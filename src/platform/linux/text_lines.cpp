@@ -13,7 +13,8 @@ bool has(UINT format, UINT flag) {
     return (format & flag) != 0;
 }
 
-/// Takes the marks out of a line. Two in a row stand for one that is shown; the last single one counts.
+/// Takes the marks out of a line. Two in a row stand for one that is shown, as does
+/// one at the end; of several that mark a character the last counts.
 TextLineLayout withoutMarks(std::u16string_view text, UINT format) {
     TextLineLayout line;
     if (has(format, DT_NOPREFIX)) {
@@ -22,8 +23,8 @@ TextLineLayout withoutMarks(std::u16string_view text, UINT format) {
     }
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == mark) {
-            if (++i == text.size()) break;
-            if (text[i] != mark) line.underlined = static_cast<int>(line.text.size());
+            const bool isLast = i + 1 == text.size();
+            if (!isLast && text[++i] != mark) line.underlined = static_cast<int>(line.text.size());
         }
         line.text += text[i];
     }
@@ -61,8 +62,9 @@ std::size_t fitting(std::u16string_view text, const LineRules& rules, const Text
 }
 
 /// A piece of a line's text moved into a line of its own; the underlined character goes where it lies.
-TextLineLayout piece(const TextLineLayout& whole, std::size_t begin, std::size_t end) {
-    TextLineLayout line{whole.text.substr(begin, end - begin), -1};
+TextLineLayout piece(const TextLineLayout& whole, std::size_t begin, std::size_t end, UINT format) {
+    TextLineLayout line{whole.text.substr(begin, end - begin), -1, {}};
+    if (has(format, DT_END_ELLIPSIS)) line.rest = whole.text.substr(end);
     const int first = static_cast<int>(begin);
     if (whole.underlined >= first && whole.underlined < static_cast<int>(end))
         line.underlined = whole.underlined - first;
@@ -83,7 +85,9 @@ void wrap(const TextLineLayout& whole, const LineRules& rules, const TextMeasure
         if (space != std::u16string_view::npos && space >= begin) {
             end = space;
             next = space + 1;
-            while (end > begin && text[end - 1] == u' ')
+            // An edit control's lines keep the spaces that they end with.
+            if (has(rules.format, DT_EDITCONTROL)) end = next;
+            while (!has(rules.format, DT_EDITCONTROL) && end > begin && text[end - 1] == u' ')
                 --end;
         } else if (!has(rules.format, DT_EDITCONTROL)) {
             end = std::min(text.find(u' ', fit), text.size());
@@ -93,11 +97,11 @@ void wrap(const TextLineLayout& whole, const LineRules& rules, const TextMeasure
             begin = end == text.size() ? begin : end;
             if (end == text.size()) break;
         }
-        out.push_back(piece(whole, begin, end));
+        out.push_back(piece(whole, begin, end, rules.format));
         begin = next;
         if (begin >= text.size()) return;
     }
-    out.push_back(piece(whole, begin, text.size()));
+    out.push_back(piece(whole, begin, text.size(), rules.format));
 }
 
 } // namespace

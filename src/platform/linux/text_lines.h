@@ -13,6 +13,7 @@ namespace platform::driver {
 struct TextLineLayout {
     std::u16string text; ///< As drawn, without marks; tabs are still in it
     int underlined = -1; ///< Index of the character that a mark underlines, or -1
+    std::u16string rest; ///< What follows in the paragraph; kept for DT_END_ELLIPSIS only
 };
 
 /// Width of a piece of text in the font in use.

@@ -1,0 +1,382 @@
+#include "platform/gdi.h"
+#include "support/Canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+using namespace platform;
+using test::Canvas;
+
+namespace {
+
+constexpr COLORREF white = RGB(255, 255, 255);
+constexpr COLORREF black = RGB(0, 0, 0);
+
+HBRUSH stockBrush(int index) { return HBRUSH(GetStockObject(index).value); }
+
+/// A brush or pen that is selected while the test runs.
+class Selected {
+public:
+    Selected(HDC dc, HGDIOBJ object) : dc_(dc), object_(object), previous_(SelectObject(dc, object)) {}
+    ~Selected() {
+        SelectObject(dc_, previous_);
+        DeleteObject(object_);
+    }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+private:
+    HDC dc_;
+    HGDIOBJ object_;
+    HGDIOBJ previous_;
+};
+
+} // namespace
+
+TEST(Lines, LeaveOutTheirLastPixel) {
+    const Canvas canvas(8, 3);
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    MoveToEx(canvas.dc(), 1, 1, nullptr);
+    LineTo(canvas.dc(), 5, 1);
+    EXPECT_EQ(canvas.text(), "........\n"
+                             ".####...\n"
+                             "........\n");
+    POINT position;
+    GetCurrentPositionEx(canvas.dc(), &position);
+    EXPECT_EQ(position, (POINT{5, 1}));
+}
+
+TEST(Lines, RunBackwardsFromTheirFirstPixel) {
+    const Canvas canvas(8, 1);
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    MoveToEx(canvas.dc(), 6, 0, nullptr);
+    LineTo(canvas.dc(), 2, 0);
+    EXPECT_EQ(canvas.text(), "...####.\n");
+}
+
+TEST(Lines, ToTheirOwnStartDrawNothing) {
+    const Canvas canvas(3, 3);
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    MoveToEx(canvas.dc(), 1, 1, nullptr);
+    EXPECT_TRUE(LineTo(canvas.dc(), 1, 1));
+    EXPECT_EQ(canvas.at(1, 1), black);
+}
+
+TEST(Lines, HalfStepsFollowThePlatformsRuleInAllDirections) {
+    // A rise of two over four passes exactly between two pixels twice.
+    const Canvas canvas(11, 11);
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    for (const int dx : {-4, 4}) {
+        for (const int dy : {-2, 2}) {
+            MoveToEx(canvas.dc(), 5, 5, nullptr);
+            LineTo(canvas.dc(), 5 + dx, 5 + dy);
+        }
+    }
+    EXPECT_EQ(canvas.text(), "...........\n"
+                             "...........\n"
+                             "...........\n"
+                             "..#.....#..\n"
+                             "...##.##...\n"
+                             "....###....\n"
+                             "..##...##..\n"
+                             "...........\n"
+                             "...........\n"
+                             "...........\n"
+                             "...........\n");
+}
+
+TEST(Lines, FarEndsAreClippedWithoutChangingTheSlope) {
+    const Canvas whole(200, 60);
+    const Canvas part(200, 60);
+    SelectObject(whole.dc(), GetStockObject(WHITE_PEN));
+    SelectObject(part.dc(), GetStockObject(WHITE_PEN));
+    IntersectClipRect(part.dc(), 90, 20, 130, 35);
+    for (const Canvas* canvas : {&whole, &part}) {
+        MoveToEx(canvas->dc(), -5000, -1500, nullptr);
+        LineTo(canvas->dc(), 7000, 2101);
+    }
+    for (int y = 20; y < 35; ++y)
+        for (int x = 90; x < 130; ++x) ASSERT_EQ(part.at(x, y), whole.at(x, y)) << x << ", " << y;
+}
+
+TEST(Lines, EnormousCoordinatesEndQuickly) {
+    const Canvas canvas(20, 20);
+    constexpr int high = std::numeric_limits<int>::max();
+    constexpr int low = std::numeric_limits<int>::min();
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    MoveToEx(canvas.dc(), low, low, nullptr);
+    LineTo(canvas.dc(), high, high);
+    Rectangle(canvas.dc(), low, low, high, high);
+    const RECT rect{low, low, high, high};
+    FillRect(canvas.dc(), &rect, stockBrush(GRAY_BRUSH));
+    EXPECT_EQ(canvas.at(10, 10), RGB(128, 128, 128));
+}
+
+TEST(Lines, DashedPensShowTheBackgroundOnlyWhenOpaque) {
+    for (const int mode : {TRANSPARENT, OPAQUE}) {
+        const Canvas canvas(14, 1);
+        const Selected pen(canvas.dc(), CreatePen(PS_DOT, 1, white));
+        SetBkMode(canvas.dc(), mode);
+        SetBkColor(canvas.dc(), RGB(0, 0, 200));
+        MoveToEx(canvas.dc(), 0, 0, nullptr);
+        LineTo(canvas.dc(), 12, 0);
+        EXPECT_EQ(canvas.text(), mode == OPAQUE ? "###+++###+++..\n" : "###...###.....\n");
+    }
+}
+
+TEST(Lines, EveryDrawingModeCombinesPenAndTargetBitByBit) {
+    const COLORREF pen = RGB(0x0F, 0x33, 0x55);
+    const COLORREF under = RGB(0xF3, 0x3C, 0x99);
+    for (int mode = R2_BLACK; mode <= R2_WHITE; ++mode) {
+        const Canvas canvas(3, 1);
+        canvas.set(1, 0, under);
+        const Selected selected(canvas.dc(), CreatePen(PS_SOLID, 1, pen));
+        SetROP2(canvas.dc(), mode);
+        MoveToEx(canvas.dc(), 1, 0, nullptr);
+        LineTo(canvas.dc(), 2, 0);
+        // The mode less one is the truth table, with the pen as the higher and the target as the lower bit.
+        COLORREF expected = 0;
+        for (int bit = 0; bit < 24; ++bit) {
+            const int index = static_cast<int>((pen >> bit & 1) << 1 | (under >> bit & 1));
+            if ((mode - 1) >> index & 1) expected |= 1u << bit;
+        }
+        EXPECT_EQ(canvas.at(1, 0), expected) << "mode " << mode;
+    }
+}
+
+TEST(Rectangles, OutlineInThePenAndInsideInTheBrush) {
+    const Canvas canvas(8, 6);
+    const Selected brush(canvas.dc(), CreateSolidBrush(RGB(10, 20, 30)));
+    SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+    Rectangle(canvas.dc(), 1, 1, 7, 5);
+    EXPECT_EQ(canvas.text(), "........\n"
+                             ".######.\n"
+                             ".#++++#.\n"
+                             ".#++++#.\n"
+                             ".######.\n"
+                             "........\n");
+}
+
+TEST(Rectangles, WithoutPenAreOnePixelSmaller) {
+    const Canvas canvas(6, 4);
+    SelectObject(canvas.dc(), GetStockObject(NULL_PEN));
+    Rectangle(canvas.dc(), 1, 1, 5, 4);
+    EXPECT_EQ(canvas.text(), "......\n"
+                             ".###..\n"
+                             ".###..\n"
+                             "......\n");
+}
+
+TEST(Rectangles, GivenBackwardsAreTheSame) {
+    const Canvas forwards(9, 9);
+    const Canvas backwards(9, 9);
+    Rectangle(forwards.dc(), 2, 2, 7, 6);
+    Rectangle(backwards.dc(), 7, 6, 2, 2);
+    EXPECT_EQ(forwards.text(), backwards.text());
+}
+
+TEST(Rectangles, AWidePenGrowsToBothSides) {
+    const Canvas canvas(12, 10);
+    const Selected pen(canvas.dc(), CreatePen(PS_SOLID, 2, white));
+    const Selected brush(canvas.dc(), CreateSolidBrush(RGB(10, 20, 30)));
+    Rectangle(canvas.dc(), 3, 3, 9, 8);
+    EXPECT_EQ(canvas.text(), "............\n"
+                             "............\n"
+                             "..#######...\n"
+                             "..#######...\n"
+                             "..##+++##...\n"
+                             "..##+++##...\n"
+                             "..#######...\n"
+                             "..#######...\n"
+                             "............\n"
+                             "............\n");
+}
+
+TEST(Fills, LeaveOutTheRightAndBottomEdge) {
+    const Canvas canvas(5, 4);
+    const RECT rect{1, 1, 4, 3};
+    EXPECT_TRUE(FillRect(canvas.dc(), &rect, stockBrush(WHITE_BRUSH)));
+    EXPECT_EQ(canvas.text(), ".....\n"
+                             ".###.\n"
+                             ".###.\n"
+                             ".....\n");
+}
+
+TEST(Fills, FramesAreOnePixelWide) {
+    const Canvas canvas(6, 5);
+    const RECT rect{1, 1, 5, 4};
+    FrameRect(canvas.dc(), &rect, stockBrush(WHITE_BRUSH));
+    EXPECT_EQ(canvas.text(), "......\n"
+                             ".####.\n"
+                             ".#..#.\n"
+                             ".####.\n"
+                             "......\n");
+}
+
+TEST(Fills, InvertingTwiceBringsBackThePicture) {
+    const Canvas canvas(4, 4);
+    canvas.set(1, 1, RGB(1, 2, 3));
+    const RECT rect{0, 0, 3, 3};
+    InvertRect(canvas.dc(), &rect);
+    EXPECT_EQ(canvas.at(1, 1), RGB(254, 253, 252));
+    EXPECT_EQ(canvas.at(3, 3), black);
+    InvertRect(canvas.dc(), &rect);
+    EXPECT_EQ(canvas.at(1, 1), RGB(1, 2, 3));
+}
+
+TEST(Fills, TheFocusRectangleIsDottedAndGoesAwayWithItself) {
+    const Canvas canvas(9, 5);
+    const RECT rect{1, 0, 8, 5};
+    DrawFocusRect(canvas.dc(), &rect);
+    EXPECT_EQ(canvas.text(), ".#.#.#.#.\n"
+                             ".........\n"
+                             ".#.....#.\n"
+                             ".........\n"
+                             ".#.#.#.#.\n");
+    DrawFocusRect(canvas.dc(), &rect);
+    EXPECT_EQ(canvas.text(), Canvas(9, 5).text());
+}
+
+TEST(Fills, HatchesFollowTheBrushOriginAndTheBackgroundMode) {
+    const Canvas canvas(16, 8);
+    SetBkMode(canvas.dc(), TRANSPARENT);
+    const HBRUSH brush = CreateHatchBrush(HS_VERTICAL, white);
+    const RECT rect{0, 0, 16, 8};
+    FillRect(canvas.dc(), &rect, brush);
+    EXPECT_EQ(canvas.text().substr(0, 17), "....#.......#...\n");
+    SetBkMode(canvas.dc(), OPAQUE);
+    SetBkColor(canvas.dc(), RGB(0, 0, 99));
+    SetBrushOrgEx(canvas.dc(), 1, 0, nullptr);
+    FillRect(canvas.dc(), &rect, brush);
+    EXPECT_EQ(canvas.text().substr(0, 17), "+++++#+++++++#++\n");
+    EXPECT_TRUE(DeleteObject(brush));
+}
+
+TEST(Fills, APatternTakesTextAndBackgroundColour) {
+    const std::uint16_t bits[] = {0x00AA, 0x0055, 0x00AA, 0x0055, 0x00AA, 0x0055, 0x00AA, 0x0055};
+    const HBITMAP bitmap = CreateBitmap(8, 8, 1, 1, bits);
+    const HBRUSH brush = CreatePatternBrush(bitmap);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    const Canvas canvas(4, 2);
+    SetTextColor(canvas.dc(), RGB(0, 0, 50));
+    SetBkColor(canvas.dc(), white);
+    const RECT rect{0, 0, 4, 2};
+    FillRect(canvas.dc(), &rect, brush);
+    EXPECT_EQ(canvas.text(), "#+#+\n"
+                             "+#+#\n");
+    EXPECT_TRUE(DeleteObject(brush));
+}
+
+TEST(Polygons, FillByTheChosenRule) {
+    // A square inside a square, drawn in the same direction.
+    const POINT points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 9}, {1, 1}, {3, 3}, {7, 3}, {7, 7}, {3, 7}, {3, 3}};
+    for (const int mode : {ALTERNATE, WINDING}) {
+        const Canvas canvas(11, 11);
+        SelectObject(canvas.dc(), GetStockObject(NULL_PEN));
+        SelectObject(canvas.dc(), GetStockObject(WHITE_BRUSH));
+        SetPolyFillMode(canvas.dc(), mode);
+        EXPECT_TRUE(Polygon(canvas.dc(), points, 10));
+        EXPECT_EQ(canvas.at(5, 5), mode == WINDING ? white : black);
+        EXPECT_EQ(canvas.at(2, 5), white);
+        EXPECT_EQ(canvas.at(9, 5), black);
+    }
+}
+
+TEST(Polygons, NeedTwoPoints) {
+    const Canvas canvas(4, 4);
+    const POINT points[] = {{1, 1}, {2, 2}};
+    EXPECT_FALSE(Polygon(canvas.dc(), points, 1));
+    EXPECT_FALSE(Polyline(canvas.dc(), points, 1));
+    EXPECT_FALSE(Polyline(canvas.dc(), nullptr, 2));
+    EXPECT_TRUE(Polyline(canvas.dc(), points, 2));
+}
+
+TEST(Pixels, OutsideTheSurfaceHaveNoColour) {
+    const Canvas canvas(3, 3);
+    EXPECT_EQ(canvas.at(-1, 0), CLR_INVALID);
+    EXPECT_EQ(canvas.at(3, 0), CLR_INVALID);
+    EXPECT_EQ(canvas.at(0, 3), CLR_INVALID);
+    EXPECT_EQ(canvas.at(2, 2), black);
+}
+
+TEST(Edges, ARaisedEdgeTakesTwoRings) {
+    const Canvas canvas(10, 8);
+    RECT rect{1, 1, 9, 7};
+    EXPECT_TRUE(DrawEdge(canvas.dc(), &rect, EDGE_RAISED, BF_RECT | BF_ADJUST));
+    EXPECT_EQ(rect, (RECT{3, 3, 7, 5}));
+    EXPECT_EQ(canvas.at(3, 3), black);
+}
+
+TEST(Clipping, BoundsEverythingThatIsDrawn) {
+    std::mt19937 generator(7);
+    std::uniform_int_distribution<int> coordinate(-10, 40);
+    for (int round = 0; round < 300; ++round) {
+        const Canvas canvas(30, 30);
+        const HRGN clip = CreateRectRgn(5, 5, 12, 20);
+        const HRGN more = CreateRectRgn(10, 15, 25, 25);
+        CombineRgn(clip, clip, more, RGN_XOR);
+        SelectClipRgn(canvas.dc(), clip);
+        SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+        const auto any = [&] { return coordinate(generator); };
+        MoveToEx(canvas.dc(), any(), any(), nullptr);
+        LineTo(canvas.dc(), any(), any());
+        Rectangle(canvas.dc(), any(), any(), any(), any());
+        PatBlt(canvas.dc(), any(), any(), any(), any(), WHITENESS);
+        SelectClipRgn(canvas.dc(), HRGN());
+        for (int y = 0; y < 30; ++y)
+            for (int x = 0; x < 30; ++x)
+                if (!PtInRegion(clip, x, y)) ASSERT_EQ(canvas.at(x, y), black) << x << ", " << y;
+        DeleteObject(clip);
+        DeleteObject(more);
+    }
+}
+
+TEST(Clipping, TellsWhatKindOfRegionItBecame) {
+    const Canvas canvas(10, 10);
+    RECT box;
+    EXPECT_EQ(IntersectClipRect(canvas.dc(), 2, 2, 6, 6), SIMPLEREGION);
+    EXPECT_EQ(ExcludeClipRect(canvas.dc(), 3, 3, 4, 4), COMPLEXREGION);
+    EXPECT_EQ(GetClipBox(canvas.dc(), &box), COMPLEXREGION);
+    EXPECT_EQ(box, (RECT{2, 2, 6, 6}));
+    EXPECT_EQ(ExcludeClipRect(canvas.dc(), 0, 0, 10, 10), NULLREGION);
+    EXPECT_EQ(SelectClipRgn(canvas.dc(), HRGN()), SIMPLEREGION);
+    EXPECT_EQ(GetClipBox(canvas.dc(), &box), SIMPLEREGION);
+    EXPECT_EQ(box, (RECT{0, 0, 10, 10}));
+}
+
+TEST(Clipping, GetClipRgnTellsWhetherThereIsOne) {
+    const Canvas canvas(10, 10);
+    const HRGN region = CreateRectRgn(0, 0, 1, 1);
+    EXPECT_EQ(GetClipRgn(canvas.dc(), region), 0);
+    IntersectClipRect(canvas.dc(), 2, 3, 6, 7);
+    EXPECT_EQ(GetClipRgn(canvas.dc(), region), 1);
+    RECT box;
+    EXPECT_EQ(GetRgnBox(region, &box), SIMPLEREGION);
+    EXPECT_EQ(box, (RECT{2, 3, 6, 7}));
+    EXPECT_TRUE(DeleteObject(region));
+    EXPECT_EQ(GetClipRgn(canvas.dc(), region), -1);
+}
+
+TEST(Coordinates, OriginsShiftDrawingAndClipping) {
+    const Canvas canvas(10, 10);
+    POINT previous;
+    SetWindowOrgEx(canvas.dc(), 100, 200, &previous);
+    EXPECT_EQ(previous, (POINT{0, 0}));
+    SetViewportOrgEx(canvas.dc(), 2, 3, nullptr);
+    SetPixel(canvas.dc(), 101, 201, white);
+    IntersectClipRect(canvas.dc(), 100, 200, 104, 204);
+    RECT box;
+    GetClipBox(canvas.dc(), &box);
+    EXPECT_EQ(box, (RECT{100, 200, 104, 204}));
+    POINT points[] = {{100, 200}, {103, 204}};
+    EXPECT_TRUE(LPtoDP(canvas.dc(), points, 2));
+    EXPECT_EQ(points[0], (POINT{2, 3}));
+    EXPECT_TRUE(DPtoLP(canvas.dc(), points, 2));
+    EXPECT_EQ(points[1], (POINT{103, 204}));
+    SetWindowOrgEx(canvas.dc(), 0, 0, nullptr);
+    SetViewportOrgEx(canvas.dc(), 0, 0, nullptr);
+    SelectClipRgn(canvas.dc(), HRGN());
+    EXPECT_EQ(canvas.at(3, 4), white);
+}
