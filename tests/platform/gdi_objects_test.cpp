@@ -214,7 +214,8 @@ TEST(GdiBitmaps, RowsOfABitmapBeginAtMultiplesOfTwoBytes) {
 TEST(GdiBitmaps, DibBitsGoOutAndInBothWaysRound) {
     const Canvas canvas(5, 3);
     for (int y = 0; y < 3; ++y)
-        for (int x = 0; x < 5; ++x) canvas.set(x, y, RGB(x * 10, y * 20, 7));
+        for (int x = 0; x < 5; ++x)
+            canvas.set(x, y, RGB(x * 10, y * 20, 7));
     for (const int height : {3, -3}) {
         BITMAPINFO info;
         info.bmiHeader.biWidth = 5;
@@ -227,7 +228,8 @@ TEST(GdiBitmaps, DibBitsGoOutAndInBothWaysRound) {
         const Canvas copy(5, 3);
         ASSERT_EQ(SetDIBits(copy.dc(), copy.bitmap(), 0, 3, out, &info, DIB_RGB_COLORS), 3);
         for (int y = 0; y < 3; ++y)
-            for (int x = 0; x < 5; ++x) ASSERT_EQ(copy.at(x, y), canvas.at(x, y));
+            for (int x = 0; x < 5; ++x)
+                ASSERT_EQ(copy.at(x, y), canvas.at(x, y));
     }
 }
 

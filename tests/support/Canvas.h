@@ -20,9 +20,9 @@ public:
         info.bmiColors[1] = {0xFF, 0xFF, 0xFF, 0};
         void* bits = nullptr;
         // A plain bitmap of 1 bit is what programs use as a mask; a section has colours of its own.
-        bitmap_ = bitsPerPixel == 1
-                      ? platform::CreateBitmap(width, height, 1, 1, nullptr)
-                      : platform::CreateDIBSection(dc_, &info, platform::DIB_RGB_COLORS, &bits, platform::HANDLE(), 0);
+        bitmap_ = bitsPerPixel == 1 ? platform::CreateBitmap(width, height, 1, 1, nullptr)
+                                    : platform::CreateDIBSection(dc_, &info, platform::DIB_RGB_COLORS, &bits,
+                                                                 platform::HANDLE(), 0);
         previous_ = platform::SelectObject(dc_, bitmap_);
         platform::PatBlt(dc_, 0, 0, width, height, platform::BLACKNESS);
     }

@@ -22,6 +22,8 @@ struct Axis {
     int sourceLength;
     bool targetBackwards;
     bool sourceBackwards;
+    bool
+        takesLast; ///< Of the source positions that one target position stands for, in modes that do not join
 };
 
 /// Quotient of numbers that are not negative, rounded up, less one: an exact quotient belongs to the one
@@ -49,7 +51,7 @@ Share shareOf(const Axis& axis, int target) {
         share.first = firstShrunk(position, axis.targetLength, axis.sourceLength);
         share.last = firstShrunk(position + 1, axis.targetLength, axis.sourceLength);
     }
-    share.taken = share.last - 1;
+    share.taken = axis.takesLast ? share.last - 1 : share.first;
     if (!axis.sourceBackwards) return share;
     const int length = axis.sourceLength;
     return {length - share.last, length - share.first, length - 1 - share.taken};
@@ -129,8 +131,9 @@ void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& st
     const RECT& to = stretch.to;
     const RECT& from = stretch.from;
     const Axis across{to.right - to.left, from.right - from.left, stretch.targetLeftwards,
-                      stretch.sourceLeftwards};
-    const Axis down{to.bottom - to.top, from.bottom - from.top, stretch.targetUpwards, stretch.sourceUpwards};
+                      stretch.sourceLeftwards, true};
+    const Axis down{to.bottom - to.top, from.bottom - from.top, stretch.targetUpwards, stretch.sourceUpwards,
+                    false};
     RowStretcher rows(*source.surface, from, sharesOf(across, part.left - to.left, part.right - to.left),
                       target.state.stretchMode);
     const std::vector<Share> lines = sharesOf(down, part.top - to.top, part.bottom - to.top);
