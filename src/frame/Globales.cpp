@@ -59,9 +59,9 @@ void readLocale(Globales& g) {
 }
 
 int screenBitsPerPixel() {
-    const platform::HDC screen = platform::GetDC({});
+    const platform::HDC screen = platform::CreateCompatibleDC({});
     const int bits = platform::GetDeviceCaps(screen, platform::BITSPIXEL);
-    platform::ReleaseDC({}, screen);
+    platform::DeleteDC(screen);
     return bits;
 }
 

@@ -27,12 +27,12 @@ void eachLine(std::u16string_view text, F each) {
 /// The screen's context with a font, to measure with.
 class MeasuringContext {
 public:
-    explicit MeasuringContext(platform::HFONT font) : dc_(platform::GetDC({})) {
+    explicit MeasuringContext(platform::HFONT font) : dc_(platform::CreateCompatibleDC({})) {
         former_ = platform::SelectObject(dc_, font);
     }
     ~MeasuringContext() {
         platform::SelectObject(dc_, former_);
-        platform::ReleaseDC({}, dc_);
+        platform::DeleteDC(dc_);
     }
     MeasuringContext(const MeasuringContext&) = delete;
     MeasuringContext& operator=(const MeasuringContext&) = delete;

@@ -204,7 +204,7 @@ platform::UINT Label::textFormat() const {
 }
 
 platform::SIZE Label::textSize(int width) const {
-    const platform::HDC screen = platform::GetDC({});
+    const platform::HDC screen = platform::CreateCompatibleDC({});
     const platform::HGDIOBJ former = platform::SelectObject(screen, font_->hFont());
     // An empty caption still stands one line high.
     const automation::String text = caption_.empty() ? automation::String(u" ") : caption_;
@@ -212,7 +212,7 @@ platform::SIZE Label::textSize(int width) const {
     platform::DrawTextW(screen, text.c_str(), static_cast<int>(text.length()), &area,
                         textFormat() | platform::DT_CALCRECT);
     platform::SelectObject(screen, former);
-    platform::ReleaseDC({}, screen);
+    platform::DeleteDC(screen);
     return {caption_.empty() ? 0 : area.right - area.left, area.bottom - area.top};
 }
 

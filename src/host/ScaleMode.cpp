@@ -17,10 +17,10 @@ constexpr double CentimetersPerInch = 2.54;
 constexpr double HimetricPerInch = 2540.0;
 
 double readTwipsPerPixel(Axis axis) {
-    const platform::HDC screen = platform::GetDC({});
+    const platform::HDC screen = platform::CreateCompatibleDC({});
     const int dots = platform::GetDeviceCaps(screen, axis == Axis::Horizontal ? platform::LOGPIXELSX
                                                                               : platform::LOGPIXELSY);
-    platform::ReleaseDC({}, screen);
+    platform::DeleteDC(screen);
     constexpr int UsualDotsPerInch = 96;
     return TwipsPerInch / (dots > 0 ? dots : UsualDotsPerInch);
 }

@@ -4,46 +4,27 @@
 #include "host/Session.h"
 #include "platform/gdi.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace host {
 
 namespace {
 
-/// Families in the order of their names, without those for vertical writing ("@...").
-std::vector<std::u16string> fontNames() {
-    std::vector<std::u16string> names;
-    const platform::HDC screen = platform::GetDC({});
-    platform::LOGFONTW all;
-    all.lfCharSet = platform::DEFAULT_CHARSET;
-    platform::EnumFontFamiliesExW(
-        screen, &all,
-        [&](const platform::ENUMLOGFONTEXW& font, const platform::TEXTMETRICW&, platform::DWORD) {
-            if (font.elfLogFont.lfFaceName[0] != u'@') names.emplace_back(font.elfLogFont.lfFaceName);
-            return 1;
-        });
-    platform::ReleaseDC({}, screen);
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return names;
-}
-
-/// Programs ask for one font after the other: the list is read once.
-const std::vector<std::u16string>& fonts() {
+/// Read once: the fonts that a program starts with are those that it knows.
+const std::vector<std::u16string>& fontNames() {
     auto& names = session().fontNames;
-    if (names.empty()) names = fontNames();
+    if (names.empty()) names = platform::fontFamilies();
     return names;
 }
 
 } // namespace
 
 short Screen::FontCount() {
-    return static_cast<short>(fonts().size());
+    return static_cast<short>(fontNames().size());
 }
 
 automation::String Screen::Fonts(short index) {
-    const auto& names = fonts();
+    const auto& names = fontNames();
     if (index < 0 || static_cast<std::size_t>(index) >= names.size()) return {};
     return names[static_cast<std::size_t>(index)];
 }

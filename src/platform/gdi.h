@@ -12,6 +12,8 @@
 #include "platform/gdi_types.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace platform {
 
@@ -172,6 +174,10 @@ HFONT CreateFontIndirectW(const LOGFONTW* data);
 /// until it returns 0; the result is the last one that it returned, 1 when there was none.
 using FontEnumerator = std::function<int(const ENUMLOGFONTEXW& font, const TEXTMETRICW& metrics, DWORD type)>;
 int EnumFontFamiliesExW(HDC dc, const LOGFONTW* filter, const FontEnumerator& each);
+
+/// The names of all font families in their order, those for vertical writing ("@...") left out. Cheaper than
+/// EnumFontFamiliesExW, which opens each font for its measures.
+std::vector<std::u16string> fontFamilies();
 
 BOOL TextOutW(HDC dc, int x, int y, const char16_t* text, int length);
 BOOL TextOutA(HDC dc, int x, int y, const char* text, int length);

@@ -310,4 +310,13 @@ int EnumFontFamiliesExW(HDC dc, const LOGFONTW* filter, const FontEnumerator& ea
     return result;
 }
 
+std::vector<std::u16string> fontFamilies() {
+    std::vector<std::u16string> names;
+    for (const FontEntry& entry : listFonts({}))
+        names.push_back(entry.family);
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
 } // namespace platform
