@@ -6,8 +6,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <string>
 #include <unistd.h>
 
 namespace platform::driver {
@@ -137,6 +141,7 @@ struct FcDeleter {
     void operator()(FcPattern* p) const { FcPatternDestroy(p); }
     void operator()(FcFontSet* p) const { FcFontSetDestroy(p); }
     void operator()(FcObjectSet* p) const { FcObjectSetDestroy(p); }
+    void operator()(FcConfig* p) const { FcConfigDestroy(p); }
 };
 
 std::u16string textOf(FcPattern* pattern, const char* object) {
@@ -163,6 +168,35 @@ FontSource sourceOf(FcPattern* pattern) {
     return source;
 }
 
+/// fontconfig's own settings file without the dozens of files that it includes: those hold rules for choosing
+/// and rendering, which this catalogue does not ask for, and reading them takes longer than the whole start
+/// of a program. What remains names the folders of fonts and of their caches.
+std::string fontFolderSettings() {
+    const char* named = std::getenv("FONTCONFIG_FILE");
+    std::ifstream file(named && *named ? named : "/etc/fonts/fonts.conf");
+    std::string settings((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    constexpr std::string_view closing = "</include>";
+    for (std::size_t from; (from = settings.find("<include")) != std::string::npos;) {
+        const std::size_t to = settings.find(closing, from);
+        settings.erase(from, to == std::string::npos ? to : to + closing.size() - from);
+    }
+    return settings;
+}
+
+/// The fonts of the folders that the settings name; null if there are none, which leaves fontconfig's whole
+/// configuration.
+std::unique_ptr<FcConfig, FcDeleter> folderConfiguration() {
+    const std::string settings = fontFolderSettings();
+    std::unique_ptr<FcConfig, FcDeleter> config(FcConfigCreate());
+    const auto* text = reinterpret_cast<const FcChar8*>(settings.c_str());
+    if (!config || !FcConfigParseAndLoadFromMemory(config.get(), text, FcFalse) ||
+        !FcConfigBuildFonts(config.get()))
+        return {};
+    const FcFontSet* fonts = FcConfigGetFonts(config.get(), FcSetSystem);
+    if (!fonts || fonts->nfont == 0) return {};
+    return config;
+}
+
 /// All outline fonts that fontconfig knows, read once.
 const std::vector<FontEntry>& systemFonts() {
     static const std::vector<FontEntry> fonts = [] {
@@ -172,7 +206,8 @@ const std::vector<FontEntry>& systemFonts() {
             FC_FAMILY, FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_SLANT, FC_SPACING, FC_SCALABLE, nullptr));
         if (!all || !objects) return result;
         FcPatternAddBool(all.get(), FC_SCALABLE, FcTrue);
-        const std::unique_ptr<FcFontSet, FcDeleter> set(FcFontList(nullptr, all.get(), objects.get()));
+        const auto config = folderConfiguration();
+        const std::unique_ptr<FcFontSet, FcDeleter> set(FcFontList(config.get(), all.get(), objects.get()));
         for (int i = 0; set && i < set->nfont; ++i) {
             FcPattern* pattern = set->fonts[i];
             result.push_back({textOf(pattern, FC_FAMILY), textOf(pattern, FC_STYLE), sourceOf(pattern)});
