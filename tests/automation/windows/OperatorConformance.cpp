@@ -403,7 +403,7 @@ public:
     }
     Examination(const Examination&) = delete;
     Examination& operator=(const Examination&) = delete;
-    ~Examination() { platform::overrideUserLocale("es-ES"); }
+    ~Examination() { platform::overrideUserLocale(""); }
 
     void askBinary(const Operation& operation) {
         for (const Variant& a : values_)
