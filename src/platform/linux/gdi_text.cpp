@@ -135,7 +135,7 @@ void drawText(DeviceContext& context, FontFace& face, POINT at, const TextOutput
         const RECT cell{start.x, start.y - metrics.tmAscent, start.x + width, start.y + metrics.tmDescent};
         fillBackground(context, output.clip ? intersection(cell, *output.clip) : cell);
     }
-    const TextPainter painter(context, output.clip);
+    TextPainter painter(context, output.clip);
     Advances advances(context.state, face, output.advances);
     std::int64_t x = start.x;
     for (const char16_t c : output.text) {

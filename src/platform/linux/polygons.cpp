@@ -75,11 +75,6 @@ double chord(double height, double radius) {
     return share >= 1 ? 0 : std::sqrt(1 - share * share);
 }
 
-struct Vector {
-    double x;
-    double y;
-};
-
 /// The four corners of a straight piece of a wide line.
 void addSegment(POINT from, POINT to, int width, const RECT& bounds, Region& out) {
     const int before = width / 2;
@@ -95,15 +90,17 @@ void addSegment(POINT from, POINT to, int width, const RECT& bounds, Region& out
         out = out.united(Region(intersection(r, bounds)));
         return;
     }
+    // The side to the right gets what the middle line does not share out evenly.
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
     const double length = std::hypot(dx, dy);
-    const Vector across{-dy * width / length / 2, dx * width / length / 2};
-    const auto corner = [](POINT p, double x, double y) {
-        return POINT{boundedCoordinate(std::llround(p.x + x)), boundedCoordinate(std::llround(p.y + y))};
-    };
-    const POINT corners[] = {corner(from, across.x, across.y), corner(to, across.x, across.y),
-                             corner(to, -across.x, -across.y), corner(from, -across.x, -across.y)};
+    const double acrossX = width * std::abs(dy) / length / 2;
+    const double acrossY = width * std::abs(dx) / length / 2;
+    const int up = (dx > 0) == (dy > 0) ? -1 : 1;
+    const POINT right{static_cast<LONG>(std::ceil(acrossX)), up * static_cast<LONG>(std::ceil(acrossY))};
+    const POINT left{-static_cast<LONG>(acrossX + half), -up * static_cast<LONG>(acrossY + half)};
+    const auto corner = [](POINT p, POINT offset) { return POINT{p.x + offset.x, p.y + offset.y}; };
+    const POINT corners[] = {corner(from, right), corner(to, right), corner(to, left), corner(from, left)};
     out = out.united(polygonRegion(corners, ALTERNATE, bounds));
 }
 

@@ -4,6 +4,7 @@
 #include "platform/linux/rows.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace platform::driver {
 
@@ -28,35 +29,37 @@ int blendedComponent(int under, int text, int low, int high) {
 } // namespace
 
 TextPainter::TextPainter(DeviceContext& context, const RECT* clip)
-    : context_(context), pixel_(pixelOf(context, context.state.textColor)) {
-    for (const RECT& r : context.drawable().rectangles()) {
-        const RECT part = clip ? intersection(r, *clip) : r;
-        if (!isEmpty(part)) clips_.push_back(part);
-    }
-    for (int level = 0; level <= fullCoverage; ++level) {
-        for (int component = 0; component < 3; ++component) {
+    : clips_(context.drawable().rectangles()), surface_(*context.surface), hasClip_(clip != nullptr),
+      clip_(clip ? *clip : RECT{}), pixel_(pixelOf(context, context.state.textColor)) {}
+
+void TextPainter::findRanges() {
+    rangesKnown_ = true;
+    for (std::size_t level = 0; level <= fullCoverage; ++level) {
+        for (std::size_t component = 0; component < 3; ++component) {
             const int text = static_cast<int>(pixel_ >> (8 * component) & 0xFF);
-            const int rest = ramp[static_cast<std::size_t>(fullCoverage - level)];
-            Range& range = ranges_[static_cast<std::size_t>(level)][static_cast<std::size_t>(component)];
-            range.low = ramp[static_cast<std::size_t>(level)] * text / fullComponent;
-            range.high = rest + (fullComponent - rest) * text / fullComponent;
+            const int rest = ramp[fullCoverage - level];
+            ranges_[level][component] = {ramp[level] * text / fullComponent,
+                                         rest + (fullComponent - rest) * text / fullComponent};
         }
     }
 }
 
-void TextPainter::draw(const Glyph& glyph, int x, int y) const {
-    const RECT box{x + glyph.left, y - glyph.top, x + glyph.left + glyph.width, y - glyph.top + glyph.height};
-    for (const RECT& clip : clips_) {
-        const RECT part = intersection(box, clip);
-        if (!isEmpty(part)) drawClipped(glyph, box.left, box.top, part);
+void TextPainter::draw(const Glyph& glyph, int x, int y) {
+    RECT box{x + glyph.left, y - glyph.top, x + glyph.left + glyph.width, y - glyph.top + glyph.height};
+    const POINT corner{box.left, box.top};
+    if (hasClip_) box = intersection(box, clip_);
+    if (isEmpty(box)) return;
+    for (const RECT& r : clips_) {
+        const RECT part = intersection(box, r);
+        if (!isEmpty(part)) drawClipped(glyph, corner.x, corner.y, part);
     }
 }
 
-std::uint32_t TextPainter::blended(std::uint32_t under, int coverage) const {
+std::uint32_t TextPainter::blend(std::uint32_t under, std::size_t coverage) const {
     std::uint32_t result = 0;
-    for (int component = 0; component < 3; ++component) {
-        const Range& range = ranges_[static_cast<std::size_t>(coverage)][static_cast<std::size_t>(component)];
-        const int shift = 8 * component;
+    for (std::size_t component = 0; component < 3; ++component) {
+        const Range& range = ranges_[coverage][component];
+        const std::size_t shift = 8 * component;
         const int value = blendedComponent(static_cast<int>(under >> shift & 0xFF),
                                            static_cast<int>(pixel_ >> shift & 0xFF), range.low, range.high);
         result |= static_cast<std::uint32_t>(value) << shift;
@@ -64,23 +67,47 @@ std::uint32_t TextPainter::blended(std::uint32_t under, int coverage) const {
     return result;
 }
 
-void TextPainter::drawClipped(const Glyph& glyph, int x, int y, const RECT& clip) const {
-    const Surface& surface = *context_.surface;
+std::uint32_t TextPainter::blended(std::uint32_t under, int coverage) {
+    if (!rangesKnown_) findRanges();
+    if (under != ground_) {
+        ground_ = under;
+        blendKnown_ = 0;
+    }
+    const std::size_t level = static_cast<std::size_t>(coverage);
+    if ((blendKnown_ >> level & 1) == 0) {
+        blends_[level] = blend(under, level);
+        blendKnown_ |= 1u << level;
+    }
+    return blends_[level];
+}
+
+void TextPainter::drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count) {
+    constexpr int atOnce = 8;
+    for (int i = 0; i < count; ++i) {
+        std::uint64_t next = 1;
+        if (i + atOnce <= count) std::memcpy(&next, coverage + i, atOnce);
+        if (next == 0) {
+            i += atOnce - 1;
+        } else if (coverage[i] == fullCoverage) {
+            pixels[i] = pixel_;
+        } else if (coverage[i] > faintest) {
+            pixels[i] = blended(pixels[i], coverage[i]);
+        }
+    }
+}
+
+void TextPainter::drawClipped(const Glyph& glyph, int x, int y, const RECT& clip) {
+    const int count = clip.right - clip.left;
     for (int row = clip.top; row < clip.bottom; ++row) {
         const std::uint8_t* coverage =
-            glyph.coverage.data() + static_cast<std::ptrdiff_t>(row - y) * glyph.width - x;
-        if (surface.bitsPerPixel == 32) {
-            std::uint32_t* pixels = row32(surface, row);
-            for (int column = clip.left; column < clip.right; ++column) {
-                if (coverage[column] <= faintest) continue;
-                pixels[column] =
-                    coverage[column] == fullCoverage ? pixel_ : blended(pixels[column], coverage[column]);
-            }
-        } else {
-            std::uint8_t* bits = rowOf(surface, row);
-            for (int column = clip.left; column < clip.right; ++column)
-                if (coverage[column] > fullCoverage / 2) putBit(bits, column, pixel_ != 0);
+            glyph.coverage.data() + static_cast<std::ptrdiff_t>(row - y) * glyph.width + (clip.left - x);
+        if (surface_.bitsPerPixel == 32) {
+            drawWords(row32(surface_, row) + clip.left, coverage, count);
+            continue;
         }
+        std::uint8_t* bits = rowOf(surface_, row);
+        for (int i = 0; i < count; ++i)
+            if (coverage[i] > fullCoverage / 2) putBit(bits, clip.left + i, pixel_ != 0);
     }
 }
 

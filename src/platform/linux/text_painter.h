@@ -13,7 +13,7 @@ public:
     TextPainter(DeviceContext& context, const RECT* clip);
 
     /// Draws a glyph with its pen position at (x, y) of the surface, y on the base line.
-    void draw(const Glyph& glyph, int x, int y) const;
+    void draw(const Glyph& glyph, int x, int y);
 
 private:
     /// What smoothing makes of a colour component at one level of coverage.
@@ -22,13 +22,22 @@ private:
         int high = 0; ///< Over white
     };
 
-    void drawClipped(const Glyph& glyph, int x, int y, const RECT& clip) const;
-    std::uint32_t blended(std::uint32_t under, int coverage) const;
+    void drawClipped(const Glyph& glyph, int x, int y, const RECT& clip);
+    void drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count);
+    std::uint32_t blended(std::uint32_t under, int coverage);
+    std::uint32_t blend(std::uint32_t under, std::size_t coverage) const;
+    void findRanges();
 
-    DeviceContext& context_;
-    std::vector<RECT> clips_;
-    std::uint32_t pixel_ = 0;
-    std::array<std::array<Range, 3>, fullCoverage + 1> ranges_{};
+    const std::vector<RECT>& clips_;
+    const Surface& surface_;
+    bool hasClip_;
+    RECT clip_;
+    std::uint32_t pixel_;
+    bool rangesKnown_ = false;
+    std::array<std::array<Range, 3>, fullCoverage + 1> ranges_;
+    std::uint32_t ground_ = 0;     ///< The colour under the last smoothed pixel, which most of them share
+    std::uint32_t blendKnown_ = 0; ///< One bit for each level of coverage
+    std::array<std::uint32_t, fullCoverage + 1> blends_;
 };
 
 } // namespace platform::driver
