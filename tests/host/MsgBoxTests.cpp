@@ -213,7 +213,7 @@ TEST_F(MsgBoxTest, TheInputFieldEditsMovesAndUsesTheClipboard) {
             }
             desk.strikeKey(platform::VK_RETURN);
         });
-        EXPECT_EQ(InputBox(u"", u"t", u"uno dos"), each.result);
+        EXPECT_EQ(InputBox(u"", u"t", u"uno dos").utf8(), automation::String(each.result).utf8());
     }
 }
 
