@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -53,7 +54,8 @@ struct NumberText::Scanner {
     const char16_t* at;
     const char16_t* end;
     const Locale& locale;
-    bool sign = false;
+    bool plus = false; ///< Each sign may stand once, before or after the digits
+    bool minus = false;
     bool parenthesis = false;
     bool currency = false;
 
@@ -83,7 +85,6 @@ struct NumberText::Scanner {
 
     /// What may stand before the digits, in any order; false for a sign given twice.
     bool prefix(bool& negative) {
-        bool plus = false;
         while (at != end) {
             if (isBlank(*at)) {
                 ++at;
@@ -92,8 +93,8 @@ struct NumberText::Scanner {
                 plus = true;
                 ++at;
             } else if (takeMinus()) {
-                if (sign) return false;
-                sign = negative = true;
+                if (minus) return false;
+                minus = negative = true;
             } else if (*at == u'(') {
                 if (parenthesis) return false;
                 parenthesis = negative = true;
@@ -104,7 +105,6 @@ struct NumberText::Scanner {
                 break;
             }
         }
-        sign = sign || plus;
         return true;
     }
 
@@ -116,16 +116,16 @@ struct NumberText::Scanner {
             if (isBlank(*at)) {
                 ++at;
             } else if (*at == u'+') {
-                if (sign) return false;
-                sign = true;
+                if (plus) return false;
+                plus = true;
                 ++at;
             } else if (*at == u')') {
                 if (!parenthesis || closed) return false;
                 closed = true;
                 ++at;
             } else if (takeMinus()) {
-                if (sign) return false;
-                sign = negative = true;
+                if (minus) return false;
+                minus = negative = true;
             } else if (!symbol && take(locale.currencySymbol)) {
                 symbol = true;
             } else {
@@ -252,6 +252,12 @@ bool NumberText::parseExponent(Scanner& scan) {
     return true;
 }
 
+/// Up to 32 bits a literal is a Long, beyond that it has no sign of its own.
+double NumberText::literalValue() const noexcept {
+    if (mantissa_ >> 32 == 0) return static_cast<std::int32_t>(mantissa_);
+    return static_cast<double>(mantissa_);
+}
+
 bool NumberText::isZero() const noexcept {
     return literal_ ? mantissa_ == 0 && !literalTooLong_ : count_ == 0;
 }
@@ -259,7 +265,7 @@ bool NumberText::isZero() const noexcept {
 Reading NumberText::toDouble(double& value) const {
     if (literal_) {
         if (literalTooLong_) return Reading::Overflow;
-        value = static_cast<double>(mantissa_);
+        value = literalValue();
     } else if (count_ == 0) {
         value = 0;
     } else if (FLT_EVAL_METHOD == 0 && count_ <= mantissaDigits && mantissa_ <= exactIntegers &&
@@ -340,8 +346,11 @@ Reading NumberText::toCurrency(std::int64_t& scaled) const {
     constexpr std::uint64_t highest = INT64_MAX;
     std::uint64_t magnitude = 0;
     if (literal_) {
-        if (literalTooLong_ || mantissa_ > highest / scale) return Reading::Overflow;
-        magnitude = mantissa_ * scale;
+        const double value = literalValue() * (negative_ ? -1 : 1);
+        if (literalTooLong_ || !(std::abs(value) <= static_cast<double>(highest / scale)))
+            return Reading::Overflow;
+        scaled = static_cast<std::int64_t>(value) * static_cast<std::int64_t>(scale);
+        return Reading::Ok;
     } else if (const Reading reading = toScaled(decimals, magnitude); reading != Reading::Ok) {
         return reading;
     }

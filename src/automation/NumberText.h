@@ -44,6 +44,7 @@ private:
     /// The digits as a whole number, times 10 to the `shift`, rounded half to even.
     Reading toScaled(int shift, std::uint64_t& magnitude) const;
     Reading slowDouble(double& value) const;
+    double literalValue() const noexcept;
     bool hasDigitsFrom(int digitIndex) const noexcept;
 
     // So many digits decide the rounding of every Double; further ones are only noted.
