@@ -93,7 +93,7 @@ private:
     bool readSeparator();
     int timeSeparatorLength() const;
     bool addNumber(int number);
-    int matchHalfDay();
+    int matchHalfDay(bool letterAlone);
     bool matchHalfDayName(std::u16string_view name);
     bool isLiteralWord(std::u16string_view word) const;
 
@@ -144,11 +144,10 @@ bool DateReader::readNumberItem() {
     const int number = readNumber();
     const char16_t* const afterNumber = at_;
     skipBlanks();
-    if (timeSeparatorLength() > 0 || matchHalfDay() != noValue) {
-        if (at_ != end_ && afterNumber != at_ && timeSeparatorLength() == 0) at_ = afterNumber;
-        return readTime(number);
-    }
+    if (timeSeparatorLength() > 0) return readTime(number);
+    const bool marked = matchHalfDay(afterNumber == at_) != noValue;
     at_ = afterNumber;
+    if (marked) return readTime(number);
     if (at_ != end_ && end_ - at_ > 1 && *at_ == u'.' && isDigit(at_[1])) return readDotted(number);
     return addNumber(number);
 }
@@ -202,7 +201,7 @@ bool DateReader::readTime(int hour) {
     if (hour_ >= hours || minute_ >= sixty || second_ >= sixty) return false;
     const char16_t* const afterTime = at_;
     skipBlanks();
-    const int half = matchHalfDay();
+    const int half = matchHalfDay(true);
     if (half == noValue) at_ = afterTime;
     if (half == 0 && hour_ == noon) hour_ = 0;
     if (half == 1 && hour_ < noon) hour_ += noon;
@@ -230,13 +229,13 @@ bool DateReader::matchHalfDayName(std::u16string_view name) {
     return true;
 }
 
-/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none.
-int DateReader::matchHalfDay() {
+/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none. `letterAlone` takes "a"
+/// and "p" too.
+int DateReader::matchHalfDay(bool letterAlone) {
     if (at_ == end_ || !isLetter(*at_)) return noValue;
     if (matchHalfDayName(locale_.morning) || matchHalfDayName(u"AM")) return 0;
     if (matchHalfDayName(locale_.afternoon) || matchHalfDayName(u"PM")) return 1;
-    // One letter only right after its number.
-    if (!isDigit(at_[-1])) return noValue;
+    if (!letterAlone) return noValue;
     return matchHalfDayName(u"A") ? 0 : matchHalfDayName(u"P") ? 1 : noValue;
 }
 

@@ -70,14 +70,14 @@ Digits Digits::ofReal(Real value, int precision) {
     // The shortest digits that name the number round as the number itself does, but for one case: where
     // they end in the very half the number may lie on either side of it.
     if (result.count == precision + 1 && result.digit[precision] == '5') {
-        result.count = 0;
-        end = std::to_chars(buffer, buffer + longestReal, magnitude, std::chars_format::scientific,
-                            precision - 1)
-                  .ptr;
-        takeScientific(result, buffer, end);
-    } else {
-        result.roundToCount(precision);
+        // Far more digits than it takes to tell a true half, which goes away from zero, from what lies just
+        // below.
+        constexpr int decidingDigits = 60;
+        char exact[decidingDigits + longestReal];
+        std::to_chars(exact, exact + sizeof exact, magnitude, std::chars_format::scientific, decidingDigits);
+        result.digit[precision] = exact[precision + 1]; // the point stands before it
     }
+    result.roundToCount(precision);
     result.trim();
     return result;
 }

@@ -177,8 +177,11 @@ void writePlaces(TextBuilder& out, std::u16string_view pattern, const Digits& di
             placed = true;
         } else if (unit == u'.') {
             if (!fraction && layout.wholePlaces == 0) places.excess();
+            if (fraction)
+                out.add(unit);
+            else
+                out.add(locale.decimal);
             fraction = true;
-            out.add(locale.decimal);
         } else if (unit == u',') {
             if (!placed && !fraction) out.add(unit);
         } else if (startsExponent(pattern) && layout.exponent && !exponentDone && placed) {

@@ -346,6 +346,9 @@ TEST(Conversions, WriteSinglesWithSevenDigits) {
     EXPECT_EQ(CStr(1234567.0f), u"1234567");
     EXPECT_EQ(CStr(12345678.0f), u"1.234568E+07");
     EXPECT_EQ(CStr(1e10f), u"1E+10");
+    // Halves of the last digit go away from zero.
+    EXPECT_EQ(CStr(341060.25f), u"341060.3");
+    EXPECT_EQ(CStr(-1048576.5f), u"-1048577");
 }
 
 TEST(Conversions, WriteTheOtherTypes) {
@@ -373,10 +376,17 @@ TEST(Conversions, WriteWhatIsNoNumberAsTheRuntimeMarksIt) {
     EXPECT_EQ(CStr(std::numeric_limits<double>::quiet_NaN()), u"1.#QNAN");
 }
 
-/// Fifteen digits that the library's own correctly rounded printing gives.
+/// Fifteen digits that the library's own correctly rounded printing gives, but for true halves, which it
+/// sends to even: those are moved up by a sixteenth digit.
 double fifteenDigits(double value) {
-    char buffer[40];
-    char* end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 14).ptr;
+    char buffer[100];
+    char* end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 60).ptr;
+    const std::string_view digits(buffer, static_cast<std::size_t>(end - buffer));
+    const std::size_t exponent = digits.find('e');
+    const std::size_t tail = digits[0] == '-' ? 17 : 16;
+    if (digits[tail] == '5' && digits.find_first_not_of('0', tail + 1) == exponent)
+        value = std::nextafter(value, value * 2);
+    end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, 14).ptr;
     double result = 0;
     std::from_chars(buffer, end, result);
     return result;
