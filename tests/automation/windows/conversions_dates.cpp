@@ -58,8 +58,10 @@ bool isLaterCentury(const ConformanceCase& difference) {
     return systems >= day2030 && systems < day2050 && std::abs(systems - ours - century) < 1;
 }
 
-bool hasName(const ConformanceCase& difference) {
-    return difference.input.find_first_of(u"abcdefghijklmnopqrstuvwxyzMARCH") != std::u16string::npos;
+bool hasMonth(const ConformanceCase& difference) {
+    for (const std::u16string_view name : {u"January", u"feb", u"MARCH", u"Apr", u"September", u"dec"})
+        if (has(difference, name)) return true;
+    return false;
 }
 
 bool isDotted(const ConformanceCase& difference) {
@@ -81,7 +83,7 @@ const std::vector<KnownDifference> readingDifferences = {
      "The locale's own marks of the half day are known, so that a written time reads back; Wine refuses "
      "those "
      "with points."},
-    {"", [](const ConformanceCase& d) { return d.locale == "en-US" && hasName(d) && d.ours != "error 13"; },
+    {"", [](const ConformanceCase& d) { return d.locale == "en-US" && hasMonth(d) && d.ours != "error 13"; },
      "A number before a month's name is the day if it can be, in English too; Wine takes it for the year "
      "there."},
     {"", [](const ConformanceCase& d) { return has(d, u" p") || has(d, u"a"); },
