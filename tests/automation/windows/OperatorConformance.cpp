@@ -287,6 +287,11 @@ bool isLargeCurrency(const Variant& v) {
     return v.type() == automation::VT_CY && std::abs(v.asCurrency().scaled()) > exactInDouble;
 }
 
+bool isOneCurrencyPlaceApart(const Outcome& a, const Outcome& b) {
+    if (a.value.type() != automation::VT_CY || b.value.type() != automation::VT_CY) return false;
+    return std::abs(a.value.asCurrency().scaled() - b.value.asCurrency().scaled()) == 1;
+}
+
 bool isLongDecimal(const Variant& v) {
     return v.type() == automation::VT_DECIMAL && v.asDecimal().scale() == Decimal::maxScale;
 }
@@ -321,10 +326,12 @@ const Difference differences[] = {
      "Empty "
      "as 0 and reports a type mismatch",
      [](const Question& q) { return q.theirs.error == typeNotSupported; }},
-    {"Wine adds, subtracts, multiplies and compares Currency as Doubles, which lose the last digits",
+    {"Wine adds, subtracts, multiplies and compares Currency as Doubles, which lose the last digits and the "
+     "ties",
      [](const Question& q) {
          return q.isOneOf({"add", "subtract", "multiply", "compare"}) &&
-                (isLargeCurrency(q.a) || isLargeCurrency(*q.b) || isLargeCurrency(q.ours.value));
+                (isLargeCurrency(q.a) || isLargeCurrency(*q.b) || isLargeCurrency(q.ours.value) ||
+                 (q.operation == "multiply" && isOneCurrencyPlaceApart(q.ours, q.theirs)));
      }},
     {"Wine takes True as 1 beside a Decimal; the language counts it as -1 everywhere",
      [](const Question& q) { return q.has(automation::VT_BOOL) && q.has(automation::VT_DECIMAL); }},
