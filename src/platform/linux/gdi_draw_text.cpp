@@ -48,7 +48,7 @@ public:
             if (isLastShown && has(format_, DT_END_ELLIPSIS)) {
                 // The last line that there is room for shows as much as it can of what is left.
                 lines[i].text += lines[i].rest;
-                endWithEllipsis(lines[i], rules_, measure_);
+                endWithEllipsis(lines[i], i + 1 < lines.size(), rules_, measure_);
             }
             const int width = lineWidth(lines[i].text, rules_, measure_);
             widest = std::max(widest, width);

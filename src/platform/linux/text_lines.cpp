@@ -46,9 +46,9 @@ Paragraph firstParagraph(std::u16string_view text, UINT format) {
     return {end, end + (isPair ? 2 : 1)};
 }
 
-/// How many characters of `text` fit in the room, at least one.
+/// How many characters of `text` fit in the room.
 std::size_t fitting(std::u16string_view text, const LineRules& rules, const TextMeasure& measure) {
-    std::size_t low = 1;
+    std::size_t low = 0;
     std::size_t high = text.size();
     while (low < high) {
         const std::size_t middle = (low + high + 1) / 2;
@@ -59,6 +59,16 @@ std::size_t fitting(std::u16string_view text, const LineRules& rules, const Text
         }
     }
     return low;
+}
+
+/// Where a line that begins `text` ends when `fit` characters have room and the next has not.
+std::size_t lineEnd(std::u16string_view text, std::size_t fit, UINT format) {
+    if (text[fit] == u' ') return fit;
+    const std::size_t space = fit == 0 ? std::u16string_view::npos : text.rfind(u' ', fit - 1);
+    // The space at the break stays with the line, where it does no harm.
+    if (space != std::u16string_view::npos) return has(format, DT_RIGHT | DT_CENTER) ? space : space + 1;
+    if (has(format, DT_EDITCONTROL)) return std::max<std::size_t>(fit, 1);
+    return std::min(text.find(u' ', fit), text.size());
 }
 
 /// A piece of a line's text moved into a line of its own; the underlined character goes where it lies.
@@ -78,28 +88,12 @@ void wrap(const TextLineLayout& whole, const LineRules& rules, const TextMeasure
     const std::u16string_view text = whole.text;
     std::size_t begin = 0;
     while (lineWidth(text.substr(begin), rules, measure) > rules.width) {
-        const std::size_t fit = begin + fitting(text.substr(begin), rules, measure);
-        std::size_t end = fit;
-        std::size_t next = fit;
-        const std::size_t space = text.rfind(u' ', fit);
-        if (space != std::u16string_view::npos && space >= begin) {
-            end = space;
-            next = space + 1;
-            // An edit control's lines keep the spaces that they end with.
-            if (has(rules.format, DT_EDITCONTROL)) end = next;
-            while (!has(rules.format, DT_EDITCONTROL) && end > begin && text[end - 1] == u' ')
-                --end;
-        } else if (!has(rules.format, DT_EDITCONTROL)) {
-            end = std::min(text.find(u' ', fit), text.size());
-            next = std::min(end + 1, text.size());
-        }
-        if (next >= text.size()) {
-            begin = end == text.size() ? begin : end;
-            if (end == text.size()) break;
-        }
+        const std::u16string_view rest = text.substr(begin);
+        const std::size_t end = begin + lineEnd(rest, fitting(rest, rules, measure), rules.format);
+        if (end >= text.size()) break;
         out.push_back(piece(whole, begin, end, rules.format));
-        begin = next;
-        if (begin >= text.size()) return;
+        // One space behind the break is left out.
+        begin = text[end] == u' ' ? end + 1 : end;
     }
     out.push_back(piece(whole, begin, text.size(), rules.format));
 }
@@ -134,13 +128,11 @@ std::vector<TextLineLayout> layOutLines(std::u16string_view text, const LineRule
     return lines;
 }
 
-void endWithEllipsis(TextLineLayout& line, const LineRules& rules, const TextMeasure& measure) {
-    if (lineWidth(line.text, rules, measure) <= rules.width) return;
-    const int room = rules.width - measure(ellipsis);
+void endWithEllipsis(TextLineLayout& line, bool always, const LineRules& rules, const TextMeasure& measure) {
+    if (!always && lineWidth(line.text, rules, measure) <= rules.width) return;
     LineRules cut = rules;
-    cut.width = std::max(room, 0);
-    std::size_t kept = line.text.empty() ? 0 : fitting(line.text, cut, measure);
-    if (kept == 1 && lineWidth(line.text.substr(0, 1), rules, measure) > cut.width) kept = room > 0 ? 1 : 0;
+    cut.width = rules.width - measure(ellipsis);
+    const std::size_t kept = fitting(line.text, cut, measure);
     line.text.resize(kept);
     if (line.underlined >= static_cast<int>(kept)) line.underlined = -1;
     line.text += ellipsis;

@@ -33,7 +33,7 @@ std::vector<TextLineLayout> layOutLines(std::u16string_view text, const LineRule
 /// Width of a line with its tabs expanded to multiples of the tab width.
 int lineWidth(std::u16string_view line, const LineRules& rules, const TextMeasure& measure);
 
-/// Cuts a line that is too wide and ends it with three dots.
-void endWithEllipsis(TextLineLayout& line, const LineRules& rules, const TextMeasure& measure);
+/// Cuts a line that is too wide and ends it with three dots; `always` puts them behind one that fits, too.
+void endWithEllipsis(TextLineLayout& line, bool always, const LineRules& rules, const TextMeasure& measure);
 
 } // namespace platform::driver
