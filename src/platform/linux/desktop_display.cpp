@@ -621,6 +621,7 @@ std::unique_ptr<Display> startDesktopDisplay() {
     const bool chosen = std::getenv("SDL_VIDEODRIVER") != nullptr;
     const bool started = chosen ? startVideo(nullptr) : startVideo("x11") || startVideo("wayland");
     if (!started) return nullptr;
+    outliveRefusals();
     auto display = std::make_unique<DesktopDisplay>();
     display->readLocks();
     SDL_StartTextInput();
