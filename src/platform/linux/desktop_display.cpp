@@ -617,6 +617,9 @@ std::unique_ptr<Display> startDesktopDisplay() {
     for (const Hint& hint : Hints)
         SDL_SetHint(hint.name, hint.value);
     SDL_SetMainReady();
+    // Before the start, because SDL goes back to the handler it found when it ends; after it, because SDL's
+    // own comes in between.
+    outliveRefusals();
     const NoBusSearch noBusSearch;
     const bool chosen = std::getenv("SDL_VIDEODRIVER") != nullptr;
     const bool started = chosen ? startVideo(nullptr) : startVideo("x11") || startVideo("wayland");
