@@ -125,7 +125,7 @@ TEST_F(Caret, BelongsToItsWindow) {
     const HWND window = probe::open("main", {.style = WS_POPUP | WS_VISIBLE});
     const HWND other = probe::open("other", {.style = WS_POPUP | WS_VISIBLE});
     SetFocus(window);
-    EXPECT_FALSE(DestroyCaret());
+    EXPECT_FALSE(ShowCaret(window));
     ASSERT_TRUE(CreateCaret(window, {}, 2, 15));
     EXPECT_TRUE(SetCaretPos(12, 7));
     POINT at{};

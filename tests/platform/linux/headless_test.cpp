@@ -203,6 +203,13 @@ TEST_F(Headless, AltF4Closes) {
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST_F(Headless, WhatIsNotThereIsNeitherPaintedNorDestroyed) {
+    const HWND window = open("main");
+    DestroyWindow(window);
+    EXPECT_FALSE(UpdateWindow(window));
+    EXPECT_FALSE(DestroyCaret());
+}
+
 TEST_F(Headless, NothingIsLeftBehind) {
     const auto contexts = driver::handleCount(driver::HandleKind::DeviceContext);
     const auto brushes = driver::handleCount(driver::HandleKind::Brush);
