@@ -193,8 +193,8 @@ int DrawTextW(HDC dc, const char16_t* text, int length, RECT* rect, UINT format)
 int DrawTextA(HDC dc, const char* text, int length, RECT* rect, UINT format);
 BOOL GetTextExtentPoint32W(HDC dc, const char16_t* text, int length, SIZE* size);
 BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size);
-/// How many characters fit in `maxExtent` (into `fit`) and the extent up to each of them (into `extents`);
-/// `size` is that of the whole text.
+/// How many characters fit in `maxExtent` (-1: no limit) (into `fit`) and the extent up to each of them (into
+/// `extents`); `size` is that of the whole text.
 BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExtent, INT* fit, INT* extents,
                            SIZE* size);
 BOOL GetTextExtentExPointA(HDC dc, const char* text, int length, int maxExtent, INT* fit, INT* extents,

@@ -149,6 +149,9 @@ void drawText(DeviceContext& context, FontFace& face, POINT at, const TextOutput
     if (followsPosition) advancePosition(context, width);
 }
 
+/// As the room for GetTextExtentExPoint: everything fits.
+constexpr int noLimit = -1;
+
 bool isLength(int length, const void* text) {
     return length >= 0 && (text || length == 0);
 }
@@ -242,7 +245,7 @@ BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size) {
 BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExtent, INT* fit, INT* extents,
                            SIZE* size) {
     DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || !size || !isLength(length, text)) return FALSE_;
+    if (!context || !size || !isLength(length, text) || maxExtent < noLimit) return FALSE_;
     FontFace* face = faceOf(*context);
     if (!face) return FALSE_;
     Advances advances(context->state, *face, nullptr);
@@ -251,7 +254,7 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
     for (int i = 0; i < length; ++i) {
         width += advances.next(text[i]);
         if (extents) extents[i] = boundedCoordinate(width);
-        if (fit && width <= maxExtent && fitting == i) ++fitting;
+        if ((maxExtent == noLimit || width <= maxExtent) && fitting == i) ++fitting;
     }
     if (fit) *fit = fitting;
     *size = {boundedCoordinate(width), face->metrics().tmHeight};

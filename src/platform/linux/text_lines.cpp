@@ -61,14 +61,31 @@ std::size_t fitting(std::u16string_view text, const LineRules& rules, const Text
     return low;
 }
 
+/// The end of a line, and where the next begins.
+struct LineBreak {
+    std::size_t end;
+    std::size_t next;
+};
+
 /// Where a line that begins `text` ends when `fit` characters have room and the next has not.
-std::size_t lineEnd(std::u16string_view text, std::size_t fit, UINT format) {
-    if (text[fit] == u' ') return fit;
-    const std::size_t space = fit == 0 ? std::u16string_view::npos : text.rfind(u' ', fit - 1);
-    // The space at the break stays with the line, where it does no harm.
-    if (space != std::u16string_view::npos) return has(format, DT_RIGHT | DT_CENTER) ? space : space + 1;
-    if (has(format, DT_EDITCONTROL)) return std::max<std::size_t>(fit, 1);
-    return std::min(text.find(u' ', fit), text.size());
+LineBreak lineBreak(std::u16string_view text, std::size_t fit, UINT format) {
+    const bool keepsSpaces = !has(format, DT_RIGHT | DT_CENTER);
+    // Best before the last word that begins within the room; the spaces stay behind.
+    for (std::size_t i = fit; i > 0; --i)
+        if (text[i] != u' ' && text[i - 1] == u' ') return {keepsSpaces ? i : i - 1, i};
+    std::size_t end = fit;
+    if (text[fit] != u' ') {
+        const std::size_t space = fit == 0 ? std::u16string_view::npos : text.rfind(u' ', fit - 1);
+        if (space != std::u16string_view::npos) {
+            end = keepsSpaces ? space + 1 : space;
+        } else if (has(format, DT_EDITCONTROL)) {
+            end = std::max<std::size_t>(fit, 1);
+        } else {
+            end = std::min(text.find(u' ', fit), text.size());
+        }
+    }
+    // One space behind the break is left out.
+    return {end, end < text.size() && text[end] == u' ' ? end + 1 : end};
 }
 
 /// A piece of a line's text moved into a line of its own; the underlined character goes where it lies.
@@ -89,11 +106,10 @@ void wrap(const TextLineLayout& whole, const LineRules& rules, const TextMeasure
     std::size_t begin = 0;
     while (lineWidth(text.substr(begin), rules, measure) > rules.width) {
         const std::u16string_view rest = text.substr(begin);
-        const std::size_t end = begin + lineEnd(rest, fitting(rest, rules, measure), rules.format);
-        if (end >= text.size()) break;
-        out.push_back(piece(whole, begin, end, rules.format));
-        // One space behind the break is left out.
-        begin = text[end] == u' ' ? end + 1 : end;
+        const LineBreak at = lineBreak(rest, fitting(rest, rules, measure), rules.format);
+        if (at.end >= rest.size()) break;
+        out.push_back(piece(whole, begin, begin + at.end, rules.format));
+        begin += at.next;
     }
     out.push_back(piece(whole, begin, text.size(), rules.format));
 }
