@@ -156,11 +156,13 @@ void DialogEdit::onKeyPress(short& KeyAscii) {
         paste();
         return;
     case platform::VK_BACK:
-    case CtrlBackspace:
-        if (caret_ == anchor_)
-            anchor_ = KeyAscii == CtrlBackspace ? wordEdge(false) : caret_ - (caret_ > 0 ? 1 : 0);
+    case CtrlBackspace: {
+        // Not every keyboard gives Ctrl+Backspace a character of its own.
+        const bool word = KeyAscii == CtrlBackspace || (shiftState() & CtrlMask) != 0;
+        if (caret_ == anchor_) anchor_ = word ? wordEdge(false) : caret_ - (caret_ > 0 ? 1 : 0);
         replaceSelection({});
         return;
+    }
     default:
         break;
     }
