@@ -310,6 +310,9 @@ Date CDate(const Variant& source) {
 }
 
 String textOf(double source) {
+    char16_t plain[Digits::longestPlain];
+    const int length = Digits::writePlain(source, Locale::user().decimal[0], plain);
+    if (length > 0) return String(std::u16string_view(plain, static_cast<std::size_t>(length)));
     return decimalText(Digits::of(source), Digits::doublePrecision);
 }
 

@@ -82,6 +82,54 @@ Digits Digits::ofReal(Real value, int precision) {
     return result;
 }
 
+namespace {
+
+/// Adds one to the last digit of "12.34", carrying over the point. False where it would take another digit.
+bool incrementLast(char* first, char* last) {
+    while (last != first) {
+        --last;
+        if (*last == '.') continue;
+        if (*last != '9') {
+            ++*last;
+            return true;
+        }
+        *last = '0';
+    }
+    return false;
+}
+
+} // namespace
+
+int Digits::writePlain(double value, char16_t decimalUnit, char16_t* text) {
+    // From here to there the shortest form has no exponent and at most one digit that does not count.
+    constexpr double lowest = 0.1;
+    const double magnitude = std::abs(value);
+    if (!(magnitude >= lowest && magnitude < wholeLimit)) return 0;
+    char buffer[longestReal];
+    char* end = std::to_chars(buffer, buffer + longestReal, magnitude).ptr;
+    char* const point = std::find(buffer, end, '.');
+    const bool exponent = end - buffer > 4 && end[-4] == 'e';
+    if (exponent || (point == end && end[-1] == '0')) return 0;
+    const std::ptrdiff_t kept = doublePrecision + (point != end ? 1 : 0) + (buffer[0] == '0' ? 1 : 0);
+    if (end - buffer > kept) {
+        char* const dropped = buffer + kept;
+        const bool half = *dropped == '5' && end - dropped == 1;
+        end = dropped;
+        if (half || (*dropped >= '5' && !incrementLast(buffer, end))) return 0;
+    }
+    if (point < end) {
+        while (end[-1] == '0')
+            --end;
+        if (end[-1] == '.') --end;
+    }
+    int count = 0;
+    if (value < 0) text[count++] = u'-';
+    for (const char* p = buffer; p != end; ++p)
+        text[count++] = static_cast<char16_t>(*p);
+    if (point < end) text[count - (end - point)] = decimalUnit;
+    return count;
+}
+
 Digits Digits::of(double value) {
     return ofReal(value, doublePrecision);
 }

@@ -25,6 +25,11 @@ public:
     /// Exact.
     static Digits of(const Decimal& value);
 
+    /// Writes a Double of everyday size as `write` would, in a shorter way: UTF-16 into `text`, which holds
+    /// `longestPlain` units. Returns how many, or 0 for the numbers that it leaves to `write`.
+    static constexpr int longestPlain = 32;
+    static int writePlain(double value, char16_t decimalUnit, char16_t* text);
+
     bool isZero() const noexcept { return count == 0; }
     /// Infinities and not-a-number have no digits to write.
     bool isFinite() const noexcept { return special == nullptr; }

@@ -148,14 +148,10 @@ bool NumberText::readPlain(std::u16string_view text, const Locale& locale, doubl
     if (text.empty() || text.size() > longest) return false;
     const char16_t decimal = locale.decimal[0];
     if (locale.decimal.size() != 1) return false;
-    char buffer[longest];
-    char* out = buffer;
     const char16_t* at = text.data();
     const char16_t* const end = at + text.size();
-    if (*at == u'-') {
-        *out++ = '-';
-        ++at;
-    }
+    const bool negative = *at == u'-';
+    if (negative) ++at;
     std::uint64_t mantissa = 0;
     int digits = 0, beforePoint = -1;
     for (; at != end; ++at) {
@@ -163,10 +159,8 @@ bool NumberText::readPlain(std::u16string_view text, const Locale& locale, doubl
         if (digit <= 9) {
             mantissa = mantissa * 10 + digit;
             ++digits;
-            *out++ = static_cast<char>('0' + digit);
         } else if (*at == decimal && beforePoint < 0) {
             beforePoint = digits;
-            *out++ = '.';
         } else {
             return false;
         }
@@ -175,10 +169,13 @@ bool NumberText::readPlain(std::u16string_view text, const Locale& locale, doubl
     const int decimals = beforePoint < 0 ? 0 : digits - beforePoint;
     if (FLT_EVAL_METHOD == 0 && digits <= mantissaDigits && mantissa <= exactIntegers) {
         value = static_cast<double>(mantissa) / exactPowers[decimals];
-        if (buffer[0] == '-') value = -value;
+        if (negative) value = -value;
         return true;
     }
-    return std::from_chars(buffer, out, value).ec == std::errc();
+    char buffer[longest];
+    std::transform(text.begin(), text.end(), buffer,
+                   [decimal](char16_t unit) { return unit == decimal ? '.' : static_cast<char>(unit); });
+    return std::from_chars(buffer, buffer + text.size(), value).ec == std::errc();
 }
 
 bool NumberText::parseLiteral(Scanner& scan) {
@@ -347,8 +344,8 @@ Reading NumberText::toCurrency(std::int64_t& scaled) const {
     std::uint64_t magnitude = 0;
     if (literal_) {
         const double value = literalValue() * (negative_ ? -1 : 1);
-        if (literalTooLong_ || !(std::abs(value) <= static_cast<double>(highest / scale)))
-            return Reading::Overflow;
+        constexpr std::uint64_t mostUnits = highest / scale;
+        if (literalTooLong_ || std::abs(value) > static_cast<double>(mostUnits)) return Reading::Overflow;
         scaled = static_cast<std::int64_t>(value) * static_cast<std::int64_t>(scale);
         return Reading::Ok;
     } else if (const Reading reading = toScaled(decimals, magnitude); reading != Reading::Ok) {

@@ -322,6 +322,13 @@ constexpr NumberTextCase numberTexts[] = {
     {123456789012345678.0, u"1.23456789012346E+17", u"1,23456789012346E+17"},
     {1234567.891, u"1234567.891", u"1234567,891"},
     {999999999999999.9, u"1E+15", u"1E+15"},
+    {0.9999999999999999, u"1", u"1"},
+    {9.9999999999999995, u"10", u"10"},
+    {0.1999999999999999, u"0.2", u"0,2"},
+    {99999.999999999985, u"100000", u"100000"},
+    {-12345.678901234567, u"-12345.6789012346", u"-12345,6789012346"},
+    {1200, u"1200", u"1200"},
+    {4503599627370.4955, u"4503599627370.5", u"4503599627370,5"},
     {1e300, u"1E+300", u"1E+300"},
     {-1e-300, u"-1E-300", u"-1E-300"},
     {1.7976931348623157e308, u"1.79769313486232E+308", u"1,79769313486232E+308"},
@@ -331,10 +338,10 @@ TEST(Conversions, WriteDoublesWithFifteenDigits) {
     for (const NumberTextCase& test : numberTexts) {
         {
             const tests::LocaleScope scope("en-US");
-            EXPECT_EQ(CStr(test.value), test.english);
+            EXPECT_EQ(CStr(test.value).utf8(), String(test.english).utf8());
         }
         const tests::LocaleScope scope("es-ES");
-        EXPECT_EQ(CStr(test.value), test.spanish);
+        EXPECT_EQ(CStr(test.value).utf8(), String(test.spanish).utf8());
     }
 }
 
