@@ -70,6 +70,8 @@ BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
 }
 
 BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths) {
+    // Not every version of the system looks at the order before it reads the table.
+    if (last < first) return FALSE_;
     return ::GetCharWidth32W(native(dc), first, last, widths);
 }
 
