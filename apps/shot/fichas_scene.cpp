@@ -4,7 +4,7 @@
 #include "host/MessageLoop.h"
 #include "platform/linux/headless.h"
 #include "platform/processes.h"
-#include "scenes.h"
+#include "shot/scenes.h"
 
 #include <stdexcept>
 

@@ -3,7 +3,7 @@
 #include "host/Form.h"
 #include "host/MessageLoop.h"
 #include "platform/linux/headless.h"
-#include "scenes.h"
+#include "shot/scenes.h"
 
 namespace shot {
 

@@ -1,5 +1,5 @@
 // Paints a named scene on the headless display and saves it as a picture.
-#include "scenes.h"
+#include "shot/scenes.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "scenes.h"
+#include "shot/scenes.h"
 
 namespace shot {
 
