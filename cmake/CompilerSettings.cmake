@@ -2,9 +2,10 @@
 
 find_program(TESELA_CCACHE ccache)
 if(TESELA_CCACHE)
+    # Paths count from the project's folder, so that a fresh checkout elsewhere finds what was compiled before.
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-        ${TESELA_CCACHE})
+        ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${TESELA_CCACHE})
 endif()
 
 add_library(tesela_settings INTERFACE)
