@@ -51,7 +51,7 @@ Decimal wholeDecimal(const Decimal& value, bool down) {
 }
 
 Variant whole(const Variant& source, bool down) {
-    const Variant number = numeric(source);
+    Variant number = numeric(source);
     const auto part = [down](auto real) { return down ? std::floor(real) : std::trunc(real); };
     switch (number.type()) {
     case VT_R4:
@@ -116,7 +116,7 @@ double Round(double value, int decimals) {
 
 Variant Round(const Variant& source, int decimals) {
     if (decimals < 0 || decimals > mostDecimals) throwError(errors::InvalidCall);
-    const Variant number = numeric(source);
+    Variant number = numeric(source);
     switch (number.type()) {
     case VT_R4:
         return static_cast<float>(Round(static_cast<double>(number.asSingle()), decimals));
@@ -144,7 +144,7 @@ Variant Fix(const Variant& source) {
 }
 
 int Sgn(const Variant& source) {
-    const Variant number = numeric(source);
+    Variant number = numeric(source);
     if (number.isNull()) throwError(errors::InvalidUseOfNull);
     if (number.type() == VT_DECIMAL) {
         const Decimal decimal = number.asDecimal();
@@ -155,7 +155,7 @@ int Sgn(const Variant& source) {
 }
 
 Variant Abs(const Variant& source) {
-    const Variant number = numeric(source);
+    Variant number = numeric(source);
     switch (number.type()) {
     case VT_R4:
         return std::abs(number.asSingle());
