@@ -1,0 +1,51 @@
+// What the platform promises of drawing and Wine does not keep: it reads through null pointers, succeeds on
+// dead contexts, and smears overlapping copies of one bit.
+
+#include "platform/gdi.h"
+#include "support/Canvas.h"
+
+#include <random>
+
+using namespace platform;
+using test::Canvas;
+
+namespace {
+
+const HDC deadContext{0x7FFF0123u};
+
+TEST(LinuxGdi, MissingPointsAreRefused) {
+    const Canvas canvas(4, 4);
+    EXPECT_FALSE(Polyline(canvas.dc(), nullptr, 2));
+}
+
+TEST(LinuxGdi, ADeadContextIsNotFilled) {
+    const RECT rect{0, 0, 2, 2};
+    EXPECT_FALSE(FillRect(deadContext, &rect, HBRUSH(GetStockObject(WHITE_BRUSH).value)));
+}
+
+TEST(LinuxGdi, OverlappingCopiesOfOneBitAreAsIfTheSourceWereApart) {
+    constexpr int width = 24;
+    constexpr int height = 16;
+    std::mt19937 random(13);
+    const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
+    for (int round = 0; round < 150; ++round) {
+        const Canvas canvas(width, height, 1);
+        const Canvas before(width, height, 1);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const COLORREF color = below(2) == 0 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+                canvas.set(x, y, color);
+                before.set(x, y, color);
+            }
+        }
+        const int x0 = below(13), y0 = below(9), xSource = below(13), ySource = below(9);
+        BitBlt(canvas.dc(), x0, y0, 12, 8, canvas.dc(), xSource, ySource, SRCCOPY);
+        for (int y = 0; y < 8; ++y) {
+            for (int x = 0; x < 12; ++x)
+                ASSERT_EQ(canvas.at(x0 + x, y0 + y), before.at(xSource + x, ySource + y))
+                    << "round " << round;
+        }
+    }
+}
+
+} // namespace
