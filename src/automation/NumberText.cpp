@@ -8,6 +8,7 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -485,11 +486,12 @@ Reading readLeadingNumber(std::u16string_view text, double& value) {
         exponent += below ? -power : power;
     }
     *p++ = 'e';
-    p = std::to_chars(p, buffer + sizeof buffer, exponent).ptr;
-    if (std::from_chars(buffer, p, value).ec != std::errc()) {
-        value = 0;
-        if (exponent + count > 0) return Reading::Overflow;
-    }
+    p = std::to_chars(p, buffer + sizeof buffer - 1, exponent).ptr;
+    *p = '\0';
+    // Not from_chars: the 32-bit run-time's computes in extended precision and rounds twice. The text has no
+    // decimal point, so the C locale does not matter.
+    value = std::strtod(buffer, nullptr);
+    if (std::isinf(value)) return Reading::Overflow;
     if (negative) value = -value;
     return Reading::Ok;
 }
