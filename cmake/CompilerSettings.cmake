@@ -18,6 +18,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         -fpch-preprocess -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 if(WIN32)
+    # MinGW's gcc takes buffers that std::to_chars fills for uninitialised ones.
+    target_compile_options(tesela_settings INTERFACE -Wno-maybe-uninitialized)
     target_compile_definitions(tesela_settings INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
     # The programs and the library need only the system: the compiler's run-time is linked in.
     add_link_options(-static -static-libgcc -static-libstdc++)
