@@ -136,11 +136,13 @@ void NotaFocusReclamar(std::int32_t nHWnd) {
 
 bool ReclamarFocus(std::int32_t nHWndActual) {
     Globales& g = globales();
-    const std::int32_t noted = std::exchange(g.nHWndReclamar, 0);
-    if (noted == 0 || noted == nHWndActual) return false;
-    if (TimerSegundos() - g.nTimerReclamar >= reclaimSeconds) return false;
-    platform::SetFocus(platform::HWND(static_cast<std::uint32_t>(noted)));
-    return true;
+    const std::int32_t noted = g.nHWndReclamar;
+    const bool reclaims =
+        noted != 0 && noted != nHWndActual && TimerSegundos() - g.nTimerReclamar < reclaimSeconds;
+    if (reclaims) platform::SetFocus(platform::HWND(static_cast<std::uint32_t>(noted)));
+    // Afterwards, so that a note that a handler makes while the focus moves is gone too.
+    g.nHWndReclamar = 0;
+    return reclaims;
 }
 
 automation::Ref<host::Picture> LoadResIcon(const Variant& xResourceID, std::int32_t nType,

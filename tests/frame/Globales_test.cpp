@@ -1,9 +1,13 @@
+#include "automation/ClassTable.h"
 #include "automation/Clock.h"
 #include "automation/DateFunctions.h"
 #include "frame/GlobalCtlCfg.h"
 #include "frame/Globales.h"
+#include "host/Form.h"
 #include "host/Screen.h"
+#include "host/UserControl.h"
 #include "platform/windows.h"
+#include "support/Desk.h"
 #include "support/Started.h"
 
 #include <cmath>
@@ -16,6 +20,27 @@ using namespace tesela;
 namespace {
 
 class Globales_ : public support::Started {};
+
+std::int32_t handleOf(const host::UserControl& control) {
+    return static_cast<std::int32_t>(control.hWnd().value);
+}
+
+/// A control that looks at the note when the focus comes, and makes another one.
+class Taker : public host::UserControl {
+public:
+    std::int32_t notedInside = -1;
+
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table = automation::ClassTable::of<Taker>("Taker");
+        return table;
+    }
+
+protected:
+    void onGotFocus() override {
+        notedInside = globales().nHWndReclamar;
+        NotaFocusReclamar(handleOf(*this) + 1);
+    }
+};
 
 struct LocaleCase {
     const char* locale;
@@ -143,6 +168,24 @@ TEST_F(Globales_, TheFocusIsReclaimedOnceAndOnlyByAnotherWindow) {
     NotaFocusReclamar(25);
     EXPECT_TRUE(ReclamarFocus(26));
     EXPECT_FALSE(ReclamarFocus(26)) << "a note serves once";
+}
+
+TEST_F(Globales_, ReclaimingGivesTheFocusToTheNotedWindow) {
+    support::Desk desk;
+    const auto form = automation::make<host::Form>(u"Form1");
+    auto& first = form->add<Taker>(u"first");
+    auto& second = form->add<Taker>(u"second");
+    form->Show();
+    desk.pump();
+    ASSERT_EQ(first.hWnd(), platform::GetFocus());
+    NotaFocusReclamar(handleOf(second));
+    EXPECT_TRUE(ReclamarFocus(handleOf(first)));
+    EXPECT_EQ(second.hWnd(), platform::GetFocus());
+    EXPECT_EQ(handleOf(second), second.notedInside) << "the note stands until the focus has moved";
+    EXPECT_EQ(0, globales().nHWndReclamar) << "what was noted while the focus moved is gone";
+    EXPECT_FALSE(ReclamarFocus(handleOf(second)));
+    EXPECT_EQ(second.hWnd(), platform::GetFocus());
+    form->unload();
 }
 
 TEST_F(Globales_, AnOldNoteDoesNotReclaimTheFocus) {
