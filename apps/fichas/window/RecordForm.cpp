@@ -151,8 +151,9 @@ void RecordForm::showRecord() {
             label.Alignment(standsAtRight(values_[i], column) ? tesela::tslAlignmentRightJustify
                                                               : tesela::tslAlignmentLeftJustify);
         }
-        if (text == label.Caption()) continue;
-        label.Caption(literal(text));
+        const String shown = literal(text);
+        if (shown == label.Caption()) continue;
+        label.Caption(shown);
         // What is clipped can be read in full under the mouse.
         const float width = label.Extender().Width() - 4 * host::Screen::TwipsPerPixelX();
         label.ToolTip(TextWidth(text) > width ? text : String());

@@ -106,6 +106,15 @@ TEST_F(RecordFormTest, AnAmpersandIsShownAndAMissingValueIsBlank) {
     EXPECT_EQ(value(1).Caption(), u"R&&D");
 }
 
+TEST_F(RecordFormTest, AnAmpersandAndTwoOfThemAreDifferentValues) {
+    openCsv("id;nombre\n1;R&D\n2;R&&D\n3;R&D\n");
+    EXPECT_EQ(value(1).Caption(), u"R&&D");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(value(1).Caption(), u"R&&&&D");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(value(1).Caption(), u"R&&D");
+}
+
 TEST_F(RecordFormTest, ControlWithThePageKeysChangesTheTable) {
     RecordForm& form = openDatabase("CREATE TABLE uno(a INTEGER); INSERT INTO uno VALUES(1), (2);"
                                     "CREATE TABLE dos(x TEXT, y TEXT); INSERT INTO dos VALUES('p', 'q');"
