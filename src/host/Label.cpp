@@ -21,6 +21,14 @@ float twipsY(int pixels) {
     return static_cast<float>(pixels * twipsPerPixel(Axis::Vertical));
 }
 
+/// Error 380 for a value outside of an enumeration that counts from 0 to `last`.
+template <class E>
+void checkEnumeration(E value, E last) {
+    const auto number = static_cast<int>(value);
+    if (number < 0 || number > static_cast<int>(last))
+        automation::throwError(automation::errors::InvalidPropertyValue);
+}
+
 } // namespace
 
 Label::Label() : font_(automation::make<StdFont>()) {
@@ -57,21 +65,25 @@ void Label::ForeColor(OLE_COLOR value) {
 }
 
 void Label::BackStyle(host::BackStyle value) {
+    checkEnumeration(value, host::BackStyle::Opaque);
     backStyle_ = value;
     invalidate();
 }
 
 void Label::BorderStyle(host::BorderStyle value) {
+    checkEnumeration(value, host::BorderStyle::FixedSingle);
     borderStyle_ = value;
     changed();
 }
 
 void Label::Appearance(host::Appearance value) {
+    checkEnumeration(value, host::Appearance::ThreeD);
     appearance_ = value;
     changed();
 }
 
 void Label::Alignment(host::Alignment value) {
+    checkEnumeration(value, host::Alignment::Center);
     alignment_ = value;
     invalidate();
 }
@@ -327,16 +339,23 @@ void Label::readProperties(PropertyBag& bag) {
     if (const automation::Variant font = bag.ReadProperty(u"Font"); font.isObject())
         Font(*automation::fromVariant<automation::Ref<StdFont>>(font));
     Caption(read(u"Caption", automation::String()));
-    BackColor(read(u"BackColor", vbButtonFace));
-    ForeColor(read(u"ForeColor", vbButtonText));
-    BackStyle(read(u"BackStyle", host::BackStyle::Opaque));
-    BorderStyle(read(u"BorderStyle", host::BorderStyle::None));
-    Appearance(read(u"Appearance", host::Appearance::ThreeD));
-    Alignment(read(u"Alignment", host::Alignment::LeftJustify));
-    Enabled(read(u"Enabled", true));
-    UseMnemonic(read(u"UseMnemonic", true));
-    WordWrap(read(u"WordWrap", false));
-    AutoSize(read(u"AutoSize", false));
+    // A value that the property can't take is passed over.
+    const auto take = [&]<class T>(const char16_t* name, T fallback, void (Label::*write)(T)) {
+        try {
+            (this->*write)(read(name, fallback));
+        } catch (const automation::Error&) {
+        }
+    };
+    take(u"BackColor", vbButtonFace, &Label::BackColor);
+    take(u"ForeColor", vbButtonText, &Label::ForeColor);
+    take(u"BackStyle", host::BackStyle::Opaque, &Label::BackStyle);
+    take(u"BorderStyle", host::BorderStyle::None, &Label::BorderStyle);
+    take(u"Appearance", host::Appearance::ThreeD, &Label::Appearance);
+    take(u"Alignment", host::Alignment::LeftJustify, &Label::Alignment);
+    take(u"Enabled", true, &Label::Enabled);
+    take(u"UseMnemonic", true, &Label::UseMnemonic);
+    take(u"WordWrap", false, &Label::WordWrap);
+    take(u"AutoSize", false, &Label::AutoSize);
 }
 
 void Label::writeProperties(PropertyBag& bag) {

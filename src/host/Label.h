@@ -26,6 +26,7 @@ public:
     void BackColor(OLE_COLOR value);
     OLE_COLOR ForeColor() const { return foreColor_; }
     void ForeColor(OLE_COLOR value);
+    // The enumerations' setters raise error 380 for a number that isn't one of theirs, and keep the value.
     /// 0 shows what is under the label.
     host::BackStyle BackStyle() const { return backStyle_; }
     void BackStyle(host::BackStyle value);

@@ -238,4 +238,31 @@ TEST_F(LabelTest, ZOrderDecidesWhichOfTwoIsSeenAndClicked) {
     EXPECT_EQ(look().at(50, 30), 0x00FF00u);
 }
 
+TEST_F(LabelTest, ANumberOutsideOfAnEnumerationIsRefused) {
+    label->BackStyle(BackStyle::Transparent);
+    label->Alignment(Alignment::Center);
+    for (const int number : {-1, 2}) {
+        EXPECT_EQ(errorOf([&] { label->BackStyle(static_cast<BackStyle>(number)); }), 380);
+        EXPECT_EQ(errorOf([&] { label->BorderStyle(static_cast<BorderStyle>(number)); }), 380);
+        EXPECT_EQ(errorOf([&] { label->Appearance(static_cast<Appearance>(number)); }), 380);
+    }
+    for (const int number : {-1, 3})
+        EXPECT_EQ(errorOf([&] { label->Alignment(static_cast<Alignment>(number)); }), 380);
+    EXPECT_EQ(label->BackStyle(), BackStyle::Transparent);
+    EXPECT_EQ(label->BorderStyle(), BorderStyle::None);
+    EXPECT_EQ(label->Appearance(), Appearance::ThreeD);
+    EXPECT_EQ(label->Alignment(), Alignment::Center);
+}
+
+TEST_F(LabelTest, AWrongValueInTheBagIsSkippedAndTheNextIsRead) {
+    PropertyBag bag;
+    bag.WriteProperty(u"BorderStyle", std::int32_t{5});
+    bag.WriteProperty(u"Alignment", std::int32_t{9});
+    bag.WriteProperty(u"Enabled", false);
+    label->readProperties(bag);
+    EXPECT_EQ(label->BorderStyle(), BorderStyle::None);
+    EXPECT_EQ(label->Alignment(), Alignment::LeftJustify);
+    EXPECT_FALSE(label->Enabled());
+}
+
 } // namespace host
