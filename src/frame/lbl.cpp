@@ -28,18 +28,14 @@ constexpr const char16_t* headerFontName = u"Arial";
 
 } // namespace
 
-lbl::lbl() {
+lbl::lbl()
+    : nDefBackColor(defaultBackColor), nDefForeColor(defaultForeColor),
+      oFont(automation::make<host::StdFont>()) {
     ScaleMode(host::ScaleMode::Pixels);
     Label1.placeIn(*this);
     clickSubscription = Label1.Click.subscribe([this] {
         if (gateOpen()) raise(Click);
     });
-}
-
-void lbl::onInitialize() {
-    nDefBackColor = defaultBackColor;
-    nDefForeColor = defaultForeColor;
-    oFont = automation::make<host::StdFont>();
     fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
 }
 
@@ -148,9 +144,14 @@ void lbl::Alignment(tslAlignmentConstants value) {
 
 void lbl::Font(const automation::Ref<host::StdFont>& value) {
     if (!value) automation::throwError(automation::errors::ObjectVariableNotSet);
-    oFont->assign(*value);
+    ownFont().assign(*value);
     AutoSize(AutoSize());
     PropertyChanged(u"Font");
+}
+
+host::StdFont& lbl::ownFont() const {
+    if (!oFont) automation::throwError(automation::errors::ObjectVariableNotSet);
+    return *oFont;
 }
 
 void lbl::fontChanged() {
@@ -206,6 +207,13 @@ void lbl::takeLabelSize() {
     Size(labelWidthTwips(), labelHeightTwips());
 }
 
+/// Lets the text wrap in another width than the one that its label had come to.
+void lbl::wrapAt(float widthTwips) {
+    AutoSize(tslAutoSize_NO);
+    Size(widthTwips, Height());
+    AutoSize(tslAutoSize_Y);
+}
+
 void lbl::onResize() {
     if (AutoSize() != tslAutoSize_NO && (labelWidthTwips() != Width() || labelHeightTwips() != Height()))
         takeLabelSize();
@@ -231,7 +239,7 @@ void lbl::Scheme(tslSchemeConstants value) {
                 name = headerFontName;
                 size = header.size;
             }
-        assignFont(*oFont, name, size, value != tslSchemeUseDefault);
+        assignFont(ownFont(), name, size, value != tslSchemeUseDefault);
         break;
     }
     default:

@@ -42,7 +42,8 @@ public:
     void BackStyle(tslBackStyleConstants value);
     tslBorderStyleConstants BorderStyle() const;
     void BorderStyle(tslBorderStyleConstants value);
-    /// The control's own font; writing copies the attributes.
+    /// The control's own font; writing copies the attributes. Null once the control has left its container,
+    /// and a write raises error 91 then.
     const automation::Ref<host::StdFont>& Font() const { return oFont; }
     void Font(const automation::Ref<host::StdFont>& value);
     tslAlignmentConstants Alignment() const;
@@ -58,11 +59,11 @@ public:
     /// The label was clicked while the gate of the events was open.
     automation::Event<> Click;
 
+    automation::Ref<host::Control> another() const override { return automation::make<lbl>(); }
     const automation::ClassTable& classTable() const override { return table(); }
     static const automation::ClassTable& table();
 
 protected:
-    void onInitialize() override;
     void onInitProperties() override { UserControl_InitProperties(); }
     void onReadProperties(host::PropertyBag& bag) override;
     void onWriteProperties(host::PropertyBag& bag) override;
@@ -70,15 +71,17 @@ protected:
     void onTerminate() override;
 
 private:
+    host::StdFont& ownFont() const;
     void fontChanged();
     void takeLabelSize();
+    void wrapAt(float widthTwips);
     float labelWidthTwips() const;
     float labelHeightTwips() const;
 
-    host::OLE_COLOR nDefBackColor = 0;
-    host::OLE_COLOR nDefForeColor = 0;
+    host::OLE_COLOR nDefBackColor;
+    host::OLE_COLOR nDefForeColor;
     host::Label Label1;
-    automation::Ref<host::StdFont> oFont;
+    automation::Ref<host::StdFont> oFont; ///< Null once the control has left its container
     automation::Subscription fontSubscription;
     automation::Subscription clickSubscription;
 };

@@ -76,6 +76,7 @@ const Persisted persisted[] = {
 } // namespace
 
 void lbl::onReadProperties(host::PropertyBag& bag) {
+    const float width = Width();
     for (const Persisted& property : persisted) {
         try {
             property.write(*this, bag.ReadProperty(property.name, property.defaultValue(*this)));
@@ -83,6 +84,7 @@ void lbl::onReadProperties(host::PropertyBag& bag) {
             // A value that the property can't take is passed over and the next one is read.
         }
     }
+    if (AutoSize() == tslAutoSize_Y) wrapAt(width);
 }
 
 void lbl::onWriteProperties(host::PropertyBag& bag) {

@@ -24,6 +24,18 @@ bool sameName(const automation::String& a, const automation::String& b) {
     return a.length() == b.length() && platform::upperCase(a) == platform::upperCase(b);
 }
 
+/// As long as it lives, controls come onto the form invisible.
+class Hiding {
+public:
+    explicit Hiding(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Hiding() { flag_ = false; }
+    Hiding(const Hiding&) = delete;
+    Hiding& operator=(const Hiding&) = delete;
+
+private:
+    bool& flag_;
+};
+
 } // namespace
 
 Form::Form(automation::String name) : name_(std::move(name)), caption_(name_) {}
@@ -48,13 +60,21 @@ void Form::add(const automation::Ref<Control>& control, const automation::String
     if (startsHidden_) site->visible_ = false;
     sites_.push_back(site);
     tabs_.push_back(site.get());
-    control->enter(*site, &holder, holder.hWnd(), place);
-    if (saved)
-        control->readProperties(*saved);
-    else
-        control->initProperties();
+    try {
+        control->enter(*site, &holder, holder.hWnd(), place);
+        if (saved)
+            control->readProperties(*saved);
+        else
+            control->initProperties();
+        if (site->gone()) return;
+        // What the properties did to the size on their way doesn't count against the size that was saved.
+        const bool hasSavedSize = saved && (place.width != 0 || place.height != 0);
+        control->applyBounds(hasSavedSize ? place : control->bounds());
+    } catch (...) {
+        remove(*control);
+        throw;
+    }
     if (site->gone()) return;
-    control->applyBounds(control->bounds());
     site->show();
     // A form without controls holds the focus itself; the first one that can takes it over.
     if (Visible() && platform::GetFocus() == hWnd()) focusCame();
@@ -109,10 +129,13 @@ Control& Form::cloneControl(Control& pattern, short index) {
     PropertyBag bag;
     pattern.writeProperties(bag);
     DrawingWindow* container = &model->container() == this ? nullptr : &model->container();
-    startsHidden_ = true;
-    add(copy, model->name(), index, container, &bag, pattern.bounds());
-    startsHidden_ = false;
+    {
+        const Hiding hiding(startsHidden_);
+        add(copy, model->name(), index, container, &bag, pattern.bounds());
+    }
     FormSite* made = siteOf(*copy);
+    if (!made)
+        throw automation::Error(automation::errors::CannotCreateObject); // one of its events removed it
     made->tabStop_ = model->tabStop();
     made->causesValidation_ = model->causesValidation();
     made->toolTipText_ = model->toolTipText();

@@ -6,6 +6,7 @@
 #include "host/Form.h"
 #include "host/MessageLoop.h"
 #include "support/Desk.h"
+#include "support/ErrorOf.h"
 #include "support/MsgBoxAnswer.h"
 #include "support/Started.h"
 
@@ -385,9 +386,80 @@ TEST_F(lbl_, AWrongValueInTheBagIsSkippedAndTheNextIsRead) {
     bag.WriteProperty(u"BackColor", Variant::null());
     bag.WriteProperty(u"Font", Variant(std::int32_t{5}));
     bag.WriteProperty(u"Alignment", Variant(std::int32_t{tslAlignmentCenter}));
+    label->Enabled(false);
+    label->BackColor(0x112233);
     label->readProperties(bag);
     EXPECT_EQ(tslTipoDatoCaracter, label->TipoDato());
+    EXPECT_FALSE(label->Enabled());
+    EXPECT_EQ(defaultBackColor, label->BackColor()) << "as the scheme, which is read first, left it";
+    EXPECT_EQ("MS Sans Serif", label->Font()->Name().utf8());
+    EXPECT_EQ(8, label->Font()->Size().toDouble());
     EXPECT_EQ(tslAlignmentCenter, label->Alignment());
+}
+
+TEST_F(lbl_, ANumberOutsideOfAnEnumerationIsRefused) {
+    const auto refused = [this](auto write) { return tests::errorOf([&] { write(*label); }); };
+    label->BackStyle(tslBackStyleTransparent);
+    EXPECT_EQ(380, refused([](lbl& l) { l.BackStyle(static_cast<tslBackStyleConstants>(2)); }));
+    EXPECT_EQ(tslBackStyleTransparent, label->BackStyle());
+    EXPECT_EQ(host::BackStyle::Transparent, static_cast<host::UserControl&>(*label).BackStyle());
+    EXPECT_EQ(380, refused([](lbl& l) { l.BorderStyle(static_cast<tslBorderStyleConstants>(-1)); }));
+    EXPECT_EQ(tslBorderStyleNone, label->BorderStyle());
+    EXPECT_EQ(380, refused([](lbl& l) { l.Alignment(static_cast<tslAlignmentConstants>(3)); }));
+    EXPECT_EQ(tslAlignmentLeftJustify, label->Alignment());
+}
+
+TEST_F(lbl_, ANumberOutsideOfAnEnumerationInTheBagIsSkipped) {
+    host::PropertyBag bag;
+    bag.WriteProperty(u"BackStyle", Variant(std::int32_t{7}));
+    bag.WriteProperty(u"BorderStyle", Variant(std::int32_t{tslBorderStyleFixedSingle}));
+    bag.WriteProperty(u"Alignment", Variant(std::int32_t{9}));
+    bag.WriteProperty(u"AutoSize", Variant(std::int32_t{tslAutoSize_NO}));
+    label->readProperties(bag);
+    EXPECT_EQ(tslBackStyleOpaque, label->BackStyle());
+    EXPECT_EQ(tslBorderStyleFixedSingle, label->BorderStyle());
+    EXPECT_EQ(tslAlignmentLeftJustify, label->Alignment());
+    EXPECT_EQ(tslAutoSize_NO, label->AutoSize());
+}
+
+TEST(lbl_alone, HasItsFontBeforeItStandsOnAForm) {
+    EnsureInicio();
+    const auto alone = automation::make<lbl>();
+    const auto mine = automation::make<host::StdFont>();
+    mine->Name(u"Arial");
+    alone->Font(mine);
+    EXPECT_EQ("Arial", alone->Font()->Name().utf8());
+    alone->Scheme(tslSchemeHeader_A);
+    EXPECT_EQ(12, alone->Font()->Size().toDouble());
+    EXPECT_EQ(defaultBackColor, alone->BackColor());
+    alone->Scheme(tslSchemeUseAmbient);
+    alone->Scheme(tslSchemeUseDefault);
+    EXPECT_FALSE(alone->Font()->Bold());
+}
+
+TEST_F(lbl_, AfterItsEndWritingTheFontIsAnError) {
+    const automation::Ref<lbl> held(label);
+    const auto font = label->Font();
+    form->remove(*label);
+    EXPECT_FALSE(held->Font());
+    EXPECT_EQ(91, tests::errorOf([&] { held->Font(font); }));
+    for (const auto scheme : {tslSchemeUseAmbient, tslSchemeUseDefault, tslSchemeHeader_A, tslSchemeHeader_B})
+        EXPECT_EQ(91, tests::errorOf([&] { held->Scheme(scheme); })) << scheme;
+    font->Size(automation::Currency(20)); // nobody listens any more
+    held->Scheme(tslSchemeUseActual);
+    EXPECT_EQ(tslSchemeUseActual, held->Scheme());
+}
+
+TEST_F(lbl_, AnArrayOfLabelsGrows) {
+    lbl& first = form->add<lbl>(u"lblDato", 0);
+    first.Caption(u"Ñandú");
+    first.AutoSize(tslAutoSize_NO);
+    first.Extender().Move(600, 900, 1800, 300);
+    auto& made = dynamic_cast<lbl&>(form->array(u"lblDato").Load(1));
+    EXPECT_EQ("Ñandú", made.Caption().utf8());
+    EXPECT_EQ(tslAutoSize_NO, made.AutoSize());
+    EXPECT_EQ(first.bounds(), made.bounds());
+    EXPECT_FALSE(made.Extender().Visible());
 }
 
 TEST_F(lbl_, TheGateCountsAndNeverGoesBelowOpen) {

@@ -57,4 +57,24 @@ TEST_F(ControlArrayTest, AnUnloadedElementIsGone) {
     EXPECT_EQ(form->controls().size(), 1u);
 }
 
+/// A control that can't read what was saved of one like it.
+class Unreadable : public Probe {
+public:
+    automation::Ref<Control> another() const override { return automation::make<Unreadable>(); }
+
+protected:
+    void onReadProperties(PropertyBag&) override {
+        throw automation::Error(automation::errors::InvalidPropertyValue);
+    }
+};
+
+TEST_F(ControlArrayTest, AnElementThatCannotBeMadeLeavesTheFormAsItWas) {
+    auto form = makeForm();
+    form->add<Unreadable>(u"b", 0);
+    EXPECT_EQ(errorOf([&] { form->array(u"b").Load(1); }), 380);
+    EXPECT_EQ(form->array(u"b").Count(), 1);
+    EXPECT_EQ(form->controls().size(), 1u);
+    EXPECT_TRUE(form->add<Probe>(u"otro").Extender().Visible()) << "only elements of arrays begin invisible";
+}
+
 } // namespace host
