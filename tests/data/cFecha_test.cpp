@@ -3,6 +3,8 @@
 #include "automation/DateFunctions.h"
 #include "automation/LateBound.h"
 #include "data/cFecha.h"
+#include "support/Desk.h"
+#include "support/MsgBoxAnswer.h"
 #include "support/Started.h"
 
 #include <cmath>
@@ -63,6 +65,7 @@ TEST_F(cFecha_, TextsOfTheEnds) {
     fecha->SetEspecial(tslDateMax);
     EXPECT_EQ("(Hasta el final)", fecha->Texto().utf8());
     EXPECT_EQ("(Hasta el final)", fecha->GetTimeStr(true).utf8());
+    EXPECT_EQ("(Hasta el final)", fecha->GetTimeStr(false).utf8());
 }
 
 TEST_F(cFecha_, TextIsReadAndWritten) {
@@ -99,6 +102,55 @@ TEST_F(cFecha_, DateAndTimeJoin) {
     EXPECT_EQ(43891.25, fecha->SetDateTime(Date(43891), Date(0.25)).value());
     EXPECT_EQ(43891.25, fecha->GetDateTime().value());
     EXPECT_EQ(0.25, fecha->GetDateTime(true).value());
+}
+
+TEST_F(cFecha_, ADateWithTimeAndATimeWithDateAreReportedAndChangeNothing) {
+    support::Desk desk;
+    const Date before = fecha->SetDateTime(Date(100), Date(0.5));
+    const struct {
+        Date date, time;
+    } wrong[] = {{Date(43891.25), Date(0.25)}, {Date(43891), Date(1)}, {Date(43891), Date(-1.5)}};
+    for (const auto& each : wrong) {
+        SCOPED_TRACE(testing::Message() << each.date.value() << ", " << each.time.value());
+        support::MsgBoxAnswer answer(desk, platform::VK_RETURN);
+        EXPECT_EQ(before, fecha->SetDateTime(each.date, each.time));
+        EXPECT_EQ(1, answer.shown());
+        EXPECT_EQ("Error creando un dato de tipo FECHA", answer.title().utf8());
+        EXPECT_EQ("SetDateTime: la fecha no puede tener hora y la hora no puede tener fecha",
+                  answer.text().utf8());
+        EXPECT_EQ(before, fecha->Value());
+    }
+}
+
+TEST_F(cFecha_, PartsLeftAt0AreThoseOfTheMoment) {
+    const auto partsOf = [](std::int32_t hours, std::int32_t minutes, std::int32_t seconds, Date now) {
+        return automation::TimeSerial(hours ? hours : automation::Hour(now),
+                                      minutes ? minutes : automation::Minute(now),
+                                      seconds ? seconds : automation::Second(now));
+    };
+    const std::int32_t cases[][3] = {{0, 0, 0}, {10, 0, 0}, {0, 20, 0}, {0, 0, 30}, {0, 20, 30}, {10, 20, 0}};
+    for (const auto& [hours, minutes, seconds] : cases) {
+        Date now, time;
+        do { // again if the second turns meanwhile
+            now = automation::TimeOfDay();
+            time = fecha->Mk_Time(hours, minutes, seconds, true);
+        } while (now != automation::TimeOfDay());
+        EXPECT_EQ(partsOf(hours, minutes, seconds, now), time) << hours << ":" << minutes << ":" << seconds;
+    }
+    Date today, month, year;
+    do {
+        today = automation::Today();
+        month = fecha->Mk_Date(5, 0, 2020);
+        year = fecha->Mk_Date(6, 7, 0);
+    } while (today != automation::Today());
+    EXPECT_EQ(Date::join(2020, automation::Month(today), 5), month);
+    EXPECT_EQ(Date::join(automation::Year(today), 7, 6), year);
+}
+
+TEST_F(cFecha_, TheLastDayOfTheCalendarEndsItsMonth) {
+    Date december = Date::join(9999, 12, 5);
+    EXPECT_EQ(Date::join(9999, 12, 31), fecha->dUlMes(december));
+    EXPECT_EQ(31, fecha->DiasMes(december));
 }
 
 TEST_F(cFecha_, LongTexts) {

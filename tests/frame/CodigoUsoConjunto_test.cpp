@@ -40,6 +40,15 @@ TEST_F(CodigoUsoConjunto_, TheLastSmallDateIsThe6thOfJune2079) {
     EXPECT_EQ(emptyDate, Date2SmallDate(Date::join(2079, 6, 7)).dFullDate.value());
 }
 
+TEST_F(CodigoUsoConjunto_, AMomentThatRoundsToMidnightIsAWholeDayOfMinutes) {
+    const auto small = Date2SmallDate(Date(65537.999999));
+    EXPECT_EQ(static_cast<std::int32_t>(0xFFFFu << 16 | 1440u), small.nBinary);
+    EXPECT_EQ(65537, small.dFecha.value());
+    EXPECT_EQ(1, small.dHora.value());
+    EXPECT_EQ(65538, small.dFullDate.value());
+    EXPECT_EQ(65538, SmallDate2Date(small.nBinary).value());
+}
+
 TEST_F(CodigoUsoConjunto_, SmallNumbers0And1AreTheEmptyDate) {
     EXPECT_EQ(emptyDate, SmallDate2Date(0).value());
     EXPECT_EQ(emptyDate, SmallDate2Date(1).value());

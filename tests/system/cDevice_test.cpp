@@ -31,6 +31,27 @@ protected:
         return device->FOpen(file, readWrite, Device_ShareMode_None, Device_CreationDisposition_CreateAlways);
     }
 
+    struct Times {
+        Date created, read, written;
+    };
+    /// Of the file as it lies on the disk, in the user's zone.
+    Times times() const {
+        const platform::HANDLE handle = platform::CreateFileA(file.ansi().c_str(), platform::GENERIC_READ, 0,
+                                                              nullptr, platform::OPEN_EXISTING, 0, {});
+        platform::FILETIME created, read, written;
+        EXPECT_TRUE(platform::GetFileTime(handle, &created, &read, &written));
+        platform::CloseHandle(handle);
+        return {dateOf(created), dateOf(read), dateOf(written)};
+    }
+    static Date dateOf(const platform::FILETIME& time) {
+        platform::FILETIME local;
+        platform::SYSTEMTIME calendar;
+        EXPECT_TRUE(platform::FileTimeToLocalFileTime(&time, &local));
+        EXPECT_TRUE(platform::FileTimeToSystemTime(&local, &calendar));
+        return Date::join(calendar.wYear, calendar.wMonth, calendar.wDay, calendar.wHour, calendar.wMinute,
+                          calendar.wSecond);
+    }
+
     static constexpr auto readWrite = static_cast<Device_AccessModeConstants>(Device_AccessMode_GenericRead |
                                                                               Device_AccessMode_GenericWrite);
     String file;
@@ -113,23 +134,31 @@ TEST_F(cDevice_, ByteArraysBoundWhatIsMoved) {
 
 TEST_F(cDevice_, TimesAreSetAsGiven) {
     ASSERT_TRUE(openNew());
+    const Date created = Date::join(2019, 1, 2, 3, 4, 5);
+    const Date read = Date::join(2020, 3, 4, 5, 6, 7);
     const Date written = Date::join(2021, 5, 6, 7, 8, 9);
-    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant::missing(), Variant(written)));
+    EXPECT_TRUE(device->SetFileTimes(Variant(created), Variant(read), Variant(written)));
     device->FClose();
-    const platform::HANDLE handle = platform::CreateFileA(file.ansi().c_str(), platform::GENERIC_READ, 0,
-                                                          nullptr, platform::OPEN_EXISTING, 0, {});
-    platform::FILETIME time, local;
-    platform::SYSTEMTIME calendar;
-    ASSERT_TRUE(platform::GetFileTime(handle, nullptr, nullptr, &time));
-    platform::CloseHandle(handle);
-    ASSERT_TRUE(platform::FileTimeToLocalFileTime(&time, &local));
-    ASSERT_TRUE(platform::FileTimeToSystemTime(&local, &calendar));
-    EXPECT_EQ(2021, calendar.wYear);
-    EXPECT_EQ(5, calendar.wMonth);
-    EXPECT_EQ(6, calendar.wDay);
-    EXPECT_EQ(7, calendar.wHour);
-    EXPECT_EQ(8, calendar.wMinute);
-    EXPECT_EQ(9, calendar.wSecond);
+    EXPECT_EQ(created.value(), times().created.value());
+    EXPECT_EQ(read.value(), times().read.value());
+    EXPECT_EQ(written.value(), times().written.value());
+}
+
+TEST_F(cDevice_, TimesThatAreNotGivenStay) {
+    const Date first = Date::join(2021, 5, 6, 7, 8, 9);
+    const Date second = Date::join(2022, 8, 9, 10, 11, 12);
+    ASSERT_TRUE(openNew());
+    EXPECT_TRUE(device->SetFileTimes(Variant(first), Variant(first), Variant(first)));
+    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant(second)));
+    device->FClose();
+    EXPECT_EQ(first.value(), times().created.value());
+    EXPECT_EQ(second.value(), times().read.value());
+    EXPECT_EQ(first.value(), times().written.value());
+    ASSERT_TRUE(device->FOpen(file, readWrite));
+    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant::missing(), Variant(second)));
+    device->FClose();
+    EXPECT_EQ(first.value(), times().created.value());
+    EXPECT_EQ(second.value(), times().written.value());
 }
 
 TEST_F(cDevice_, WhatIsNoDateSetsNoTime) {

@@ -1,10 +1,11 @@
 #include "automation/Clock.h"
 #include "automation/Conversions.h"
 #include "automation/LateBound.h"
-#include "platform/clock.h"
+#include "host/App.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/text_files.h"
+#include "support/Desk.h"
 #include "support/Started.h"
 #include "system/cLogFile.h"
 
@@ -94,9 +95,18 @@ TEST_F(cLogFile_, StartCanClear) {
               String(timeless()).utf8());
 }
 
-TEST_F(cLogFile_, APathThatEndsInABackslashGetsAnother) {
-    log->Start(folder + u"\\", u"prueba", false, false);
-    EXPECT_TRUE(platform::fileExists(folder + u"\\\\prueba.log"));
+TEST_F(cLogFile_, AFileThatIsClearedIsNotCutFirst) {
+    fill(5000);
+    log->Start(folder, u"prueba", true, false, 2);
+    EXPECT_EQ("Componente iniciado\r\n", String(content()).utf8());
+}
+
+TEST_F(cLogFile_, AReadOnlyFileIsClearedByForce) {
+    fill(10);
+    log->Start(folder, u"prueba", false, false);
+    ASSERT_TRUE(platform::SetFileAttributesW(file.c_str(), platform::FILE_ATTRIBUTE_READONLY));
+    log->Clear(false);
+    EXPECT_FALSE(platform::fileExists(file));
 }
 
 TEST_F(cLogFile_, RecordsAndLinesAreAppended) {
@@ -171,11 +181,12 @@ TEST_F(cLogFile_, ASecondWriterLosesItsEntryWithoutWaiting) {
 }
 
 TEST_F(cLogFile_, TimedSections) {
+    support::Desk desk;
     EXPECT_EQ(0, log->EndTimedSection());
     EXPECT_EQ(0, log->PeekTimedSection());
     EXPECT_TRUE(log->BeginTimedSection());
     EXPECT_FALSE(log->BeginTimedSection());
-    platform::Sleep(20);
+    desk.advance(20);
     const double first = log->PeekTimedSection();
     EXPECT_GE(first, 0.015);
     EXPECT_FALSE(log->BeginTimedSection()) << "the first start is kept";
@@ -185,8 +196,7 @@ TEST_F(cLogFile_, TimedSections) {
     EXPECT_TRUE(log->BeginTimedSection());
 }
 
-TEST_F(cLogFile_, TheStartLeavesItsTraceInTheLibrarysLog) {
-    ASSERT_TRUE(globales().oLogFile);
+TEST_F(cLogFile_, RecordsNameTheComputerAndTheUser) {
     EXPECT_FALSE(log->ComputerName().empty());
     EXPECT_FALSE(log->UsuarioActual().empty());
 }
@@ -198,4 +208,53 @@ TEST_F(cLogFile_, AnswersByName) {
     EXPECT_EQ("tarde\r\n", String(content()).utf8());
     EXPECT_THROW(automation::callMethod(*log, u"Start", Variant(folder)), automation::Error);
     EXPECT_TRUE(automation::callMethod(*log, u"BeginTimedSection").asBoolean());
+}
+
+namespace {
+
+/// `file` is the library's own log, which begins empty.
+class LibraryLog : public cLogFile_ {
+protected:
+    LibraryLog() {
+        file = host::App::Path().string() + u"\\TeselaCtl.log";
+        platform::deleteFile(file, true);
+    }
+    ~LibraryLog() override { platform::deleteFile(file, true); }
+
+    std::u16string recordsOfAStart() const {
+        return record(u"Componente iniciado") + record(u"Procedimiento de inicio realizado con éxito");
+    }
+};
+
+} // namespace
+
+TEST_F(LibraryLog, EachStartBeginsAndEndsWithARecord) {
+    ProcedimientoInicio();
+    EXPECT_EQ(String(recordsOfAStart()).utf8(), String(timeless()).utf8());
+    ProcedimientoInicio();
+    EXPECT_EQ(String(recordsOfAStart() + recordsOfAStart()).utf8(), String(timeless()).utf8());
+    globales().oLogFile->WriteLog(u"una incidencia");
+    EXPECT_EQ(String(recordsOfAStart() + recordsOfAStart() + record(u"una incidencia")).utf8(),
+              String(timeless()).utf8());
+}
+
+TEST_F(LibraryLog, TheNextStartCutsItAt1024KB) {
+    constexpr std::size_t cap = 1024 * 1024;
+    fill(cap + 513); // more than half a KB above it
+    const std::u16string before = content();
+    ProcedimientoInicio();
+    const std::u16string after = timeless();
+    const std::u16string end = before.substr(before.size() - cap - 1) + recordsOfAStart();
+    ASSERT_GT(after.size(), end.size());
+    EXPECT_TRUE(after.ends_with(end));
+    const std::u16string head = after.substr(0, after.size() - end.size());
+    EXPECT_TRUE(head.ends_with(u" - LOG truncado a 1024 KB)\r\n...\r\n")) << String(head).utf8();
+}
+
+TEST_F(LibraryLog, IsKeptWholeUpTo1024KB) {
+    constexpr std::size_t cap = 1024 * 1024;
+    fill(cap);
+    const std::u16string before = content();
+    ProcedimientoInicio();
+    EXPECT_TRUE(timeless() == before + recordsOfAStart());
 }
