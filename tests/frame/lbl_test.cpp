@@ -146,7 +146,9 @@ TEST_F(lbl_, AutoSize2WrapsAndTakesTheHeight) {
 }
 
 TEST_F(lbl_, AutoSize3BecomesOneWithoutAWordAtRunTime) {
+    support::MsgBoxAnswer answer(desk, platform::VK_RETURN);
     label->AutoSize(tslAutoSize_XY);
+    EXPECT_EQ(0, answer.shown());
     EXPECT_EQ(tslautoSize_X, label->AutoSize());
 }
 
