@@ -35,7 +35,8 @@ int borderWidth(DWORD style, DWORD exStyle) {
     return width;
 }
 
-/// Where the caption lies, and its buttons from right to left.
+/// Where the caption lies, and its buttons from right to left. The two boxes come together: one that the
+/// window doesn't have is disabled.
 struct CaptionPlaces {
     RECT bar;
     RECT close;
@@ -94,13 +95,8 @@ void drawRim(HDC dc, RECT& r, int light, int dark) {
     r = {r.left + 1, r.top + 1, r.right - 1, r.bottom - 1};
 }
 
-void drawCaptionButton(HDC dc, RECT r, int hit) {
-    if (hasNoArea(r)) return;
-    fill(dc, r, GetSysColor(COLOR_BTNFACE));
-    drawRim(dc, r, COLOR_BTNHIGHLIGHT, COLOR_3DDKSHADOW);
-    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
-    const LONG inset = 2;
-    const RECT sign{r.left + inset, r.top + inset, r.right - inset, r.bottom - inset};
+/// The sign on a button of the caption: a line, a window or a cross.
+void drawSign(HDC dc, const RECT& sign, int hit, COLORREF ink) {
     if (hit == HTMINBUTTON) fill(dc, {sign.left, sign.bottom - 2, sign.right - 2, sign.bottom}, ink);
     if (hit == HTMAXBUTTON) {
         const HBRUSH brush = CreateSolidBrush(ink);
@@ -115,6 +111,17 @@ void drawCaptionButton(HDC dc, RECT r, int hit) {
         fill(dc, {sign.left + i, y, sign.left + i + 2, y + 1}, ink);
         fill(dc, {sign.left + side - 1 - i, y, sign.left + side + 1 - i, y + 1}, ink);
     }
+}
+
+/// A disabled button's sign is embossed: a light one shines forth below and right of a grey one.
+void drawCaptionButton(HDC dc, RECT r, int hit, bool enabled) {
+    if (hasNoArea(r)) return;
+    fill(dc, r, GetSysColor(COLOR_BTNFACE));
+    drawRim(dc, r, COLOR_BTNHIGHLIGHT, COLOR_3DDKSHADOW);
+    const LONG inset = 2;
+    const RECT sign{r.left + inset, r.top + inset, r.right - inset, r.bottom - inset};
+    if (!enabled) drawSign(dc, offset(sign, 1, 1), hit, GetSysColor(COLOR_BTNHIGHLIGHT));
+    drawSign(dc, sign, hit, GetSysColor(enabled ? COLOR_BTNTEXT : COLOR_BTNSHADOW));
 }
 
 void drawTitle(HDC dc, const Window& window, RECT r, COLORREF ink) {
@@ -142,9 +149,9 @@ void drawCaption(HDC dc, const Window& window, const RECT& frame) {
     const RECT leftmost = !hasNoArea(places.minimize) ? places.minimize : places.close;
     if (!hasNoArea(leftmost)) title.right = leftmost.left - ButtonMargin;
     drawTitle(dc, window, title, GetSysColor(active ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT));
-    drawCaptionButton(dc, places.close, HTCLOSE);
-    drawCaptionButton(dc, places.maximize, HTMAXBUTTON);
-    drawCaptionButton(dc, places.minimize, HTMINBUTTON);
+    drawCaptionButton(dc, places.close, HTCLOSE, !(window.windowClass->style & CS_NOCLOSE));
+    drawCaptionButton(dc, places.maximize, HTMAXBUTTON, window.is(WS_MAXIMIZEBOX));
+    drawCaptionButton(dc, places.minimize, HTMINBUTTON, window.is(WS_MINIMIZEBOX));
 }
 
 /// The frame of a sizeable, dialog or plain window, from outside in.

@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 
 namespace {
@@ -180,6 +181,51 @@ TEST_F(Headless, TheCaretBlinksOverThePixels) {
     HideCaret(window);
     ShowCaret(window);
     EXPECT_EQ(pixelAt(*headless::frameBuffer(window), 5, 5), 0xFFFFFFu);
+}
+
+/// The colours of one of a window's boxes, found by asking the window along its caption.
+std::set<std::uint32_t> coloursOfBox(HWND window, LRESULT hit) {
+    RECT frame;
+    GetWindowRect(window, &frame);
+    std::set<std::uint32_t> colours;
+    for (int y = frame.top; y < frame.top + 30; ++y)
+        for (int x = frame.left; x < frame.right; ++x)
+            if (SendMessageA(window, WM_NCHITTEST, 0, MAKELPARAM(x, y)) == hit)
+                colours.insert(pixelAt(headless::desktop(), x, y));
+    return colours;
+}
+
+std::uint32_t pixelOf(int systemColour) {
+    const COLORREF colour = GetSysColor(systemColour);
+    return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
+}
+
+TEST_F(Headless, ABoxThatTheWindowDoesNotHaveIsGreyBesideTheOther) {
+    constexpr DWORD Plain = WS_CAPTION | WS_SYSMENU | WS_VISIBLE;
+    const auto ink = pixelOf(COLOR_BTNTEXT);
+    const auto grey = pixelOf(COLOR_BTNSHADOW);
+    const auto looks = [&](DWORD boxes, LRESULT hit, std::uint32_t colour) {
+        const HWND window = open("main", {.style = Plain | boxes});
+        desk.pump();
+        const bool found = coloursOfBox(window, hit).count(colour) != 0;
+        DestroyWindow(window);
+        return found;
+    };
+    for (const LRESULT hit : {LRESULT{HTMINBUTTON}, LRESULT{HTMAXBUTTON}}) {
+        SCOPED_TRACE(hit);
+        const DWORD own = hit == HTMAXBUTTON ? WS_MAXIMIZEBOX : WS_MINIMIZEBOX;
+        const DWORD other = own ^ (WS_MAXIMIZEBOX | WS_MINIMIZEBOX);
+        EXPECT_TRUE(looks(own, hit, ink));
+        EXPECT_FALSE(looks(own, hit, grey));
+        EXPECT_FALSE(looks(other, hit, ink));
+        EXPECT_TRUE(looks(other, hit, grey));
+        EXPECT_TRUE(looks(own | other, hit, ink));
+    }
+    const HWND neither = open("main", {.style = Plain});
+    desk.pump();
+    EXPECT_TRUE(coloursOfBox(neither, HTMAXBUTTON).empty());
+    EXPECT_TRUE(coloursOfBox(neither, HTMINBUTTON).empty());
+    EXPECT_TRUE(coloursOfBox(neither, HTCLOSE).count(ink));
 }
 
 TEST_F(Headless, TheCloseBoxClosesAndTheTitleBarDoesNot) {
