@@ -94,6 +94,7 @@ public:
     void shown(Window& window) override;
     void hidden(Window& window) override;
     void placed(Window& window) override;
+    void stateChanged(Window& window) override;
     void renamed(Window& window) override;
     void activated(Window& window) override;
     void destroyed(Window& window) override;
@@ -132,6 +133,7 @@ private:
     void postKey(int key, bool up, const SDL_KeyboardEvent& event, std::u16string text);
 
     void tell(const WindowChange& change);
+    void keepNormalPlace(const WindowChange& change);
     void tellFocus();
     void tellPlace(Window& window, int x, int y);
     void tellSize(Window& window, int width, int height);
@@ -186,6 +188,7 @@ RECT DesktopDisplay::workArea() {
 
 void DesktopDisplay::shown(Window& window) {
     if (SDL_Window* native = nativeOf(window.handle)) {
+        stateChanged(window);
         placed(window);
         SDL_ShowWindow(native);
         return;
@@ -207,10 +210,7 @@ void DesktopDisplay::hidden(Window& window) {
 
 void DesktopDisplay::placed(Window& window) {
     SDL_Window* native = nativeOf(window.handle);
-    if (!native || (window.style & (WS_MINIMIZE | WS_MAXIMIZE))) {
-        if (native && window.is(WS_MAXIMIZE)) SDL_MaximizeWindow(native);
-        return;
-    }
+    if (!native || (window.style & (WS_MINIMIZE | WS_MAXIMIZE))) return;
     const RECT part = shownPart(window);
     int x = 0;
     int y = 0;
@@ -221,6 +221,22 @@ void DesktopDisplay::placed(Window& window) {
     if (width != widthOf(part) || height != heightOf(part))
         SDL_SetWindowSize(native, widthOf(part), heightOf(part));
     if (x != part.left || y != part.top) SDL_SetWindowPosition(native, part.left, part.top);
+}
+
+void DesktopDisplay::stateChanged(Window& window) {
+    SDL_Window* native = nativeOf(window.handle);
+    if (!native) return;
+    const Uint32 shown = SDL_GetWindowFlags(native);
+    if (window.is(WS_MINIMIZE)) {
+        SDL_MinimizeWindow(native);
+        return;
+    }
+    // A minimised window comes back first as it was; a maximised one that is restored then shrinks.
+    if (shown & SDL_WINDOW_MINIMIZED) SDL_RestoreWindow(native);
+    if (window.is(WS_MAXIMIZE))
+        SDL_MaximizeWindow(native);
+    else if (shown & SDL_WINDOW_MAXIMIZED)
+        SDL_RestoreWindow(native);
 }
 
 void DesktopDisplay::renamed(Window& window) {
@@ -451,9 +467,19 @@ void DesktopDisplay::settle() {
         const std::vector<WindowChange> changes = std::move(changes_);
         changes_.clear();
         for (const WindowChange& change : changes)
+            keepNormalPlace(change);
+        for (const WindowChange& change : changes)
             tell(change);
         if (focusChanged_) tellFocus();
     }
+}
+
+/// A window that the user maximises or minimises can be restored by the program. The news of its new size
+/// may come first.
+void DesktopDisplay::keepNormalPlace(const WindowChange& change) {
+    if (change.what != SDL_WINDOWEVENT_MAXIMIZED && change.what != SDL_WINDOWEVENT_MINIMIZED) return;
+    Window* window = windowOf(change.window);
+    if (window && !(window->style & (WS_MINIMIZE | WS_MAXIMIZE))) window->restored = window->frame;
 }
 
 void DesktopDisplay::tell(const WindowChange& change) {
@@ -477,7 +503,7 @@ void DesktopDisplay::tell(const WindowChange& change) {
         tellState(*window, false, true);
         break;
     case SDL_WINDOWEVENT_RESTORED:
-        tellState(*window, false, false);
+        tellState(*window, false, (SDL_GetWindowFlags(nativeOf(window->handle)) & SDL_WINDOW_MAXIMIZED) != 0);
         break;
     case SDL_WINDOWEVENT_CLOSE:
         if (!window->is(WS_DISABLED) && !(window->windowClass->style & CS_NOCLOSE))

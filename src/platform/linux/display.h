@@ -22,6 +22,7 @@ public:
     virtual void shown(Window&) {}
     virtual void hidden(Window&) {}
     virtual void placed(Window&) {}
+    virtual void stateChanged(Window&) {} ///< Minimised, maximised or neither; before it is placed
     virtual void raised(Window&) {}
     virtual void renamed(Window&) {}
     virtual void activated(Window&) {}

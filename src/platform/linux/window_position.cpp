@@ -321,7 +321,10 @@ BOOL ShowWindow(HWND handle, int command) {
     if (!shows && !wasVisible) return FALSE_;
     UINT flags = SWP_NOSIZE | SWP_NOMOVE;
     RECT target = window->frame;
+    const DWORD formerState = window->style & (WS_MINIMIZE | WS_MAXIMIZE);
     if (shows && changeState(handle, command, target)) flags &= ~(SWP_NOSIZE | SWP_NOMOVE);
+    const DWORD state = window->style & (WS_MINIMIZE | WS_MAXIMIZE);
+    if (wasVisible && isTopLevel(*window) && state != formerState) display().stateChanged(*window);
     const bool stateChanged = !(flags & SWP_NOSIZE);
     if (shows && wasVisible && !stateChanged && (command == SW_SHOW || command == SW_SHOWNA) &&
         window->isChild())
