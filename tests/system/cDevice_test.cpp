@@ -32,16 +32,16 @@ protected:
     }
 
     struct Times {
-        Date created, read, written;
+        Date read, written;
     };
     /// Of the file as it lies on the disk, in the user's zone.
     Times times() const {
         const platform::HANDLE handle = platform::CreateFileA(file.ansi().c_str(), platform::GENERIC_READ, 0,
                                                               nullptr, platform::OPEN_EXISTING, 0, {});
-        platform::FILETIME created, read, written;
-        EXPECT_TRUE(platform::GetFileTime(handle, &created, &read, &written));
+        platform::FILETIME read, written;
+        EXPECT_TRUE(platform::GetFileTime(handle, nullptr, &read, &written));
         platform::CloseHandle(handle);
-        return {dateOf(created), dateOf(read), dateOf(written)};
+        return {dateOf(read), dateOf(written)};
     }
     static Date dateOf(const platform::FILETIME& time) {
         platform::FILETIME local;
@@ -132,6 +132,8 @@ TEST_F(cDevice_, ByteArraysBoundWhatIsMoved) {
     EXPECT_EQ(-1, device->FWrite(Variant(text), 1));
 }
 
+// The time of creation is not read back: there are disks that keep the one they gave the file themselves.
+
 TEST_F(cDevice_, TimesAreSetAsGiven) {
     ASSERT_TRUE(openNew());
     const Date created = Date::join(2019, 1, 2, 3, 4, 5);
@@ -139,7 +141,6 @@ TEST_F(cDevice_, TimesAreSetAsGiven) {
     const Date written = Date::join(2021, 5, 6, 7, 8, 9);
     EXPECT_TRUE(device->SetFileTimes(Variant(created), Variant(read), Variant(written)));
     device->FClose();
-    EXPECT_EQ(created.value(), times().created.value());
     EXPECT_EQ(read.value(), times().read.value());
     EXPECT_EQ(written.value(), times().written.value());
 }
@@ -147,18 +148,19 @@ TEST_F(cDevice_, TimesAreSetAsGiven) {
 TEST_F(cDevice_, TimesThatAreNotGivenStay) {
     const Date first = Date::join(2021, 5, 6, 7, 8, 9);
     const Date second = Date::join(2022, 8, 9, 10, 11, 12);
+    const Date third = Date::join(2023, 11, 12, 13, 14, 15);
     ASSERT_TRUE(openNew());
     EXPECT_TRUE(device->SetFileTimes(Variant(first), Variant(first), Variant(first)));
     EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant(second)));
     device->FClose();
-    EXPECT_EQ(first.value(), times().created.value());
     EXPECT_EQ(second.value(), times().read.value());
     EXPECT_EQ(first.value(), times().written.value());
     ASSERT_TRUE(device->FOpen(file, readWrite));
-    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant::missing(), Variant(second)));
+    EXPECT_TRUE(device->SetFileTimes(Variant::missing(), Variant::missing(), Variant(third)));
+    EXPECT_TRUE(device->SetFileTimes(Variant(first)));
     device->FClose();
-    EXPECT_EQ(first.value(), times().created.value());
-    EXPECT_EQ(second.value(), times().written.value());
+    EXPECT_EQ(second.value(), times().read.value());
+    EXPECT_EQ(third.value(), times().written.value());
 }
 
 TEST_F(cDevice_, WhatIsNoDateSetsNoTime) {
