@@ -203,7 +203,7 @@ bool screenshot(HWND handle, const std::string& path) {
     const Surface* whole = top ? frameBuffer(top->handle) : nullptr;
     if (!whole) return false;
     const RECT part = overlapOf(offset(screenFrame(*window), -top->frame.left, -top->frame.top),
-                                   {0, 0, whole->width, whole->height});
+                                {0, 0, whole->width, whole->height});
     if (hasNoArea(part)) return false;
     Surface cut = *whole;
     cut.bits +=

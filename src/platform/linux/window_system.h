@@ -143,7 +143,7 @@ void composeWindow(const Window& topLevel, PixelStore& picture);
 void inkCaret(const Window& topLevel, PixelStore& picture,
               POINT corner); ///< `corner`: the window's on the picture
 std::int64_t nextBlink();    ///< Milliseconds until the caret changes; negative: it does not
-void noteBlink();        ///< Marks the caret's place as drawn when it has gone on or off
+void noteBlink();            ///< Marks the caret's place as drawn when it has gone on or off
 void loseCaret(HWND window); ///< Its window is gone
 
 // The frame (window_frame.cpp).

@@ -1,6 +1,6 @@
 #pragma once
-// The few things that SDL does not offer on X11: the bell, the lock keys and refused requests. The X library is loaded when the
-// first of them is used; without it they do nothing.
+// The few things that SDL does not offer on X11: the bell, the lock keys and refused requests. The X library
+// is loaded when the first of them is used; without it they do nothing.
 
 #include "platform/input.h"
 
