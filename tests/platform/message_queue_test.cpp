@@ -50,8 +50,8 @@ TEST_F(MessageQueue, PostedComesBeforeInputBeforePaintBeforeTimer) {
     SetFocus(window);
     desk.pump();
     journal.clear();
-    SetTimer(window, 1, 20, nullptr);
-    desk.advance(30);
+    SetTimer(window, 1, 300, nullptr);
+    desk.advance(320);
     InvalidateRect(window, nullptr, TRUE_);
     desk.pressKey(VK_F5);
     PostMessageA(window, WM_USER, 0, 0);
@@ -135,11 +135,11 @@ class Timers : public WindowTest {};
 
 TEST_F(Timers, TickWhenTheirTimeHasCome) {
     const HWND window = open("main");
-    EXPECT_EQ(SetTimer(window, 5, 100, nullptr), 5u);
-    desk.advance(60);
+    EXPECT_EQ(SetTimer(window, 5, 500, nullptr), 5u);
+    desk.advance(300);
     desk.pump();
     EXPECT_EQ(journal.count(WM_TIMER), 0);
-    desk.advance(60);
+    desk.advance(300);
     desk.pump();
     EXPECT_EQ(journal.count(WM_TIMER), 1);
     EXPECT_EQ(journal.last(WM_TIMER).wParam, 5u);
@@ -147,8 +147,8 @@ TEST_F(Timers, TickWhenTheirTimeHasCome) {
 
 TEST_F(Timers, LateTicksAreOne) {
     const HWND window = open("main");
-    SetTimer(window, 1, 30, nullptr);
-    desk.advance(200);
+    SetTimer(window, 1, 150, nullptr);
+    desk.advance(400);
     MSG message;
     ASSERT_TRUE(PeekMessageA(&message, window, WM_TIMER, WM_TIMER, PM_REMOVE));
     EXPECT_FALSE(PeekMessageA(&message, window, WM_TIMER, WM_TIMER, PM_REMOVE));
@@ -156,10 +156,10 @@ TEST_F(Timers, LateTicksAreOne) {
 
 TEST_F(Timers, SettingARunningOneStartsItAfresh) {
     const HWND window = open("main");
-    SetTimer(window, 1, 100, nullptr);
-    desk.advance(70);
-    SetTimer(window, 1, 200, nullptr);
-    desk.advance(70);
+    SetTimer(window, 1, 400, nullptr);
+    desk.advance(250);
+    SetTimer(window, 1, 800, nullptr);
+    desk.advance(250);
     desk.pump();
     EXPECT_EQ(journal.count(WM_TIMER), 0);
 }
@@ -179,9 +179,9 @@ int ticks = 0;
 TEST_F(Timers, AProcedureIsCalledInsteadOfTheWindow) {
     const HWND window = open("main");
     ticks = 0;
-    SetTimer(window, 1, 50,
+    SetTimer(window, 1, 300,
              [](HWND, UINT message, UINT_PTR id, DWORD) { ticks += message == WM_TIMER && id == 1; });
-    desk.advance(70);
+    desk.advance(320);
     desk.pump();
     KillTimer(window, 1);
     EXPECT_EQ(ticks, 1);
@@ -190,9 +190,9 @@ TEST_F(Timers, AProcedureIsCalledInsteadOfTheWindow) {
 
 TEST_F(Timers, WithoutAWindowGetANumber) {
     ticks = 0;
-    const UINT_PTR id = SetTimer({}, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) { ++ticks; });
+    const UINT_PTR id = SetTimer({}, 0, 300, [](HWND, UINT, UINT_PTR, DWORD) { ++ticks; });
     ASSERT_NE(id, 0u);
-    desk.advance(70);
+    desk.advance(320);
     desk.pump();
     EXPECT_EQ(ticks, 1);
     EXPECT_TRUE(KillTimer({}, id));

@@ -38,7 +38,6 @@ TEST(Processes, TheProgramsFileExistsWhereItSays) {
     EXPECT_EQ(length, path.size());
     EXPECT_EQ(GetModuleFileNameA(HINSTANCE(), bytes, 5), 5u);
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(std::string(bytes).size(), 4u);
 }
 
 TEST(Processes, TheEnvironmentIsSetReadAndCleared) {
