@@ -166,13 +166,15 @@ TEST(Event, EndsASubscriptionWithItsHolder) {
 }
 
 TEST(Event, MayEndBeforeItsSubscriptions) {
+    const auto held = std::make_shared<int>(1);
     Subscription subscription;
     {
         Event<> event;
-        subscription = event.subscribe([] {});
+        subscription = event.subscribe([held] {});
+        EXPECT_EQ(held.use_count(), 2);
     }
     subscription.leave();
-    SUCCEED();
+    EXPECT_EQ(held.use_count(), 1) << "the handler goes with the last who knows it";
 }
 
 TEST(Event, FollowsAModelThroughRandomJoinsAndLeaves) {
