@@ -102,7 +102,7 @@ Variant changeType(const Variant& source, VARTYPE type) {
     default:
         break;
     }
-    const Variant plain = source.dereferenced();
+    Variant plain = source.dereferenced();
     if (plain.type() != type) throwTypeMismatch();
     return plain;
 }

@@ -110,6 +110,7 @@ Variant indexInto(const Variant& container, const Arguments& arguments) {
     }
     if (!container.isObject()) throwError(errors::WrongArgumentCount);
     if (container.isNothing()) throwError(errors::ObjectVariableNotSet);
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the call may drop the container
     const Ref<Object> object = container.asObject();
     return object->invoke(DISPID_VALUE, CallKind::MethodOrGet, arguments);
 }

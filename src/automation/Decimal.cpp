@@ -328,7 +328,7 @@ Decimal operator-(const Decimal& a) noexcept {
 }
 
 bool operator==(const Decimal& a, const Decimal& b) noexcept {
-    return (a <=> b) == 0;
+    return std::is_eq(a <=> b);
 }
 
 std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) noexcept {

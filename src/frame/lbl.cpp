@@ -10,7 +10,6 @@ namespace tesela {
 
 using automation::String;
 using automation::Variant;
-using host::ScaleMode;
 
 namespace {
 
@@ -77,7 +76,7 @@ void lbl::Caption(const String& value) {
 
 Variant lbl::ValorVerdadero(tslDataFormatConstants& nFormato) const {
     if (nFormato == -1) nFormato = static_cast<tslDataFormatConstants>(nTipoDato);
-    const Variant caption(Caption());
+    Variant caption(Caption());
     switch (nFormato) {
     case tslDataFormatCaracter:
         return caption;

@@ -109,7 +109,9 @@ std::optional<Color> exclamation(Point p) {
 std::uint32_t pixel(Sampler sampler, int x, int y, Color background) {
     Color sum{0, 0, 0};
     for (int i = 0; i < Samples * Samples; ++i) {
-        const Point at{x + (i % Samples + 0.5) / Samples, y + (double(i / Samples) + 0.5) / Samples};
+        const int column = i % Samples;
+        const int row = i / Samples;
+        const Point at{x + (column + 0.5) / Samples, y + (row + 0.5) / Samples};
         const Color color = sampler(at).value_or(background);
         sum = {sum.red + color.red, sum.green + color.green, sum.blue + color.blue};
     }
