@@ -12,6 +12,7 @@
 #include "platform/locale.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace host {
 

@@ -115,7 +115,7 @@ std::u16string FormReader::readName(std::u16string_view& text) const {
     while (length < text.size() && isNameCharacter(text[length]))
         ++length;
     if (length == 0) fail(u"se esperaba un nombre");
-    const std::u16string name(text.substr(0, length));
+    std::u16string name(text.substr(0, length));
     text = trimmed(text.substr(length));
     return name;
 }
@@ -202,14 +202,14 @@ void FormReader::readProperty(FormNode& node) {
 
 automation::Variant FormReader::readValue(std::u16string_view text) {
     if (text.starts_with(u'"')) {
-        const std::u16string content = readQuoted(text);
+        std::u16string content = readQuoted(text);
         if (!text.empty()) fail(u"sobra texto detrás del valor");
         ++at_;
         return content;
     }
     const std::u16string type = readName(text);
     if (!text.empty()) {
-        const automation::Variant value = readNumber(type, text);
+        automation::Variant value = readNumber(type, text);
         ++at_;
         return value;
     }

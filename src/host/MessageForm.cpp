@@ -77,7 +77,8 @@ void MessageForm::layOut(const automation::String& prompt) {
     const int textHeight = static_cast<int>(text_->Height());
     const int height = std::max(iconSide, textHeight);
     text_->Left(static_cast<float>(textLeft));
-    text_->Top(static_cast<float>(Margin + (height - textHeight) / 2));
+    const int textTop = Margin + (height - textHeight) / 2;
+    text_->Top(static_cast<float>(textTop));
     placeButtons(textLeft + static_cast<int>(text_->Width()), Margin + height);
 }
 

@@ -39,8 +39,8 @@ platform::HBITMAP bitmapOf(const platform::PictureData& data, bool keepAlpha) {
 
 /// One bit a pixel: 1 where the screen stays.
 platform::HBITMAP maskOf(const platform::PictureData& data) {
-    constexpr int BitsPerWord = 16;
-    const auto stride = static_cast<std::size_t>((data.width + BitsPerWord - 1) / BitsPerWord * 2);
+    constexpr std::size_t BitsPerWord = 16;
+    const std::size_t stride = (static_cast<std::size_t>(data.width) + BitsPerWord - 1) / BitsPerWord * 2;
     std::vector<std::uint8_t> rows(stride * static_cast<std::size_t>(data.height));
     const auto width = static_cast<std::size_t>(data.width);
     for (std::size_t i = 0; i < data.argb.size(); ++i) {
