@@ -149,8 +149,8 @@ BOOL SystemTimeToFileTime(const SYSTEMTIME* time, FILETIME* file) {
         return FALSE_;
     }
     const std::int64_t days = daysOf(time->wYear, time->wMonth, time->wDay) + daysFrom1601To1970;
-    const std::int64_t seconds =
-        days * secondsPerDay + time->wHour * 3600 + time->wMinute * 60 + time->wSecond;
+    const std::int64_t seconds = days * secondsPerDay + std::int64_t{time->wHour} * 3600 +
+                                 std::int64_t{time->wMinute} * 60 + time->wSecond;
     *file = fileTimeOf(
         static_cast<std::uint64_t>(seconds * unitsPerSecond + time->wMilliseconds * unitsPerMillisecond));
     return TRUE_;
