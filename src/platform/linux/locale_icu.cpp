@@ -97,12 +97,14 @@ public:
     /// Monday to Sunday; ICU's Sunday is 1.
     std::vector<Text> days(UDateFormatSymbolType type) const {
         std::vector<Text> names;
+        names.reserve(7);
         for (int day = 0; day < 7; ++day)
             names.push_back(symbol(type, (day + 1) % 7 + 1));
         return names;
     }
     std::vector<Text> months(UDateFormatSymbolType type) const {
         std::vector<Text> names;
+        names.reserve(12);
         for (int month = 0; month < 12; ++month)
             names.push_back(symbol(type, month));
         return names;

@@ -17,8 +17,8 @@ namespace platform::driver {
 namespace {
 
 // A header may state any size; more pixels than these to a byte no encoder of the format can pack.
-constexpr std::size_t mostPngPixelsPerByte = 1032 * 8;
-constexpr std::size_t mostJpegPixelsPerByte = 64 * 8 * 4;
+constexpr std::size_t mostPngPixelsPerByte = std::size_t{1032} * 8;
+constexpr std::size_t mostJpegPixelsPerByte = std::size_t{64} * 8 * 4;
 constexpr std::size_t mostGifPixelsPerByte = 4096;
 
 PictureError checkSize(std::int64_t width, std::int64_t height, std::size_t fileSize,
