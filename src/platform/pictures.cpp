@@ -32,7 +32,7 @@ bool isWmf(PictureBytes file) {
     PictureByteReader reader(file);
     if (reader.dword() == placeableWmf) return true;
     return startsWith(file, std::string_view("\x01\x00\x09\x00\x00\x03", 6)) &&
-           file.size() >= headerWords * 2;
+           file.size() >= std::size_t{headerWords} * 2;
 }
 
 LONG himetric(int pixels, int pixelsPerInch) {
