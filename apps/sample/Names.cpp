@@ -203,7 +203,10 @@ Person makePerson(Random& random) {
     person.firstName = random.chance(50) ? random.oneOf(women) : random.oneOf(men);
     if (random.chance(12) && person.firstName == "José") person.firstName = "José Luis";
     if (random.chance(30) && person.firstName == "María") person.firstName = "María José";
-    person.surnames = std::string(random.oneOf(surnames)) + " " + std::string(random.oneOf(surnames));
+    // Draw by draw: the order in which a sum's sides are evaluated is the compiler's own.
+    person.surnames = random.oneOf(surnames);
+    person.surnames += " ";
+    person.surnames += random.oneOf(surnames);
     return person;
 }
 

@@ -234,8 +234,9 @@ private:
 std::string Writer::phone(int province) {
     const bool mobile = random_.chance(45);
     const std::int64_t head = mobile ? random_.between(600, 699) : phonePrefix(province);
-    return padded(head, 3) + " " + padded(random_.between(0, 999), 3) + " " +
-           padded(random_.between(0, 999), 3);
+    const std::string middle = padded(random_.between(0, 999), 3);
+    const std::string tail = padded(random_.between(0, 999), 3);
+    return padded(head, 3) + " " + middle + " " + tail;
 }
 
 void Writer::writeCustomer(int id) {
