@@ -12,8 +12,8 @@ using automation::Variant;
 namespace {
 
 String grouped(const Variant& value, int decimals) {
-    return automation::FormatNumber(value, decimals, automation::vbTrue, automation::vbFalse,
-                                    automation::vbTrue);
+    return automation::FormatNumber(value, decimals, automation::Tristate::Yes, automation::Tristate::No,
+                                    automation::Tristate::Yes);
 }
 
 String numberText(const Variant& value, const Column& column) {

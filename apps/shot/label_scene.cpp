@@ -81,7 +81,7 @@ void alignments(Sheet& sheet) {
     }
     sheet.add(u"Fondo de ventana", 21, [](lbl& label) {
         bordered(label);
-        label.BackColor(host::vbWindowBackground);
+        label.BackColor(host::colorWindowBackground);
     });
     sheet.add(u"Fondo amarillo, texto azul", 21, [](lbl& label) {
         bordered(label);

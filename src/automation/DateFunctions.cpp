@@ -48,13 +48,13 @@ std::int64_t floorDivide(std::int64_t value, std::int64_t by) {
 }
 
 int resolvedFirstDay(int firstDay) {
-    if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday) throwError(errors::InvalidCall);
-    return firstDay == vbUseSystemDayOfWeek ? Locale::user().firstDayOfWeek : firstDay;
+    if (firstDay < FirstDay::SystemDay || firstDay > FirstDay::Saturday) throwError(errors::InvalidCall);
+    return firstDay == FirstDay::SystemDay ? Locale::user().firstDayOfWeek : firstDay;
 }
 
 int resolvedFirstWeek(int firstWeek) {
-    if (firstWeek < vbUseSystem || firstWeek > vbFirstFullWeek) throwError(errors::InvalidCall);
-    return firstWeek == vbUseSystem ? Locale::user().firstWeekOfYear : firstWeek;
+    if (firstWeek < FirstWeek::SystemWeek || firstWeek > FirstWeek::Full) throwError(errors::InvalidCall);
+    return firstWeek == FirstWeek::SystemWeek ? Locale::user().firstWeekOfYear : firstWeek;
 }
 
 /// Days from the start of the week to `weekday` (0 is Sunday), for weeks that start on `firstDay`.
@@ -226,11 +226,11 @@ int weekOfYear(const DateParts& parts, int firstDay, int firstWeek) {
     const int before =
         daysIntoWeek(newYearWeekday, weekStart);      // days of the old year in the week of 1 January
     const int week = (day - 1 + before) / daysInWeek; // 0 for that week
-    if (rule == vbFirstJan1) return week + 1;
+    if (rule == FirstWeek::WithJanuary1) return week + 1;
 
     constexpr int fourDays = 4;
     const auto countsAsFirst = [&](int daysOfOldYear) {
-        return rule == vbFirstFourDays ? daysInWeek - daysOfOldYear >= fourDays : daysOfOldYear == 0;
+        return rule == FirstWeek::OfFourDays ? daysInWeek - daysOfOldYear >= fourDays : daysOfOldYear == 0;
     };
     const int number = week + (countsAsFirst(before) ? 1 : 0);
     if (number == 0) { // it belongs to the last week of the year before

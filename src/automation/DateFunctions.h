@@ -13,19 +13,14 @@ namespace automation {
 class Variant;
 
 /// Days of the week, also as the language's constants: 0 takes the locale's own first day.
-enum FirstDay : int {
-    vbUseSystemDayOfWeek,
-    vbSunday,
-    vbMonday,
-    vbTuesday,
-    vbWednesday,
-    vbThursday,
-    vbFriday,
-    vbSaturday
-};
+namespace FirstDay {
+enum : int { SystemDay, Sunday, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
+}
 
 /// What makes the first week of a year; 0 takes the locale's own rule.
-enum FirstWeek : int { vbUseSystem, vbFirstJan1, vbFirstFourDays, vbFirstFullWeek };
+namespace FirstWeek {
+enum : int { SystemWeek, WithJanuary1, OfFourDays, Full };
+}
 
 /// The day; months and days beyond their range roll over either way. Years 0 to 29 are 2000 to 2029, 30 to 99
 /// are 1930 to 1999, negative years count back from 2000. Error 5 outside the years 100 to 9999.
@@ -42,7 +37,7 @@ int Minute(Date date);
 int Second(Date date);
 
 /// 1 to 7, counted from `firstDay`. Error 5 for a `firstDay` outside 0 to 7.
-int Weekday(Date date, int firstDay = vbSunday);
+int Weekday(Date date, int firstDay = FirstDay::Sunday);
 
 /// The date or the time part of a text or a date. Error 13 where there is none.
 Date DateValue(const Variant& value);
@@ -54,10 +49,11 @@ Date DateAdd(std::u16string_view interval, double number, Date date);
 
 /// How many borders of the interval lie between both dates; weeks ("w") are whole weeks, "ww" counts
 /// `firstDay`s. Error 6 beyond a Long.
-std::int32_t DateDiff(std::u16string_view interval, Date from, Date to, int firstDay = vbSunday,
-                      int firstWeek = vbFirstJan1);
+std::int32_t DateDiff(std::u16string_view interval, Date from, Date to, int firstDay = FirstDay::Sunday,
+                      int firstWeek = FirstWeek::WithJanuary1);
 
-int DatePart(std::u16string_view interval, Date date, int firstDay = vbSunday, int firstWeek = vbFirstJan1);
+int DatePart(std::u16string_view interval, Date date, int firstDay = FirstDay::Sunday,
+             int firstWeek = FirstWeek::WithJanuary1);
 
 /// The day of the year of a date, 1 to 366.
 int dayOfYear(const DateParts& parts);
@@ -70,6 +66,6 @@ int weekOfYear(const DateParts& parts, int firstDay, int firstWeek);
 String MonthName(int month, bool abbreviate = false);
 
 /// The locale's name of day 1 to 7 counted from `firstDay`, else Error 5.
-String WeekdayName(int weekday, bool abbreviate = false, int firstDay = vbUseSystemDayOfWeek);
+String WeekdayName(int weekday, bool abbreviate = false, int firstDay = FirstDay::SystemDay);
 
 } // namespace automation

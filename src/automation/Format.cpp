@@ -149,8 +149,9 @@ NumberChoices choicesOf(int decimals, int ownDecimals, int leadingDigit, int par
                         const Locale& locale, bool ownParentheses) {
     constexpr int mostDecimals = 255;
     const auto choose = [](int choice, bool own) {
-        if (choice != vbUseDefault && choice != vbTrue && choice != vbFalse) throwError(errors::InvalidCall);
-        return choice == vbUseDefault ? own : choice == vbTrue;
+        if (choice != Tristate::Default && choice != Tristate::Yes && choice != Tristate::No)
+            throwError(errors::InvalidCall);
+        return choice == Tristate::Default ? own : choice == Tristate::Yes;
     };
     if (decimals < -1 || decimals > mostDecimals) throwError(errors::InvalidCall);
     NumberChoices choices;
@@ -173,8 +174,8 @@ void writeNamedNumber(TextBuilder& out, const NamedFormat& format, const Digits&
     switch (format.format) {
     case Named::Currency:
         writeCurrency(out, digits,
-                      choicesOf(-1, locale.currencyDecimals, vbUseDefault, vbUseDefault, vbUseDefault, locale,
-                                currencyInParentheses(locale)),
+                      choicesOf(-1, locale.currencyDecimals, Tristate::Default, Tristate::Default,
+                                Tristate::Default, locale, currencyInParentheses(locale)),
                       locale);
         break;
     case Named::YesNo:
@@ -247,8 +248,8 @@ String formatNothing(PatternKind kind, std::u16string_view pattern, const Locale
 }
 
 void checkCalendar(int firstDay, int firstWeek) {
-    if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday || firstWeek < vbUseSystem ||
-        firstWeek > vbFirstFullWeek)
+    if (firstDay < FirstDay::SystemDay || firstDay > FirstDay::Saturday ||
+        firstWeek < FirstWeek::SystemWeek || firstWeek > FirstWeek::Full)
         throwError(errors::InvalidCall);
 }
 
@@ -311,9 +312,11 @@ String FormatPercent(const Variant& value, int decimals, int leadingDigit, int p
 
 String FormatDateTime(const Variant& value, int named) {
     constexpr std::u16string_view patterns[] = {u"c", u"dddddd", u"ddddd", u"ttttt", u"hh:nn"};
-    if (named < vbGeneralDate || named > vbShortTime) throwError(errors::InvalidCall);
+    if (named < NamedDateFormat::GeneralDate || named > NamedDateFormat::ShortTime)
+        throwError(errors::InvalidCall);
     TextBuilder out;
-    writeDatePattern(out, patterns[named], CDate(value), vbSunday, vbFirstJan1, Locale::user());
+    writeDatePattern(out, patterns[named], CDate(value), FirstDay::Sunday, FirstWeek::WithJanuary1,
+                     Locale::user());
     return out.text();
 }
 

@@ -17,20 +17,24 @@ class Variant;
 String Format(const Variant& value, std::u16string_view pattern = {}, int firstDay = 1, int firstWeek = 1);
 
 /// Three-way choices of the functions below: the locale decides, or the caller.
-enum Tristate : int { vbUseDefault = -2, vbTrue = -1, vbFalse = 0 };
+namespace Tristate {
+enum : int { Default = -2, Yes = -1, No = 0 };
+}
 
 /// A number with `decimals` places (-1: the locale's), rounded half away from zero. Error 5 for decimals
 /// outside -1 to 255 or a wrong choice.
-String FormatNumber(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
-                    int parentheses = vbUseDefault, int group = vbUseDefault);
-String FormatCurrency(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
-                      int parentheses = vbUseDefault, int group = vbUseDefault);
-String FormatPercent(const Variant& value, int decimals = -1, int leadingDigit = vbUseDefault,
-                     int parentheses = vbUseDefault, int group = vbUseDefault);
+String FormatNumber(const Variant& value, int decimals = -1, int leadingDigit = Tristate::Default,
+                    int parentheses = Tristate::Default, int group = Tristate::Default);
+String FormatCurrency(const Variant& value, int decimals = -1, int leadingDigit = Tristate::Default,
+                      int parentheses = Tristate::Default, int group = Tristate::Default);
+String FormatPercent(const Variant& value, int decimals = -1, int leadingDigit = Tristate::Default,
+                     int parentheses = Tristate::Default, int group = Tristate::Default);
 
-enum NamedDateFormat : int { vbGeneralDate, vbLongDate, vbShortDate, vbLongTime, vbShortTime };
+namespace NamedDateFormat {
+enum : int { GeneralDate, LongDate, ShortDate, LongTime, ShortTime };
+}
 
 /// A date by one of the formats above, else Error 5.
-String FormatDateTime(const Variant& value, int named = vbGeneralDate);
+String FormatDateTime(const Variant& value, int named = NamedDateFormat::GeneralDate);
 
 } // namespace automation

@@ -29,8 +29,8 @@ std::int32_t positionOf(std::size_t place) {
 class Searched {
 public:
     Searched(std::u16string_view text, int compare) : view_(text) {
-        require(compare == vbBinaryCompare || compare == vbTextCompare);
-        if (compare == vbBinaryCompare) return;
+        require(compare == CompareMethod::Binary || compare == CompareMethod::Text);
+        if (compare == CompareMethod::Binary) return;
         folded_ = platform::lowerCase(text);
         view_ = folded_;
     }
@@ -264,31 +264,33 @@ bool isOneOf(int value, int a, int b) {
 } // namespace
 
 String StrConv(std::u16string_view text, int kind) {
-    constexpr int widths = vbWide | vbNarrow, kana = vbKatakana | vbHiragana,
-                  bytes = vbUnicode | vbFromUnicode;
-    require((kind & ~(vbProperCase | widths | kana | bytes)) == 0 && kind != 0);
-    require(isOneOf(kind & widths, vbWide, vbNarrow) && isOneOf(kind & kana, vbKatakana, vbHiragana) &&
-            isOneOf(kind & bytes, vbUnicode, vbFromUnicode));
+    constexpr int widths = Conversion::Wide | Conversion::Narrow,
+                  kana = Conversion::Katakana | Conversion::Hiragana,
+                  bytes = Conversion::Unicode | Conversion::FromUnicode;
+    require((kind & ~(Conversion::ProperCase | widths | kana | bytes)) == 0 && kind != 0);
+    require(isOneOf(kind & widths, Conversion::Wide, Conversion::Narrow) &&
+            isOneOf(kind & kana, Conversion::Katakana, Conversion::Hiragana) &&
+            isOneOf(kind & bytes, Conversion::Unicode, Conversion::FromUnicode));
     std::u16string result(text);
-    switch (kind & vbProperCase) {
-    case vbUpperCase:
+    switch (kind & Conversion::ProperCase) {
+    case Conversion::UpperCase:
         result = platform::upperCase(result);
         break;
-    case vbLowerCase:
+    case Conversion::LowerCase:
         result = platform::lowerCase(result);
         break;
-    case vbProperCase:
+    case Conversion::ProperCase:
         result = properCase(result);
         break;
     default:
         break;
     }
-    if (kind & vbWide) result = mapped(std::move(result), widened);
-    if (kind & vbNarrow) result = mapped(std::move(result), narrowed);
-    if (kind & vbKatakana) result = mapped(std::move(result), toKatakana);
-    if (kind & vbHiragana) result = mapped(std::move(result), toHiragana);
-    if (kind & vbUnicode) result = unpackedBytes(result);
-    if (kind & vbFromUnicode) result = packedBytes(result);
+    if (kind & Conversion::Wide) result = mapped(std::move(result), widened);
+    if (kind & Conversion::Narrow) result = mapped(std::move(result), narrowed);
+    if (kind & Conversion::Katakana) result = mapped(std::move(result), toKatakana);
+    if (kind & Conversion::Hiragana) result = mapped(std::move(result), toHiragana);
+    if (kind & Conversion::Unicode) result = unpackedBytes(result);
+    if (kind & Conversion::FromUnicode) result = packedBytes(result);
     return String(result);
 }
 

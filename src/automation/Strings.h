@@ -12,7 +12,9 @@ namespace automation {
 class Variant;
 
 /// How texts are compared: by their units, or by the locale's dictionary without case.
-enum CompareMethod : int { vbBinaryCompare, vbTextCompare };
+namespace CompareMethod {
+enum : int { Binary, Text };
+}
 
 /// Case by the locale, character by character; the length never changes.
 String UCase(std::u16string_view text);
@@ -33,20 +35,20 @@ String Mid(std::u16string_view text, std::int32_t start, std::int32_t length);
 
 /// The position of `what` at or after `start`, 0 when there is none. An empty `what` is found at `start`.
 std::int32_t InStr(std::int32_t start, std::u16string_view text, std::u16string_view what,
-                   int compare = vbBinaryCompare);
+                   int compare = CompareMethod::Binary);
 std::int32_t InStr(std::u16string_view text, std::u16string_view what);
 
 /// The last position at which `what` ends at or before `start` (-1: the end).
 std::int32_t InStrRev(std::u16string_view text, std::u16string_view what, std::int32_t start = -1,
-                      int compare = vbBinaryCompare);
+                      int compare = CompareMethod::Binary);
 
 /// The text from `start` on, with up to `count` (-1: all) occurrences replaced.
 String Replace(std::u16string_view text, std::u16string_view what, std::u16string_view with,
-               std::int32_t start = 1, std::int32_t count = -1, int compare = vbBinaryCompare);
+               std::int32_t start = 1, std::int32_t count = -1, int compare = CompareMethod::Binary);
 
 /// Up to `limit` (-1: all) pieces; none of an empty text, one where the separator is empty.
 std::vector<String> Split(std::u16string_view text, std::u16string_view separator = u" ",
-                          std::int32_t limit = -1, int compare = vbBinaryCompare);
+                          std::int32_t limit = -1, int compare = CompareMethod::Binary);
 String Join(const std::vector<String>& pieces, std::u16string_view separator = u" ");
 
 /// `count` blanks or units; Error 5 for a negative count.
@@ -66,21 +68,23 @@ String Chr(int code);
 String ChrW(std::int32_t unit);
 
 /// Conversions of `StrConv`; the case ones may be joined with one of the others.
-enum StrConvKind : int {
-    vbUpperCase = 1,
-    vbLowerCase = 2,
-    vbProperCase = 3,
-    vbWide = 4,
-    vbNarrow = 8,
-    vbKatakana = 16,
-    vbHiragana = 32,
-    vbUnicode = 64,
-    vbFromUnicode = 128
+namespace Conversion {
+enum : int {
+    UpperCase = 1,
+    LowerCase = 2,
+    ProperCase = 3,
+    Wide = 4,
+    Narrow = 8,
+    Katakana = 16,
+    Hiragana = 32,
+    Unicode = 64,
+    FromUnicode = 128
 };
+}
 
 /// Proper case raises each letter that begins a word (after a blank, tab, line end or NUL) and lowers the
-/// others. `vbFromUnicode` packs the ANSI bytes of the text two to a unit, `vbUnicode` takes them apart.
-/// Error 5 for a kind that is none or that contradicts itself.
+/// others. `Conversion::FromUnicode` packs the ANSI bytes of the text two to a unit, `Conversion::Unicode`
+/// takes them apart. Error 5 for a kind that is none or that contradicts itself.
 String StrConv(std::u16string_view text, int kind);
 
 } // namespace automation

@@ -126,11 +126,11 @@ std::int32_t cFecha::DiasMes(Date& dDate) const {
 
 std::int32_t cFecha::DiaSemana(Date& dDate) const {
     orOwn(dDate);
-    return automation::Weekday(dDate, automation::vbUseSystemDayOfWeek);
+    return automation::Weekday(dDate, automation::FirstDay::SystemDay);
 }
 
 String cFecha::DiaSemanaStr(Date& dDate, bool& lAbreviado) const {
-    return automation::WeekdayName(DiaSemana(dDate), lAbreviado, automation::vbUseSystemDayOfWeek);
+    return automation::WeekdayName(DiaSemana(dDate), lAbreviado, automation::FirstDay::SystemDay);
 }
 
 Date cFecha::DomingoResurreccion(std::int32_t nYear) const {

@@ -10,9 +10,9 @@ namespace {
 using automation::Array;
 using automation::Error;
 using automation::Variant;
-using host::vbButtonFace;
-using host::vbWindowBackground;
-using host::vbWindowText;
+using host::colorButtonFace;
+using host::colorWindowBackground;
+using host::colorWindowText;
 
 constexpr std::int32_t black = 0x000000;
 constexpr std::int32_t white = 0xFFFFFF;
@@ -32,9 +32,9 @@ struct Slot {
 } // namespace
 
 Array InitialGlobalCtlCfg(bool lHighColor) {
-    const std::int32_t window = GetVBSysColor(vbWindowBackground);
-    const std::int32_t text = GetVBSysColor(vbWindowText);
-    const std::int32_t face = GetVBSysColor(vbButtonFace);
+    const std::int32_t window = GetVBSysColor(colorWindowBackground);
+    const std::int32_t text = GetVBSysColor(colorWindowText);
+    const std::int32_t face = GetVBSysColor(colorButtonFace);
     const auto mix = CalculateColorMix;
     const std::int32_t selectedShadow = rgb(192, 192, 255);
     const std::int32_t listShadow = rgb(176, 176, 224);

@@ -25,11 +25,11 @@ bool Ambient::UserMode() const {
 }
 
 OLE_COLOR Ambient::BackColor() const {
-    return valueOr(value(AmbientValue::BackColor), vbButtonFace);
+    return valueOr(value(AmbientValue::BackColor), colorButtonFace);
 }
 
 OLE_COLOR Ambient::ForeColor() const {
-    return valueOr(value(AmbientValue::ForeColor), vbButtonText);
+    return valueOr(value(AmbientValue::ForeColor), colorButtonText);
 }
 
 automation::Ref<StdFont> Ambient::Font() const {

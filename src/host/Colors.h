@@ -14,10 +14,10 @@ constexpr OLE_COLOR systemColor(int number) {
     return static_cast<OLE_COLOR>(0x80000000u | static_cast<std::uint32_t>(number));
 }
 
-inline constexpr OLE_COLOR vbWindowBackground = systemColor(5);
-inline constexpr OLE_COLOR vbWindowText = systemColor(8);
-inline constexpr OLE_COLOR vbButtonFace = systemColor(15);
-inline constexpr OLE_COLOR vbButtonText = systemColor(18);
+inline constexpr OLE_COLOR colorWindowBackground = systemColor(5);
+inline constexpr OLE_COLOR colorWindowText = systemColor(8);
+inline constexpr OLE_COLOR colorButtonFace = systemColor(15);
+inline constexpr OLE_COLOR colorButtonText = systemColor(18);
 
 /// What GDI draws for an automation colour. A system colour is looked up now; an unknown one is black.
 platform::COLORREF rgbFromOle(OLE_COLOR color);

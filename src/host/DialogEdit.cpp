@@ -23,8 +23,8 @@ constexpr short FirstPrintable = 32;
 
 DialogEdit::DialogEdit() {
     ScaleMode(host::ScaleMode::Pixels);
-    BackColor(vbWindowBackground);
-    ForeColor(vbWindowText);
+    BackColor(colorWindowBackground);
+    ForeColor(colorWindowText);
     MousePointer(host::MousePointer::IBeam);
 }
 

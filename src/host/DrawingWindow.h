@@ -216,8 +216,8 @@ private:
     automation::Subscription fontChanges_;
     automation::Ref<host::Picture> picture_;
     std::vector<Label*> labels_;
-    OLE_COLOR backColor_ = vbButtonFace;
-    OLE_COLOR foreColor_ = vbButtonText;
+    OLE_COLOR backColor_ = colorButtonFace;
+    OLE_COLOR foreColor_ = colorButtonText;
     host::MousePointer pointer_ = host::MousePointer::Default;
     host::ScaleMode scaleMode_ = host::ScaleMode::Twips;
     float scaleLeft_ = 0;

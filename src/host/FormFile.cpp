@@ -39,8 +39,8 @@ FormNode formNode(Form& form) {
     kept.WriteProperty(u"ClientHeight", clientTwips(form, Axis::Vertical));
     PropertyBag& bag = node.properties;
     bag.WriteProperty(u"Caption", form.Caption(), u"");
-    bag.WriteProperty(u"BackColor", form.BackColor(), vbButtonFace);
-    bag.WriteProperty(u"ForeColor", form.ForeColor(), vbButtonText);
+    bag.WriteProperty(u"BackColor", form.BackColor(), colorButtonFace);
+    bag.WriteProperty(u"ForeColor", form.ForeColor(), colorButtonText);
     bag.WriteProperty(u"BorderStyle", form.BorderStyle(), FormBorderStyle::Sizable);
     bag.WriteProperty(u"ControlBox", form.ControlBox(), true);
     bag.WriteProperty(u"MinButton", form.MinButton(), true);
@@ -87,8 +87,8 @@ void applyForm(Form& form, const FormNode& node) {
     form.Enabled(read(u"Enabled", true));
     form.Tag(read(u"Tag", automation::String()));
     form.Font(*read(u"Font", automation::make<StdFont>()));
-    form.BackColor(read(u"BackColor", vbButtonFace));
-    form.ForeColor(read(u"ForeColor", vbButtonText));
+    form.BackColor(read(u"BackColor", colorButtonFace));
+    form.ForeColor(read(u"ForeColor", colorButtonText));
     form.MousePointer(read(u"MousePointer", MousePointer::Default));
     form.MinWidth(read(u"MinWidth", 0.0F));
     form.MinHeight(read(u"MinHeight", 0.0F));

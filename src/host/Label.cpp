@@ -346,8 +346,8 @@ void Label::readProperties(PropertyBag& bag) {
         } catch (const automation::Error&) {
         }
     };
-    take(u"BackColor", vbButtonFace, &Label::BackColor);
-    take(u"ForeColor", vbButtonText, &Label::ForeColor);
+    take(u"BackColor", colorButtonFace, &Label::BackColor);
+    take(u"ForeColor", colorButtonText, &Label::ForeColor);
     take(u"BackStyle", host::BackStyle::Opaque, &Label::BackStyle);
     take(u"BorderStyle", host::BorderStyle::None, &Label::BorderStyle);
     take(u"Appearance", host::Appearance::ThreeD, &Label::Appearance);
@@ -360,8 +360,8 @@ void Label::readProperties(PropertyBag& bag) {
 
 void Label::writeProperties(PropertyBag& bag) {
     bag.WriteProperty(u"Caption", caption_, u"");
-    bag.WriteProperty(u"BackColor", backColor_, vbButtonFace);
-    bag.WriteProperty(u"ForeColor", foreColor_, vbButtonText);
+    bag.WriteProperty(u"BackColor", backColor_, colorButtonFace);
+    bag.WriteProperty(u"ForeColor", foreColor_, colorButtonText);
     bag.WriteProperty(u"BackStyle", backStyle_, host::BackStyle::Opaque);
     bag.WriteProperty(u"BorderStyle", borderStyle_, host::BorderStyle::None);
     bag.WriteProperty(u"Appearance", appearance_, host::Appearance::ThreeD);

@@ -109,8 +109,8 @@ private:
     automation::String toolTip_;
     automation::Ref<StdFont> font_;
     automation::Subscription fontChanges_;
-    OLE_COLOR backColor_ = vbButtonFace;
-    OLE_COLOR foreColor_ = vbButtonText;
+    OLE_COLOR backColor_ = colorButtonFace;
+    OLE_COLOR foreColor_ = colorButtonText;
     host::BackStyle backStyle_ = host::BackStyle::Opaque;
     host::BorderStyle borderStyle_ = host::BorderStyle::None;
     host::Appearance appearance_ = host::Appearance::ThreeD;

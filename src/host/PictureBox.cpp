@@ -68,8 +68,8 @@ void PictureBox::onReadProperties(PropertyBag& bag) {
     const auto read = [&bag]<class T>(const char16_t* name, T fallback) {
         return automation::fromVariant<T>(bag.ReadProperty(name, automation::toVariant(fallback)));
     };
-    BackColor(read(u"BackColor", vbButtonFace));
-    ForeColor(read(u"ForeColor", vbButtonText));
+    BackColor(read(u"BackColor", colorButtonFace));
+    ForeColor(read(u"ForeColor", colorButtonText));
     Font(*read(u"Font", Ambient().Font()));
     borderStyle_ = read(u"BorderStyle", host::BorderStyle::FixedSingle);
     appearance_ = read(u"Appearance", host::Appearance::ThreeD);
@@ -83,8 +83,8 @@ void PictureBox::onReadProperties(PropertyBag& bag) {
 }
 
 void PictureBox::onWriteProperties(PropertyBag& bag) {
-    bag.WriteProperty(u"BackColor", BackColor(), vbButtonFace);
-    bag.WriteProperty(u"ForeColor", ForeColor(), vbButtonText);
+    bag.WriteProperty(u"BackColor", BackColor(), colorButtonFace);
+    bag.WriteProperty(u"ForeColor", ForeColor(), colorButtonText);
     bag.WriteProperty(u"Font", Font(), Ambient().Font());
     bag.WriteProperty(u"BorderStyle", borderStyle_, host::BorderStyle::FixedSingle);
     bag.WriteProperty(u"Appearance", appearance_, host::Appearance::ThreeD);

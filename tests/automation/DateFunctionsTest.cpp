@@ -84,12 +84,12 @@ TEST(DateFunctions, PartsOfDatesBeforeDayZeroCountTimeForwards) {
 TEST(DateFunctions, WeekdayCountsFromTheGivenDay) {
     const Date saturday = DateSerial(2000, 1, 1);
     EXPECT_EQ(Weekday(saturday), 7);
-    EXPECT_EQ(Weekday(saturday, vbMonday), 6);
-    EXPECT_EQ(Weekday(saturday, vbSaturday), 1);
+    EXPECT_EQ(Weekday(saturday, FirstDay::Monday), 6);
+    EXPECT_EQ(Weekday(saturday, FirstDay::Saturday), 1);
     EXPECT_EQ(errorOf([&] { Weekday(saturday, 8); }), 5);
     EXPECT_EQ(errorOf([&] { Weekday(saturday, -1); }), 5);
     const tests::LocaleScope scope("es-ES");
-    EXPECT_EQ(Weekday(saturday, vbUseSystemDayOfWeek), 6);
+    EXPECT_EQ(Weekday(saturday, FirstDay::SystemDay), 6);
 }
 
 TEST(DateFunctions, DateAddKeepsToTheEndOfShorterMonths) {
@@ -131,7 +131,7 @@ TEST(DateFunctions, DateDiffCountsBorders) {
     EXPECT_EQ(DateDiff(u"w", DateSerial(2000, 1, 1), DateSerial(2000, 1, 14)), 1);
     // From Saturday to Sunday a week begins, for weeks that begin on Sunday.
     EXPECT_EQ(DateDiff(u"ww", DateSerial(2000, 1, 1), DateSerial(2000, 1, 2)), 1);
-    EXPECT_EQ(DateDiff(u"ww", DateSerial(2000, 1, 1), DateSerial(2000, 1, 2), vbMonday), 0);
+    EXPECT_EQ(DateDiff(u"ww", DateSerial(2000, 1, 1), DateSerial(2000, 1, 2), FirstDay::Monday), 0);
     EXPECT_EQ(DateDiff(u"ww", DateSerial(1800, 1, 1), DateSerial(1800, 1, 1)), 0);
     EXPECT_EQ(errorOf([] { DateDiff(u"s", Date(-657434.0), Date(2958465.0)); }), 6);
 }
@@ -143,13 +143,19 @@ struct WeekCase {
 };
 
 constexpr WeekCase weekCases[] = {
-    {2000, 1, 1, vbSunday, vbFirstJan1, 1},        {2000, 1, 2, vbSunday, vbFirstJan1, 2},
-    {2000, 12, 31, vbSunday, vbFirstJan1, 54},     {2000, 1, 1, vbMonday, vbFirstFourDays, 52},
-    {2000, 1, 3, vbMonday, vbFirstFourDays, 1},    {2003, 12, 29, vbMonday, vbFirstFourDays, 1},
-    {2004, 12, 31, vbMonday, vbFirstFourDays, 53}, {2005, 1, 1, vbMonday, vbFirstFourDays, 53},
-    {2006, 1, 1, vbMonday, vbFirstFourDays, 52},   {2000, 1, 1, vbMonday, vbFirstFullWeek, 52},
-    {2001, 1, 1, vbMonday, vbFirstFullWeek, 1},    {2002, 1, 6, vbMonday, vbFirstFullWeek, 53},
-    {2002, 1, 7, vbMonday, vbFirstFullWeek, 1},
+    {2000, 1, 1, FirstDay::Sunday, FirstWeek::WithJanuary1, 1},
+    {2000, 1, 2, FirstDay::Sunday, FirstWeek::WithJanuary1, 2},
+    {2000, 12, 31, FirstDay::Sunday, FirstWeek::WithJanuary1, 54},
+    {2000, 1, 1, FirstDay::Monday, FirstWeek::OfFourDays, 52},
+    {2000, 1, 3, FirstDay::Monday, FirstWeek::OfFourDays, 1},
+    {2003, 12, 29, FirstDay::Monday, FirstWeek::OfFourDays, 1},
+    {2004, 12, 31, FirstDay::Monday, FirstWeek::OfFourDays, 53},
+    {2005, 1, 1, FirstDay::Monday, FirstWeek::OfFourDays, 53},
+    {2006, 1, 1, FirstDay::Monday, FirstWeek::OfFourDays, 52},
+    {2000, 1, 1, FirstDay::Monday, FirstWeek::Full, 52},
+    {2001, 1, 1, FirstDay::Monday, FirstWeek::Full, 1},
+    {2002, 1, 6, FirstDay::Monday, FirstWeek::Full, 53},
+    {2002, 1, 7, FirstDay::Monday, FirstWeek::Full, 1},
 };
 
 TEST(DateFunctions, DatePartNumbersWeeksByTheGivenRule) {
@@ -161,12 +167,13 @@ TEST(DateFunctions, DatePartNumbersWeeksByTheGivenRule) {
 }
 
 TEST(DateFunctions, WeeksFollowOneAnotherThroughTheYears) {
-    for (int rule = vbFirstJan1; rule <= vbFirstFullWeek; ++rule) {
-        for (int firstDay = vbSunday; firstDay <= vbSaturday; ++firstDay) {
+    for (int rule = FirstWeek::WithJanuary1; rule <= FirstWeek::Full; ++rule) {
+        for (int firstDay = FirstDay::Sunday; firstDay <= FirstDay::Saturday; ++firstDay) {
             int before = DatePart(u"ww", DateSerial(1995, 1, 1), firstDay, rule);
             for (double day = DateSerial(1995, 1, 2).value(); day < DateSerial(2035, 1, 1).value(); ++day) {
                 const int week = DatePart(u"ww", Date(day), firstDay, rule);
-                const bool newYear = rule == vbFirstJan1 && Month(Date(day)) == 1 && Day(Date(day)) == 1;
+                const bool newYear =
+                    rule == FirstWeek::WithJanuary1 && Month(Date(day)) == 1 && Day(Date(day)) == 1;
                 const bool starts = Weekday(Date(day), firstDay) == 1 || newYear;
                 ASSERT_TRUE(starts ? week == before + 1 || week == 1 : week == before) << day;
                 before = week;
@@ -205,8 +212,8 @@ TEST(DateFunctions, NamesComeFromTheLocale) {
         EXPECT_EQ(MonthName(1), u"enero");
         EXPECT_EQ(MonthName(12, true), u"dic");
         EXPECT_EQ(WeekdayName(1), u"lunes");
-        EXPECT_EQ(WeekdayName(1, false, vbSunday), u"domingo");
-        EXPECT_EQ(WeekdayName(7, true, vbMonday), u"dom");
+        EXPECT_EQ(WeekdayName(1, false, FirstDay::Sunday), u"domingo");
+        EXPECT_EQ(WeekdayName(7, true, FirstDay::Monday), u"dom");
     }
     const tests::LocaleScope scope("en-US");
     EXPECT_EQ(MonthName(5), u"May");

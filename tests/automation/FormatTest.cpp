@@ -346,9 +346,9 @@ TEST(Format, FormatNumberFollowsTheLocaleAndTheCaller) {
         EXPECT_EQ(FormatNumber(1234.565), u"1,234.57");
         EXPECT_EQ(FormatNumber(-1234.565), u"-1,234.57");
         EXPECT_EQ(FormatNumber(0.5, 0), u"1");
-        EXPECT_EQ(FormatNumber(0.5, 3, vbFalse), u".500");
-        EXPECT_EQ(FormatNumber(-0.5, 3, vbFalse, vbTrue), u"(.500)");
-        EXPECT_EQ(FormatNumber(1234.5, 1, vbTrue, vbFalse, vbFalse), u"1234.5");
+        EXPECT_EQ(FormatNumber(0.5, 3, Tristate::No), u".500");
+        EXPECT_EQ(FormatNumber(-0.5, 3, Tristate::No, Tristate::Yes), u"(.500)");
+        EXPECT_EQ(FormatNumber(1234.5, 1, Tristate::Yes, Tristate::No, Tristate::No), u"1234.5");
         EXPECT_EQ(FormatNumber(-0.001), u"-0.00");
         EXPECT_EQ(FormatNumber(1e300, 0).length(), 301u + 100);
     }
@@ -367,12 +367,12 @@ TEST(Format, FormatCurrencyTakesTheLocalesForms) {
         const tests::LocaleScope scope("en-US");
         EXPECT_EQ(FormatCurrency(1234.565), u"$1,234.57");
         EXPECT_EQ(FormatCurrency(-1234.565), u"($1,234.57)");
-        EXPECT_EQ(FormatCurrency(-1234.565, 1, vbTrue, vbFalse), u"-$1,234.6");
+        EXPECT_EQ(FormatCurrency(-1234.565, 1, Tristate::Yes, Tristate::No), u"-$1,234.6");
     }
     const tests::LocaleScope scope("es-ES");
     EXPECT_EQ(FormatCurrency(1234.565), u"1.234,57 €");
     EXPECT_EQ(FormatCurrency(-1234.565), u"-1.234,57 €");
-    EXPECT_EQ(FormatCurrency(-1234.565, 2, vbTrue, vbTrue), u"(1.234,57 €)");
+    EXPECT_EQ(FormatCurrency(-1234.565, 2, Tristate::Yes, Tristate::Yes), u"(1.234,57 €)");
 }
 
 TEST(Format, FormatPercentMultipliesByAHundred) {
@@ -386,10 +386,10 @@ TEST(Format, FormatDateTimeHasFiveForms) {
     const tests::LocaleScope scope("es-ES");
     const Date date(37653.4375);
     EXPECT_EQ(FormatDateTime(date), tests::asSystemWrites(u"01/02/2003 10:30:00"));
-    EXPECT_EQ(FormatDateTime(date, vbLongDate), u"sábado, 1 de febrero de 2003");
-    EXPECT_EQ(FormatDateTime(date, vbShortDate), tests::asSystemWrites(u"01/02/2003"));
-    EXPECT_EQ(FormatDateTime(date, vbLongTime), u"10:30:00");
-    EXPECT_EQ(FormatDateTime(date, vbShortTime), u"10:30");
+    EXPECT_EQ(FormatDateTime(date, NamedDateFormat::LongDate), u"sábado, 1 de febrero de 2003");
+    EXPECT_EQ(FormatDateTime(date, NamedDateFormat::ShortDate), tests::asSystemWrites(u"01/02/2003"));
+    EXPECT_EQ(FormatDateTime(date, NamedDateFormat::LongTime), u"10:30:00");
+    EXPECT_EQ(FormatDateTime(date, NamedDateFormat::ShortTime), u"10:30");
     EXPECT_EQ(errorOf([&] { FormatDateTime(date, 5); }), 5);
     EXPECT_EQ(errorOf([] { FormatDateTime(u"x"); }), 13);
 }

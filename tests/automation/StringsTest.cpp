@@ -49,7 +49,7 @@ TEST(Strings, SearchesFindTheFirstAndTheLast) {
     EXPECT_EQ(InStr(u"", u""), 0);
     EXPECT_EQ(InStr(9, u"abc", u"a"), 0);
     EXPECT_EQ(InStr(u"ABC", u"b"), 0);
-    EXPECT_EQ(InStr(1, u"ÁBC", u"á", vbTextCompare), 1);
+    EXPECT_EQ(InStr(1, u"ÁBC", u"á", CompareMethod::Text), 1);
     EXPECT_EQ(errorOf([] { InStr(0, u"abc", u"a"); }), 5);
     EXPECT_EQ(errorOf([] { InStr(1, u"abc", u"a", 7); }), 5);
     EXPECT_EQ(InStrRev(u"abcabc", u"c"), 6);
@@ -65,7 +65,7 @@ TEST(Strings, ReplaceStartsAtItsPositionAndCounts) {
     EXPECT_EQ(Replace(u"abcabc", u"b", u"", 3), u"cac");
     EXPECT_EQ(Replace(u"aaaa", u"a", u"b", 1, 2), u"bbaa");
     EXPECT_EQ(Replace(u"abc", u"", u"x"), u"abc");
-    EXPECT_EQ(Replace(u"abc", u"B", u"x", 1, -1, vbTextCompare), u"axc");
+    EXPECT_EQ(Replace(u"abc", u"B", u"x", 1, -1, CompareMethod::Text), u"axc");
     EXPECT_EQ(Replace(u"abc", u"a", u"x", 9), u"");
     EXPECT_EQ(errorOf([] { Replace(u"abc", u"a", u"x", 0); }), 5);
 }
@@ -78,7 +78,7 @@ TEST(Strings, SplitAndJoinAreInverse) {
     EXPECT_TRUE(Split(u"", u",").empty());
     EXPECT_EQ(Split(u"a,b,c", u",", 2).back(), u"b,c");
     EXPECT_EQ(Split(u"abc", u"").size(), 1u);
-    EXPECT_EQ(Split(u"aXbxc", u"x", -1, vbTextCompare).size(), 3u);
+    EXPECT_EQ(Split(u"aXbxc", u"x", -1, CompareMethod::Text).size(), 3u);
     EXPECT_EQ(Join({}, u","), u"");
 }
 
@@ -108,27 +108,27 @@ TEST(Strings, CharactersCrossTheAnsiCodePage) {
 }
 
 TEST(Strings, ProperCaseRaisesTheFirstLetterOfEachWord) {
-    EXPECT_EQ(StrConv(u"JUAN pÉREZ de la cruz", vbProperCase), u"Juan Pérez De La Cruz");
-    EXPECT_EQ(StrConv(u"ángel\tñuño\nóscar", vbProperCase), u"Ángel\tÑuño\nÓscar");
-    EXPECT_EQ(StrConv(u"o'neill-smith", vbProperCase), u"O'neill-smith");
-    EXPECT_EQ(StrConv(u"abc", vbUpperCase), u"ABC");
-    EXPECT_EQ(StrConv(u"ABC", vbLowerCase), u"abc");
+    EXPECT_EQ(StrConv(u"JUAN pÉREZ de la cruz", Conversion::ProperCase), u"Juan Pérez De La Cruz");
+    EXPECT_EQ(StrConv(u"ángel\tñuño\nóscar", Conversion::ProperCase), u"Ángel\tÑuño\nÓscar");
+    EXPECT_EQ(StrConv(u"o'neill-smith", Conversion::ProperCase), u"O'neill-smith");
+    EXPECT_EQ(StrConv(u"abc", Conversion::UpperCase), u"ABC");
+    EXPECT_EQ(StrConv(u"ABC", Conversion::LowerCase), u"abc");
 }
 
 TEST(Strings, BytesPackAndUnpack) {
-    const String packed = StrConv(u"abñ€", vbFromUnicode);
+    const String packed = StrConv(u"abñ€", Conversion::FromUnicode);
     ASSERT_EQ(packed.length(), 2u);
     EXPECT_EQ(packed[0], u'a' | u'b' << 8);
     EXPECT_EQ(packed[1], 0xF1 | 0x80 << 8);
-    EXPECT_EQ(StrConv(packed, vbUnicode), u"abñ€");
-    EXPECT_EQ(StrConv(u"abc", vbFromUnicode | vbUpperCase).length(), 2u);
-    EXPECT_EQ(StrConv(u"Aa 1", vbWide), u"Ａａ　１");
-    EXPECT_EQ(StrConv(u"Ａａ　１", vbNarrow), u"Aa 1");
-    EXPECT_EQ(StrConv(u"ひ", vbKatakana), u"ヒ");
-    EXPECT_EQ(StrConv(u"ヒ", vbHiragana), u"ひ");
+    EXPECT_EQ(StrConv(packed, Conversion::Unicode), u"abñ€");
+    EXPECT_EQ(StrConv(u"abc", Conversion::FromUnicode | Conversion::UpperCase).length(), 2u);
+    EXPECT_EQ(StrConv(u"Aa 1", Conversion::Wide), u"Ａａ　１");
+    EXPECT_EQ(StrConv(u"Ａａ　１", Conversion::Narrow), u"Aa 1");
+    EXPECT_EQ(StrConv(u"ひ", Conversion::Katakana), u"ヒ");
+    EXPECT_EQ(StrConv(u"ヒ", Conversion::Hiragana), u"ひ");
     EXPECT_EQ(errorOf([] { StrConv(u"a", 0); }), 5);
-    EXPECT_EQ(errorOf([] { StrConv(u"a", vbWide | vbNarrow); }), 5);
-    EXPECT_EQ(errorOf([] { StrConv(u"a", vbUnicode | vbFromUnicode); }), 5);
+    EXPECT_EQ(errorOf([] { StrConv(u"a", Conversion::Wide | Conversion::Narrow); }), 5);
+    EXPECT_EQ(errorOf([] { StrConv(u"a", Conversion::Unicode | Conversion::FromUnicode); }), 5);
     EXPECT_EQ(errorOf([] { StrConv(u"a", 256); }), 5);
 }
 

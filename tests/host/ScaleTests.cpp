@@ -90,7 +90,7 @@ TEST_F(ScaleTest, TextExtentsAreTheFontsInTheWindowsScale) {
 
 TEST_F(ScaleTest, ColoursWithTheTopBitAreTheSystems) {
     EXPECT_EQ(rgbFromOle(0x00123456), 0x123456u);
-    EXPECT_EQ(rgbFromOle(vbButtonFace), platform::GetSysColor(platform::COLOR_BTNFACE));
+    EXPECT_EQ(rgbFromOle(colorButtonFace), platform::GetSysColor(platform::COLOR_BTNFACE));
     EXPECT_EQ(rgbFromOle(static_cast<OLE_COLOR>(0x80000008u)),
               platform::GetSysColor(platform::COLOR_WINDOWTEXT));
 }

@@ -98,7 +98,7 @@ TEST_F(UserControlTest, WithoutAContainerTheExtenderFailsAndAmbientHasItsDefault
     auto control = automation::make<Probe>();
     EXPECT_EQ(errorOf([&] { control->Extender().Left(); }), 398);
     EXPECT_TRUE(control->Ambient().UserMode());
-    EXPECT_EQ(control->Ambient().BackColor(), vbButtonFace);
+    EXPECT_EQ(control->Ambient().BackColor(), colorButtonFace);
     EXPECT_EQ(control->Ambient().ScaleUnits(), u"Twip");
     EXPECT_TRUE(control->Ambient().Font());
 }

@@ -108,8 +108,8 @@ void RecordForm::makeLabels() {
         lbl& value = add<lbl>(u"lblValor", index);
         value.AutoSize(tesela::tslAutoSize_NO);
         value.BorderStyle(tesela::tslBorderStyleFixedSingle);
-        value.BackColor(host::vbWindowBackground);
-        value.ForeColor(host::vbWindowText);
+        value.BackColor(host::colorWindowBackground);
+        value.ForeColor(host::colorWindowText);
         value.Alias(table_);
         value.Campo(column.name);
         value.TipoDato(dataTypeOf(column.type));
