@@ -90,6 +90,10 @@ HBRUSH CreateBrushIndirect(const LOGBRUSH* data);
 /// Widths of 0 and 1 draw lines of one pixel; above that the style is solid.
 HPEN CreatePen(int style, int width, COLORREF color);
 HPEN CreatePenIndirect(const LOGPEN* data);
+/// PS_COSMETIC (width 1, a plain colour) or PS_GEOMETRIC, with a PS_... line style, end cap and joint. With
+/// PS_USERSTYLE `dashes` holds `dashCount` (up to 16) lengths of dashes and gaps in turn: pixels for a
+/// cosmetic pen, logical units for a geometric one.
+HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCount, const DWORD* dashes);
 
 // --- State; each returns the previous value --------------------------------------------------------
 
@@ -130,6 +134,20 @@ BOOL OffsetViewportOrgEx(HDC dc, int x, int y, POINT* previous);
 BOOL DPtoLP(HDC dc, POINT* points, int count);
 BOOL LPtoDP(HDC dc, POINT* points, int count);
 
+/// MM_...; returns the previous mode, 0 on failure. The metric and English modes and MM_TWIPS count upwards
+/// and take their scale from the device's size. Extents stay where they are in MM_ANISOTROPIC only.
+int SetMapMode(HDC dc, int mode);
+int GetMapMode(HDC dc);
+/// Extents set a scale of viewport to window. Outside of MM_ISOTROPIC and MM_ANISOTROPIC they change nothing
+/// and succeed; an extent of 0 fails. MM_ISOTROPIC shrinks the viewport's to one scale for both axes.
+BOOL SetWindowExtEx(HDC dc, int width, int height, SIZE* previous);
+BOOL GetWindowExtEx(HDC dc, SIZE* extent);
+BOOL SetViewportExtEx(HDC dc, int width, int height, SIZE* previous);
+BOOL GetViewportExtEx(HDC dc, SIZE* extent);
+/// Multiplies an extent by a fraction for each axis; a factor of 0 fails.
+BOOL ScaleWindowExtEx(HDC dc, int multiplierX, int divisorX, int multiplierY, int divisorY, SIZE* previous);
+BOOL ScaleViewportExtEx(HDC dc, int multiplierX, int divisorX, int multiplierY, int divisorY, SIZE* previous);
+
 // --- Shapes ----------------------------------------------------------------------------------------
 
 BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
@@ -150,7 +168,72 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect);
 BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags);
 /// The colour really set, or CLR_INVALID outside the clipping.
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF color);
+/// The same without telling the colour; true outside the clipping too.
+BOOL SetPixelV(HDC dc, int x, int y, COLORREF color);
 COLORREF GetPixel(HDC dc, int x, int y);
+
+// --- Curves ----------------------------------------------------------------------------------------
+// Ellipses lie in the rectangle without its right and bottom edge. Arcs run in the context's arc direction
+// from the ray through the start point to that through the end point, both from the centre; equal rays give
+// the whole ellipse.
+
+BOOL Ellipse(HDC dc, int left, int top, int right, int bottom);
+/// A rectangle whose corners are quarters of an ellipse of the given size.
+BOOL RoundRect(HDC dc, int left, int top, int right, int bottom, int width, int height);
+BOOL Arc(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
+/// With a line from the current position to the start; the end becomes the current position.
+BOOL ArcTo(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
+/// The arc closed by a line between its ends, filled with the brush.
+BOOL Chord(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
+/// The arc closed by lines to the centre, filled with the brush.
+BOOL Pie(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
+/// AD_COUNTERCLOCKWISE or AD_CLOCKWISE; returns the previous direction, 0 on failure.
+int SetArcDirection(HDC dc, int direction);
+int GetArcDirection(HDC dc);
+
+/// Several polygons filled as one by the polygon fill mode; `counts` holds the points of each, at least 2.
+BOOL PolyPolygon(HDC dc, const POINT* points, const INT* counts, int polygons);
+BOOL PolyPolyline(HDC dc, const POINT* points, const DWORD* counts, DWORD lines);
+/// Cubic Béziers: a start, then two controls and an end for each. `count` is 3n + 1.
+BOOL PolyBezier(HDC dc, const POINT* points, DWORD count);
+/// The same from the current position, which goes along; `count` is 3n.
+BOOL PolyBezierTo(HDC dc, const POINT* points, DWORD count);
+/// Lines, curves and moves; `types` holds a PT_... for each point.
+BOOL PolyDraw(HDC dc, const POINT* points, const BYTE* types, int count);
+
+/// Fills with the brush the area around a point: up to a border of `color` (FLOODFILLBORDER), or as far as
+/// it is of `color` itself (FLOODFILLSURFACE). False when nothing could be filled.
+BOOL ExtFloodFill(HDC dc, int x, int y, COLORREF color, UINT mode);
+
+// --- Paths -----------------------------------------------------------------------------------------
+// Between BeginPath and EndPath lines and shapes are collected, in device coordinates, and not painted. The
+// operations on a path need a closed bracket, fail without one, and all but FlattenPath, WidenPath and
+// GetPath use the path up.
+
+BOOL BeginPath(HDC dc);
+BOOL EndPath(HDC dc);
+/// Drops the path, whether its bracket is open or closed.
+BOOL AbortPath(HDC dc);
+/// Joins the last point of the open figure with its first. Only within a bracket.
+BOOL CloseFigure(HDC dc);
+BOOL StrokePath(HDC dc);
+/// Closes open figures and fills with the brush in the polygon fill mode.
+BOOL FillPath(HDC dc);
+BOOL StrokeAndFillPath(HDC dc);
+/// Turns curves into lines.
+BOOL FlattenPath(HDC dc);
+/// Replaces the path by the outline that a geometric pen would fill.
+BOOL WidenPath(HDC dc);
+/// The inside of the path as a new region, in device coordinates; no handle for an empty one.
+HRGN PathToRegion(HDC dc);
+/// Combines the clipping with the inside of the path by RGN_...
+BOOL SelectClipPath(HDC dc, int mode);
+/// Copies points (logical) and PT_... types; with a `count` of 0 only tells how many there are. -1 on
+/// failure.
+int GetPath(HDC dc, POINT* points, BYTE* types, int count);
+/// How many widths a pointed joint may reach out before it is cut.
+BOOL SetMiterLimit(HDC dc, float limit, float* previous);
+BOOL GetMiterLimit(HDC dc, float* limit);
 
 // --- Fills and copies ------------------------------------------------------------------------------
 
@@ -211,6 +294,13 @@ int GetTextFaceW(HDC dc, int size, char16_t* name);
 
 HRGN CreateRectRgn(int left, int top, int right, int bottom);
 HRGN CreateRectRgnIndirect(const RECT* rect);
+/// An ellipse within a rectangle, without its right and bottom edge.
+HRGN CreateEllipticRgn(int left, int top, int right, int bottom);
+HRGN CreateEllipticRgnIndirect(const RECT* rect);
+/// A rectangle whose corners are quarters of an ellipse of the given size.
+HRGN CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height);
+HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode);
+HRGN CreatePolyPolygonRgn(const POINT* points, const INT* counts, int polygons, int fillMode);
 BOOL SetRectRgn(HRGN region, int left, int top, int right, int bottom);
 int CombineRgn(HRGN target, HRGN a, HRGN b, int mode);
 BOOL EqualRgn(HRGN a, HRGN b);
@@ -219,6 +309,11 @@ BOOL PtInRegion(HRGN region, int x, int y);
 BOOL RectInRegion(HRGN region, const RECT* rect);
 int GetRgnBox(HRGN region, RECT* box);
 BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush);
+/// The same with the brush that is selected.
+BOOL PaintRgn(HDC dc, HRGN region);
+/// The region's border, inwards from its edge, of the given width and height.
+BOOL FrameRgn(HDC dc, HRGN region, HBRUSH brush, int width, int height);
+BOOL InvertRgn(HDC dc, HRGN region);
 
 /// Replaces the clipping by a copy of the region, in device pixels; no region takes it away.
 int SelectClipRgn(HDC dc, HRGN region);

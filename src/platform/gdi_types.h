@@ -57,6 +57,29 @@ inline constexpr int OPAQUE = 2;
 inline constexpr int ALTERNATE = 1; ///< Polygon fill: odd number of crossings
 inline constexpr int WINDING = 2;   ///< Polygon fill: crossings in different directions count apart
 
+/// Mapping modes: pixels, tenths and hundredths of a millimetre, hundredths and thousandths of an inch,
+/// twips; then extents of one's own with the same scale on both axes or with any.
+inline constexpr int MM_TEXT = 1;
+inline constexpr int MM_LOMETRIC = 2;
+inline constexpr int MM_HIMETRIC = 3;
+inline constexpr int MM_LOENGLISH = 4;
+inline constexpr int MM_HIENGLISH = 5;
+inline constexpr int MM_TWIPS = 6;
+inline constexpr int MM_ISOTROPIC = 7;
+inline constexpr int MM_ANISOTROPIC = 8;
+
+inline constexpr int AD_COUNTERCLOCKWISE = 1;
+inline constexpr int AD_CLOCKWISE = 2;
+
+/// The points of paths and of PolyDraw. PT_CLOSEFIGURE is added to the last point of a closed figure.
+inline constexpr BYTE PT_CLOSEFIGURE = 1;
+inline constexpr BYTE PT_LINETO = 2;
+inline constexpr BYTE PT_BEZIERTO = 4;
+inline constexpr BYTE PT_MOVETO = 6;
+
+inline constexpr UINT FLOODFILLBORDER = 0;
+inline constexpr UINT FLOODFILLSURFACE = 1;
+
 inline constexpr UINT TA_NOUPDATECP = 0;
 inline constexpr UINT TA_UPDATECP = 1;
 inline constexpr UINT TA_LEFT = 0;
@@ -80,6 +103,7 @@ inline constexpr DWORD OBJ_FONT = 6;
 inline constexpr DWORD OBJ_BITMAP = 7;
 inline constexpr DWORD OBJ_REGION = 8;
 inline constexpr DWORD OBJ_MEMDC = 10;
+inline constexpr DWORD OBJ_EXTPEN = 11; ///< A pen made by ExtCreatePen
 
 inline constexpr int WHITE_BRUSH = 0;
 inline constexpr int LTGRAY_BRUSH = 1;
@@ -110,6 +134,20 @@ inline constexpr int PS_DASHDOT = 3;
 inline constexpr int PS_DASHDOTDOT = 4;
 inline constexpr int PS_NULL = 5;
 inline constexpr int PS_INSIDEFRAME = 6;
+inline constexpr int PS_USERSTYLE = 7; ///< These two for ExtCreatePen only
+inline constexpr int PS_ALTERNATE = 8; ///< Every second pixel; cosmetic
+inline constexpr DWORD PS_STYLE_MASK = 0x0000000F;
+inline constexpr DWORD PS_ENDCAP_ROUND = 0x00000000;
+inline constexpr DWORD PS_ENDCAP_SQUARE = 0x00000100;
+inline constexpr DWORD PS_ENDCAP_FLAT = 0x00000200;
+inline constexpr DWORD PS_ENDCAP_MASK = 0x00000F00;
+inline constexpr DWORD PS_JOIN_ROUND = 0x00000000;
+inline constexpr DWORD PS_JOIN_BEVEL = 0x00001000;
+inline constexpr DWORD PS_JOIN_MITER = 0x00002000;
+inline constexpr DWORD PS_JOIN_MASK = 0x0000F000;
+inline constexpr DWORD PS_COSMETIC = 0x00000000;
+inline constexpr DWORD PS_GEOMETRIC = 0x00010000;
+inline constexpr DWORD PS_TYPE_MASK = 0x000F0000;
 
 inline constexpr UINT BS_SOLID = 0;
 inline constexpr UINT BS_NULL = 1;
