@@ -56,6 +56,11 @@ std::int32_t himetric(int pixels, Axis axis) {
         std::lround(pixels * twipsPerPixel(axis) / twipsPerUnit(ScaleMode::Himetric, axis)));
 }
 
+std::int32_t pixelsOf(std::int32_t himetrics, Axis axis) {
+    return static_cast<std::int32_t>(
+        std::lround(himetrics * twipsPerUnit(ScaleMode::Himetric, axis) / twipsPerPixel(axis)));
+}
+
 std::vector<std::uint8_t> readFile(const automation::String& name) {
     const platform::HANDLE file =
         platform::CreateFileW(name.c_str(), platform::GENERIC_READ, platform::FILE_SHARE_READ, nullptr,
@@ -79,12 +84,23 @@ Picture::Picture(const platform::PictureData& data) {
     takePixels(data);
 }
 
-Picture::Picture(platform::HBITMAP bitmap) : type_(PictureType::Bitmap), bitmap_(bitmap) {
+Picture::Picture(platform::HBITMAP bitmap, platform::HPALETTE palette, HandleOwner owner)
+    : type_(PictureType::Bitmap), bitmap_(bitmap), palette_(palette), owner_(owner) {
     platform::BITMAP about;
     if (platform::GetObjectBitmap(bitmap, &about)) size_ = {about.bmWidth, about.bmHeight};
 }
 
-Picture::Picture(platform::HICON icon) : type_(PictureType::Icon), icon_(icon) {
+Picture::Picture(platform::HENHMETAFILE metafile, PictureType type, HandleOwner owner)
+    : type_(type), metafile_(metafile), owner_(owner) {
+    platform::ENHMETAHEADER header;
+    if (!platform::GetEnhMetaFileHeader(metafile, sizeof header, &header)) return;
+    const platform::RECT& frame = header.rclFrame;
+    himetricSize_ = {frame.right - frame.left, frame.bottom - frame.top};
+    size_ = {pixelsOf(himetricSize_.cx, Axis::Horizontal), pixelsOf(himetricSize_.cy, Axis::Vertical)};
+}
+
+Picture::Picture(platform::HICON icon, HandleOwner owner)
+    : type_(PictureType::Icon), icon_(icon), owner_(owner) {
     platform::ICONINFO about;
     if (!platform::GetIconInfo(icon, &about)) return;
     platform::BITMAP mask;
@@ -96,8 +112,11 @@ Picture::Picture(platform::HICON icon) : type_(PictureType::Icon), icon_(icon) {
 }
 
 Picture::~Picture() {
+    if (owner_ == HandleOwner::Caller) return;
     if (bitmap_) platform::DeleteObject(bitmap_);
+    if (palette_) platform::DeleteObject(palette_);
     if (icon_) platform::DestroyIcon(icon_);
+    if (metafile_) platform::DeleteEnhMetaFile(metafile_);
 }
 
 void Picture::takePixels(const platform::PictureData& data) {
@@ -124,15 +143,16 @@ void Picture::takePixels(const platform::PictureData& data) {
 }
 
 std::int32_t Picture::Handle() const {
+    if (metafile_) return static_cast<std::int32_t>(metafile_.value);
     return static_cast<std::int32_t>(type_ == PictureType::Icon ? icon_.value : bitmap_.value);
 }
 
 std::int32_t Picture::Width() const {
-    return himetric(size_.cx, Axis::Horizontal);
+    return metafile_ ? himetricSize_.cx : himetric(size_.cx, Axis::Horizontal);
 }
 
 std::int32_t Picture::Height() const {
-    return himetric(size_.cy, Axis::Vertical);
+    return metafile_ ? himetricSize_.cy : himetric(size_.cy, Axis::Vertical);
 }
 
 void Picture::render(platform::HDC dc, int x, int y, int width, int height) const {
@@ -180,7 +200,8 @@ const automation::ClassTable& Picture::table() {
                                                     .defaultMember()
                                                     .get("Type", &Picture::Type)
                                                     .get("Width", &Picture::Width)
-                                                    .get("Height", &Picture::Height);
+                                                    .get("Height", &Picture::Height)
+                                                    .get("hPal", &Picture::hPal);
     return table;
 }
 

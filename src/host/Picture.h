@@ -2,7 +2,7 @@
 
 #include "automation/Object.h"
 #include "automation/String.h"
-#include "platform/gdi.h"
+#include "platform/metafiles.h"
 #include "platform/pictures.h"
 #include "platform/resources.h"
 
@@ -12,27 +12,37 @@ namespace host {
 
 enum class PictureType : short { None = 0, Bitmap = 1, Metafile = 2, Icon = 3, EnhMetafile = 4 };
 
-/// A picture object: a bitmap or an icon with its size. Immutable; the GDI handle is its own.
+/// Whether a picture ends the handle that it was made of.
+enum class HandleOwner { Picture, Caller };
+
+/// A picture object: a bitmap, an icon or a metafile with its size. Immutable.
 class Picture : public automation::Object {
 public:
     /// The empty picture.
     Picture() = default;
     /// From decoded pixels.
     explicit Picture(const platform::PictureData& data);
-    /// Takes the handle over.
-    explicit Picture(platform::HBITMAP bitmap);
-    explicit Picture(platform::HICON icon);
+    /// Wraps a handle. A palette goes with its bitmap and has the same owner. A metafile that was made of an
+    /// older one counts as PictureType::Metafile.
+    explicit Picture(platform::HBITMAP bitmap, platform::HPALETTE palette = {},
+                     HandleOwner owner = HandleOwner::Picture);
+    explicit Picture(platform::HICON icon, HandleOwner owner = HandleOwner::Picture);
+    explicit Picture(platform::HENHMETAFILE metafile, PictureType type = PictureType::EnhMetafile,
+                     HandleOwner owner = HandleOwner::Picture);
     ~Picture() override;
 
     PictureType Type() const { return type_; }
-    /// The bitmap's or icon's handle as a program's Long.
+    /// The bitmap's, icon's or metafile's handle as a program's Long.
     std::int32_t Handle() const;
+    /// The handle of a bitmap's palette as a program's Long; 0 if it has none.
+    std::int32_t hPal() const { return static_cast<std::int32_t>(palette_.value); }
     /// In hundredths of a millimetre.
     std::int32_t Width() const;
     std::int32_t Height() const;
 
     platform::HBITMAP hBitmap() const { return bitmap_; }
     platform::HICON hIcon() const { return icon_; }
+    platform::HENHMETAFILE hEnhMetaFile() const { return metafile_; }
     /// In pixels.
     platform::SIZE pixels() const { return size_; }
     /// Draws the whole picture, stretched to the size; pixels that the picture leaves out keep what was
@@ -52,8 +62,12 @@ private:
 
     PictureType type_ = PictureType::None;
     platform::HBITMAP bitmap_;
+    platform::HPALETTE palette_;
     platform::HICON icon_;
-    platform::SIZE size_;
+    platform::HENHMETAFILE metafile_;
+    HandleOwner owner_ = HandleOwner::Picture;
+    platform::SIZE size_;         ///< Pixels
+    platform::SIZE himetricSize_; ///< Of a metafile, which has no pixels of its own
     std::vector<std::uint8_t> source_;
 };
 

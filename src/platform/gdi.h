@@ -253,6 +253,10 @@ BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GR
 // Lengths are in units (UTF-16) or bytes (the ANSI code page). The A forms convert and call the W forms.
 
 HFONT CreateFontIndirectW(const LOGFONTW* data);
+/// Sizes and angles as in LOGFONTW. A null or empty name takes any font of the pitch and family.
+HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                  DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision,
+                  DWORD quality, DWORD pitchAndFamily, const char* faceName);
 /// Calls `each` once for every font family (or for each style of the family named in `filter->lfFaceName`)
 /// until it returns 0; the result is the last one that it returned, 1 when there was none.
 using FontEnumerator = std::function<int(const ENUMLOGFONTEXW& font, const TEXTMETRICW& metrics, DWORD type)>;
@@ -283,8 +287,12 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
 BOOL GetTextExtentExPointA(HDC dc, const char* text, int length, int maxExtent, INT* fit, INT* extents,
                            SIZE* size);
 BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics);
+BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 /// Advance widths of the characters `first` to `last`.
 BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths);
+BOOL GetCharWidth32A(HDC dc, UINT first, UINT last, INT* widths);
+/// The room before, of and after the ink of the characters `first` to `last`; FALSE for a bitmap font.
+BOOL GetCharABCWidthsW(HDC dc, UINT first, UINT last, ABC* widths);
 /// The name of the font in use with its NUL; returns the number of units written.
 int GetTextFaceW(HDC dc, int size, char16_t* name);
 

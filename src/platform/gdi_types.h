@@ -104,6 +104,8 @@ inline constexpr DWORD OBJ_BITMAP = 7;
 inline constexpr DWORD OBJ_REGION = 8;
 inline constexpr DWORD OBJ_MEMDC = 10;
 inline constexpr DWORD OBJ_EXTPEN = 11; ///< A pen made by ExtCreatePen
+inline constexpr DWORD OBJ_ENHMETADC = 12;
+inline constexpr DWORD OBJ_ENHMETAFILE = 13;
 
 inline constexpr int WHITE_BRUSH = 0;
 inline constexpr int LTGRAY_BRUSH = 1;
@@ -386,6 +388,37 @@ struct TEXTMETRICW {
     BYTE tmStruckOut = 0;
     BYTE tmPitchAndFamily = 0;
     BYTE tmCharSet = 0;
+};
+
+/// The same with characters of the ANSI code page.
+struct TEXTMETRICA {
+    LONG tmHeight = 0;
+    LONG tmAscent = 0;
+    LONG tmDescent = 0;
+    LONG tmInternalLeading = 0;
+    LONG tmExternalLeading = 0;
+    LONG tmAveCharWidth = 0;
+    LONG tmMaxCharWidth = 0;
+    LONG tmWeight = 0;
+    LONG tmOverhang = 0;
+    LONG tmDigitizedAspectX = 0;
+    LONG tmDigitizedAspectY = 0;
+    BYTE tmFirstChar = 0;
+    BYTE tmLastChar = 0;
+    BYTE tmDefaultChar = 0;
+    BYTE tmBreakChar = 0;
+    BYTE tmItalic = 0;
+    BYTE tmUnderlined = 0;
+    BYTE tmStruckOut = 0;
+    BYTE tmPitchAndFamily = 0;
+    BYTE tmCharSet = 0;
+};
+
+/// The parts of a character's advance; their sum is the advance.
+struct ABC {
+    INT abcA = 0;  ///< From the pen position to the ink; below zero when the ink begins before it
+    UINT abcB = 0; ///< Width of the ink
+    INT abcC = 0;  ///< From the ink to the next pen position
 };
 
 /// The kinds that EnumFontFamiliesExW reports.

@@ -4,8 +4,10 @@
 
 #include "platform/types.h"
 
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -192,6 +194,18 @@ int CountClipboardFormats();
 /// Puts text on the clipboard, in place of what it held; it is then there as CF_UNICODETEXT and CF_TEXT.
 /// Opens and closes the clipboard itself when the caller has not.
 bool setClipboardText(std::u16string_view text);
+
+/// Gives the clipboard an object, which belongs to it from then on: a bitmap (CF_BITMAP), a palette
+/// (CF_PALETTE) or an enhanced metafile (CF_ENHMETAFILE), by its handle's value. The clipboard must be open.
+/// No handle on failure; the object stays the caller's then.
+HANDLE SetClipboardData(UINT format, HANDLE object);
+/// The clipboard's object of a format, which stays the clipboard's: good until it is emptied. A bitmap is
+/// made of a device-independent one and the other way.
+HANDLE GetClipboardData(UINT format);
+
+/// The same for formats that are bytes in memory, CF_DIB above all: a bitmap's header, colours and pixels.
+bool setClipboardBytes(UINT format, std::span<const BYTE> bytes);
+std::vector<BYTE> clipboardBytes(UINT format);
 
 /// The clipboard's text with CR LF line ends; empty when it holds none.
 std::u16string clipboardText();

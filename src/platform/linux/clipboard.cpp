@@ -1,6 +1,7 @@
 // The clipboard, and the sounds.
 
 #include "platform/clock.h"
+#include "platform/linux/clipboard_objects.h"
 #include "platform/linux/display.h"
 #include "platform/linux/time_source.h"
 
@@ -59,19 +60,38 @@ BOOL CloseClipboard() {
 BOOL EmptyClipboard() {
     if (!openState().open) return FALSE_;
     display().setClipboardText({});
+    clipboardObjects().clear();
     return TRUE_;
 }
 
 BOOL IsClipboardFormatAvailable(UINT format) {
     const bool textual = std::find(TextFormats.begin(), TextFormats.end(), format) != TextFormats.end();
-    return textual && display().clipboardHasText();
+    return textual ? display().clipboardHasText() : clipboardObjects().has(format);
 }
 
 int CountClipboardFormats() {
-    return display().clipboardHasText() ? static_cast<int>(TextFormats.size()) : 0;
+    return (display().clipboardHasText() ? static_cast<int>(TextFormats.size()) : 0) +
+           clipboardObjects().count();
+}
+
+HANDLE SetClipboardData(UINT format, HANDLE object) {
+    return openState().open && clipboardObjects().set(format, object) ? object : HANDLE();
+}
+
+HANDLE GetClipboardData(UINT format) {
+    return openState().open ? clipboardObjects().object(format) : HANDLE();
+}
+
+bool setClipboardBytes(UINT format, std::span<const BYTE> bytes) {
+    return clipboardObjects().setBytes(format, bytes);
+}
+
+std::vector<BYTE> clipboardBytes(UINT format) {
+    return clipboardObjects().bytes(format);
 }
 
 bool setClipboardText(std::u16string_view text) {
+    clipboardObjects().clear();
     display().setClipboardText(withPlainLineEnds(text));
     return true;
 }

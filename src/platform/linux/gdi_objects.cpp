@@ -2,6 +2,7 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/locale.h"
 
 #include <algorithm>
 #include <cstring>
@@ -126,6 +127,8 @@ DWORD typeOf(const Object& object) {
         return OBJ_REGION;
     case HandleKind::Palette:
         return OBJ_PAL;
+    case HandleKind::MetaFile:
+        return OBJ_ENHMETAFILE;
     default:
         return 0;
     }
@@ -296,6 +299,27 @@ HPEN CreatePenIndirect(const LOGPEN* data) {
     pen->data.lopnWidth = {data->lopnWidth.x < 0 ? -data->lopnWidth.x : data->lopnWidth.x, 0};
     if (data->lopnStyle > static_cast<UINT>(PS_INSIDEFRAME)) pen->data.lopnStyle = PS_SOLID;
     return HPEN(addObject(std::move(pen)));
+}
+
+HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                  DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision,
+                  DWORD quality, DWORD pitchAndFamily, const char* faceName) {
+    LOGFONTW data{height,
+                  width,
+                  escapement,
+                  orientation,
+                  weight,
+                  static_cast<BYTE>(italic),
+                  static_cast<BYTE>(underline),
+                  static_cast<BYTE>(strikeOut),
+                  static_cast<BYTE>(charSet),
+                  static_cast<BYTE>(outPrecision),
+                  static_cast<BYTE>(clipPrecision),
+                  static_cast<BYTE>(quality),
+                  static_cast<BYTE>(pitchAndFamily),
+                  {}};
+    if (faceName) wideFromAnsi(faceName).copy(data.lfFaceName, LF_FACESIZE - 1);
+    return CreateFontIndirectW(&data);
 }
 
 HFONT CreateFontIndirectW(const LOGFONTW* data) {

@@ -165,6 +165,12 @@ void copyName(std::u16string_view name, char16_t (&out)[Size]) {
     out[name.copy(out, Size - 1)] = 0;
 }
 
+/// A character of a font's metrics as a byte; those beyond are told as the last one.
+BYTE narrowLimit(char16_t character) {
+    constexpr char16_t last = 0xFF;
+    return static_cast<BYTE>(std::min(character, last));
+}
+
 /// A font of the list as a record, at the height that fonts without a size are reported in.
 int reportFont(const FontEntry& entry, const FontEnumerator& each) {
     constexpr LONG reportedEm = 32;
@@ -279,6 +285,32 @@ BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
     return TRUE_;
 }
 
+BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
+    TEXTMETRICW wide;
+    if (!metrics || !GetTextMetricsW(dc, &wide)) return FALSE_;
+    *metrics = {wide.tmHeight,
+                wide.tmAscent,
+                wide.tmDescent,
+                wide.tmInternalLeading,
+                wide.tmExternalLeading,
+                wide.tmAveCharWidth,
+                wide.tmMaxCharWidth,
+                wide.tmWeight,
+                wide.tmOverhang,
+                wide.tmDigitizedAspectX,
+                wide.tmDigitizedAspectY,
+                narrowLimit(wide.tmFirstChar),
+                narrowLimit(wide.tmLastChar),
+                narrowLimit(wide.tmDefaultChar),
+                narrowLimit(wide.tmBreakChar),
+                wide.tmItalic,
+                wide.tmUnderlined,
+                wide.tmStruckOut,
+                wide.tmPitchAndFamily,
+                wide.tmCharSet};
+    return TRUE_;
+}
+
 BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths) {
     DeviceContext* context = find<DeviceContext>(dc);
     FontFace* face = context ? faceOf(*context) : nullptr;
@@ -286,6 +318,18 @@ BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths) {
     if (!face || !widths || first > last || last > lastCharacter) return FALSE_;
     for (UINT c = first; c <= last; ++c)
         widths[c - first] = face->advance(static_cast<char16_t>(c));
+    return TRUE_;
+}
+
+BOOL GetCharWidth32A(HDC dc, UINT first, UINT last, INT* widths) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    FontFace* face = context ? faceOf(*context) : nullptr;
+    constexpr UINT lastCharacter = 0xFF;
+    if (!face || !widths || first > last || last > lastCharacter) return FALSE_;
+    for (UINT c = first; c <= last; ++c) {
+        const char byte = static_cast<char>(c);
+        widths[c - first] = face->advance(wideText(&byte, 1).front());
+    }
     return TRUE_;
 }
 

@@ -21,6 +21,14 @@ HFONT CreateFontIndirectW(const LOGFONTW* data) {
     return handleFrom<HFONT>(::CreateFontIndirectW(as<::LOGFONTW>(data)));
 }
 
+HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
+                  DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision,
+                  DWORD quality, DWORD pitchAndFamily, const char* faceName) {
+    return handleFrom<HFONT>(::CreateFontA(height, width, escapement, orientation, weight, italic, underline,
+                                           strikeOut, charSet, outPrecision, clipPrecision, quality,
+                                           pitchAndFamily, faceName));
+}
+
 BOOL TextOutW(HDC dc, int x, int y, const char16_t* text, int length) {
     return ::TextOutW(native(dc), x, y, wide(text), length);
 }
@@ -69,10 +77,24 @@ BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
     return ::GetTextMetricsW(native(dc), as<::TEXTMETRICW>(metrics));
 }
 
+BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
+    return ::GetTextMetricsA(native(dc), as<::TEXTMETRICA>(metrics));
+}
+
 BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths) {
     // Not every version of the system looks at the order before it reads the table.
     if (last < first) return FALSE_;
     return ::GetCharWidth32W(native(dc), first, last, widths);
+}
+
+BOOL GetCharWidth32A(HDC dc, UINT first, UINT last, INT* widths) {
+    if (last < first) return FALSE_;
+    return ::GetCharWidth32A(native(dc), first, last, widths);
+}
+
+BOOL GetCharABCWidthsW(HDC dc, UINT first, UINT last, ABC* widths) {
+    if (last < first) return FALSE_;
+    return ::GetCharABCWidthsW(native(dc), first, last, as<::ABC>(widths));
 }
 
 int GetTextFaceW(HDC dc, int size, char16_t* name) {

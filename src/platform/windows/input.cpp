@@ -157,6 +157,28 @@ private:
     bool opened_;
 };
 
+/// Memory of the system's that the clipboard can take over, holding the bytes; null when there is none left.
+::HGLOBAL memoryWith(std::span<const BYTE> bytes) {
+    const ::HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    auto* data = memory ? ::GlobalLock(memory) : nullptr;
+    if (!data) return nullptr;
+    std::memcpy(data, bytes.data(), bytes.size());
+    ::GlobalUnlock(memory);
+    return memory;
+}
+
+/// Hands memory over to the open clipboard.
+bool giveMemory(UINT format, ::HGLOBAL memory) {
+    if (!memory) return false;
+    if (::SetClipboardData(format, memory)) return true;
+    ::GlobalFree(memory);
+    return false;
+}
+
+std::span<const BYTE> bytesOf(std::u16string_view text) {
+    return {reinterpret_cast<const BYTE*>(text.data()), text.size() * sizeof(char16_t)};
+}
+
 } // namespace
 
 BOOL OpenClipboard(HWND owner) {
@@ -173,16 +195,32 @@ BOOL CloseClipboard() {
 bool setClipboardText(std::u16string_view text) {
     const ClipboardScope scope;
     if (!scope.usable() || !::EmptyClipboard()) return false;
-    const std::size_t size = text.size() * sizeof(char16_t);
-    const ::HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, size + sizeof(char16_t));
-    auto* data = memory ? static_cast<char*>(::GlobalLock(memory)) : nullptr;
-    if (!data) return false;
-    std::memcpy(data, text.data(), size);
-    std::memset(data + size, 0, sizeof(char16_t));
+    std::u16string ended(text);
+    ended += u'\0';
+    return giveMemory(CF_UNICODETEXT, memoryWith(bytesOf(ended)));
+}
+
+HANDLE SetClipboardData(UINT format, HANDLE object) {
+    return handleFrom<HANDLE>(::SetClipboardData(format, native(object)));
+}
+
+HANDLE GetClipboardData(UINT format) {
+    return handleFrom<HANDLE>(::GetClipboardData(format));
+}
+
+bool setClipboardBytes(UINT format, std::span<const BYTE> bytes) {
+    const ClipboardScope scope;
+    return scope.usable() && giveMemory(format, memoryWith(bytes));
+}
+
+std::vector<BYTE> clipboardBytes(UINT format) {
+    const ClipboardScope scope;
+    const ::HANDLE memory = scope.usable() ? ::GetClipboardData(format) : nullptr;
+    const auto* data = memory ? static_cast<const BYTE*>(::GlobalLock(memory)) : nullptr;
+    if (!data) return {};
+    std::vector<BYTE> bytes(data, data + ::GlobalSize(memory));
     ::GlobalUnlock(memory);
-    if (::SetClipboardData(CF_UNICODETEXT, memory)) return true;
-    ::GlobalFree(memory);
-    return false;
+    return bytes;
 }
 
 std::u16string clipboardText() {
