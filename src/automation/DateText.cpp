@@ -93,7 +93,7 @@ private:
     bool readSeparator();
     int timeSeparatorLength() const;
     bool addNumber(int number);
-    int matchHalfDay(bool letterAlone);
+    int matchHalfDay();
     bool matchHalfDayName(std::u16string_view name);
     bool isLiteralWord(std::u16string_view word) const;
 
@@ -145,7 +145,7 @@ bool DateReader::readNumberItem() {
     const char16_t* const afterNumber = at_;
     skipBlanks();
     if (timeSeparatorLength() > 0) return readTime(number);
-    const bool marked = matchHalfDay(afterNumber == at_) != noValue;
+    const bool marked = matchHalfDay() != noValue;
     at_ = afterNumber;
     if (marked) return readTime(number);
     if (at_ != end_ && end_ - at_ > 1 && *at_ == u'.' && isDigit(at_[1])) return readDotted(number);
@@ -201,7 +201,7 @@ bool DateReader::readTime(int hour) {
     if (hour_ >= hours || minute_ >= sixty || second_ >= sixty) return false;
     const char16_t* const afterTime = at_;
     skipBlanks();
-    const int half = matchHalfDay(true);
+    const int half = matchHalfDay();
     if (half == noValue) at_ = afterTime;
     if (half == 0 && hour_ == noon) hour_ = 0;
     if (half == 1 && hour_ < noon) hour_ += noon;
@@ -210,9 +210,10 @@ bool DateReader::readTime(int hour) {
     return at_ == end_ || isBlank(*at_) || *at_ == u',';
 }
 
-/// Whether `name` stands here, points and blanks in both left out; goes past it if so.
+/// Whether `name` stands here; goes past it if so. Points and blanks in the name may be left out or others.
 bool DateReader::matchHalfDayName(std::u16string_view name) {
-    const auto passed = [](char16_t unit) { return unit == u'.' || isBlank(unit); };
+    const bool dotted = name.find(u'.') != std::u16string_view::npos;
+    const auto passed = [dotted](char16_t unit) { return dotted && (unit == u'.' || isBlank(unit)); };
     const char16_t* p = at_;
     bool any = false;
     for (const char16_t unit : name) {
@@ -224,18 +225,17 @@ bool DateReader::matchHalfDayName(std::u16string_view name) {
         any = true;
     }
     if (!any || (p != end_ && isLetter(*p))) return false;
-    if (p != end_ && *p == u'.') ++p;
+    if (dotted && p != end_ && *p == u'.') ++p;
     at_ = p;
     return true;
 }
 
-/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none. `letterAlone` takes "a"
-/// and "p" too.
-int DateReader::matchHalfDay(bool letterAlone) {
+/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none. The marks are the locale's,
+/// AM and PM, and their first letters.
+int DateReader::matchHalfDay() {
     if (at_ == end_ || !isLetter(*at_)) return noValue;
     if (matchHalfDayName(locale_.morning) || matchHalfDayName(u"AM")) return 0;
     if (matchHalfDayName(locale_.afternoon) || matchHalfDayName(u"PM")) return 1;
-    if (!letterAlone) return noValue;
     return matchHalfDayName(u"A") ? 0 : matchHalfDayName(u"P") ? 1 : noValue;
 }
 
