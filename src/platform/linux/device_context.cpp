@@ -1,6 +1,7 @@
 #include "platform/linux/device_context.h"
 
 #include "platform/gdi.h"
+#include "platform/linux/metafile_recorder.h"
 
 #include <algorithm>
 
@@ -72,6 +73,8 @@ RECT Mapping::toDevice(const RECT& r) const {
     return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
 }
 
+DeviceContext::DeviceContext() : Object(objectKind) {}
+
 DeviceContext::~DeviceContext() {
     for (const ContextState& s : saved)
         releaseSelection(s);
@@ -84,7 +87,7 @@ DeviceContext::~DeviceContext() {
 
 const Region& DeviceContext::drawable() {
     if (!drawableKnown_) {
-        drawable_ = visible;
+        drawable_ = recorder ? Region() : visible;
         if (state.clip) {
             Region clip = *state.clip;
             clip.translate(origin.x, origin.y);
@@ -129,7 +132,7 @@ HDC createWindowDC(Surface& surface, POINT origin, const Region& visible) {
 
 bool releaseWindowDC(HDC dc) {
     DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || context->isMemory) return false;
+    if (!context || context->isMemory || context->recorder) return false;
     deleteObject(*context);
     return true;
 }

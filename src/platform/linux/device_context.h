@@ -43,16 +43,19 @@ struct ContextState {
     std::optional<Region> clip; ///< Device coordinates
 };
 
+class MetafileRecorder;
+
 struct DeviceContext : Object {
     static constexpr HandleKind objectKind = HandleKind::DeviceContext;
-    DeviceContext() : Object(objectKind) {}
+    DeviceContext();
     ~DeviceContext() override;
 
     bool isMemory = true;
-    HBITMAP bitmap;             ///< Of a memory context
-    Surface* surface = nullptr; ///< The bitmap's, or the window's
-    POINT origin;               ///< Device (0, 0) on the surface
-    Region visible;             ///< In surface coordinates
+    std::unique_ptr<MetafileRecorder> recorder; ///< Of a metafile's context, on which nothing is painted
+    HBITMAP bitmap;                             ///< Of a memory context
+    Surface* surface = nullptr;                 ///< The bitmap's, or the window's
+    POINT origin;                               ///< Device (0, 0) on the surface
+    Region visible;                             ///< In surface coordinates
     ContextState state;
     std::vector<ContextState> saved;
 

@@ -3,6 +3,7 @@
 #include "platform/gdi.h"
 #include "platform/linux/blit.h"
 #include "platform/linux/colors.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/linux/rows.h"
 #include "platform/linux/stretch.h"
 
@@ -24,6 +25,11 @@ struct Extent {
 Extent extentOf(LONG start, int length) {
     const LONG end = boundedCoordinate(std::int64_t{start} + length);
     return length >= 0 ? Extent{start, end} : Extent{end + 1, start + 1};
+}
+
+/// A place and a size as a rectangle, whose right lies left of left for a width below zero.
+RECT rectOf(int x, int y, int width, int height) {
+    return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
 }
 
 RECT areaOf(const DeviceContext& context, int x, int y, int width, int height) {
@@ -73,6 +79,9 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource
     DeviceContext* to = find<DeviceContext>(dc);
     DeviceContext* from = find<DeviceContext>(source);
     if (!to || !from) return FALSE_;
+    if (to->recorder)
+        to->recorder->blit(rectOf(x, y, width, height), {*from, rectOf(xSource, ySource, width, height)},
+                           rop);
     const RECT area = areaOf(*to, x, y, width, height);
     const RECT sourceArea = areaOf(*from, xSource, ySource, width, height);
     copyArea(*to, area, *from, {sourceArea.left, sourceArea.top}, rop3Of(rop));
@@ -88,6 +97,9 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSo
     DeviceContext* from = find<DeviceContext>(source);
     if (!to || !from || widthSource == 0 || heightSource == 0) return FALSE_;
     if (width == 0 || height == 0) return TRUE_;
+    if (to->recorder)
+        to->recorder->blit(rectOf(x, y, width, height),
+                           {*from, rectOf(xSource, ySource, widthSource, heightSource)}, rop);
     const Stretch stretch{areaOf(*to, x, y, width, height),
                           areaOf(*from, xSource, ySource, widthSource, heightSource),
                           width < 0,
@@ -105,6 +117,7 @@ BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GR
     if (mode != GRADIENT_FILL_RECT_H && mode != GRADIENT_FILL_RECT_V) return FALSE_;
     for (DWORD i = 0; i < meshCount; ++i)
         if (meshes[i].UpperLeft >= vertexCount || meshes[i].LowerRight >= vertexCount) return FALSE_;
+    if (context->recorder) context->recorder->gradient({vertices, vertexCount}, meshes, meshCount, mode);
     for (DWORD i = 0; i < meshCount; ++i)
         fillGradient(*context, vertices[meshes[i].UpperLeft], vertices[meshes[i].LowerRight],
                      mode == GRADIENT_FILL_RECT_H);

@@ -118,9 +118,12 @@ private:
         const int x = left + lineWidth(text.substr(0, index), rules_, measure_);
         const int end = left + lineWidth(text.substr(0, index + 1), rules_, measure_) - 1;
         const int row = y + metrics_.tmAscent + 1;
-        RECT r = context_.toSurface(RECT{x, row, end, row + 1});
-        if (!has(format_, DT_NOCLIP)) r = intersection(r, ordered(context_.toSurface(rect_)));
-        Painter(context_, pixelOf(context_, context_.state.textColor), rop3Of(PATCOPY)).fill(r);
+        RECT r{x, row, end, row + 1};
+        if (!has(format_, DT_NOCLIP)) r = intersection(r, ordered(rect_));
+        if (isEmpty(r)) return;
+        const HBRUSH brush = CreateSolidBrush(context_.state.textColor);
+        FillRect(dc_, &r, brush);
+        DeleteObject(brush);
     }
 
     HDC dc_;

@@ -3,6 +3,7 @@
 #include "platform/gdi.h"
 #include "platform/linux/blit.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
 #include "platform/linux/rows.h"
 #include "platform/linux/stretch.h"
@@ -127,6 +128,11 @@ int sizeOr(int wanted, UINT flags, int metric, int own) {
     return (flags & DI_DEFAULTSIZE) != 0 ? GetSystemMetrics(metric) : own;
 }
 
+void recordIcon(MetafileRecorder& recorder, const Icon& icon, const RECT& r, HBRUSH background, UINT flags) {
+    if (const Brush* brush = find<Brush>(background)) recorder.fill(r, *brush);
+    recorder.icon(icon, r, flags);
+}
+
 HBITMAP addCopy(const Bitmap& bitmap) {
     std::unique_ptr<Bitmap> copy = copyOf(bitmap);
     return copy ? HBITMAP(addObject(std::move(copy))) : HBITMAP();
@@ -185,6 +191,8 @@ BOOL DrawIconEx(HDC dc, int x, int y, HICON handle, int width, int height, UINT 
     height = sizeOr(height, flags, SM_CYICON, heightOf(*icon));
     constexpr int largest = 4096; ///< Beyond every sensible icon; the stretched picture is kept in memory
     if (width < 1 || height < 1 || width > largest || height > largest) return FALSE_;
+    if (context->recorder)
+        recordIcon(*context->recorder, *icon, {x, y, x + width, y + height}, background, flags);
     const POINT at = context->toSurface(POINT{x, y});
     const RECT area{at.x, at.y, at.x + width, at.y + height};
     if (const Brush* brush = find<Brush>(background)) Painter(*context, *brush, rop3Of(PATCOPY)).fill(area);

@@ -2,6 +2,7 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -111,10 +112,15 @@ HGDIOBJ selectBitmap(DeviceContext& context, Bitmap& bitmap) {
     return exchange(context.bitmap, bitmap);
 }
 
+DWORD typeOf(const DeviceContext& context) {
+    if (context.recorder) return OBJ_ENHMETADC;
+    return context.isMemory ? OBJ_MEMDC : OBJ_DC;
+}
+
 DWORD typeOf(const Object& object) {
     switch (object.kind) {
     case HandleKind::DeviceContext:
-        return static_cast<const DeviceContext&>(object).isMemory ? OBJ_MEMDC : OBJ_DC;
+        return typeOf(static_cast<const DeviceContext&>(object));
     case HandleKind::Bitmap:
         return OBJ_BITMAP;
     case HandleKind::Brush:

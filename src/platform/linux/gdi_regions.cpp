@@ -2,6 +2,7 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
 
 #include <algorithm>
@@ -132,6 +133,7 @@ BOOL FillRgn(HDC dc, HRGN handle, HBRUSH brush) {
     const RegionObject* object = find<RegionObject>(handle);
     const Brush* with = find<Brush>(brush);
     if (!context || !object || !with) return FALSE_;
+    if (context->recorder) context->recorder->region(RecordType::FillRgn, object->region, with);
     const Painter painter(*context, *with, rop3OfMode(context->state.rop2));
     for (const RECT& r : object->region.rectangles())
         painter.fill(ordered(context->toSurface(r)));

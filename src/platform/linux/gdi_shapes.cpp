@@ -3,6 +3,7 @@
 #include "platform/gdi.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/lines.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
 #include "platform/linux/polygons.h"
 #include "platform/linux/rows.h"
@@ -95,6 +96,8 @@ BOOL LineTo(HDC dc, int x, int y) {
 BOOL Polyline(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 2) return FALSE_;
+    if (context->recorder)
+        context->recorder->points(RecordType::Polyline, points, static_cast<std::size_t>(count));
     Stroke(*context).draw(surfacePoints(*context, points, count), false);
     return TRUE_;
 }
@@ -102,6 +105,8 @@ BOOL Polyline(HDC dc, const POINT* points, int count) {
 BOOL PolylineTo(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 1) return FALSE_;
+    if (context->recorder)
+        context->recorder->points(RecordType::PolylineTo, points, static_cast<std::size_t>(count));
     std::vector<POINT> all = surfacePoints(*context, points, count);
     all.insert(all.begin(), context->toSurface(context->state.position));
     Stroke(*context).draw(all, false);
@@ -112,6 +117,8 @@ BOOL PolylineTo(HDC dc, const POINT* points, int count) {
 BOOL Polygon(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 2) return FALSE_;
+    if (context->recorder)
+        context->recorder->points(RecordType::Polygon, points, static_cast<std::size_t>(count));
     const std::vector<POINT> all = surfacePoints(*context, points, count);
     const Painter painter(*context, context->brush(), rop3OfMode(context->state.rop2));
     if (!painter.paintsNothing())
@@ -125,6 +132,7 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
     if (!context) return FALSE_;
     RECT r = ordered(context->toSurface(RECT{left, top, right, bottom}));
     if (isEmpty(r)) return TRUE_;
+    if (context->recorder) context->recorder->box(RecordType::Rectangle, {left, top, right, bottom});
     --r.right;
     --r.bottom;
     Stroke stroke(*context);
@@ -144,6 +152,7 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
     DeviceContext* context = find<DeviceContext>(dc);
     const CallBrush brush(handle);
     if (!context || !rect || !brush.get()) return FALSE_;
+    if (context->recorder) context->recorder->fill(*rect, *brush.get());
     Painter(*context, *brush.get(), rop3Of(PATCOPY)).fill(ordered(context->toSurface(*rect)));
     return TRUE_;
 }
@@ -152,6 +161,7 @@ int FrameRect(HDC dc, const RECT* rect, HBRUSH handle) {
     DeviceContext* context = find<DeviceContext>(dc);
     const CallBrush brush(handle);
     if (!context || !rect || !brush.get() || isEmpty(*rect)) return FALSE_;
+    if (context->recorder) context->recorder->frame(*rect, *brush.get());
     fillFrame(Painter(*context, *brush.get(), rop3Of(PATCOPY)), ordered(context->toSurface(*rect)));
     return TRUE_;
 }
@@ -159,6 +169,7 @@ int FrameRect(HDC dc, const RECT* rect, HBRUSH handle) {
 BOOL InvertRect(HDC dc, const RECT* rect) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !rect) return FALSE_;
+    if (context->recorder) context->recorder->patternBlit(*rect, DSTINVERT);
     Painter(*context, 0u, rop3Of(DSTINVERT)).fill(ordered(context->toSurface(*rect)));
     return TRUE_;
 }
@@ -168,6 +179,7 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect) {
     if (!context || !rect) return FALSE_;
     RECT r = ordered(context->toSurface(*rect));
     if (isEmpty(r)) return TRUE_;
+    if (context->recorder) context->recorder->focusRect(*rect);
     --r.right;
     --r.bottom;
     Stroke::dotted(*context, masksOf(rop3Of(DSTINVERT), 0)).draw(cornersOf(r), true);
@@ -177,6 +189,7 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect) {
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return CLR_INVALID;
+    if (context->recorder) context->recorder->pixel({x, y}, color);
     const POINT p = context->toSurface(POINT{x, y});
     if (!context->drawable().contains(p)) return CLR_INVALID;
     const std::uint32_t pixel = nearestPixelOf(*context, color);
@@ -201,6 +214,7 @@ COLORREF GetPixel(HDC dc, int x, int y) {
 BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || usesSource(rop3Of(rop))) return FALSE_;
+    if (context->recorder) context->recorder->patternBlit({x, y, x + width, y + height}, rop);
     const POINT corner = context->toSurface(POINT{x, y});
     RECT r{corner.x, corner.y, boundedCoordinate(std::int64_t{corner.x} + width),
            boundedCoordinate(std::int64_t{corner.y} + height)};

@@ -2,7 +2,9 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/colors.h"
+#include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
+#include "platform/linux/text_measure.h"
 #include "platform/linux/text_painter.h"
 #include "platform/locale.h"
 
@@ -149,6 +151,26 @@ void drawText(DeviceContext& context, FontFace& face, POINT at, const TextOutput
     if (followsPosition) advancePosition(context, width);
 }
 
+} // namespace
+
+TextBox measureText(DeviceContext& context, POINT at, std::u16string_view text, const INT* given) {
+    TextBox box;
+    FontFace* face = faceOf(context);
+    if (!face) return box;
+    Advances advances(context.state, *face, given);
+    for (const char16_t c : text)
+        box.advances.push_back(advances.next(c));
+    const int width = widthOf(context.state, *face, text, given);
+    const bool follows = (context.state.textAlign & TA_UPDATECP) != 0;
+    const POINT start = baseLine(context.state, face->metrics(),
+                                 context.toSurface(follows ? context.state.position : at), width);
+    box.bounds = {start.x, start.y - face->metrics().tmAscent, start.x + width,
+                  start.y + face->metrics().tmDescent};
+    return box;
+}
+
+namespace {
+
 /// As the room for GetTextExtentExPoint: everything fits.
 constexpr int noLimit = -1;
 
@@ -221,6 +243,7 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
     DeviceContext* context = find<DeviceContext>(dc);
     constexpr UINT longest = std::numeric_limits<INT>::max();
     if (!context || (!text && length > 0) || length > longest) return FALSE_;
+    if (context->recorder) context->recorder->text({x, y}, options, rect, {text, length}, advances);
     RECT area;
     if (rect) area = ordered(context->toSurface(*rect));
     const bool isOpaque = rect && (options & ETO_OPAQUE) != 0;

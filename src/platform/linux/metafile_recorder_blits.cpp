@@ -1,0 +1,280 @@
+// Fills and pictures of a recorded context.
+
+#include "platform/linux/metafile_recorder.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr int wordBits = 32;
+constexpr std::int64_t mostPixels = 1 << 26; ///< Of one picture in a record
+
+LONG widthOf(const RECT& r) {
+    return r.right - r.left;
+}
+LONG heightOf(const RECT& r) {
+    return r.bottom - r.top;
+}
+
+/// A memory context with a bitmap of 32 bits whose words can be read, top row first.
+class Sheet {
+public:
+    Sheet(int width, int height) : dc_(CreateCompatibleDC({})) {
+        BITMAPINFO info;
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
+        info.bmiHeader.biBitCount = wordBits;
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, {}, 0);
+        former_ = SelectObject(dc_, bitmap_);
+    }
+    ~Sheet() {
+        SelectObject(dc_, former_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+
+    HDC dc() const { return dc_; }
+    const std::uint32_t* words() const { return static_cast<const std::uint32_t*>(bits_); }
+
+private:
+    HDC dc_;
+    HBITMAP bitmap_;
+    HGDIOBJ former_;
+    void* bits_ = nullptr;
+};
+
+BITMAPINFOHEADER headerOf(int width, int height, int bitsPerPixel) {
+    BITMAPINFOHEADER header;
+    header.biWidth = width;
+    header.biHeight = height;
+    header.biBitCount = static_cast<WORD>(bitsPerPixel);
+    return header;
+}
+
+bool hasAlpha(const std::vector<std::uint32_t>& words) {
+    return std::any_of(words.begin(), words.end(), [](std::uint32_t word) { return word >> 24 != 0; });
+}
+
+std::uint32_t multipliedByAlpha(std::uint32_t word) {
+    constexpr std::uint32_t full = 255;
+    const std::uint32_t alpha = word >> 24;
+    std::uint32_t result = alpha << 24;
+    for (int shift = 0; shift < 24; shift += 8)
+        result |= ((word >> shift & 0xFF) * alpha + full / 2) / full << shift;
+    return result;
+}
+
+} // namespace
+
+void MetafileRecorder::writeBits(RecordWriter& writer, std::size_t offsets, const Pixels& pixels) {
+    const BITMAPINFOHEADER header = headerOf(pixels.width, pixels.height, wordBits);
+    const std::size_t at = writer.size();
+    writer.value(header);
+    const auto width = static_cast<std::size_t>(pixels.width);
+    for (int y = pixels.height - 1; y >= 0; --y)
+        writer.block(pixels.words.data() + static_cast<std::size_t>(y) * width, width * sizeof(DWORD));
+    writer.put(offsets, static_cast<DWORD>(at));
+    writer.put(offsets + 4, sizeof header);
+    writer.put(offsets + 8, static_cast<DWORD>(at + sizeof header));
+    writer.put(offsets + 12, static_cast<DWORD>(pixels.words.size() * sizeof(DWORD)));
+}
+
+void MetafileRecorder::writePatternBrush(DWORD entry, const Bitmap& pattern) {
+    constexpr std::size_t offsets = 16;
+    const int width = pattern.surface.width;
+    const int height = pattern.surface.height;
+    const bool isMono = pattern.surface.bitsPerPixel == 1 && !pattern.hasColors;
+    const int depth = isMono ? 1 : wordBits;
+    const std::size_t headerSize = sizeof(BITMAPINFOHEADER) + (isMono ? 2 * sizeof(RGBQUAD) : 0);
+    const std::size_t stride =
+        (static_cast<std::size_t>(width) * static_cast<std::size_t>(depth) + 31) / 32 * 4;
+    std::vector<BYTE> bits(stride * static_cast<std::size_t>(height));
+    BITMAPINFO info;
+    info.bmiHeader = headerOf(width, height, depth);
+    const HBITMAP copy(addObject(copyOf(pattern)));
+    GetDIBits(HDC(context_.handle), copy, 0, static_cast<UINT>(height), bits.data(), &info, DIB_RGB_COLORS);
+    DeleteObject(copy);
+    RecordWriter writer = record(isMono ? RecordType::CreateMonoBrush : RecordType::CreateDibPatternBrushPt);
+    writer.value(entry).value(DWORD{DIB_RGB_COLORS});
+    for (int i = 0; i < 4; ++i)
+        writer.value(DWORD{0});
+    const std::size_t at = writer.size();
+    writer.block(&info, headerSize).block(bits.data(), bits.size());
+    writer.put(offsets, static_cast<DWORD>(at));
+    writer.put(offsets + 4, static_cast<DWORD>(headerSize));
+    writer.put(offsets + 8, static_cast<DWORD>(at + headerSize));
+    writer.put(offsets + 12, static_cast<DWORD>(bits.size()));
+}
+
+void MetafileRecorder::patternBlit(const RECT& r, DWORD rop) {
+    writeState();
+    const RECT bounds = addBounds(r);
+    RecordWriter writer = drawing(RecordType::BitBlt, bounds);
+    writer.value(r.left).value(r.top).value(widthOf(r)).value(heightOf(r)).value(rop);
+    writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
+    for (int i = 0; i < 4; ++i)
+        writer.value(DWORD{0});
+}
+
+void MetafileRecorder::fill(const RECT& r, const Brush& brush, DWORD rop) {
+    const HBRUSH selected = context_.state.brush;
+    context_.state.brush = HBRUSH(brush.handle);
+    patternBlit(r, rop);
+    context_.state.brush = selected;
+}
+
+void MetafileRecorder::frame(const RECT& r, const Brush& brush) {
+    fill({r.left, r.top, r.right, r.top + 1}, brush);
+    fill({r.left, r.bottom - 1, r.right, r.bottom}, brush);
+    fill({r.left, r.top + 1, r.left + 1, r.bottom - 1}, brush);
+    fill({r.right - 1, r.top + 1, r.right, r.bottom - 1}, brush);
+}
+
+void MetafileRecorder::focusRect(const RECT& r) {
+    constexpr WORD everySecond[] = {0x5500, 0xAA00, 0x5500, 0xAA00, 0x5500, 0xAA00, 0x5500, 0xAA00};
+    constexpr int side = 8;
+    const HBITMAP bits = CreateBitmap(side, side, 1, 1, everySecond);
+    const HBRUSH handle = CreatePatternBrush(bits);
+    DeleteObject(bits);
+    const ContextState& state = context_.state;
+    const COLORREF text = state.textColor;
+    const COLORREF back = state.backColor;
+    context_.state.textColor = RGB(0, 0, 0);
+    context_.state.backColor = RGB(255, 255, 255);
+    if (const Brush* brush = find<Brush>(handle)) {
+        fill({r.left, r.top, r.right, r.top + 1}, *brush, PATINVERT);
+        fill({r.left, r.bottom - 1, r.right, r.bottom}, *brush, PATINVERT);
+        fill({r.left, r.top + 1, r.left + 1, r.bottom - 1}, *brush, PATINVERT);
+        fill({r.right - 1, r.top + 1, r.right, r.bottom - 1}, *brush, PATINVERT);
+    }
+    context_.state.textColor = text;
+    context_.state.backColor = back;
+    DeleteObject(handle);
+}
+
+MetafileRecorder::Pixels MetafileRecorder::pixelsOf(const BlitSource& source, RECT& target) const {
+    const HDC from(source.context.handle);
+    const RECT wanted = source.context.toSurface(source.area);
+    const RECT area = intersection(ordered(wanted), source.context.visible.bounds());
+    const std::int64_t count = std::int64_t{widthOf(area)} * heightOf(area);
+    if (isEmpty(area) || count > mostPixels) return {};
+    // What lies outside of the source is not drawn: the target shrinks by the same share.
+    const auto along = [](LONG from1, LONG to1, LONG from2, LONG to2, LONG at) {
+        return from2 == from1
+                   ? to1
+                   : static_cast<LONG>(to1 + (std::int64_t{at} - from1) * (to2 - to1) / (from2 - from1));
+    };
+    const RECT whole = target;
+    const bool mirroredX = wanted.right < wanted.left;
+    const bool mirroredY = wanted.bottom < wanted.top;
+    target.left =
+        along(wanted.left, whole.left, wanted.right, whole.right, mirroredX ? area.right : area.left);
+    target.right =
+        along(wanted.left, whole.left, wanted.right, whole.right, mirroredX ? area.left : area.right);
+    target.top =
+        along(wanted.top, whole.top, wanted.bottom, whole.bottom, mirroredY ? area.bottom : area.top);
+    target.bottom =
+        along(wanted.top, whole.top, wanted.bottom, whole.bottom, mirroredY ? area.top : area.bottom);
+    const Sheet sheet(widthOf(area), heightOf(area));
+    SetTextColor(sheet.dc(), context_.state.textColor);
+    SetBkColor(sheet.dc(), context_.state.backColor);
+    const POINT corner = source.context.state.mapping.toLogical(
+        {area.left - source.context.origin.x, area.top - source.context.origin.y});
+    BitBlt(sheet.dc(), 0, 0, widthOf(area), heightOf(area), from, corner.x, corner.y, SRCCOPY);
+    Pixels pixels{widthOf(area), heightOf(area), {sheet.words(), sheet.words() + count}};
+    if (mirroredX) std::swap(target.left, target.right);
+    if (mirroredY) std::swap(target.top, target.bottom);
+    return pixels;
+}
+
+void MetafileRecorder::writeBlit(RecordType type, const RECT& target, const Pixels& pixels, DWORD parameter) {
+    if (pixels.words.empty()) return;
+    constexpr std::size_t offsets = 84;
+    writeState();
+    const RECT bounds = addBounds(target);
+    RecordWriter writer = drawing(type, bounds);
+    writer.value(target.left)
+        .value(target.top)
+        .value(widthOf(target))
+        .value(heightOf(target))
+        .value(parameter);
+    writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
+    for (int i = 0; i < 4; ++i)
+        writer.value(DWORD{0});
+    if (type != RecordType::BitBlt) writer.value(SIZE{pixels.width, pixels.height});
+    writeBits(writer, offsets, pixels);
+}
+
+void MetafileRecorder::blit(const RECT& target, const BlitSource& source, DWORD rop) {
+    RECT shrunk = target;
+    const Pixels pixels = pixelsOf(source, shrunk);
+    const bool isSameSize = widthOf(shrunk) == pixels.width && heightOf(shrunk) == pixels.height;
+    writeBlit(isSameSize ? RecordType::BitBlt : RecordType::StretchBlt, shrunk, pixels, rop);
+}
+
+void MetafileRecorder::blend(RecordType type, const RECT& target, const BlitSource& source, DWORD parameter) {
+    RECT shrunk = target;
+    const Pixels pixels = pixelsOf(source, shrunk);
+    writeBlit(type, shrunk, pixels, parameter);
+}
+
+void MetafileRecorder::gradient(std::span<const TRIVERTEX> vertices, const void* meshes, DWORD meshCount,
+                                DWORD mode) {
+    constexpr std::size_t triangle = 3 * sizeof(DWORD);
+    const std::size_t meshSize = mode <= GRADIENT_FILL_RECT_V ? sizeof(GRADIENT_RECT) : triangle;
+    writeState();
+    std::vector<POINT> points;
+    for (const TRIVERTEX& vertex : vertices)
+        points.push_back({vertex.x, vertex.y});
+    const RECT bounds = addBounds(points.data(), points.size());
+    RecordWriter writer = drawing(RecordType::GradientFill, bounds);
+    writer.value(static_cast<DWORD>(vertices.size())).value(meshCount).value(mode);
+    writer.block(vertices.data(), vertices.size_bytes()).block(meshes, meshCount * meshSize);
+    // Meshes take the room of triangles in any mode.
+    const std::vector<BYTE> rest((triangle - meshSize) * meshCount);
+    writer.block(rest.data(), rest.size());
+}
+
+std::optional<MetafileRecorder::Pixels> MetafileRecorder::iconPixels(const Bitmap& bitmap,
+                                                                     const RECT& area) const {
+    auto copy = copyOf(bitmap);
+    if (!copy) return std::nullopt;
+    const HBITMAP handle(addObject(std::move(copy)));
+    const HDC dc = CreateCompatibleDC({});
+    const HGDIOBJ former = SelectObject(dc, handle);
+    const Sheet sheet(widthOf(area), heightOf(area));
+    BitBlt(sheet.dc(), 0, 0, widthOf(area), heightOf(area), dc, area.left, area.top, SRCCOPY);
+    const auto count = static_cast<std::size_t>(widthOf(area)) * static_cast<std::size_t>(heightOf(area));
+    Pixels pixels{widthOf(area), heightOf(area), {sheet.words(), sheet.words() + count}};
+    SelectObject(dc, former);
+    DeleteDC(dc);
+    DeleteObject(handle);
+    return pixels;
+}
+
+void MetafileRecorder::icon(const Icon& icon, const RECT& r, UINT flags) {
+    constexpr DWORD blendWithAlpha = 0x01FF0000; ///< Full constant alpha, AC_SRC_ALPHA
+    const int width = icon.mask->surface.width;
+    const int height = icon.color ? icon.mask->surface.height : icon.mask->surface.height / 2;
+    const bool drawsImage = (flags & DI_IMAGE) != 0;
+    const bool drawsMask = (flags & DI_MASK) != 0;
+    const RECT all{0, 0, width, height};
+    const std::optional<Pixels> mask = iconPixels(*icon.mask, all);
+    std::optional<Pixels> image =
+        icon.color ? iconPixels(*icon.color, all) : iconPixels(*icon.mask, {0, height, width, 2 * height});
+    if (!mask || !image) return;
+    if (drawsImage && icon.color && hasAlpha(image->words)) {
+        for (std::uint32_t& word : image->words)
+            word = multipliedByAlpha(word);
+        writeBlit(RecordType::AlphaBlend, r, *image, blendWithAlpha);
+        return;
+    }
+    if (drawsMask) writeBlit(RecordType::StretchBlt, r, *mask, drawsImage ? SRCAND : SRCCOPY);
+    if (drawsImage) writeBlit(RecordType::StretchBlt, r, *image, drawsMask ? SRCINVERT : SRCCOPY);
+}
+
+} // namespace platform::driver

@@ -1,0 +1,19 @@
+#pragma once
+// The room that text takes.
+
+#include "platform/linux/device_context.h"
+
+#include <string_view>
+
+namespace platform::driver {
+
+struct TextBox {
+    RECT bounds;               ///< Device units
+    std::vector<INT> advances; ///< From each character to the next, logical units
+};
+
+/// Measures text as ExtTextOut would draw it in the context's font; `given` are the caller's own distances or
+/// null.
+TextBox measureText(DeviceContext& context, POINT at, std::u16string_view text, const INT* given);
+
+} // namespace platform::driver
