@@ -64,7 +64,7 @@ automation::Variant FormSite::ambientValue(AmbientValue which) {
     case AmbientValue::ForeColor:
         return container_.ForeColor();
     case AmbientValue::Font:
-        return form_.Font();
+        return container_.Font();
     case AmbientValue::UserMode:
         return form_.UserMode();
     case AmbientValue::ScaleUnits:

@@ -5,6 +5,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tesela {
 
@@ -15,8 +16,20 @@ namespace {
 
 constexpr std::int32_t failure = -1;
 
+/// A number of bytes as a Currency; the failure for one that is beyond the type.
 Currency wholeCurrency(std::int64_t bytes) {
-    return Currency::fromScaled(bytes * Currency::scale);
+    std::int64_t scaled = 0;
+    if (__builtin_mul_overflow(bytes, Currency::scale, &scaled)) return Currency(failure);
+    return Currency::fromScaled(scaled);
+}
+
+/// The whole number nearest to a Currency, halves to even.
+std::int64_t wholeNumber(Currency value) {
+    constexpr std::int64_t half = Currency::scale / 2;
+    const std::int64_t whole = value.scaled() / Currency::scale;
+    const std::int64_t rest = value.scaled() % Currency::scale;
+    const bool away = std::abs(rest) > half || (std::abs(rest) == half && whole % 2 != 0);
+    return away ? whole + (rest < 0 ? -1 : 1) : whole;
 }
 
 /// The instant of a date and time of the user's zone; false for a date that the platform's times lack.
@@ -88,9 +101,8 @@ std::int32_t cDevice::FWrite(const Variant& xBuff, std::int32_t nBytes) {
 
 Currency cDevice::FSeek(Currency nNewPos, Device_SeekMethodConstants nModo) {
     platform::LONGLONG position = 0;
-    const std::int64_t bytes = nNewPos.scaled() / Currency::scale;
-    if (!isOpen() ||
-        !platform::SetFilePointerEx(handle_, bytes, &position, static_cast<platform::DWORD>(nModo)))
+    if (!isOpen() || !platform::SetFilePointerEx(handle_, wholeNumber(nNewPos), &position,
+                                                 static_cast<platform::DWORD>(nModo)))
         return wholeCurrency(failure);
     return wholeCurrency(position);
 }

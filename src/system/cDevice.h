@@ -83,7 +83,8 @@ public:
     std::int32_t FRead(automation::Variant& xBuff, std::int32_t nBytes);
     std::int32_t FWrite(const automation::Variant& xBuff, std::int32_t nBytes);
 
-    /// Moves the position and returns the new one; -1 on failure.
+    /// Moves the position and returns the new one; -1 on failure. A fraction of a byte is rounded, halves to
+    /// even.
     automation::Currency FSeek(automation::Currency nNewPos,
                                Device_SeekMethodConstants nModo = Device_SeekMethod_Begin);
     /// -1 on failure.

@@ -4,6 +4,7 @@
 #include "automation/LateBound.h"
 #include "data/cFecha.h"
 #include "support/Desk.h"
+#include "support/MemberNames.h"
 #include "support/MsgBoxAnswer.h"
 #include "support/Started.h"
 
@@ -204,6 +205,20 @@ TEST_F(cFecha_, EasterOf1900To2099) {
         const int month = (h + l - 7 * m + 114) / 31, day = (h + l - 7 * m + 114) % 31 + 1;
         EXPECT_EQ(Date::join(year, month, day), fecha->DomingoResurreccion(year)) << year;
     }
+}
+
+TEST_F(cFecha_, ANewOneStartsTheLibrary) {
+    globales().cSepDecimal = {};
+    globales().cFmtFecha = {};
+    EXPECT_EQ("  /  /    ", automation::make<cFecha>()->Texto().utf8());
+    EXPECT_EQ(",", globales().cSepDecimal.utf8());
+}
+
+TEST_F(cFecha_, TheInterfaceStandsInItsOrder) {
+    const std::vector<std::string> order{
+        "Texto",      "Value",  "SetEspecial", "Mk_Date", "Mk_Time",   "SetDateTime",  "GetDateTime",
+        "GetTimeStr", "dUlMes", "dPrMes",      "DiasMes", "DiaSemana", "DiaSemanaStr", "DomingoResurreccion"};
+    EXPECT_EQ(order, tests::memberNames(cFecha::table()));
 }
 
 TEST_F(cFecha_, TheValueIsTheDefaultMember) {

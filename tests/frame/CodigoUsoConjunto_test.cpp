@@ -70,6 +70,15 @@ TEST_F(CodigoUsoConjunto_, SpecialDates) {
     EXPECT_EQ(2958465.999988426, FechaEspecial(tslDateMax).value());
 }
 
+TEST_F(CodigoUsoConjunto_, TheRecordHasItsFieldsInTheirOrder) {
+    const auto& table = recordOf(static_cast<const SmallDateTime*>(nullptr));
+    EXPECT_EQ("SmallDateTime", table.name().utf8());
+    std::vector<std::string> names;
+    for (const auto& field : table.fields())
+        names.push_back(field.name.utf8());
+    EXPECT_EQ((std::vector<std::string>{"dFecha", "dHora", "dFullDate", "nBinary"}), names);
+}
+
 TEST_F(CodigoUsoConjunto_, TextCrossesToBytesThroughTheAnsiPage) {
     char bytes[8] = "xxxxxxx";
     String2Bytes(u"ñ€A", bytes);

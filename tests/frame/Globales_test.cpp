@@ -5,6 +5,7 @@
 #include "frame/Globales.h"
 #include "host/Form.h"
 #include "host/Screen.h"
+#include "host/Session.h"
 #include "host/UserControl.h"
 #include "platform/windows.h"
 #include "support/Desk.h"
@@ -107,6 +108,24 @@ TEST_F(Globales_, TheScalableSansSerifFontIsNotedAndTheDefaultFontStays) {
         installed = installed || host::Screen::Fonts(i) == u"Microsoft Sans Serif";
     EXPECT_EQ(installed, globales().lSansSerifScalable);
     EXPECT_EQ("MS Sans Serif", globales().cFontDefault.utf8());
+}
+
+TEST_F(Globales_, TheScalableSansSerifFontIsFoundWhereverItStands) {
+    const struct {
+        std::vector<std::u16string> fonts;
+        bool found;
+    } systems[] = {
+        {{u"Arial", u"MS Sans Serif", u"microsoft sans serif"}, false},
+        {{u"Microsoft Sans Serif", u"Arial"}, true},
+        {{u"Arial", u"MS Sans Serif", u"Microsoft Sans Serif"}, true},
+    };
+    for (const auto& system : systems) {
+        host::session().fontNames = system.fonts;
+        ProcedimientoInicio();
+        EXPECT_EQ(system.found, globales().lSansSerifScalable);
+        EXPECT_EQ("MS Sans Serif", globales().cFontDefault.utf8());
+    }
+    host::session().fontNames.clear(); // read again from the system
 }
 
 TEST_F(Globales_, TheFontListEndsQuietlyAtItsCount) {

@@ -14,6 +14,13 @@ namespace {
 
 using Names = std::vector<std::string>;
 
+Names joined(const std::vector<Names>& parts) {
+    Names all;
+    for (const Names& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
 /// A label without AutoSize, of 1500 by 900 twips, whose container writes down what it hears from now on.
 class lblInAContainer : public support::Started {
 protected:
@@ -85,6 +92,39 @@ TEST_F(lblInAContainer, EachSchemeReportsWhatItSetsAndItselfLast) {
             EXPECT_TRUE(std::count(site->changed.begin(), site->changed.end(), name)) << scheme << name;
         ASSERT_FALSE(site->changed.empty());
         EXPECT_EQ("Scheme", site->changed.back());
+    }
+}
+
+TEST_F(lblInAContainer, ANewOneSetsItsPropertiesInTheirOrder) {
+    label->UserControl_InitProperties();
+    const Names scheme{"BackColor",   "ForeColor", "TipoDato", "BackStyle",
+                       "BorderStyle", "Alignment", "AutoSize", "Scheme"};
+    const Names own{"AutoSize", "Caption",  "ToolTip", "BackColor", "ForeColor",
+                    "Enabled",  "TipoDato", "Alias",   "Campo"};
+    EXPECT_EQ(joined({scheme, own}), site->changed);
+}
+
+TEST_F(lblInAContainer, ASavedOneReadsItsPropertiesInTheirOrder) {
+    host::PropertyBag bag;
+    bag.WriteProperty(u"Scheme", automation::Variant(std::int32_t{tslSchemeUseActual}));
+    label->AutoSize(tslautoSize_X);
+    forget();
+    label->readProperties(bag);
+    EXPECT_EQ((Names{"Scheme", "Alias", "Campo", "TipoDato", "Enabled", "AutoSize", "Caption", "ToolTip",
+                     "BackColor", "ForeColor", "BackStyle", "BorderStyle", "AutoSize", "Font", "Alignment",
+                     "AutoSize"}),
+              site->changed);
+}
+
+TEST_F(lblInAContainer, AnUnknownAutoSizeChangesNothing) {
+    for (const auto kept : {tslAutoSize_NO, tslautoSize_X, tslAutoSize_Y}) {
+        label->AutoSize(kept);
+        forget();
+        label->AutoSize(static_cast<tslAutoSizeConstants>(4));
+        label->AutoSize(static_cast<tslAutoSizeConstants>(-1));
+        EXPECT_EQ(kept, label->AutoSize());
+        EXPECT_TRUE(site->askedFor.empty());
+        EXPECT_EQ((Names{"AutoSize", "AutoSize"}), site->changed);
     }
 }
 

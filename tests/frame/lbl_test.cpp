@@ -7,6 +7,7 @@
 #include "host/MessageLoop.h"
 #include "support/Desk.h"
 #include "support/ErrorOf.h"
+#include "support/MemberNames.h"
 #include "support/MsgBoxAnswer.h"
 #include "support/Started.h"
 
@@ -91,6 +92,9 @@ TEST_F(lbl_, LiveReadsFalseUntilItIsWritten) {
     label->Live(true);
     EXPECT_TRUE(label->Extender().Visible());
     EXPECT_TRUE(label->Enabled());
+    label->lInternalPreEnabled = false;
+    label->Live(true);
+    EXPECT_FALSE(label->lInternalPreEnabled) << "that is Enabled's";
 }
 
 TEST_F(lbl_, EnabledIsKeptForTheApplication) {
@@ -424,6 +428,15 @@ TEST_F(lbl_, ANumberOutsideOfAnEnumerationInTheBagIsSkipped) {
     EXPECT_EQ(tslAutoSize_NO, label->AutoSize());
 }
 
+TEST(lbl_alone, StartsTheLibrary) {
+    ProcedimientoInicio();
+    globales().cSepDecimal = {};
+    globales().nFormZoom = 0;
+    automation::make<lbl>();
+    EXPECT_FALSE(globales().cSepDecimal.empty());
+    EXPECT_EQ(100, globales().nFormZoom);
+}
+
 TEST(lbl_alone, HasItsFontBeforeItStandsOnAForm) {
     EnsureInicio();
     const auto alone = automation::make<lbl>();
@@ -520,33 +533,30 @@ TEST_F(lbl_, AnswersByNameWithTheCaptionAsDefault) {
 }
 
 TEST_F(lbl_, TheInterfaceStandsInItsOrder) {
-    const char* const order[] = {"lInternalPreEnabled",
-                                 "UserControl_InitProperties",
-                                 "hWND",
-                                 "RightPos",
-                                 "BottomPos",
-                                 "Enabled",
-                                 "Live",
-                                 "Alias",
-                                 "Campo",
-                                 "TipoDato",
-                                 "Caption",
-                                 "ValorVerdadero",
-                                 "ToolTip",
-                                 "BackColor",
-                                 "ForeColor",
-                                 "BackStyle",
-                                 "BorderStyle",
-                                 "Font",
-                                 "Alignment",
-                                 "AutoSize",
-                                 "Refresh",
-                                 "Scheme",
-                                 "UncompletedEvents",
-                                 "EventsEnabled",
-                                 "Click"};
-    std::vector<std::string> found;
-    for (const auto& member : lbl::table().members())
-        if (found.empty() || found.back() != member.name.utf8()) found.push_back(member.name.utf8());
-    EXPECT_EQ(std::vector<std::string>(std::begin(order), std::end(order)), found);
+    const std::vector<std::string> order{"lInternalPreEnabled",
+                                         "UserControl_InitProperties",
+                                         "hWND",
+                                         "RightPos",
+                                         "BottomPos",
+                                         "Enabled",
+                                         "Live",
+                                         "Alias",
+                                         "Campo",
+                                         "TipoDato",
+                                         "Caption",
+                                         "ValorVerdadero",
+                                         "ToolTip",
+                                         "BackColor",
+                                         "ForeColor",
+                                         "BackStyle",
+                                         "BorderStyle",
+                                         "Font",
+                                         "Alignment",
+                                         "AutoSize",
+                                         "Refresh",
+                                         "Scheme",
+                                         "UncompletedEvents",
+                                         "EventsEnabled",
+                                         "Click"};
+    EXPECT_EQ(order, tests::memberNames(lbl::table()));
 }

@@ -152,6 +152,8 @@ TEST_F(PictureBoxTest, ItIsTheAmbientContainerOfItsControls) {
     box->BackColor(0x00FFFF);
     EXPECT_EQ(inner.log, (Log{"AmbientChanged BackColor"}));
     EXPECT_EQ(inner.Ambient().BackColor(), 0x00FFFF);
+    box->Font()->Size(20);
+    EXPECT_EQ(inner.Ambient().Font()->Size(), automation::Currency(20));
     const automation::Ref<Probe> alive(&inner);
     form->remove(*box);
     EXPECT_TRUE(form->controls().empty());

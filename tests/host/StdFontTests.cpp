@@ -50,6 +50,22 @@ TEST_F(StdFontTest, AssignCopiesAllAttributesAndStaysApart) {
     EXPECT_TRUE(font->Italic());
 }
 
+TEST_F(StdFontTest, AssignCopiesInTheOrderOfTheNames) {
+    auto other = automation::make<StdFont>();
+    other->Name(u"Courier New");
+    other->Size(20);
+    other->Weight(800);
+    other->Charset(2);
+    other->Italic(true);
+    other->Underline(true);
+    other->Strikethrough(true);
+    Log log;
+    font->FontChanged.join([&](const automation::String& name) { log.push_back(name.utf8()); });
+    font->assign(*other);
+    EXPECT_EQ(log,
+              (Log{"Bold", "Charset", "Italic", "Name", "Size", "Strikethrough", "Underline", "Weight"}));
+}
+
 TEST_F(StdFontTest, EqualFontsShareOneGdiFontUntilTheLastOneLeaves) {
     const std::size_t before = session().fonts.size();
     auto other = automation::make<StdFont>();

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/text_files.h"
+#include "support/MemberNames.h"
 #include "support/Started.h"
 #include "system/cDevice.h"
 
@@ -99,6 +100,39 @@ TEST_F(cDevice_, PositionsGoBeyond4Gigabytes) {
     EXPECT_EQ(Currency(0), device->GetFileSize());
 }
 
+TEST_F(cDevice_, AFractionOfAByteIsRoundedHalfToEven) {
+    ASSERT_TRUE(openNew());
+    const struct {
+        double asked;
+        std::int32_t position;
+    } cases[] = {{2.4, 2}, {2.5, 2}, {2.5001, 3}, {2.6, 3}, {3.5, 4}};
+    for (const auto& each : cases)
+        EXPECT_EQ(Currency(each.position), device->FSeek(Currency::fromDouble(each.asked))) << each.asked;
+    device->FSeek(Currency(10));
+    EXPECT_EQ(Currency(6), device->FSeek(Currency::fromDouble(-3.5), Device_SeekMethod_Current));
+}
+
+TEST_F(cDevice_, PositionsBeyondTheirTypeFail) {
+    ASSERT_TRUE(openNew());
+    const Currency greatest = Currency::fromScaled(922337203685477LL * Currency::scale);
+    device->FSeek(greatest); // some disks go as far, others refuse
+    EXPECT_EQ(Currency(-1), device->FSeek(greatest, Device_SeekMethod_Current));
+}
+
+TEST_F(cDevice_, OpeningInVainClosesTheFirstFileToo) {
+    ASSERT_TRUE(openNew());
+    EXPECT_FALSE(device->FOpen(u"no\\such\\folder\\file.bin", Device_AccessMode_GenericRead));
+    EXPECT_EQ(Currency(-1), device->GetFileSize());
+    EXPECT_TRUE(automation::make<cDevice>()->FOpen(file, readWrite)) << "nobody holds it";
+}
+
+TEST_F(cDevice_, TheEndOfADeviceClosesItsFile) {
+    ASSERT_TRUE(openNew());
+    EXPECT_FALSE(automation::make<cDevice>()->FOpen(file, readWrite)) << "it is not shared";
+    device = automation::make<cDevice>();
+    EXPECT_TRUE(device->FOpen(file, readWrite));
+}
+
 TEST_F(cDevice_, OpeningAgainClosesTheFirstFile) {
     ASSERT_TRUE(openNew());
     device->FWrite("x", 1);
@@ -167,6 +201,12 @@ TEST_F(cDevice_, WhatIsNoDateSetsNoTime) {
     ASSERT_TRUE(openNew());
     EXPECT_FALSE(device->SetFileTimes(Variant(u"mañana")));
     EXPECT_TRUE(device->SetFileTimes());
+}
+
+TEST_F(cDevice_, TheInterfaceStandsInItsOrder) {
+    const std::vector<std::string> order{"FOpen", "FClose",      "FRead",       "FWrite",
+                                         "FSeek", "GetFileSize", "SetFileTimes"};
+    EXPECT_EQ(order, tests::memberNames(cDevice::table()));
 }
 
 TEST_F(cDevice_, AnswersByName) {

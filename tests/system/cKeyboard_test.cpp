@@ -2,6 +2,7 @@
 #include "host/Form.h"
 #include "platform/windows.h"
 #include "support/Desk.h"
+#include "support/MemberNames.h"
 #include "support/Started.h"
 #include "system/cKeyboard.h"
 
@@ -101,6 +102,13 @@ TEST_F(cKeyboard_, KeysThatDoNotExistArePassedOver) {
     keyboard->KeyStat(256, true);
     keyboard->KeyPressed(100000, true);
     EXPECT_FALSE(keyboard->KeyPressed(100000));
+}
+
+TEST_F(cKeyboard_, TheInterfaceStandsInItsOrder) {
+    const std::vector<std::string> order{"CapsState", "NumsState",  "ScrollState", "InsertState",
+                                         "KeyStat",   "KeyPressed", "KeyDown",     "KeyUp",
+                                         "KeyPress",  "PlayAction"};
+    EXPECT_EQ(order, tests::memberNames(cKeyboard::table()));
 }
 
 TEST_F(cKeyboard_, AnswersByName) {

@@ -6,6 +6,7 @@
 #include "platform/processes.h"
 #include "platform/text_files.h"
 #include "support/Desk.h"
+#include "support/MemberNames.h"
 #include "support/Started.h"
 #include "system/cLogFile.h"
 
@@ -84,6 +85,20 @@ TEST_F(cLogFile_, WithoutMarkStartOnlyCreatesTheFile) {
     log->Start(folder, u"prueba", false, false);
     EXPECT_TRUE(platform::fileExists(file));
     EXPECT_TRUE(content().empty());
+}
+
+TEST_F(cLogFile_, AFolderThatEndsInABackslashGetsAnotherOne) {
+    log->Start(folder + u"\\", u"prueba", false, false);
+    bool unmarked = false;
+    log->WriteLog(u"doble", unmarked);
+    EXPECT_TRUE(platform::fileExists(folder + u"\\\\prueba.log"));
+    EXPECT_EQ("doble\r\n", String(content()).utf8()) << "the same file";
+}
+
+TEST_F(cLogFile_, BeforeItsStartItIsQuiet) {
+    log->WriteLog(u"perdido");
+    log->Clear();
+    EXPECT_FALSE(platform::fileExists(file));
 }
 
 TEST_F(cLogFile_, StartCanClear) {
@@ -199,6 +214,18 @@ TEST_F(cLogFile_, TimedSections) {
 TEST_F(cLogFile_, RecordsNameTheComputerAndTheUser) {
     EXPECT_FALSE(log->ComputerName().empty());
     EXPECT_FALSE(log->UsuarioActual().empty());
+}
+
+TEST_F(cLogFile_, TheInterfaceStandsInItsOrder) {
+    const std::vector<std::string> order{"Start",
+                                         "Clear",
+                                         "WriteLog",
+                                         "ComputerName",
+                                         "UsuarioActual",
+                                         "BeginTimedSection",
+                                         "PeekTimedSection",
+                                         "EndTimedSection"};
+    EXPECT_EQ(order, tests::memberNames(cLogFile::table()));
 }
 
 TEST_F(cLogFile_, AnswersByName) {

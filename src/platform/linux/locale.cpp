@@ -43,6 +43,8 @@ std::string categoryLocale(const char* category) {
     return {};
 }
 
+} // namespace
+
 const LocaleData& localeFromEnvironment() {
     if (const auto* chosen = localeData(variable("TESELA_LOCALE"))) return *chosen;
     for (const char* category : {"LC_TIME", "LC_NUMERIC", "LC_MESSAGES"}) {
@@ -50,8 +52,6 @@ const LocaleData& localeFromEnvironment() {
     }
     return *builtInLocale(fallbackName);
 }
-
-} // namespace
 
 const std::u16string* LocaleData::find(LCTYPE type) const {
     for (const auto& row : strings) {

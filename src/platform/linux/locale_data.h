@@ -37,7 +37,11 @@ const LocaleData* systemLocale(std::string_view name);
 const LocaleData* localeData(LCID id);
 const LocaleData* localeData(std::string_view name);
 
-/// The user's locale, or the one that overrideUserLocale set.
+/// The locale that the environment names now: TESELA_LOCALE, else LC_ALL, LC_TIME or another category, LANG.
+/// es-ES where these say nothing ("C", "POSIX") or name an unknown one.
+const LocaleData& localeFromEnvironment();
+
+/// The user's locale, as the environment named it at its first use, or the one that overrideUserLocale set.
 const LocaleData& userLocale();
 
 } // namespace platform::driver
