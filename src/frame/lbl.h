@@ -59,6 +59,8 @@ public:
     /// The label was clicked while the gate of the events was open.
     automation::Event<> Click;
 
+    /// The user can't type into a label: Tab and the mouse leave the focus where it is.
+    bool canGetFocus() const override { return false; }
     automation::Ref<host::Control> another() const override { return automation::make<lbl>(); }
     const automation::ClassTable& classTable() const override { return table(); }
     static const automation::ClassTable& table();

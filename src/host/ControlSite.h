@@ -57,7 +57,7 @@ public:
     virtual automation::Variant ambientValue(AmbientValue which) = 0;
 
     /// A property that the container keeps for this control. Throws automation::Error 438 where it keeps
-    /// none of that kind and 382 for a write of a read-only one.
+    /// none of that kind and 383 for a write of a read-only one.
     virtual automation::Variant extenderValue(ExtenderValue which) = 0;
     virtual void setExtenderValue(ExtenderValue which, const automation::Variant& value) = 0;
 

@@ -5,6 +5,7 @@
 #include "frame/lbl.h"
 #include "host/Form.h"
 #include "host/MessageLoop.h"
+#include "host/PictureBox.h"
 #include "support/Desk.h"
 #include "support/ErrorOf.h"
 #include "support/MemberNames.h"
@@ -509,6 +510,24 @@ TEST_F(lbl_, AClickIsRaisedWithTheGateOpenOnly) {
     other.EventsEnabled(true);
     click(*label);
     EXPECT_EQ(2, clicks);
+}
+
+TEST_F(lbl_, TheFocusPassesLabelsBy) {
+    auto& before = form->add<host::PictureBox>(u"before");
+    form->add<lbl>(u"between");
+    auto& after = form->add<host::PictureBox>(u"after");
+    for (auto* box : {&before, &after})
+        box->Extender().Move(3000, box == &before ? 300.0F : 1500.0F, 600, 600);
+    form->Show();
+    desk.pump();
+    EXPECT_EQ(&before, form->ActiveControl()) << "the first label of the Tab order is none";
+    desk.strikeKey(platform::VK_TAB);
+    desk.pump();
+    EXPECT_EQ(&after, form->ActiveControl());
+    click(*label);
+    EXPECT_EQ(&after, form->ActiveControl());
+    EXPECT_EQ(after.hWnd(), platform::GetFocus());
+    EXPECT_EQ(5, tests::errorOf([this] { label->Extender().SetFocus(); }));
 }
 
 TEST_F(lbl_, TheLabelMayBeRemovedInItsOwnClick) {
