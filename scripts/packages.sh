@@ -3,7 +3,7 @@
 packages_for() {
   case $1 in
     build) echo build-essential cmake ninja-build ccache pkg-config libfreetype-dev libfontconfig-dev libicu-dev \
-      libsqlite3-dev libsdl2-dev libpng-dev libjpeg-dev libgif-dev googletest fonts-wine fonts-liberation fonts-dejavu-core ;;
+      libsqlite3-dev libx11-dev libxext-dev libsdl2-dev libpng-dev libjpeg-dev libgif-dev googletest fonts-wine fonts-liberation fonts-dejavu-core ;;
     test) echo git ;;
     demo) echo fonts-liberation ;;
     sanitized) echo clang "$(first_known libclang-rt-14-dev libclang-rt-dev)" ;;
@@ -11,7 +11,7 @@ packages_for() {
     windows) echo g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 wine xvfb xauth \
       debootstrap ;;
     desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick ;;
-    bench) echo xvfb xauth libx11-dev libfltk1.3-dev qtbase5-dev ;;
+    bench) echo xvfb xauth libfltk1.3-dev qtbase5-dev ;;
   esac
 }
 

@@ -1,5 +1,6 @@
 #!/bin/bash
-# Plays a user on a real window: run.sh PROBE. Exits with 77 when the tools for it are missing.
+# Plays a user on a real window: run.sh PROBE [DISPLAY]. DISPLAY is that of TESELA_DISPLAY. Exits with 77
+# when the tools for it are missing.
 set -u
 probe=$1
 for tool in Xvfb xdotool xclip setxkbmap xprop import; do
@@ -22,7 +23,7 @@ Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$work/number" 2>/dev/nu
 pids+=($!)
 for _ in $(seq 200); do [ -s "$work/number" ] && break; sleep 0.05; done
 export DISPLAY=:$(cat "$work/number")
-export TESELA_DISPLAY=desktop LC_ALL=C.UTF-8
+export TESELA_DISPLAY=${2:-x11} LC_ALL=C.UTF-8
 setxkbmap es
 
 "$probe" >"$log" &

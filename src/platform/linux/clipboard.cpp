@@ -4,6 +4,7 @@
 #include "platform/linux/clipboard_objects.h"
 #include "platform/linux/display.h"
 #include "platform/linux/time_source.h"
+#include "platform/locale.h"
 
 #include <algorithm>
 #include <array>
@@ -59,18 +60,18 @@ BOOL CloseClipboard() {
 
 BOOL EmptyClipboard() {
     if (!openState().open) return FALSE_;
-    display().setClipboardText({});
+    display().setClipboard({});
     clipboardObjects().clear();
     return TRUE_;
 }
 
 BOOL IsClipboardFormatAvailable(UINT format) {
     const bool textual = std::find(TextFormats.begin(), TextFormats.end(), format) != TextFormats.end();
-    return textual ? display().clipboardHasText() : clipboardObjects().has(format);
+    return textual ? display().clipboardHas(PlainText) : clipboardObjects().has(format);
 }
 
 int CountClipboardFormats() {
-    return (display().clipboardHasText() ? static_cast<int>(TextFormats.size()) : 0) +
+    return (display().clipboardHas(PlainText) ? static_cast<int>(TextFormats.size()) : 0) +
            clipboardObjects().count();
 }
 
@@ -92,12 +93,12 @@ std::vector<BYTE> clipboardBytes(UINT format) {
 
 bool setClipboardText(std::u16string_view text) {
     clipboardObjects().clear();
-    display().setClipboardText(withPlainLineEnds(text));
+    display().setClipboard({{PlainText, utf8FromWide(withPlainLineEnds(text))}});
     return true;
 }
 
 std::u16string clipboardText() {
-    return withSystemLineEnds(display().clipboardText());
+    return withSystemLineEnds(wideFromUtf8(display().clipboardBytes(PlainText)));
 }
 
 BOOL MessageBeep(UINT) {

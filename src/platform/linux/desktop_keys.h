@@ -1,14 +1,9 @@
 #pragma once
-// From the keys of SDL to virtual keys.
-
-#include <SDL_keyboard.h>
+// Keys that are known by what they type, which the desktops have in common.
 
 namespace platform::driver {
 
-/// 0 for a key that has none.
-int virtualKeyOf(const SDL_Keysym& key);
-
-/// The character that the key types by itself, 0 for none.
-char16_t plainCharacterOf(const SDL_Keysym& key);
+/// The virtual key that types a sign without Shift; 0: none.
+int virtualKeyOfSign(char16_t sign);
 
 } // namespace platform::driver

@@ -2,8 +2,9 @@
 
 #include "platform/linux/display.h"
 
-#include "platform/linux/desktop_display.h"
 #include "platform/linux/headless_display.h"
+#include "platform/linux/sdl_display.h"
+#include "platform/linux/x11_display.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,16 +28,24 @@ std::string_view environment(const char* name) {
     return value ? value : "";
 }
 
-bool wantsDesktop() {
-    const std::string_view wish = environment("TESELA_DISPLAY");
+/// On X11 directly; SDL speaks to the other desktops.
+std::unique_ptr<Display> startDesktop(std::string_view wish) {
+    const bool hasX11 = !environment("DISPLAY").empty();
+    if (wish == "x11" || (wish != "sdl" && hasX11))
+        if (auto direct = startX11Display()) return direct;
+    return wish == "x11" ? nullptr : startSdlDisplay();
+}
+
+bool wantsDesktop(std::string_view wish) {
+    if (wish == "desktop" || wish == "x11" || wish == "sdl") return true;
     if (wish == "headless") return false;
-    if (wish == "desktop") return true;
     return !environment("DISPLAY").empty() || !environment("WAYLAND_DISPLAY").empty();
 }
 
 std::unique_ptr<Display> startDisplay() {
-    if (wantsDesktop()) {
-        if (auto desktop = startDesktopDisplay()) return desktop;
+    const std::string_view wish = environment("TESELA_DISPLAY");
+    if (wantsDesktop(wish)) {
+        if (auto desktop = startDesktop(wish)) return desktop;
         std::fputs("tesela: the desktop cannot be reached; windows stay in memory\n", stderr);
     }
     return std::make_unique<HeadlessDisplay>();

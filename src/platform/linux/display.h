@@ -4,9 +4,14 @@
 #include "platform/linux/window_system.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 namespace platform::driver {
+
+/// What is on the clipboard: one content in each form that it is there in, by media type.
+using ClipboardContent = std::map<std::string, std::string>;
+inline constexpr const char* PlainText = "text/plain;charset=utf-8";
 
 class Display {
 public:
@@ -47,9 +52,9 @@ public:
     virtual void captureMouse(bool) {}
     virtual void setLocks(const BYTE*) {} ///< 256 key states: the lock keys' toggles
 
-    virtual std::u16string clipboardText() = 0;
-    virtual void setClipboardText(const std::u16string& text) = 0;
-    virtual bool clipboardHasText() = 0;
+    virtual bool clipboardHas(const std::string& type) = 0;
+    virtual std::string clipboardBytes(const std::string& type) = 0; ///< Empty: not there in this type
+    virtual void setClipboard(ClipboardContent content) = 0;         ///< Takes the place of what is there
     virtual void beep() {}
     virtual bool holdsTime() const { return false; }
 };

@@ -34,6 +34,11 @@ bool HeadlessDisplay::waitForInput(std::int64_t milliseconds) {
     return true;
 }
 
+std::string HeadlessDisplay::clipboardBytes(const std::string& type) {
+    const auto found = clipboard_.find(type);
+    return found == clipboard_.end() ? std::string() : found->second;
+}
+
 } // namespace platform::driver
 
 namespace platform::headless {
@@ -228,7 +233,7 @@ void reset() {
     attention() = {};
     setIdleHandler({});
     if (HeadlessDisplay* own = headlessDisplay()) {
-        own->setClipboardText({});
+        own->setClipboard({});
         own->movePointer({own->screenSize().cx / 2, own->screenSize().cy / 2});
     }
 }

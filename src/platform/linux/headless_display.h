@@ -17,9 +17,9 @@ public:
     bool waitForInput(std::int64_t milliseconds) override;
     POINT pointer() override { return pointer_; }
     void movePointer(POINT screen) override { pointer_ = screen; }
-    std::u16string clipboardText() override { return clipboard_; }
-    void setClipboardText(const std::u16string& text) override { clipboard_ = text; }
-    bool clipboardHasText() override { return !clipboard_.empty(); }
+    bool clipboardHas(const std::string& type) override { return clipboard_.count(type) > 0; }
+    std::string clipboardBytes(const std::string& type) override;
+    void setClipboard(ClipboardContent content) override { clipboard_ = std::move(content); }
     void beep() override { ++beeps_; }
     bool holdsTime() const override { return true; }
 
@@ -29,7 +29,7 @@ public:
 private:
     SIZE screen_;
     POINT pointer_;
-    std::u16string clipboard_;
+    ClipboardContent clipboard_;
     std::function<bool()> idle_;
     int beeps_ = 0;
 };

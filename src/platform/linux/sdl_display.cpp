@@ -1,15 +1,16 @@
-// The desktop: one SDL window for each top-level window, its pixels copied from ours. The window manager
-// draws captions and frames; our frame around the client area is there in coordinates only.
+// The desktop through SDL: one SDL window for each top-level window, its pixels copied from ours.
 
-#include "platform/linux/desktop_display.h"
+#include "platform/linux/sdl_display.h"
 
-#include "platform/linux/desktop_keys.h"
+#include "platform/linux/desktop_windows.h"
 #include "platform/linux/keyboard.h"
 #include "platform/linux/message_queue.h"
+#include "platform/linux/sdl_keys.h"
+#include "platform/linux/sdl_library.h"
 #include "platform/linux/x11_extras.h"
+#include "platform/linux/x11_refusals.h"
 #include "platform/locale.h"
 
-#include <SDL.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -21,8 +22,6 @@
 namespace platform::driver {
 
 namespace {
-
-constexpr int UnicodeKey = 0xE7; ///< A key that carries characters and no layout
 
 /// What happened to a window on the desktop and is still to be told to it.
 struct WindowChange {
@@ -52,25 +51,6 @@ constexpr CursorShape CursorShapes[] = {{IDC_ARROW, SDL_SYSTEM_CURSOR_ARROW},
                                         {IDC_APPSTARTING, SDL_SYSTEM_CURSOR_WAITARROW},
                                         {IDC_HELP, SDL_SYSTEM_CURSOR_ARROW}};
 
-/// The widths of the frame that the window manager draws.
-RECT managedFrame(const Window& window) {
-    if (!window.is(WS_CAPTION)) return {};
-    return frameWidths(window.style, window.exStyle & ~WS_EX_CLIENTEDGE);
-}
-
-/// What of the window we show, on the screen.
-RECT shownPart(const Window& window) {
-    const RECT widths = managedFrame(window);
-    const RECT& f = window.frame;
-    return {f.left + widths.left, f.top + widths.top,
-            std::max(f.right - widths.right, f.left + widths.left + 1),
-            std::max(f.bottom - widths.bottom, f.top + widths.top + 1)};
-}
-
-std::string utf8Title(const Window& window) {
-    return utf8FromWide(wideFromAnsi(window.text));
-}
-
 Uint32 windowFlags(const Window& window) {
     Uint32 flags = 0;
     if (!window.is(WS_CAPTION)) flags |= SDL_WINDOW_BORDERLESS;
@@ -78,14 +58,13 @@ Uint32 windowFlags(const Window& window) {
     if (window.exStyle & WS_EX_TOPMOST) flags |= SDL_WINDOW_ALWAYS_ON_TOP;
     if (window.owner || (window.exStyle & WS_EX_TOOLWINDOW)) flags |= SDL_WINDOW_SKIP_TASKBAR;
     if (window.is(WS_MAXIMIZE)) flags |= SDL_WINDOW_MAXIMIZED;
-    const bool popup = !window.is(WS_CAPTION) && (window.exStyle & WS_EX_NOACTIVATE);
-    if (popup) flags |= SDL_WINDOW_POPUP_MENU;
+    if (isPopup(window)) flags |= SDL_WINDOW_POPUP_MENU;
     return flags;
 }
 
-class DesktopDisplay final : public Display {
+class SdlDisplay final : public Display {
 public:
-    ~DesktopDisplay() override;
+    ~SdlDisplay() override;
 
     SIZE screenSize() override;
     RECT workArea() override;
@@ -108,11 +87,11 @@ public:
     POINT pointer() override { return pointer_; }
     void movePointer(POINT screen) override;
     void showCursor(WORD id) override;
-    void captureMouse(bool captured) override { SDL_CaptureMouse(captured ? SDL_TRUE : SDL_FALSE); }
+    void captureMouse(bool captured) override { sdl().CaptureMouse(captured ? SDL_TRUE : SDL_FALSE); }
     void setLocks(const BYTE* states) override { lockKeys(states); }
-    std::u16string clipboardText() override;
-    void setClipboardText(const std::u16string& text) override;
-    bool clipboardHasText() override { return SDL_HasClipboardText() == SDL_TRUE; }
+    bool clipboardHas(const std::string& type) override;
+    std::string clipboardBytes(const std::string& type) override;
+    void setClipboard(ClipboardContent content) override;
     void beep() override { ringBell(); }
 
     void readLocks();
@@ -125,7 +104,6 @@ private:
 
     void take(const SDL_Event& event);
     void takeKey(const SDL_KeyboardEvent& event);
-    void takeText(const SDL_TextInputEvent& event);
     void takeButton(const SDL_MouseButtonEvent& event);
     void takeMotion(std::uint32_t id, int x, int y);
     void takeWheel(const SDL_MouseWheelEvent& event);
@@ -133,11 +111,8 @@ private:
     void postKey(int key, bool up, const SDL_KeyboardEvent& event, std::u16string text);
 
     void tell(const WindowChange& change);
-    void keepNormalPlace(const WindowChange& change);
-    void tellFocus();
-    void tellPlace(Window& window, int x, int y);
-    void tellSize(Window& window, int width, int height);
-    void tellState(Window& window, bool minimized, bool maximized);
+    void keepPlace(const WindowChange& change);
+    void tellKeyboardFocus();
 
     std::map<HWND, SDL_Window*> natives_;
     std::vector<WindowChange> changes_;
@@ -146,69 +121,77 @@ private:
     bool focusChanged_ = false;
 };
 
+RECT movedTo(const RECT& part, int x, int y) {
+    return offset(part, x - part.left, y - part.top);
+}
+
+RECT sizedTo(const RECT& part, int width, int height) {
+    return {part.left, part.top, part.left + width, part.top + height};
+}
+
 std::u16string wideText(const char* utf8) {
     return wideFromUtf8(utf8 ? utf8 : "");
 }
 
 } // namespace
 
-DesktopDisplay::~DesktopDisplay() {
+SdlDisplay::~SdlDisplay() {
     for (const auto& [id, cursor] : cursors_)
-        SDL_FreeCursor(cursor);
+        sdl().FreeCursor(cursor);
     for (const auto& [handle, native] : natives_)
-        SDL_DestroyWindow(native);
-    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        sdl().DestroyWindow(native);
+    sdl().QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 // --- Windows ---------------------------------------------------------------------------------------
 
-SDL_Window* DesktopDisplay::nativeOf(HWND window) const {
+SDL_Window* SdlDisplay::nativeOf(HWND window) const {
     const auto found = natives_.find(window);
     return found == natives_.end() ? nullptr : found->second;
 }
 
-Window* DesktopDisplay::windowOf(std::uint32_t id) const {
-    SDL_Window* native = SDL_GetWindowFromID(id);
+Window* SdlDisplay::windowOf(std::uint32_t id) const {
+    SDL_Window* native = sdl().GetWindowFromID(id);
     for (const auto& [handle, known] : natives_)
         if (known == native && native) return findWindow(handle);
     return nullptr;
 }
 
-SIZE DesktopDisplay::screenSize() {
+SIZE SdlDisplay::screenSize() {
     SDL_Rect bounds{};
-    SDL_GetDisplayBounds(0, &bounds);
+    sdl().GetDisplayBounds(0, &bounds);
     return {bounds.w, bounds.h};
 }
 
-RECT DesktopDisplay::workArea() {
+RECT SdlDisplay::workArea() {
     SDL_Rect bounds{};
-    SDL_GetDisplayUsableBounds(0, &bounds);
+    sdl().GetDisplayUsableBounds(0, &bounds);
     return {bounds.x, bounds.y, bounds.x + bounds.w, bounds.y + bounds.h};
 }
 
-void DesktopDisplay::shown(Window& window) {
+void SdlDisplay::shown(Window& window) {
     if (SDL_Window* native = nativeOf(window.handle)) {
         stateChanged(window);
         placed(window);
-        SDL_ShowWindow(native);
+        sdl().ShowWindow(native);
         return;
     }
     const RECT part = shownPart(window);
-    SDL_Window* native = SDL_CreateWindow(utf8Title(window).c_str(), part.left, part.top, widthOf(part),
-                                          heightOf(part), windowFlags(window));
+    SDL_Window* native = sdl().CreateWindow(utf8Title(window).c_str(), part.left, part.top, widthOf(part),
+                                            heightOf(part), windowFlags(window));
     if (!native) return;
     natives_[window.handle] = native;
-    if (SDL_Window* owner = nativeOf(window.owner)) SDL_SetWindowModalFor(native, owner);
+    if (SDL_Window* owner = nativeOf(window.owner)) sdl().SetWindowModalFor(native, owner);
 }
 
-void DesktopDisplay::hidden(Window& window) {
+void SdlDisplay::hidden(Window& window) {
     SDL_Window* native = nativeOf(window.handle);
     if (!native) return;
-    SDL_HideWindow(native);
+    sdl().HideWindow(native);
     returnKeyboard(window);
 }
 
-void DesktopDisplay::placed(Window& window) {
+void SdlDisplay::placed(Window& window) {
     SDL_Window* native = nativeOf(window.handle);
     if (!native || (window.style & (WS_MINIMIZE | WS_MAXIMIZE))) return;
     const RECT part = shownPart(window);
@@ -216,56 +199,56 @@ void DesktopDisplay::placed(Window& window) {
     int y = 0;
     int width = 0;
     int height = 0;
-    SDL_GetWindowPosition(native, &x, &y);
-    SDL_GetWindowSize(native, &width, &height);
+    sdl().GetWindowPosition(native, &x, &y);
+    sdl().GetWindowSize(native, &width, &height);
     if (width != widthOf(part) || height != heightOf(part))
-        SDL_SetWindowSize(native, widthOf(part), heightOf(part));
-    if (x != part.left || y != part.top) SDL_SetWindowPosition(native, part.left, part.top);
+        sdl().SetWindowSize(native, widthOf(part), heightOf(part));
+    if (x != part.left || y != part.top) sdl().SetWindowPosition(native, part.left, part.top);
 }
 
-void DesktopDisplay::stateChanged(Window& window) {
+void SdlDisplay::stateChanged(Window& window) {
     SDL_Window* native = nativeOf(window.handle);
     if (!native) return;
-    const Uint32 shown = SDL_GetWindowFlags(native);
+    const Uint32 shown = sdl().GetWindowFlags(native);
     if (window.is(WS_MINIMIZE)) {
-        SDL_MinimizeWindow(native);
+        sdl().MinimizeWindow(native);
         return;
     }
     // A minimised window comes back first as it was; a maximised one that is restored then shrinks.
-    if (shown & SDL_WINDOW_MINIMIZED) SDL_RestoreWindow(native);
+    if (shown & SDL_WINDOW_MINIMIZED) sdl().RestoreWindow(native);
     if (window.is(WS_MAXIMIZE))
-        SDL_MaximizeWindow(native);
+        sdl().MaximizeWindow(native);
     else if (shown & SDL_WINDOW_MAXIMIZED)
-        SDL_RestoreWindow(native);
+        sdl().RestoreWindow(native);
 }
 
-void DesktopDisplay::renamed(Window& window) {
-    if (SDL_Window* native = nativeOf(window.handle)) SDL_SetWindowTitle(native, utf8Title(window).c_str());
+void SdlDisplay::renamed(Window& window) {
+    if (SDL_Window* native = nativeOf(window.handle)) sdl().SetWindowTitle(native, utf8Title(window).c_str());
 }
 
-void DesktopDisplay::activated(Window& window) {
+void SdlDisplay::activated(Window& window) {
     SDL_Window* native = nativeOf(window.handle);
-    if (native && SDL_GetKeyboardFocus() != native) SDL_RaiseWindow(native);
+    if (native && sdl().GetKeyboardFocus() != native) sdl().RaiseWindow(native);
 }
 
-void DesktopDisplay::destroyed(Window& window) {
+void SdlDisplay::destroyed(Window& window) {
     const auto found = natives_.find(window.handle);
     if (found == natives_.end()) return;
-    SDL_DestroyWindow(found->second);
+    sdl().DestroyWindow(found->second);
     natives_.erase(found);
     returnKeyboard(window);
 }
 
 /// A list that drops down may have got the keyboard from a desktop without a window manager.
-void DesktopDisplay::returnKeyboard(const Window& from) {
+void SdlDisplay::returnKeyboard(const Window& from) {
     SDL_Window* active = nativeOf(attention().active);
-    if (active && (from.exStyle & WS_EX_NOACTIVATE) && !SDL_GetKeyboardFocus())
-        SDL_SetWindowInputFocus(active);
+    if (active && (from.exStyle & WS_EX_NOACTIVATE) && !sdl().GetKeyboardFocus())
+        sdl().SetWindowInputFocus(active);
 }
 
 // --- Pixels ----------------------------------------------------------------------------------------
 
-void DesktopDisplay::present() {
+void SdlDisplay::present() {
     noteBlink();
     for (const auto& [handle, native] : natives_) {
         Window* window = findWindow(handle);
@@ -274,12 +257,12 @@ void DesktopDisplay::present() {
     }
 }
 
-void DesktopDisplay::presentWindow(Window& window, SDL_Window* native) {
+void SdlDisplay::presentWindow(Window& window, SDL_Window* native) {
     constexpr Uint32 RedMask = 0xFF0000;
     constexpr Uint32 GreenMask = 0xFF00;
     constexpr Uint32 BlueMask = 0xFF;
     constexpr int Depth = 32;
-    SDL_Surface* target = SDL_GetWindowSurface(native);
+    SDL_Surface* target = sdl().GetWindowSurface(native);
     if (!target) return;
     PixelStore& pixels = *window.pixels;
     const RECT part = offset(shownPart(window), -window.frame.left, -window.frame.top);
@@ -287,41 +270,41 @@ void DesktopDisplay::presentWindow(Window& window, SDL_Window* native) {
     window.unpresented = {};
     if (hasNoArea(drawn)) return;
     SDL_Surface* source =
-        SDL_CreateRGBSurfaceFrom(pixels.surface.bits, pixels.surface.width, pixels.surface.height, Depth,
-                                 pixels.surface.stride, RedMask, GreenMask, BlueMask, 0);
+        sdl().CreateRGBSurfaceFrom(pixels.surface.bits, pixels.surface.width, pixels.surface.height, Depth,
+                                   pixels.surface.stride, RedMask, GreenMask, BlueMask, 0);
     if (!source) return;
     SDL_Rect from{drawn.left, drawn.top, widthOf(drawn), heightOf(drawn)};
     SDL_Rect to{drawn.left - part.left, drawn.top - part.top, from.w, from.h};
     inkCaret(window, pixels, {});
-    SDL_BlitSurface(source, &from, target, &to);
+    sdl().UpperBlit(source, &from, target, &to);
     inkCaret(window, pixels, {});
-    SDL_FreeSurface(source);
-    if (to.w > 0 && to.h > 0) SDL_UpdateWindowSurfaceRects(native, &to, 1);
+    sdl().FreeSurface(source);
+    if (to.w > 0 && to.h > 0) sdl().UpdateWindowSurfaceRects(native, &to, 1);
 }
 
 // --- Input -----------------------------------------------------------------------------------------
 
-void DesktopDisplay::collectInput() {
+void SdlDisplay::collectInput() {
     SDL_Event event;
-    while (SDL_PollEvent(&event))
+    while (sdl().PollEvent(&event))
         take(event);
 }
 
-bool DesktopDisplay::waitForInput(std::int64_t milliseconds) {
+bool SdlDisplay::waitForInput(std::int64_t milliseconds) {
     constexpr std::int64_t LongestWait = 60'000;
     const std::int64_t wait = milliseconds < 0 ? LongestWait : std::min(milliseconds, LongestWait);
-    SDL_WaitEventTimeout(nullptr, static_cast<int>(wait));
+    sdl().WaitEventTimeout(nullptr, static_cast<int>(wait));
     return true;
 }
 
-void DesktopDisplay::take(const SDL_Event& event) {
+void SdlDisplay::take(const SDL_Event& event) {
     switch (event.type) {
     case SDL_KEYDOWN:
     case SDL_KEYUP:
         takeKey(event.key);
         break;
     case SDL_TEXTINPUT:
-        takeText(event.text);
+        postText(wideText(event.text.text));
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
@@ -341,7 +324,7 @@ void DesktopDisplay::take(const SDL_Event& event) {
     }
 }
 
-void DesktopDisplay::postKey(int key, bool up, const SDL_KeyboardEvent& event, std::u16string text) {
+void SdlDisplay::postKey(int key, bool up, const SDL_KeyboardEvent& event, std::u16string text) {
     RawInput input;
     input.kind = RawInput::Kind::Key;
     input.virtualKey = key;
@@ -355,15 +338,15 @@ void DesktopDisplay::postKey(int key, bool up, const SDL_KeyboardEvent& event, s
 }
 
 /// The text that a key types comes as the event right behind it.
-void DesktopDisplay::takeKey(const SDL_KeyboardEvent& event) {
+void SdlDisplay::takeKey(const SDL_KeyboardEvent& event) {
     const int key = virtualKeyOf(event.keysym);
     if (!key) return;
     const bool up = event.type == SDL_KEYUP;
     std::u16string text;
     SDL_Event next;
-    if (!up && SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
+    if (!up && sdl().PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
         next.type == SDL_TEXTINPUT) {
-        SDL_PeepEvents(&next, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
+        sdl().PeepEvents(&next, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
         text = wideText(next.text.text);
     }
     // Alt Gr is Ctrl with the right Alt, in that order.
@@ -372,61 +355,36 @@ void DesktopDisplay::takeKey(const SDL_KeyboardEvent& event) {
     postKey(key, up, event, std::move(text));
 }
 
-void DesktopDisplay::takeText(const SDL_TextInputEvent& event) {
-    RawInput input;
-    input.kind = RawInput::Kind::Key;
-    input.virtualKey = UnicodeKey;
-    input.hasText = true;
-    input.text = wideText(event.text);
-    postInput(input);
-    input.up = true;
-    input.text.clear();
-    postInput(input);
-}
-
-void DesktopDisplay::takeMotion(std::uint32_t id, int x, int y) {
+void SdlDisplay::takeMotion(std::uint32_t id, int x, int y) {
     const Window* window = windowOf(id);
     if (!window) return;
     const RECT part = shownPart(*window);
     pointer_ = {part.left + x, part.top + y};
-    RawInput input;
-    input.kind = RawInput::Kind::Move;
-    input.at = pointer_;
-    postInput(input);
+    postPointer(pointer_);
 }
 
-void DesktopDisplay::takeButton(const SDL_MouseButtonEvent& event) {
+void SdlDisplay::takeButton(const SDL_MouseButtonEvent& event) {
     const Window* window = windowOf(event.windowID);
     if (!window) return;
     const RECT part = shownPart(*window);
     pointer_ = {part.left + event.x, part.top + event.y};
-    RawInput input;
-    input.kind = RawInput::Kind::Button;
-    input.virtualKey = event.button == SDL_BUTTON_LEFT    ? VK_LBUTTON
+    if (event.button > SDL_BUTTON_RIGHT) return;
+    const int button = event.button == SDL_BUTTON_LEFT    ? VK_LBUTTON
                        : event.button == SDL_BUTTON_RIGHT ? VK_RBUTTON
                                                           : VK_MBUTTON;
-    if (event.button > SDL_BUTTON_RIGHT) return;
-    input.up = event.type == SDL_MOUSEBUTTONUP;
-    input.at = pointer_;
-    postInput(input);
+    postButton(button, event.type == SDL_MOUSEBUTTONUP, pointer_);
 }
 
-void DesktopDisplay::takeWheel(const SDL_MouseWheelEvent& event) {
+void SdlDisplay::takeWheel(const SDL_MouseWheelEvent& event) {
     const int turn = event.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.y : event.y;
-    if (!turn) return;
-    RawInput input;
-    input.kind = RawInput::Kind::Wheel;
-    input.wheel = turn * WHEEL_DELTA;
-    input.at = pointer_;
-    postInput(input);
+    if (turn) postWheel(turn, pointer_);
 }
 
-void DesktopDisplay::takeWindowEvent(const SDL_WindowEvent& event) {
+void SdlDisplay::takeWindowEvent(const SDL_WindowEvent& event) {
     const auto what = static_cast<SDL_WindowEventID>(event.event);
     switch (what) {
     case SDL_WINDOWEVENT_EXPOSED:
-        if (Window* window = windowOf(event.windowID); window && window->pixels)
-            window->unpresented = {0, 0, window->pixels->surface.width, window->pixels->surface.height};
+        if (Window* window = windowOf(event.windowID)) showAgain(*window);
         break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
         readLocks();
@@ -445,44 +403,39 @@ void DesktopDisplay::takeWindowEvent(const SDL_WindowEvent& event) {
     }
 }
 
-void DesktopDisplay::readLocks() {
+void SdlDisplay::readLocks() {
     struct Lock {
         int key;
         int modifier;
     };
     static constexpr Lock Locks[] = {
         {VK_CAPITAL, KMOD_CAPS}, {VK_NUMLOCK, KMOD_NUM}, {VK_SCROLL, KMOD_SCROLL}};
-    const int on = SDL_GetModState();
+    const int on = sdl().GetModState();
     for (const Lock& lock : Locks)
-        for (KeyStates* states : {&keyboard().asynchronous, &keyboard().thread}) {
-            BYTE& state = (*states)[static_cast<std::size_t>(lock.key)];
-            state = static_cast<BYTE>((state & ~1) | (on & lock.modifier ? 1 : 0));
-        }
+        noteLock(lock.key, (on & lock.modifier) != 0);
 }
 
 // --- What the desktop did to the windows -----------------------------------------------------------
 
-void DesktopDisplay::settle() {
+void SdlDisplay::settle() {
     while (!changes_.empty()) {
         const std::vector<WindowChange> changes = std::move(changes_);
         changes_.clear();
         for (const WindowChange& change : changes)
-            keepNormalPlace(change);
+            keepPlace(change);
         for (const WindowChange& change : changes)
             tell(change);
-        if (focusChanged_) tellFocus();
+        if (focusChanged_) tellKeyboardFocus();
     }
 }
 
-/// A window that the user maximises or minimises can be restored by the program. The news of its new size
-/// may come first.
-void DesktopDisplay::keepNormalPlace(const WindowChange& change) {
+/// The news of a window's new size may come before that of its new state.
+void SdlDisplay::keepPlace(const WindowChange& change) {
     if (change.what != SDL_WINDOWEVENT_MAXIMIZED && change.what != SDL_WINDOWEVENT_MINIMIZED) return;
-    Window* window = windowOf(change.window);
-    if (window && !(window->style & (WS_MINIMIZE | WS_MAXIMIZE))) window->restored = window->frame;
+    if (Window* window = windowOf(change.window)) keepNormalPlace(*window);
 }
 
-void DesktopDisplay::tell(const WindowChange& change) {
+void SdlDisplay::tell(const WindowChange& change) {
     Window* window = windowOf(change.window);
     if (!window) return;
     switch (change.what) {
@@ -491,10 +444,10 @@ void DesktopDisplay::tell(const WindowChange& change) {
         focusChanged_ = true;
         break;
     case SDL_WINDOWEVENT_MOVED:
-        tellPlace(*window, change.a, change.b);
+        tellPlace(*window, movedTo(shownPart(*window), change.a, change.b));
         break;
     case SDL_WINDOWEVENT_RESIZED:
-        tellSize(*window, change.a, change.b);
+        tellPlace(*window, sizedTo(shownPart(*window), change.a, change.b));
         break;
     case SDL_WINDOWEVENT_MINIMIZED:
         tellState(*window, true, window->is(WS_MAXIMIZE));
@@ -503,93 +456,57 @@ void DesktopDisplay::tell(const WindowChange& change) {
         tellState(*window, false, true);
         break;
     case SDL_WINDOWEVENT_RESTORED:
-        tellState(*window, false, (SDL_GetWindowFlags(nativeOf(window->handle)) & SDL_WINDOW_MAXIMIZED) != 0);
+        tellState(*window, false,
+                  (sdl().GetWindowFlags(nativeOf(window->handle)) & SDL_WINDOW_MAXIMIZED) != 0);
         break;
     case SDL_WINDOWEVENT_CLOSE:
-        if (!window->is(WS_DISABLED) && !(window->windowClass->style & CS_NOCLOSE))
-            PostMessageA(window->handle, WM_SYSCOMMAND, SC_CLOSE, 0);
+        tellCloseWish(*window);
         break;
     default:
         break;
     }
 }
 
-/// The window that the desktop gave the keyboard is the active one; none of ours: the program is in the back.
-void DesktopDisplay::tellFocus() {
+void SdlDisplay::tellKeyboardFocus() {
     focusChanged_ = false;
-    SDL_Window* native = SDL_GetKeyboardFocus();
-    Window* window = native ? windowOf(SDL_GetWindowID(native)) : nullptr;
-    if (!window) {
-        loseForeground();
-        return;
-    }
-    if (window->exStyle & WS_EX_NOACTIVATE) return;
-    if (!window->is(WS_DISABLED)) {
-        if (!attention().foreground && attention().suspended == window->handle)
-            regainForeground();
-        else
-            activate(window->handle, false);
-        return;
-    }
-    for (HWND owned : ownedHandles(window->handle))
-        if (IsWindowVisible(owned) && IsWindowEnabled(owned)) activate(owned, false);
-}
-
-void DesktopDisplay::tellPlace(Window& window, int x, int y) {
-    const RECT part = shownPart(window);
-    if (part.left == x && part.top == y) return;
-    SetWindowPos(window.handle, {}, window.frame.left + x - part.left, window.frame.top + y - part.top, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void DesktopDisplay::tellSize(Window& window, int width, int height) {
-    const RECT part = shownPart(window);
-    const int wider = width - widthOf(part);
-    const int higher = height - heightOf(part);
-    if (!wider && !higher) return;
-    SetWindowPos(window.handle, {}, 0, 0, widthOf(window.frame) + wider, heightOf(window.frame) + higher,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void DesktopDisplay::tellState(Window& window, bool minimized, bool maximized) {
-    const DWORD former = window.style & (WS_MINIMIZE | WS_MAXIMIZE);
-    const DWORD now = (minimized ? WS_MINIMIZE : 0) | (maximized ? WS_MAXIMIZE : 0);
-    if (former == now) return;
-    window.style = (window.style & ~(WS_MINIMIZE | WS_MAXIMIZE)) | now;
-    const WPARAM kind = minimized ? SIZE_MINIMIZED : maximized ? SIZE_MAXIMIZED : SIZE_RESTORED;
-    const LPARAM size = minimized ? 0 : MAKELPARAM(widthOf(window.client), heightOf(window.client));
-    callProcedure(window, WM_SIZE, kind, size);
+    SDL_Window* native = sdl().GetKeyboardFocus();
+    tellFocus(native ? windowOf(sdl().GetWindowID(native)) : nullptr);
 }
 
 // --- Pointer and clipboard -------------------------------------------------------------------------
 
-void DesktopDisplay::movePointer(POINT screen) {
+void SdlDisplay::movePointer(POINT screen) {
     pointer_ = screen;
-    SDL_WarpMouseGlobal(screen.x, screen.y);
+    sdl().WarpMouseGlobal(screen.x, screen.y);
 }
 
-void DesktopDisplay::showCursor(WORD id) {
-    SDL_ShowCursor(id ? SDL_ENABLE : SDL_DISABLE);
+void SdlDisplay::showCursor(WORD id) {
+    sdl().ShowCursor(id ? SDL_ENABLE : SDL_DISABLE);
     if (!id) return;
     SDL_Cursor*& cursor = cursors_[id];
     if (!cursor) {
         const auto found = std::find_if(std::begin(CursorShapes), std::end(CursorShapes),
                                         [&](const CursorShape& c) { return c.id == id; });
-        cursor =
-            SDL_CreateSystemCursor(found == std::end(CursorShapes) ? SDL_SYSTEM_CURSOR_ARROW : found->shape);
+        cursor = sdl().CreateSystemCursor(found == std::end(CursorShapes) ? SDL_SYSTEM_CURSOR_ARROW
+                                                                          : found->shape);
     }
-    SDL_SetCursor(cursor);
+    sdl().SetCursor(cursor);
 }
 
-std::u16string DesktopDisplay::clipboardText() {
-    char* text = SDL_GetClipboardText();
-    std::u16string wide = wideText(text);
-    SDL_free(text);
-    return wide;
+bool SdlDisplay::clipboardHas(const std::string& type) {
+    return type == PlainText && sdl().HasClipboardText() == SDL_TRUE;
 }
 
-void DesktopDisplay::setClipboardText(const std::u16string& text) {
-    SDL_SetClipboardText(utf8FromWide(text).c_str());
+std::string SdlDisplay::clipboardBytes(const std::string& type) {
+    if (type != PlainText) return {};
+    char* text = sdl().GetClipboardText();
+    std::string bytes = text ? text : "";
+    sdl().free(text);
+    return bytes;
+}
+
+void SdlDisplay::setClipboard(ClipboardContent content) {
+    sdl().SetClipboardText(content[PlainText].c_str());
 }
 
 // --- Start -----------------------------------------------------------------------------------------
@@ -633,27 +550,28 @@ private:
 };
 
 bool startVideo(const char* driver) {
-    if (driver) SDL_SetHint(SDL_HINT_VIDEODRIVER, driver);
-    return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+    if (driver) sdl().SetHint(SDL_HINT_VIDEODRIVER, driver);
+    return sdl().InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
 
 } // namespace
 
-std::unique_ptr<Display> startDesktopDisplay() {
+std::unique_ptr<Display> startSdlDisplay() {
+    if (!sdl().complete) return nullptr;
     for (const Hint& hint : Hints)
-        SDL_SetHint(hint.name, hint.value);
-    SDL_SetMainReady();
+        sdl().SetHint(hint.name, hint.value);
+    sdl().SetMainReady();
     // Before the start, because SDL goes back to the handler it found when it ends; after it, because SDL's
     // own comes in between.
     outliveRefusals();
     const NoBusSearch noBusSearch;
     const bool chosen = std::getenv("SDL_VIDEODRIVER") != nullptr;
-    const bool started = chosen ? startVideo(nullptr) : startVideo("x11") || startVideo("wayland");
+    const bool started = chosen ? startVideo(nullptr) : startVideo("wayland") || startVideo("x11");
     if (!started) return nullptr;
     outliveRefusals();
-    auto display = std::make_unique<DesktopDisplay>();
+    auto display = std::make_unique<SdlDisplay>();
     display->readLocks();
-    SDL_StartTextInput();
+    sdl().StartTextInput();
     return display;
 }
 
