@@ -18,7 +18,7 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds Patience{2000};
 constexpr std::chrono::milliseconds PatienceAtEnd{500};
 
-constexpr std::size_t LargestPiece = 128 * 1024;
+constexpr std::size_t LargestPiece = 0x20000;
 constexpr int ByteBits = 8;
 constexpr int ValueBits = 32;
 
