@@ -218,6 +218,11 @@ bool screenshot(HWND handle, const std::string& path) {
     return savePng(path, cut);
 }
 
+int beeps() {
+    const HeadlessDisplay* own = headlessDisplay();
+    return own ? own->beeps() : 0;
+}
+
 int liveWindows() {
     return countWindows();
 }

@@ -57,6 +57,9 @@ const driver::Surface& desktop();
 /// 0, the desktop. False when there is no such window or the file cannot be written.
 bool screenshot(HWND window, const std::string& path);
 
+/// How often the program has beeped.
+int beeps();
+
 /// Live windows and timers, for tests that count them.
 int liveWindows();
 int liveTimers();

@@ -33,6 +33,17 @@ TEST_F(Headless, TheClockStandsStillUntilMoved) {
     EXPECT_EQ(GetTickCount(), before + 1520);
 }
 
+TEST_F(Headless, BeepsAreCountedAndTakeTheirTime) {
+    const int before = headless::beeps();
+    const DWORD start = GetTickCount();
+    EXPECT_TRUE(MessageBeep(0));
+    EXPECT_EQ(headless::beeps(), before + 1);
+    EXPECT_EQ(GetTickCount(), start);
+    EXPECT_TRUE(Beep(440, 250));
+    EXPECT_EQ(headless::beeps(), before + 2);
+    EXPECT_EQ(GetTickCount(), start + 250);
+}
+
 TEST_F(Headless, TheLocalTimeCanBeSet) {
     const SYSTEMTIME wanted{2024, 2, 4, 29, 13, 5, 59, 250};
     headless::setLocalTime(wanted);
