@@ -1,0 +1,172 @@
+// compare-results OURS THEIRS ACCEPTED [PICTURES]   compares the results of two runs
+//
+// Tells each script whose results differ and is not covered by a row of the table ACCEPTED, and each row that
+// covers nothing; the exit status is 1 then. With PICTURES, a folder, three pictures of each are written:
+// NAME-ours.png, NAME-theirs.png and NAME-difference.png (red where they differ).
+//
+// A row of the table is a pattern of script names, in which * stands for anything, a tab, and the reason.
+
+#include "conformance/Picture.h"
+#include "platform/linux/png_file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <map>
+
+namespace conformance {
+
+namespace {
+
+struct Accepted {
+    std::string pattern;
+    std::string reason;
+    int covers = 0;
+};
+
+std::vector<Accepted> readTable(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error("cannot read " + path);
+    std::vector<Accepted> table;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string::npos) throw std::runtime_error("a row without reason: " + line);
+        table.push_back({line.substr(0, tab), line.substr(tab + 1)});
+    }
+    return table;
+}
+
+bool matches(std::string_view pattern, std::string_view name) {
+    if (pattern.empty()) return name.empty();
+    if (pattern[0] != '*')
+        return !name.empty() && name[0] == pattern[0] && matches(pattern.substr(1), name.substr(1));
+    for (std::size_t i = 0; i <= name.size(); ++i)
+        if (matches(pattern.substr(1), name.substr(i))) return true;
+    return false;
+}
+
+std::vector<Result> readResults(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + path);
+    std::vector<Result> results;
+    for (Result result; readResult(file, result);)
+        results.push_back(std::move(result));
+    return results;
+}
+
+std::size_t differingPixels(const Picture& a, const Picture& b) {
+    if (a.width != b.width || a.height != b.height) return std::max(a.pixels.size(), b.pixels.size());
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < a.pixels.size(); ++i)
+        count += a.pixels[i] != b.pixels[i] ? 1u : 0u;
+    return count;
+}
+
+void save(const std::filesystem::path& path, Picture picture) {
+    platform::driver::Surface surface;
+    surface.width = picture.width;
+    surface.height = picture.height;
+    surface.stride = picture.width * 4;
+    surface.bits = reinterpret_cast<std::uint8_t*>(picture.pixels.data());
+    if (!platform::driver::savePng(path.string(), surface))
+        throw std::runtime_error("cannot write " + path.string());
+}
+
+/// Theirs in pale grey, with every differing pixel red.
+Picture difference(const Picture& ours, const Picture& theirs) {
+    constexpr std::uint32_t red = 0xFF0000;
+    Picture result = theirs;
+    for (std::size_t i = 0; i < result.pixels.size(); ++i) {
+        const bool differs = i >= ours.pixels.size() || ours.pixels[i] != theirs.pixels[i];
+        const std::uint32_t pale = 0xC0C0C0 | (theirs.pixels[i] & 0x3F3F3F);
+        result.pixels[i] = differs ? red : pale;
+    }
+    return result;
+}
+
+void savePictures(const std::filesystem::path& folder, const Result& ours, const Result& theirs) {
+    std::filesystem::create_directories(folder);
+    std::string name = ours.script;
+    std::replace(name.begin(), name.end(), '/', '-');
+    for (std::size_t i = 0; i < std::min(ours.pictures.size(), theirs.pictures.size()); ++i) {
+        const Picture& a = ours.pictures[i];
+        const Picture& b = theirs.pictures[i];
+        if (a == b) continue;
+        const std::string stem = name + "-" + a.name;
+        save(folder / (stem + "-ours.png"), a);
+        save(folder / (stem + "-theirs.png"), b);
+        save(folder / (stem + "-difference.png"), difference(a, b));
+    }
+}
+
+void tellDifference(const Result& ours, const Result& theirs) {
+    std::cout << ours.script << ':';
+    for (std::size_t i = 0; i < std::min(ours.pictures.size(), theirs.pictures.size()); ++i) {
+        const std::size_t count = differingPixels(ours.pictures[i], theirs.pictures[i]);
+        if (count > 0) std::cout << ' ' << count << " pixels of " << ours.pictures[i].name;
+    }
+    if (ours.shown != theirs.shown)
+        std::cout << " shown:\n  ours   " << ours.shown << "  theirs " << theirs.shown;
+    std::cout << '\n';
+}
+
+/// "lines" for "random/lines/7", else the folder of the script.
+std::string subjectOf(const std::string& script) {
+    return script.substr(0, script.rfind('/'));
+}
+
+int compare(const std::vector<std::string>& arguments) {
+    if (arguments.size() < 3) {
+        std::cerr << "compare-results OURS THEIRS ACCEPTED [PICTURES]\n";
+        return 2;
+    }
+    const std::vector<Result> ours = readResults(arguments[0]);
+    const std::vector<Result> theirs = readResults(arguments[1]);
+    std::vector<Accepted> table = readTable(arguments[2]);
+    if (ours.empty() || ours.size() != theirs.size()) {
+        std::cout << "The runs have " << ours.size() << " and " << theirs.size() << " results.\n";
+        return 1;
+    }
+    int failures = 0;
+    std::map<std::string, std::pair<int, int>> subjects; // scripts, and those that differ
+    for (std::size_t i = 0; i < ours.size(); ++i) {
+        auto& [count, different] = subjects[subjectOf(ours[i].script)];
+        ++count;
+        if (ours[i] == theirs[i]) continue;
+        ++different;
+        const auto row = std::find_if(table.begin(), table.end(),
+                                      [&](const Accepted& a) { return matches(a.pattern, ours[i].script); });
+        if (row != table.end()) {
+            ++row->covers;
+            continue;
+        }
+        ++failures;
+        tellDifference(ours[i], theirs[i]);
+        if (arguments.size() > 3) savePictures(arguments[3], ours[i], theirs[i]);
+    }
+    for (const auto& [name, counts] : subjects)
+        if (counts.second > 0)
+            std::cout << name << ": " << counts.second << " of " << counts.first << " differ\n";
+    for (const Accepted& row : table) {
+        if (row.covers > 0) continue;
+        ++failures;
+        std::cout << "This row of the table covers nothing: " << row.pattern << '\n';
+    }
+    std::cout << ours.size() << " scripts compared, " << failures << " failures\n";
+    return failures == 0 ? 0 : 1;
+}
+
+} // namespace
+
+} // namespace conformance
+
+int main(int argc, char** argv) {
+    try {
+        return conformance::compare({argv + 1, argv + argc});
+    } catch (const std::exception& problem) {
+        std::cerr << "compare-results: " << problem.what() << '\n';
+        return 1;
+    }
+}
