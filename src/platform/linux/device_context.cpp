@@ -4,6 +4,7 @@
 #include "platform/linux/metafile_recorder.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace platform::driver {
 
@@ -12,9 +13,26 @@ namespace {
 /// The platform's own bound on device coordinates: 27 bits and a sign.
 constexpr std::int64_t coordinateLimit = (1 << 27) - 1;
 
-int mapped(LONG value, LONG fromOrigin, LONG toOrigin) {
+int moved(LONG value, LONG fromOrigin, LONG toOrigin) {
     return boundedCoordinate(std::int64_t{value} - fromOrigin + toOrigin);
 }
+
+int rounded(double value) {
+    constexpr auto limit = static_cast<double>(coordinateLimit);
+    return boundedCoordinate(static_cast<std::int64_t>(std::floor(std::clamp(value, -limit, limit) + 0.5)));
+}
+
+/// One axis of a mapping: device = logical * scale + offset.
+struct Axis {
+    double scale;
+    double offset;
+
+    Axis(LONG windowOrigin, LONG windowExtent, LONG viewportOrigin, LONG viewportExtent)
+        : scale(static_cast<double>(viewportExtent) / windowExtent),
+          offset(viewportOrigin - scale * windowOrigin) {}
+
+    int toDevice(LONG logical) const { return rounded(logical * scale + offset); }
+};
 
 template <class Kind>
 void retain(Handle<Kind> handle) {
@@ -60,11 +78,32 @@ bool isEmpty(const RECT& r) {
 }
 
 POINT Mapping::toDevice(POINT p) const {
-    return {mapped(p.x, windowOrigin.x, viewportOrigin.x), mapped(p.y, windowOrigin.y, viewportOrigin.y)};
+    if (isUnscaled())
+        return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
+    const Axis x(windowOrigin.x, windowExtent.cx, viewportOrigin.x, viewportExtent.cx);
+    const Axis y(windowOrigin.y, windowExtent.cy, viewportOrigin.y, viewportExtent.cy);
+    return {x.toDevice(p.x), y.toDevice(p.y)};
 }
 
 POINT Mapping::toLogical(POINT p) const {
-    return {mapped(p.x, viewportOrigin.x, windowOrigin.x), mapped(p.y, viewportOrigin.y, windowOrigin.y)};
+    if (isUnscaled())
+        return {moved(p.x, viewportOrigin.x, windowOrigin.x), moved(p.y, viewportOrigin.y, windowOrigin.y)};
+    const Axis x(windowOrigin.x, windowExtent.cx, viewportOrigin.x, viewportExtent.cx);
+    const Axis y(windowOrigin.y, windowExtent.cy, viewportOrigin.y, viewportExtent.cy);
+    // The inverse of the matrix of both axes, by its determinant: which half rounds up depends on it.
+    const double determinant = x.scale * y.scale;
+    const double backX = y.scale / determinant;
+    const double backY = x.scale / determinant;
+    return {rounded(p.x * backX - x.offset * y.scale / determinant),
+            rounded(p.y * backY - x.scale * y.offset / determinant)};
+}
+
+int Mapping::widthOnDevice(int logical) const {
+    return std::abs(rounded(static_cast<double>(logical) * viewportExtent.cx / windowExtent.cx));
+}
+
+int Mapping::heightOnDevice(int logical) const {
+    return std::abs(rounded(static_cast<double>(logical) * viewportExtent.cy / windowExtent.cy));
 }
 
 RECT Mapping::toDevice(const RECT& r) const {

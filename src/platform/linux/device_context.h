@@ -2,22 +2,29 @@
 // A device context: the surface it draws on, the clipping, and the state that SaveDC keeps.
 
 #include "platform/linux/gdi_objects.h"
+#include "platform/linux/path.h"
 
 #include <optional>
 
 namespace platform::driver {
 
-/// How logical coordinates become device coordinates. Origins now; the extents stand at 1:1.
+/// How logical coordinates become device coordinates.
 struct Mapping {
+    int mode = MM_TEXT;
     POINT windowOrigin;
     POINT viewportOrigin;
     SIZE windowExtent{1, 1};
     SIZE viewportExtent{1, 1};
 
+    /// True when a logical unit is a pixel, to the right and down.
+    bool isUnscaled() const { return windowExtent == viewportExtent; }
     POINT toDevice(POINT logical) const;
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;
+    /// Pixels of a length along one axis, rounded; not negative.
+    int widthOnDevice(int logical) const;
+    int heightOnDevice(int logical) const;
 };
 
 /// Everything that SaveDC pushes and RestoreDC brings back.
@@ -39,6 +46,9 @@ struct ContextState {
     int breakCount = 0;
     POINT position;
     POINT brushOrigin;
+    int arcDirection = AD_COUNTERCLOCKWISE;
+    float miterLimit = 10;
+    Path path;
     Mapping mapping;
     std::optional<Region> clip; ///< Device coordinates
 };

@@ -126,7 +126,7 @@ DWORD typeOf(const Object& object) {
     case HandleKind::Brush:
         return OBJ_BRUSH;
     case HandleKind::Pen:
-        return OBJ_PEN;
+        return static_cast<const Pen&>(object).extended ? OBJ_EXTPEN : OBJ_PEN;
     case HandleKind::Font:
         return OBJ_FONT;
     case HandleKind::Region:
@@ -142,6 +142,22 @@ DWORD typeOf(const Object& object) {
 
 bool isHatch(std::uintptr_t style) {
     return style <= static_cast<std::uintptr_t>(HS_DIAGCROSS);
+}
+
+bool areDashes(const DWORD* dashes, DWORD count) {
+    constexpr DWORD mostDashes = 16;
+    return dashes && count >= 1 && count <= mostDashes &&
+           std::all_of(dashes, dashes + count, [](DWORD length) { return static_cast<LONG>(length) >= 0; }) &&
+           std::any_of(dashes, dashes + count, [](DWORD length) { return length > 0; });
+}
+
+/// A cosmetic pen is one pixel of a plain colour; only it can paint every second pixel, and only a geometric
+/// one can stay inside its frame.
+bool isExtendedPen(DWORD style, DWORD width, const LOGBRUSH& brush) {
+    const int line = static_cast<int>(style & PS_STYLE_MASK);
+    if (line > PS_ALTERNATE) return false;
+    if ((style & PS_TYPE_MASK) == PS_GEOMETRIC) return line != PS_ALTERNATE && brush.lbStyle <= BS_HATCHED;
+    return width == 1 && brush.lbStyle == BS_SOLID && line != PS_INSIDEFRAME;
 }
 
 HBRUSH addBrush(const LOGBRUSH& data) {
@@ -326,6 +342,23 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
                   {}};
     if (faceName) wideFromAnsi(faceName).copy(data.lfFaceName, LF_FACESIZE - 1);
     return CreateFontIndirectW(&data);
+}
+
+HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD dashCount, const DWORD* dashes) {
+    if (!brush) return {};
+    const DWORD line = style & PS_STYLE_MASK;
+    const bool isGeometric = (style & PS_TYPE_MASK) == PS_GEOMETRIC;
+    const bool hasDashes = line == static_cast<DWORD>(PS_USERSTYLE);
+    if (!isExtendedPen(style, width, *brush) || (hasDashes ? !areDashes(dashes, dashCount) : dashCount != 0))
+        return {};
+    if (line == static_cast<DWORD>(PS_NULL)) return HPEN(stockObject(NULL_PEN));
+    auto pen = std::make_unique<Pen>();
+    pen->data = {line, {isGeometric ? static_cast<LONG>(width) : 1, 0}, brush->lbColor};
+    pen->extended = true;
+    pen->form = style & ~PS_STYLE_MASK;
+    pen->brush = *brush;
+    if (hasDashes) pen->dashes.assign(dashes, dashes + dashCount);
+    return HPEN(addObject(std::move(pen)));
 }
 
 HFONT CreateFontIndirectW(const LOGFONTW* data) {

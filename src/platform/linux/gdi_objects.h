@@ -48,7 +48,13 @@ struct Pen : Object {
     static constexpr HandleKind objectKind = HandleKind::Pen;
     Pen() : Object(objectKind) {}
 
-    LOGPEN data;
+    LOGPEN data; ///< For a pen of ExtCreatePen the style without its caps, joints and kind
+    bool extended = false;
+    DWORD form = 0; ///< PS_GEOMETRIC or PS_COSMETIC, cap and joint
+    LOGBRUSH brush;
+    std::vector<DWORD> dashes; ///< Of PS_USERSTYLE
+
+    bool isGeometric() const { return (form & PS_TYPE_MASK) == PS_GEOMETRIC; }
 };
 
 struct Font : Object {

@@ -2,8 +2,11 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/ellipses.h"
 #include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
+#include "platform/linux/polygons.h"
+#include "platform/linux/shapes.h"
 
 #include <algorithm>
 
@@ -55,13 +58,38 @@ RECT deviceRect(const DeviceContext& context, int left, int top, int right, int 
     return ordered(context.state.mapping.toDevice(RECT{left, top, right, bottom}));
 }
 
+/// Rows and columns further out hold no pixels of any surface.
+constexpr RECT everywhere{-0x8000, -0x8000, 0x8000, 0x8000};
+
+/// Ellipses of regions leave out one more pixel on the right and at the bottom.
+HRGN addRound(const RECT& box, SIZE corner) {
+    return addRegion(roundRegion({box.left, box.top, box.right - 1, box.bottom - 1}, corner));
+}
+
+/// The part of a region less than a width and height from outside of it.
+Region frameOf(const Region& region, int width, int height) {
+    Region inside = region;
+    for (const POINT step : {POINT{width, 0}, POINT{-width, 0}, POINT{0, height}, POINT{0, -height}}) {
+        Region moved = region;
+        moved.translate(step.x, step.y);
+        inside = inside.intersected(moved);
+    }
+    return region.subtracted(inside);
+}
+
+/// Fills a region given in logical units.
+void fillLogical(DeviceContext& context, const Region& region, const Painter& painter) {
+    for (const RECT& r : region.rectangles())
+        painter.fill(ordered(context.toSurface(r)));
+}
+
+} // namespace
+
 HRGN addRegion(Region region) {
     auto object = std::make_unique<RegionObject>();
     object->region = std::move(region);
     return HRGN(addObject(std::move(object)));
 }
-
-} // namespace
 
 } // namespace platform::driver
 
@@ -75,6 +103,34 @@ HRGN CreateRectRgn(int left, int top, int right, int bottom) {
 
 HRGN CreateRectRgnIndirect(const RECT* rect) {
     return rect ? CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom) : HRGN();
+}
+
+HRGN CreateEllipticRgn(int left, int top, int right, int bottom) {
+    const RECT box = ordered({left, top, right, bottom});
+    return addRound(box, sizeOf(box));
+}
+
+HRGN CreateEllipticRgnIndirect(const RECT* rect) {
+    return rect ? CreateEllipticRgn(rect->left, rect->top, rect->right, rect->bottom) : HRGN();
+}
+
+HRGN CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height) {
+    return addRound(ordered({left, top, right, bottom}), {std::abs(width), std::abs(height)});
+}
+
+HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode) {
+    return CreatePolyPolygonRgn(points, &count, 1, fillMode);
+}
+
+HRGN CreatePolyPolygonRgn(const POINT* points, const INT* counts, int polygons, int fillMode) {
+    if (!points || !counts || polygons < 1 || fillMode < ALTERNATE || fillMode > WINDING) return {};
+    std::vector<std::vector<POINT>> all;
+    for (int i = 0; i < polygons; ++i) {
+        if (counts[i] < 2) return {};
+        all.emplace_back(points, points + counts[i]);
+        points += counts[i];
+    }
+    return addRegion(polygonsRegion(all, fillMode, everywhere));
 }
 
 BOOL SetRectRgn(HRGN handle, int left, int top, int right, int bottom) {
@@ -134,9 +190,38 @@ BOOL FillRgn(HDC dc, HRGN handle, HBRUSH brush) {
     const Brush* with = find<Brush>(brush);
     if (!context || !object || !with) return FALSE_;
     if (context->recorder) context->recorder->region(RecordType::FillRgn, object->region, with);
-    const Painter painter(*context, *with, rop3OfMode(context->state.rop2));
-    for (const RECT& r : object->region.rectangles())
-        painter.fill(ordered(context->toSurface(r)));
+    fillLogical(*context, object->region, Painter(*context, *with, rop3OfMode(context->state.rop2)));
+    return TRUE_;
+}
+
+BOOL PaintRgn(HDC dc, HRGN handle) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const RegionObject* object = find<RegionObject>(handle);
+    if (!context || !object) return FALSE_;
+    if (context->recorder) context->recorder->region(RecordType::PaintRgn, object->region, nullptr);
+    fillLogical(*context, object->region,
+                Painter(*context, context->brush(), rop3OfMode(context->state.rop2)));
+    return TRUE_;
+}
+
+BOOL FrameRgn(HDC dc, HRGN handle, HBRUSH brush, int width, int height) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const RegionObject* object = find<RegionObject>(handle);
+    const Brush* with = find<Brush>(brush);
+    if (!context || !object || !with || width <= 0 || height <= 0) return FALSE_;
+    if (context->recorder)
+        context->recorder->region(RecordType::FrameRgn, object->region, with, {width, height});
+    fillLogical(*context, frameOf(object->region, width, height),
+                Painter(*context, *with, rop3OfMode(context->state.rop2)));
+    return TRUE_;
+}
+
+BOOL InvertRgn(HDC dc, HRGN handle) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const RegionObject* object = find<RegionObject>(handle);
+    if (!context || !object) return FALSE_;
+    if (context->recorder) context->recorder->region(RecordType::InvertRgn, object->region, nullptr);
+    fillLogical(*context, object->region, Painter(*context, 0u, rop3Of(DSTINVERT)));
     return TRUE_;
 }
 

@@ -7,6 +7,7 @@
 #include "platform/linux/painter.h"
 #include "platform/linux/polygons.h"
 #include "platform/linux/rows.h"
+#include "platform/linux/shapes.h"
 #include "platform/system_look.h"
 
 #include <algorithm>
@@ -39,11 +40,6 @@ std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* poin
     return result;
 }
 
-void fillRegion(const Painter& painter, const Region& region) {
-    for (const RECT& r : region.rectangles())
-        painter.fill(r);
-}
-
 /// The inside of an outline in the current pen: what the brush fills.
 RECT insideOf(RECT r, const Stroke& stroke) {
     if (stroke.paintsNothing()) return r;
@@ -67,6 +63,24 @@ void fillFrame(const Painter& painter, const RECT& r) {
 
 } // namespace
 
+void fillWithBrush(DeviceContext& context, const Region& region) {
+    const Painter painter(context, context.brush(), rop3OfMode(context.state.rop2));
+    if (painter.paintsNothing()) return;
+    for (const RECT& r : region.rectangles())
+        painter.fill(r);
+}
+
+Region figuresRegion(const std::vector<Figure>& figures, int fillMode, const RECT& bounds) {
+    std::vector<std::vector<POINT>> polygons;
+    for (const Figure& figure : figures)
+        polygons.push_back(figure.points);
+    return polygonsRegion(polygons, fillMode, bounds);
+}
+
+void fillFigures(DeviceContext& context, const std::vector<Figure>& figures) {
+    fillWithBrush(context, figuresRegion(figures, context.state.polyFillMode, context.drawable().bounds()));
+}
+
 } // namespace platform::driver
 
 namespace platform {
@@ -78,6 +92,7 @@ BOOL MoveToEx(HDC dc, int x, int y, POINT* previous) {
     if (!context) return FALSE_;
     if (previous) *previous = context->state.position;
     context->state.position = {x, y};
+    context->state.path.move();
     return TRUE_;
 }
 
@@ -96,20 +111,30 @@ BOOL LineTo(HDC dc, int x, int y) {
 BOOL Polyline(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 2) return FALSE_;
+    const std::vector<POINT> all = surfacePoints(*context, points, count);
+    if (context->state.path.isOpen()) {
+        context->state.path.add(all, PT_LINETO, false);
+        return TRUE_;
+    }
     if (context->recorder)
         context->recorder->points(RecordType::Polyline, points, static_cast<std::size_t>(count));
-    Stroke(*context).draw(surfacePoints(*context, points, count), false);
+    Stroke(*context).draw(all, false);
     return TRUE_;
 }
 
 BOOL PolylineTo(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 1) return FALSE_;
-    if (context->recorder)
-        context->recorder->points(RecordType::PolylineTo, points, static_cast<std::size_t>(count));
     std::vector<POINT> all = surfacePoints(*context, points, count);
-    all.insert(all.begin(), context->toSurface(context->state.position));
-    Stroke(*context).draw(all, false);
+    const POINT from = context->toSurface(context->state.position);
+    if (context->state.path.isOpen()) {
+        context->state.path.addTo(from, all, PT_LINETO);
+    } else {
+        if (context->recorder)
+            context->recorder->points(RecordType::PolylineTo, points, static_cast<std::size_t>(count));
+        all.insert(all.begin(), from);
+        Stroke(*context).draw(all, false);
+    }
     context->state.position = points[count - 1];
     return TRUE_;
 }
@@ -117,12 +142,14 @@ BOOL PolylineTo(HDC dc, const POINT* points, int count) {
 BOOL Polygon(HDC dc, const POINT* points, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 2) return FALSE_;
+    const std::vector<POINT> all = surfacePoints(*context, points, count);
+    if (context->state.path.isOpen()) {
+        context->state.path.add(all, PT_LINETO, true);
+        return TRUE_;
+    }
     if (context->recorder)
         context->recorder->points(RecordType::Polygon, points, static_cast<std::size_t>(count));
-    const std::vector<POINT> all = surfacePoints(*context, points, count);
-    const Painter painter(*context, context->brush(), rop3OfMode(context->state.rop2));
-    if (!painter.paintsNothing())
-        fillRegion(painter, polygonRegion(all, context->state.polyFillMode, context->drawable().bounds()));
+    fillWithBrush(*context, polygonRegion(all, context->state.polyFillMode, context->drawable().bounds()));
     Stroke(*context).draw(all, true);
     return TRUE_;
 }
@@ -132,9 +159,17 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
     if (!context) return FALSE_;
     RECT r = ordered(context->toSurface(RECT{left, top, right, bottom}));
     if (isEmpty(r)) return TRUE_;
-    if (context->recorder) context->recorder->box(RecordType::Rectangle, {left, top, right, bottom});
+    const bool collects = context->state.path.isOpen();
+    if (context->recorder && !collects)
+        context->recorder->box(RecordType::Rectangle, {left, top, right, bottom});
     --r.right;
     --r.bottom;
+    if (collects) {
+        std::array<POINT, 4> corners = cornersOf(r);
+        if (context->state.arcDirection == AD_CLOCKWISE) std::reverse(corners.begin(), corners.end());
+        context->state.path.add(corners, PT_LINETO, true);
+        return TRUE_;
+    }
     Stroke stroke(*context);
     if (!stroke.paintsNothing() && context->pen().data.lopnStyle == static_cast<UINT>(PS_INSIDEFRAME) &&
         stroke.width() > 1) {
@@ -211,16 +246,20 @@ COLORREF GetPixel(HDC dc, int x, int y) {
     return colorOfPixel(*context, isWide ? row32(surface, p.y)[p.x] : bitAt(rowOf(surface, p.y), p.x));
 }
 
+BOOL SetPixelV(HDC dc, int x, int y, COLORREF color) {
+    SetPixel(dc, x, y, color);
+    return find<DeviceContext>(dc) != nullptr;
+}
+
 BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || usesSource(rop3Of(rop))) return FALSE_;
     if (context->recorder) context->recorder->patternBlit({x, y, x + width, y + height}, rop);
-    const POINT corner = context->toSurface(POINT{x, y});
-    RECT r{corner.x, corner.y, boundedCoordinate(std::int64_t{corner.x} + width),
-           boundedCoordinate(std::int64_t{corner.y} + height)};
-    // A size below zero counts from the given corner, which then belongs to the area.
-    if (width < 0) r = {r.right + 1, r.top, r.left + 1, r.bottom};
-    if (height < 0) r = {r.left, r.bottom + 1, r.right, r.top + 1};
+    RECT r = context->toSurface(
+        RECT{x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)});
+    // An extent to the left or upwards counts from the given corner, which then belongs to the area.
+    if (r.right < r.left) r = {r.right + 1, r.top, r.left + 1, r.bottom};
+    if (r.bottom < r.top) r = {r.left, r.bottom + 1, r.right, r.top + 1};
     const Painter painter(*context, context->brush(), rop3Of(rop));
     painter.fill(r);
     return TRUE_;

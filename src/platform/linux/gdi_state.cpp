@@ -1,4 +1,4 @@
-// The attributes of a device context and its coordinate system.
+// The attributes of a device context.
 
 #include "platform/gdi.h"
 #include "platform/linux/colors.h"
@@ -27,27 +27,6 @@ Value readField(HDC dc, Value ContextState::*field, Value failure) {
 /// The same for modes that have a range; a value outside it changes nothing.
 int exchangeMode(HDC dc, int ContextState::*field, int mode, int first, int last) {
     return mode < first || mode > last ? 0 : exchangeField(dc, field, mode, 0);
-}
-
-/// Sets or moves one of the two origins and tells what it was.
-BOOL changeOrigin(HDC dc, POINT Mapping::*origin, POINT value, bool relative, POINT* previous) {
-    DeviceContext* context = find<DeviceContext>(dc);
-    if (!context) return FALSE_;
-    POINT& current = context->state.mapping.*origin;
-    if (previous) *previous = current;
-    if (relative) {
-        value.x = boundedCoordinate(std::int64_t{value.x} + current.x);
-        value.y = boundedCoordinate(std::int64_t{value.y} + current.y);
-    }
-    current = value;
-    return TRUE_;
-}
-
-BOOL readOrigin(HDC dc, POINT Mapping::*origin, POINT* value) {
-    const DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || !value) return FALSE_;
-    *value = context->state.mapping.*origin;
-    return TRUE_;
 }
 
 } // namespace
@@ -137,6 +116,27 @@ BOOL SetTextJustification(HDC dc, int extra, int count) {
     return TRUE_;
 }
 
+int SetArcDirection(HDC dc, int direction) {
+    return exchangeMode(dc, &ContextState::arcDirection, direction, AD_COUNTERCLOCKWISE, AD_CLOCKWISE);
+}
+int GetArcDirection(HDC dc) {
+    return readField(dc, &ContextState::arcDirection, 0);
+}
+
+BOOL SetMiterLimit(HDC dc, float limit, float* previous) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    if (previous) *previous = context->state.miterLimit;
+    context->state.miterLimit = limit;
+    return TRUE_;
+}
+BOOL GetMiterLimit(HDC dc, float* limit) {
+    const DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !limit) return FALSE_;
+    *limit = context->state.miterLimit;
+    return TRUE_;
+}
+
 BOOL SetBrushOrgEx(HDC dc, int x, int y, POINT* previous) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return FALSE_;
@@ -149,42 +149,6 @@ BOOL GetBrushOrgEx(HDC dc, POINT* origin) {
     const DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !origin) return FALSE_;
     *origin = context->state.brushOrigin;
-    return TRUE_;
-}
-
-BOOL SetWindowOrgEx(HDC dc, int x, int y, POINT* previous) {
-    return changeOrigin(dc, &Mapping::windowOrigin, {x, y}, false, previous);
-}
-BOOL GetWindowOrgEx(HDC dc, POINT* origin) {
-    return readOrigin(dc, &Mapping::windowOrigin, origin);
-}
-BOOL OffsetWindowOrgEx(HDC dc, int x, int y, POINT* previous) {
-    return changeOrigin(dc, &Mapping::windowOrigin, {x, y}, true, previous);
-}
-
-BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* previous) {
-    return changeOrigin(dc, &Mapping::viewportOrigin, {x, y}, false, previous);
-}
-BOOL GetViewportOrgEx(HDC dc, POINT* origin) {
-    return readOrigin(dc, &Mapping::viewportOrigin, origin);
-}
-BOOL OffsetViewportOrgEx(HDC dc, int x, int y, POINT* previous) {
-    return changeOrigin(dc, &Mapping::viewportOrigin, {x, y}, true, previous);
-}
-
-BOOL DPtoLP(HDC dc, POINT* points, int count) {
-    const DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || (!points && count > 0)) return FALSE_;
-    for (int i = 0; i < count; ++i)
-        points[i] = context->state.mapping.toLogical(points[i]);
-    return TRUE_;
-}
-
-BOOL LPtoDP(HDC dc, POINT* points, int count) {
-    const DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || (!points && count > 0)) return FALSE_;
-    for (int i = 0; i < count; ++i)
-        points[i] = context->state.mapping.toDevice(points[i]);
     return TRUE_;
 }
 

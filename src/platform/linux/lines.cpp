@@ -69,7 +69,7 @@ Stroke::Stroke(DeviceContext& context) : context_(context) {
     const Pen& pen = context.pen();
     const ContextState& state = context.state;
     style_ = static_cast<int>(pen.data.lopnStyle);
-    width_ = std::max(1, boundedCoordinate(pen.data.lopnWidth.x));
+    width_ = std::max(1, state.mapping.widthOnDevice(pen.data.lopnWidth.x));
     const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
     const Rop3 rop = rop3OfMode(state.rop2);
     ink_ = masksOf(rop, pixelOf(context, isDcPen ? state.dcPenColor : pen.data.lopnColor));
@@ -93,12 +93,21 @@ void Stroke::draw(std::span<const POINT> points, bool closed) {
     if (paintsNothing() || points.empty()) return;
     dashStart_ = 0;
     if (width_ > 1) {
-        drawWide(points, closed);
+        paint(wideOutline(points, closed, width_, context_.drawable().bounds()));
         return;
     }
     for (std::size_t i = 1; i < points.size(); ++i)
         drawThin(points[i - 1], points[i]);
     if (closed) drawThin(points.back(), points.front());
+}
+
+void Stroke::draw(const std::vector<Figure>& figures) {
+    for (const Figure& figure : figures)
+        draw(figure.points, figure.closed);
+}
+
+std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
+    return figures;
 }
 
 void Stroke::drawThin(POINT from, POINT to) {
@@ -179,9 +188,8 @@ void Stroke::plot(int x, int y, std::int64_t step) const {
     }
 }
 
-void Stroke::drawWide(std::span<const POINT> points, bool closed) const {
-    const Region outline = wideOutline(points, closed, width_, context_.drawable().bounds());
-    for (const RECT& r : outline.rectangles())
+void Stroke::paint(const Region& region) const {
+    for (const RECT& r : region.rectangles())
         straight(r);
 }
 

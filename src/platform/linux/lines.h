@@ -22,10 +22,15 @@ public:
     /// Lines through the points, in surface coordinates, without the last pixel. A closed one goes back to
     /// its first point. Dashes run on from line to line.
     void draw(std::span<const POINT> points, bool closed);
+    /// The same for several lines; dashes begin anew with each.
+    void draw(const std::vector<Figure>& figures);
+
+    /// The lines around what the pen would paint.
+    std::vector<Figure> outlines(const std::vector<Figure>& figures) const;
 
 private:
     void drawThin(POINT from, POINT to);
-    void drawWide(std::span<const POINT> points, bool closed) const;
+    void paint(const Region& region) const;
     void straight(const RECT& r) const;
     void slanted(POINT from, POINT to, const RECT& clip) const;
     void plot(int x, int y, std::int64_t step) const;

@@ -17,53 +17,59 @@ std::int64_t ceilingDivide(std::int64_t a, std::int64_t b) {
     return a > 0 ? (a + b - 1) / b : -(-a / b);
 }
 
-/// Collects the rectangles of one row each and joins them to a region of bands.
+/// Collects rectangles of one row each.
 class RowCollector {
 public:
     explicit RowCollector(const RECT& bounds) : bounds_(bounds) {}
 
     void add(LONG left, LONG y, LONG right) {
         const RECT row = intersection({left, y, right, y + 1}, bounds_);
-        if (!isEmpty(row)) pending_ = pending_.united(Region(row));
-        if (++count_ % rowsAtOnce == 0) flush();
+        if (!isEmpty(row)) rows_.push_back(row);
     }
 
-    Region take() {
-        flush();
-        return std::move(region_);
-    }
+    Region take() { return Region::ofRows(std::move(rows_)); }
 
 private:
-    static constexpr int rowsAtOnce = 64; ///< Unions of small regions stay cheap
-
-    void flush() {
-        region_ = region_.united(pending_);
-        pending_ = Region();
-    }
-
     RECT bounds_;
-    Region region_;
-    Region pending_;
-    int count_ = 0;
+    std::vector<RECT> rows_;
 };
 
-void crossingsAt(std::span<const POINT> points, LONG y, std::vector<Crossing>& out) {
-    out.clear();
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        POINT a = points[i];
-        POINT b = points[(i + 1) % points.size()];
-        int direction = 1;
-        if (a.y > b.y) {
-            std::swap(a, b);
-            direction = -1;
-        }
-        if (y < a.y || y >= b.y) continue;
-        const std::int64_t rise = std::int64_t{b.x} - a.x;
-        const std::int64_t height = std::int64_t{b.y} - a.y;
-        const std::int64_t x = a.x + ceilingDivide(rise * (std::int64_t{y} - a.y), height);
-        out.push_back({static_cast<LONG>(x), direction});
+/// A side of a polygon, from its upper to its lower end.
+struct Edge {
+    POINT top;
+    POINT bottom;
+    int direction;
+
+    /// The first column whose left border is not left of the side in row `y`.
+    LONG at(LONG y) const {
+        const std::int64_t rise = std::int64_t{bottom.x} - top.x;
+        const std::int64_t height = std::int64_t{bottom.y} - top.y;
+        return static_cast<LONG>(top.x + ceilingDivide(rise * (std::int64_t{y} - top.y), height));
     }
-    std::sort(out.begin(), out.end(), [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+};
+
+/// The sides that cross rows, by their top.
+std::vector<Edge> edgesOf(std::span<const std::vector<POINT>> polygons) {
+    std::vector<Edge> edges;
+    for (const std::vector<POINT>& points : polygons) {
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            const POINT& a = points[i];
+            const POINT& b = points[i + 1 < points.size() ? i + 1 : 0];
+            if (a.y < b.y) edges.push_back({a, b, 1});
+            if (a.y > b.y) edges.push_back({b, a, -1});
+        }
+    }
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.top.y < b.top.y; });
+    return edges;
+}
+
+void addRow(std::span<const Crossing> crossings, int fillMode, LONG y, RowCollector& rows) {
+    int winding = 0;
+    for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
+        winding += crossings[i].direction;
+        const bool inside = fillMode == WINDING ? winding != 0 : i % 2 == 0;
+        if (inside) rows.add(crossings[i].x, y, crossings[i + 1].x);
+    }
 }
 
 constexpr double half = 0.5;
@@ -107,23 +113,28 @@ void addSegment(POINT from, POINT to, int width, const RECT& bounds, Region& out
 } // namespace
 
 Region polygonRegion(std::span<const POINT> points, int fillMode, const RECT& bounds) {
-    if (points.size() < 2 || isEmpty(bounds)) return {};
-    LONG top = points[0].y;
-    LONG bottom = points[0].y;
-    for (const POINT& p : points) {
-        top = std::min(top, p.y);
-        bottom = std::max(bottom, p.y);
-    }
+    const std::vector<POINT> polygon(points.begin(), points.end());
+    return polygonsRegion({&polygon, 1}, fillMode, bounds);
+}
+
+Region polygonsRegion(std::span<const std::vector<POINT>> polygons, int fillMode, const RECT& bounds) {
+    const std::vector<Edge> edges = edgesOf(polygons);
+    if (edges.empty() || isEmpty(bounds)) return {};
     RowCollector rows(bounds);
+    std::vector<const Edge*> active;
     std::vector<Crossing> crossings;
-    for (LONG y = std::max(top, bounds.top); y < std::min(bottom, bounds.bottom); ++y) {
-        crossingsAt(points, y, crossings);
-        int winding = 0;
-        for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
-            winding += crossings[i].direction;
-            const bool inside = fillMode == WINDING ? winding != 0 : i % 2 == 0;
-            if (inside) rows.add(crossings[i].x, y, crossings[i + 1].x);
-        }
+    auto next = edges.begin();
+    for (LONG y = std::max(next->top.y, bounds.top); y < bounds.bottom; ++y) {
+        std::erase_if(active, [y](const Edge* edge) { return edge->bottom.y <= y; });
+        for (; next != edges.end() && next->top.y <= y; ++next)
+            if (next->bottom.y > y) active.push_back(&*next);
+        if (active.empty() && next == edges.end()) break;
+        crossings.clear();
+        for (const Edge* edge : active)
+            crossings.push_back({edge->at(y), edge->direction});
+        std::sort(crossings.begin(), crossings.end(),
+                  [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+        addRow(crossings, fillMode, y, rows);
     }
     return rows.take();
 }

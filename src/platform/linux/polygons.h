@@ -11,6 +11,9 @@ namespace platform::driver {
 /// the right or bottom does not. Only rows and columns of `bounds` are looked at.
 Region polygonRegion(std::span<const POINT> points, int fillMode, const RECT& bounds);
 
+/// The same for several polygons at once, all of them.
+Region polygonsRegion(std::span<const std::vector<POINT>> polygons, int fillMode, const RECT& bounds);
+
 /// The ellipse that touches the four sides of a rectangle.
 Region ellipseRegion(const RECT& box, const RECT& bounds);
 

@@ -103,6 +103,19 @@ public:
         closeBand(top);
     }
 
+    /// Appends a band from intervals in the order of their left ends.
+    void append(const RECT* first, const RECT* last) {
+        bandStart_ = out_.size();
+        for (const RECT* r = first; r != last; ++r) {
+            if (out_.size() > bandStart_ && r->left <= out_.back().right) {
+                out_.back().right = std::max(out_.back().right, r->right);
+            } else {
+                out_.push_back(*r);
+            }
+        }
+        closeBand(first->top);
+    }
+
     Rects take() { return std::move(out_); }
 
 private:
@@ -171,6 +184,21 @@ Rects combine(Operation operation, const Rects& first, const Rects& second) {
 
 Region::Region(const RECT& r) {
     if (!isEmpty(r)) rects_.push_back(r);
+}
+
+Region Region::ofRows(std::vector<RECT> rows) {
+    std::erase_if(rows, isEmpty);
+    std::sort(rows.begin(), rows.end(),
+              [](const RECT& a, const RECT& b) { return a.top != b.top ? a.top < b.top : a.left < b.left; });
+    BandWriter writer;
+    for (auto first = rows.begin(); first != rows.end();) {
+        const auto last = std::find_if(first, rows.end(), [&](const RECT& r) { return r.top != first->top; });
+        writer.append(&*first, &*first + (last - first));
+        first = last;
+    }
+    Region result;
+    result.rects_ = writer.take();
+    return result;
 }
 
 RECT Region::bounds() const {

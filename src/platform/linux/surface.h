@@ -14,6 +14,9 @@ class Region {
 public:
     Region() = default;
     explicit Region(const RECT& r);
+    /// The region of rectangles that may overlap, as long as those with the same top have the same bottom and
+    /// no other lies between the two.
+    static Region ofRows(std::vector<RECT> rows);
 
     const std::vector<RECT>& rectangles() const { return rects_; }
     RECT bounds() const;

@@ -1,0 +1,342 @@
+// Ellipses, arcs and Bézier curves, and figures of several parts.
+
+#include "platform/gdi.h"
+#include "platform/linux/beziers.h"
+#include "platform/linux/ellipses.h"
+#include "platform/linux/lines.h"
+#include "platform/linux/metafile_recorder.h"
+#include "platform/linux/painter.h"
+#include "platform/linux/polygons.h"
+#include "platform/linux/shapes.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace platform::driver {
+
+namespace {
+
+/// The box of a curve on the surface: whole, and as a pen draws it, without the right and bottom edge.
+struct CurveBox {
+    RECT whole;
+    RECT drawn;
+
+    bool isEmpty() const { return driver::isEmpty(drawn); }
+    /// With the last pixels as edges.
+    RECT inclusive() const { return {drawn.left, drawn.top, drawn.right - 1, drawn.bottom - 1}; }
+};
+
+CurveBox curveBox(const DeviceContext& context, const RECT& logical) {
+    const RECT r = ordered(context.toSurface(logical));
+    return {r, r};
+}
+
+/// A pen that stays inside its frame draws a smaller curve.
+RECT withinFrame(const RECT& r, const DeviceContext& context, const Stroke& stroke) {
+    if (context.pen().data.lopnStyle != static_cast<UINT>(PS_INSIDEFRAME) || stroke.width() <= 1) return r;
+    const int before = stroke.width() / 2;
+    const int after = (stroke.width() - 1) / 2;
+    return {r.left + before, r.top + before, r.right - after, r.bottom - after};
+}
+
+/// An ellipse or a rectangle with round corners.
+void paintRound(DeviceContext& context, const CurveBox& box, SIZE corner) {
+    Stroke stroke(context);
+    const RECT r = withinFrame(box.drawn, context, stroke);
+    if (driver::isEmpty(r)) return;
+    fillWithBrush(context, roundRegion(r, corner));
+    stroke.draw(roundOutline(r, corner), true);
+}
+
+enum class ArcKind { Open, Chord, Pie };
+
+POINT centreOf(const RECT& r) {
+    return {static_cast<LONG>((std::int64_t{r.left} + r.right) / 2),
+            static_cast<LONG>((std::int64_t{r.top} + r.bottom) / 2)};
+}
+
+/// The angles of an arc that is collected as curves, in its direction.
+ArcAngles anglesOf(const CurveBox& box, const ArcRays& rays) {
+    constexpr double pi = std::numbers::pi;
+    const RECT& r = box.whole;
+    const auto angle = [&](POINT p) {
+        const double x = 2.0 * (p.x - r.left) / (r.right - r.left) - 1;
+        const double y = 2.0 * (p.y - r.top) / (r.bottom - r.top) - 1;
+        return std::atan2(y, x);
+    };
+    ArcAngles angles{angle(rays.start), angle(rays.end)};
+    if (rays.clockwise && angles.end <= angles.start) angles.end += 2 * pi;
+    if (!rays.clockwise && angles.end >= angles.start) angles.end -= 2 * pi;
+    return angles;
+}
+
+/// An arc's call: everything in surface coordinates.
+struct ArcCall {
+    CurveBox box;
+    ArcRays rays;
+};
+
+ArcCall arcCall(const DeviceContext& context, const RECT& logical, POINT start, POINT end) {
+    return {curveBox(context, logical),
+            {context.toSurface(start), context.toSurface(end), context.state.arcDirection == AD_CLOCKWISE}};
+}
+
+std::vector<POINT> arcPoints(const ArcCall& arc) {
+    return arcOutline(arc.box.drawn, arc.box.whole, arc.rays);
+}
+
+void collectArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
+    const std::vector<POINT> curve = arcCurves(arc.box.inclusive(), anglesOf(arc.box, arc.rays));
+    Path& path = context.state.path;
+    path.add(curve, PT_BEZIERTO, false);
+    if (kind == ArcKind::Pie) {
+        const POINT centre = centreOf(arc.box.inclusive());
+        path.continueWith(centre, PT_LINETO);
+    }
+    if (kind != ArcKind::Open) path.closeFigure();
+}
+
+void paintArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
+    std::vector<POINT> points = arcPoints(arc);
+    if (kind == ArcKind::Pie) points.push_back(centreOf(arc.box.inclusive()));
+    if (kind != ArcKind::Open)
+        fillWithBrush(context,
+                      polygonRegion(points, context.state.polyFillMode, context.drawable().bounds()));
+    Stroke(context).draw(points, kind != ArcKind::Open);
+}
+
+BOOL drawArc(HDC dc, const RECT& logical, POINT start, POINT end, ArcKind kind) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    constexpr RecordType records[] = {RecordType::Arc, RecordType::Chord, RecordType::Pie};
+    const bool collects = context->state.path.isOpen();
+    if (context->recorder && !collects)
+        context->recorder->arc(records[static_cast<int>(kind)], logical, start, end);
+    const ArcCall arc = arcCall(*context, logical, start, end);
+    if (arc.box.isEmpty()) return TRUE_;
+    if (collects) {
+        collectArc(*context, arc, kind);
+    } else {
+        paintArc(*context, arc, kind);
+    }
+    return TRUE_;
+}
+
+BOOL drawRound(HDC dc, const RECT& logical, std::optional<SIZE> corner) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    const bool collects = context->state.path.isOpen();
+    if (context->recorder && !collects) {
+        if (corner) {
+            context->recorder->roundRect(logical, *corner);
+        } else {
+            context->recorder->box(RecordType::Ellipse, logical);
+        }
+    }
+    const CurveBox box = curveBox(*context, logical);
+    if (box.isEmpty()) return TRUE_;
+    const Mapping& mapping = context->state.mapping;
+    const SIZE size = corner ? SIZE{mapping.widthOnDevice(corner->cx), mapping.heightOnDevice(corner->cy)}
+                             : sizeOf(box.drawn);
+    if (!collects) {
+        paintRound(*context, box, size);
+        return TRUE_;
+    }
+    const RoundCurves curves =
+        corner ? roundRectCurves(box.inclusive(), size) : ellipseCurves(box.inclusive());
+    context->state.path.add(curves.points, curves.types);
+    return TRUE_;
+}
+
+/// Splits points by the counts of the figures; nothing when a count is below `least`.
+template <class Count>
+std::vector<Figure> figuresOf(const DeviceContext& context, const POINT* points, const Count* counts,
+                              std::size_t figures, Count least) {
+    std::vector<Figure> result;
+    for (std::size_t i = 0; i < figures; ++i) {
+        if (counts[i] < least) return {};
+        Figure figure;
+        for (Count j = 0; j < counts[i]; ++j)
+            figure.points.push_back(context.toSurface(*points++));
+        result.push_back(std::move(figure));
+    }
+    return result;
+}
+
+std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* points, std::size_t count) {
+    std::vector<POINT> result;
+    result.reserve(count + 1);
+    for (std::size_t i = 0; i < count; ++i)
+        result.push_back(context.toSurface(points[i]));
+    return result;
+}
+
+bool arePointTypes(const BYTE* types, int count) {
+    for (int i = 0; i < count; ++i) {
+        const int kind = types[i] & ~PT_CLOSEFIGURE;
+        if (kind == PT_MOVETO || kind == PT_LINETO) continue;
+        if (kind != PT_BEZIERTO || i + 2 >= count || types[i] != PT_BEZIERTO || types[i + 1] != PT_BEZIERTO ||
+            (types[i + 2] & ~PT_CLOSEFIGURE) != PT_BEZIERTO)
+            return false;
+        i += 2;
+    }
+    return true;
+}
+
+/// Adds the points of PolyDraw to a path, and keeps the current position in step.
+void collectDrawing(DeviceContext& context, Path& path, const POINT* points, const BYTE* types, int count) {
+    POINT& position = context.state.position;
+    POINT figureStart = position;
+    for (int i = 0; i < count; ++i) {
+        const int kind = types[i] & ~PT_CLOSEFIGURE;
+        if (kind == PT_MOVETO) {
+            path.move();
+            position = figureStart = points[i];
+            continue;
+        }
+        const std::size_t taken = kind == PT_BEZIERTO ? 3 : 1;
+        path.addTo(context.toSurface(position), surfacePoints(context, points + i, taken),
+                   static_cast<BYTE>(kind));
+        i += static_cast<int>(taken) - 1;
+        position = points[i];
+        if (types[i] & PT_CLOSEFIGURE) {
+            path.closeFigure();
+            position = figureStart;
+        }
+    }
+}
+
+} // namespace
+
+} // namespace platform::driver
+
+namespace platform {
+
+using namespace driver;
+
+BOOL Ellipse(HDC dc, int left, int top, int right, int bottom) {
+    return drawRound(dc, {left, top, right, bottom}, {});
+}
+
+BOOL RoundRect(HDC dc, int left, int top, int right, int bottom, int width, int height) {
+    if (width == 0 || height == 0) return Rectangle(dc, left, top, right, bottom);
+    return drawRound(dc, {left, top, right, bottom}, SIZE{width, height});
+}
+
+BOOL Arc(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd) {
+    return drawArc(dc, {left, top, right, bottom}, {xStart, yStart}, {xEnd, yEnd}, ArcKind::Open);
+}
+
+BOOL Chord(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd) {
+    return drawArc(dc, {left, top, right, bottom}, {xStart, yStart}, {xEnd, yEnd}, ArcKind::Chord);
+}
+
+BOOL Pie(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd) {
+    return drawArc(dc, {left, top, right, bottom}, {xStart, yStart}, {xEnd, yEnd}, ArcKind::Pie);
+}
+
+BOOL ArcTo(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    const ArcCall arc = arcCall(*context, {left, top, right, bottom}, {xStart, yStart}, {xEnd, yEnd});
+    if (arc.box.isEmpty()) return FALSE_;
+    const POINT from = context->toSurface(context->state.position);
+    if (context->state.path.isOpen()) {
+        const std::vector<POINT> curve = arcCurves(arc.box.inclusive(), anglesOf(arc.box, arc.rays));
+        context->state.path.addTo(from, {curve.data(), 1}, PT_LINETO);
+        context->state.path.addTo(from, {curve.data() + 1, curve.size() - 1}, PT_BEZIERTO);
+    } else {
+        if (context->recorder)
+            context->recorder->arc(RecordType::ArcTo, {left, top, right, bottom}, {xStart, yStart},
+                                   {xEnd, yEnd});
+        std::vector<POINT> points = arcPoints(arc);
+        points.insert(points.begin(), from);
+        Stroke(*context).draw(points, false);
+    }
+    const POINT end = arcPoints(arc).back();
+    context->state.position =
+        context->state.mapping.toLogical({end.x - context->origin.x, end.y - context->origin.y});
+    return TRUE_;
+}
+
+BOOL PolyPolygon(HDC dc, const POINT* points, const INT* counts, int polygons) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || !counts || polygons < 1) return FALSE_;
+    std::vector<Figure> figures =
+        figuresOf(*context, points, counts, static_cast<std::size_t>(polygons), INT{2});
+    if (figures.empty()) return FALSE_;
+    for (Figure& figure : figures)
+        figure.closed = true;
+    if (context->state.path.isOpen()) {
+        for (const Figure& figure : figures)
+            context->state.path.add(figure.points, PT_LINETO, true);
+        return TRUE_;
+    }
+    if (context->recorder) {
+        const std::vector<DWORD> sizes(counts, counts + polygons);
+        context->recorder->polyPoints(RecordType::PolyPolygon, points, sizes.data(), sizes.size());
+    }
+    fillFigures(*context, figures);
+    Stroke(*context).draw(figures);
+    return TRUE_;
+}
+
+BOOL PolyPolyline(HDC dc, const POINT* points, const DWORD* counts, DWORD lines) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || !counts || lines < 1) return FALSE_;
+    const std::vector<Figure> figures = figuresOf(*context, points, counts, lines, DWORD{2});
+    if (figures.empty()) return FALSE_;
+    if (context->state.path.isOpen()) {
+        for (const Figure& figure : figures)
+            context->state.path.add(figure.points, PT_LINETO, false);
+        return TRUE_;
+    }
+    if (context->recorder) context->recorder->polyPoints(RecordType::PolyPolyline, points, counts, lines);
+    Stroke(*context).draw(figures);
+    return TRUE_;
+}
+
+BOOL PolyBezier(HDC dc, const POINT* points, DWORD count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || count < 4 || count % 3 != 1) return FALSE_;
+    const std::vector<POINT> curve = surfacePoints(*context, points, count);
+    if (context->state.path.isOpen()) {
+        context->state.path.add(curve, PT_BEZIERTO, false);
+        return TRUE_;
+    }
+    if (context->recorder) context->recorder->points(RecordType::PolyBezier, points, count);
+    Stroke(*context).draw(linesOfBeziers(curve), false);
+    return TRUE_;
+}
+
+BOOL PolyBezierTo(HDC dc, const POINT* points, DWORD count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || count < 3 || count % 3 != 0) return FALSE_;
+    std::vector<POINT> curve = surfacePoints(*context, points, count);
+    const POINT from = context->toSurface(context->state.position);
+    if (context->state.path.isOpen()) {
+        context->state.path.addTo(from, curve, PT_BEZIERTO);
+    } else {
+        if (context->recorder) context->recorder->points(RecordType::PolyBezierTo, points, count);
+        curve.insert(curve.begin(), from);
+        Stroke(*context).draw(linesOfBeziers(curve), false);
+    }
+    context->state.position = points[count - 1];
+    return TRUE_;
+}
+
+BOOL PolyDraw(HDC dc, const POINT* points, const BYTE* types, int count) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || !points || !types || count < 0 || !arePointTypes(types, count)) return FALSE_;
+    if (context->state.path.isOpen()) {
+        collectDrawing(*context, context->state.path, points, types, count);
+        return TRUE_;
+    }
+    if (context->recorder) context->recorder->polyDraw(points, types, static_cast<std::size_t>(count));
+    Path drawing;
+    collectDrawing(*context, drawing, points, types, count);
+    Stroke(*context).draw(drawing.figures());
+    return TRUE_;
+}
+
+} // namespace platform
