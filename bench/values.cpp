@@ -8,6 +8,7 @@
 #include "platform/locale.h"
 
 #include <charconv>
+#include <functional>
 #include <random>
 #include <string>
 #include <unicode/decimfmt.h>
@@ -23,14 +24,16 @@ namespace {
 
 constexpr int count = 20000;
 
+using StandardValue = std::variant<std::monostate, std::int32_t, double, std::string>;
+
 struct Data {
     std::vector<double> numbers;
     std::vector<std::string> ascii; // as the standard library reads them
     std::vector<Variant> texts;     // the same texts as values
     std::vector<Variant> values;
     std::vector<Variant> mixed;
-    std::vector<std::variant<std::monostate, std::int32_t, double, std::string>> standard;
-    std::vector<std::variant<std::monostate, std::int32_t, double, std::string>> standardNumbers;
+    std::vector<StandardValue> standard;
+    std::vector<StandardValue> standardNumbers;
     std::vector<Variant> dates;
     std::vector<UDate> icuDates;
 };
@@ -84,23 +87,38 @@ void copies(const Data& data) {
                                      }}});
 }
 
+/// How many values are less than the one before, by `Less`.
+template <class Value, class Less>
+int countDescents(const std::vector<Value>& values, Less less) {
+    int descents = 0;
+    for (std::size_t i = 1; i < values.size(); ++i)
+        descents += less(values[i - 1], values[i]);
+    return descents;
+}
+
+/// Values of one type, ours made of the standard library's by `Make`.
+template <class Make>
+void comparisonsOf(const std::string& name, const std::vector<StandardValue>& standard, Make make) {
+    std::vector<Variant> values;
+    for (const StandardValue& each : standard)
+        values.push_back(make(each));
+    const auto isLess = [](const Variant& a, const Variant& b) { return automation::isLess(a, b); };
+    bench::compare(name, {{"ours", [&] { bench::keep(countDescents(values, isLess)); }},
+                          {"std_variant", [&] { bench::keep(countDescents(standard, std::less<>())); }}});
+}
+
 void comparisons(const Data& data) {
-    bench::compare("variant_compare",
-                   {{"ours",
-                     [&] {
-                         int less = 0;
-                         for (int i = 1; i < count; ++i)
-                             less += automation::isLess(data.values[static_cast<std::size_t>(i) - 1],
-                                                        data.values[static_cast<std::size_t>(i)]);
-                         bench::keep(less);
-                     }},
-                    {"std_variant", [&] {
-                         int less = 0;
-                         for (int i = 1; i < count; ++i)
-                             less += data.standardNumbers[static_cast<std::size_t>(i) - 1] <
-                                     data.standardNumbers[static_cast<std::size_t>(i)];
-                         bench::keep(less);
-                     }}});
+    std::vector<StandardValue> longs, texts;
+    for (const double number : data.numbers)
+        longs.emplace_back(static_cast<std::int32_t>(number));
+    for (const std::string& text : data.ascii)
+        texts.emplace_back(text);
+    comparisonsOf("variant_compare", data.standardNumbers,
+                  [](const StandardValue& v) { return Variant(std::get<double>(v)); });
+    comparisonsOf("variant_compare_long", longs,
+                  [](const StandardValue& v) { return Variant(std::get<std::int32_t>(v)); });
+    comparisonsOf("variant_compare_string", texts,
+                  [](const StandardValue& v) { return Variant(String::fromUtf8(std::get<std::string>(v))); });
 }
 
 void readNumbers(const Data& data) {

@@ -58,6 +58,31 @@ double waitForColour(Display* display, bool present, double since) {
     return -1;
 }
 
+/// Runs a program to its end; the number that it prints, -1 if it prints none.
+double numberFrom(const std::string& program) {
+    int ends[2];
+    if (pipe(ends) != 0) return -1;
+    const pid_t pid = start({program}, ends[1]);
+    close(ends[1]);
+    char text[32] = {};
+    const ssize_t got = pid ? read(ends[0], text, sizeof text - 1) : 0;
+    close(ends[0]);
+    if (pid) waitpid(pid, nullptr, 0);
+    return got > 0 ? std::atof(text) : -1;
+}
+
+/// The library's start alone, in a fresh process each time, against the time that it is allowed.
+bool measureInicio(const std::string& folder) {
+    constexpr double allowed = 0.005;
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        times.push_back(numberFrom(folder + "start_inicio"));
+        if (times.back() < 0) return false;
+    }
+    bench::ratio("inicio", "5ms", bench::median(times), allowed);
+    return true;
+}
+
 /// Starts an X server on a free display number and returns its process; sets DISPLAY.
 pid_t startServer() {
     int ends[2];
@@ -101,10 +126,11 @@ int main(int, char** argv) {
             end(program);
             waitForColour(display, false, seconds());
         }
+    complete = complete && measureInicio(folder);
     XCloseDisplay(display);
     end(server);
     if (!complete) {
-        std::fprintf(stderr, "a program showed no window\n");
+        std::fprintf(stderr, "a program showed no window or told no time\n");
         return 1;
     }
     const double ours = bench::median(times[0]);

@@ -90,12 +90,4 @@ Comparison compare(const Variant& a, const Variant& b, TextCompare text) {
     return orderedNumbers(kinds, a, b);
 }
 
-bool isEqual(const Variant& a, const Variant& b, TextCompare text) {
-    return compare(a, b, text) == Comparison::Equal;
-}
-
-bool isLess(const Variant& a, const Variant& b, TextCompare text) {
-    return compare(a, b, text) == Comparison::Less;
-}
-
 } // namespace automation

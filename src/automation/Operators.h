@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <type_traits>
 
 namespace automation {
 
@@ -19,9 +20,51 @@ enum class Comparison { Less = 0, Equal = 1, Greater = 2, Null = 3 };
 /// Objects give their default member. Error 13 for arrays, records and mixed error values.
 Comparison compare(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary);
 Comparison compareText(std::u16string_view a, std::u16string_view b, TextCompare text);
+
+/// Gives `test` the contents of two values of one simple type, a text only to be compared by its units;
+/// other pairs are left to `others`. Sorting and searching spend their time here, so it is inline.
+template <class Test, class Others>
+inline bool testAlike(const Variant& a, const Variant& b, TextCompare text, Test test, Others others) {
+    if (a.type() == b.type()) {
+        switch (a.type()) {
+        case VT_I2:
+            return test(a.asInteger(), b.asInteger());
+        case VT_I4:
+            return test(a.asLong(), b.asLong());
+        case VT_R8:
+            return test(a.asDouble(), b.asDouble());
+        case VT_CY:
+            return test(a.asCurrency().scaled(), b.asCurrency().scaled());
+        case VT_DATE:
+            return test(a.asDate().value(), b.asDate().value());
+        case VT_BOOL:
+            return test(a.asBoolean() ? -1 : 0, b.asBoolean() ? -1 : 0);
+        case VT_BSTR:
+            if (text == TextCompare::Binary) return test(a.asString().view(), b.asString().view());
+            break;
+        default:
+            break;
+        }
+    }
+    return others();
+}
+
 /// Whether both compare as equal; Null is equal to nothing.
-bool isEqual(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary);
-bool isLess(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary);
+inline bool isEqual(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary) {
+    const auto equal = [](const auto& x, const auto& y) {
+        // What is no number is neither less nor greater than another, and so equal to it.
+        if constexpr (std::is_same_v<decltype(x), const double&>) return !(x < y) && !(x > y);
+        return x == y;
+    };
+    return testAlike(a, b, text, equal, [&] { return compare(a, b, text) == Comparison::Equal; });
+}
+
+/// Whether `a` comes before `b`; Null comes before nothing.
+inline bool isLess(const Variant& a, const Variant& b, TextCompare text = TextCompare::Binary) {
+    return testAlike(
+        a, b, text, [](const auto& x, const auto& y) { return x < y; },
+        [&] { return compare(a, b, text) == Comparison::Less; });
+}
 
 // Arithmetic. The result has the wider of both types and widens where it overflows (Byte to Integer to Long
 // to Double; Single to Double); Currency and Decimal overflow into Double or Error 6 as each operator says.

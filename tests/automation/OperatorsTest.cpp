@@ -10,6 +10,7 @@
 #include <functional>
 #include <limits>
 #include <random>
+#include <vector>
 
 using namespace automation;
 
@@ -356,6 +357,35 @@ TEST(Operators, CompareAcrossTypes) {
     EXPECT_EQ(errorOf([] { compare(Array::of({1}), 1); }), 13);
     EXPECT_FALSE(isEqual(Variant::null(), Variant::null()));
     EXPECT_TRUE(isLess(std::int16_t{-1}, 0.5));
+}
+
+TEST(Operators, OrderAlikeValuesAsCompareDoes) {
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    constexpr std::int64_t mostMoney = std::numeric_limits<std::int64_t>::max();
+    const std::vector<std::vector<Variant>> alike = {
+        {std::int16_t{-32768}, std::int16_t{0}, std::int16_t{7}},
+        {-2147483647 - 1, -1, 0, 2147483647},
+        {-infinite, -1.5, -0.0, 0.0, 2.5, infinite, none},
+        {Currency::fromScaled(-mostMoney), Currency(0), Currency::fromScaled(1),
+         Currency::fromScaled(mostMoney)},
+        {Date(-1.25), Date(0), Date(36526.5)},
+        {true, false},
+        {u"", u"A", u"a", u"ab", u"\u00F1", u"\uFFFD"},
+        {Variant(), Variant()},
+        {Variant::null(), Variant::null()},
+    };
+    for (const auto& values : alike) {
+        for (const Variant& a : values) {
+            for (const Variant& b : values) {
+                for (const TextCompare text : {TextCompare::Binary, TextCompare::Textual}) {
+                    const Comparison order = compare(a, b, text);
+                    EXPECT_EQ(isLess(a, b, text), order == Comparison::Less) << "type " << a.type();
+                    EXPECT_EQ(isEqual(a, b, text), order == Comparison::Equal) << "type " << a.type();
+                }
+            }
+        }
+    }
 }
 
 TEST(Operators, CompareTextsByUnitsOrAsInADictionary) {

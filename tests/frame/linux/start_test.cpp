@@ -6,6 +6,12 @@
 #include "platform/processes.h"
 #include "support/Started.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+#include <limits>
+#include <sys/wait.h>
+
 using namespace tesela;
 
 namespace {
@@ -65,4 +71,38 @@ TEST_F(Start, ANoteIsGoodForATenthOfASecond) {
     NotaFocusReclamar(25);
     platform::headless::advanceClock(101);
     EXPECT_FALSE(ReclamarFocus(26));
+}
+
+namespace {
+
+/// Processor time of this process so far, in milliseconds.
+double processorMilliseconds() {
+    return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+/// Runs the start and ends the process; its exit status is the processor time taken, in tenths of a
+/// millisecond.
+[[noreturn]] void startAndTellTime() {
+    constexpr double longest = 255;
+    const double before = processorMilliseconds();
+    ProcedimientoInicio();
+    std::_Exit(static_cast<int>(std::min(longest, 10 * (processorMilliseconds() - before))));
+}
+
+} // namespace
+
+TEST(StartTime, IsBelowFiveMillisecondsInAFreshProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    constexpr int allowed = 50, attempts = 5;
+    int least = std::numeric_limits<int>::max();
+    for (int i = 0; i < attempts; ++i) {
+        EXPECT_EXIT(
+            startAndTellTime(),
+            [&](int status) {
+                least = std::min(least, WEXITSTATUS(status));
+                return WIFEXITED(status);
+            },
+            "");
+    }
+    EXPECT_LT(least, allowed);
 }
