@@ -1,24 +1,60 @@
+// What the desktop says of itself, against the values of a fresh session.
 #include <gtest/gtest.h>
 
 #include "platform/WindowProbe.h"
 #include "platform/gdi.h"
+
+#include <iterator>
+#include <string_view>
 
 namespace {
 
 using namespace platform;
 using probe::WindowTest;
 
-TEST(SystemLook, MetricsOfTheFrame) {
-    EXPECT_EQ(GetSystemMetrics(SM_CYCAPTION), 19);
-    EXPECT_EQ(GetSystemMetrics(SM_CXFRAME), 4);
-    EXPECT_EQ(GetSystemMetrics(SM_CXDLGFRAME), 3);
-    EXPECT_EQ(GetSystemMetrics(SM_CXBORDER), 1);
-    EXPECT_EQ(GetSystemMetrics(SM_CXEDGE), 2);
-    EXPECT_EQ(GetSystemMetrics(SM_CXVSCROLL), 17);
-    EXPECT_EQ(GetSystemMetrics(SM_CXICON), 32);
-    EXPECT_EQ(GetSystemMetrics(SM_CXSMICON), 16);
+/// GetSystemMetrics by number in a fresh session; `ofScreen` where it follows the screen.
+constexpr int ofScreen = -1;
+constexpr int metrics[] = {
+    ofScreen, ofScreen, 17,       17, 19,  1,  1,        3,        3,        17,
+    17,       32,       32,       32, 32,  19, ofScreen, ofScreen, 0,        1, // 0 to 19
+    17,       17,       0,        0,  0,   0,  0,        0,        112,      27,
+    18,       18,       4,        4,  112, 27, 4,        4,        75,       75, // 20 to 39
+    0,        0,        0,        3,  0,   2,  2,        160,      24,       16,
+    16,       16,       15,       15, 18,  18, 8,        160,      24,       ofScreen, // 40 to 59
+    ofScreen, ofScreen, ofScreen, 3,  0,   0,  0,        0,        4,        4,
+    0,        13,       13,       0,  0,   1,  0,        0,        ofScreen, ofScreen, // 60 to 79
+    1,        1,        0,        1,  1,   0,  0,        0,        0,        0,
+    90,       0,        0,        0,  0,   0,  0,        0,        0,        0, // 80 to 99
+};
+
+/// Metrics that are so much more than the width or height of the screen.
+struct ScreenMetric {
+    int index;
+    int ofSize; ///< SM_CXSCREEN or SM_CYSCREEN
+    int more;
+};
+constexpr ScreenMetric screenMetrics[] = {
+    {SM_CXFULLSCREEN, SM_CXSCREEN, 0},    {SM_CYFULLSCREEN, SM_CYSCREEN, 11},
+    {SM_CXMAXTRACK, SM_CXSCREEN, 12},     {SM_CYMAXTRACK, SM_CYSCREEN, 12},
+    {SM_CXMAXIMIZED, SM_CXSCREEN, 8},     {SM_CYMAXIMIZED, SM_CYSCREEN, 38},
+    {SM_CXVIRTUALSCREEN, SM_CXSCREEN, 0}, {SM_CYVIRTUALSCREEN, SM_CYSCREEN, 0},
+};
+
+TEST(SystemLook, Metrics) {
+    for (int index = 0; index < static_cast<int>(std::size(metrics)); ++index) {
+        if (metrics[index] == ofScreen) continue;
+        EXPECT_EQ(GetSystemMetrics(index), metrics[index]) << index;
+    }
     EXPECT_EQ(GetSystemMetrics(-1), 0);
+    EXPECT_EQ(GetSystemMetrics(static_cast<int>(std::size(metrics))), 0);
+    EXPECT_EQ(GetSystemMetrics(SM_REMOTESESSION), 0);
+}
+
+TEST(SystemLook, MetricsOfTheScreen) {
     EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
+    EXPECT_GT(GetSystemMetrics(SM_CYSCREEN), 0);
+    for (const ScreenMetric& each : screenMetrics)
+        EXPECT_EQ(GetSystemMetrics(each.index), GetSystemMetrics(each.ofSize) + each.more) << each.index;
 }
 
 struct FrameCase {
@@ -54,13 +90,19 @@ TEST(SystemLook, FramesAroundAClientArea) {
     }
 }
 
+/// GetSysColor by number, 0x00bbggrr.
+constexpr COLORREF colours[] = {
+    0xFFFFFF, 0x956F25, 0xFA9632, 0x808080, 0xFFFFFF, 0xFFFFFF, 0x9E9E9E, 0x000000, // 0 to 7
+    0x000000, 0x000000, 0xFFFFFF, 0xFFFFFF, 0x808080, 0xFA9630, 0xFFFFFF, 0xF5F5F5, // 8 to 15
+    0xA6A6A6, 0xA6A6A6, 0x000000, 0xC8C8C8, 0xFFFFFF, 0x6A6A6A, 0xE3E3E3, 0x000000, // 16 to 23
+    0xFFFFFF, 0xFFFFFF, 0xE0E0E0, 0xFA9632, 0x808080, 0xFA9630, 0xFFFFFF,           // 24 to 30
+};
+
 TEST(SystemLook, Colours) {
-    EXPECT_EQ(GetSysColor(COLOR_WINDOW), 0xFFFFFFu);
-    EXPECT_EQ(GetSysColor(COLOR_WINDOWTEXT), 0u);
-    EXPECT_EQ(GetSysColor(COLOR_BTNFACE), 0xF5F5F5u);
-    EXPECT_EQ(GetSysColor(COLOR_BTNSHADOW), 0xA6A6A6u);
-    EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), 0xFA9630u);
-    EXPECT_EQ(GetSysColor(99), 0u);
+    for (int index = 0; index < static_cast<int>(std::size(colours)); ++index)
+        EXPECT_EQ(GetSysColor(index), colours[index]) << index;
+    for (const int unknown : {-1, 31, 99})
+        EXPECT_EQ(GetSysColor(unknown), 0u) << unknown;
 }
 
 TEST(SystemLook, ColourBrushesAreNotDeleted) {
@@ -74,26 +116,81 @@ TEST(SystemLook, ColourBrushesAreNotDeleted) {
     EXPECT_FALSE(GetSysColorBrush(99));
 }
 
+/// A parameter that is one number.
+struct Parameter {
+    UINT action;
+    DWORD value;
+};
+constexpr Parameter parameters[] = {
+    {SPI_GETBEEP, 1},
+    {SPI_GETBORDER, 1},
+    {SPI_GETKEYBOARDSPEED, 31},
+    {SPI_GETKEYBOARDDELAY, 1},
+    {SPI_GETFONTSMOOTHING, 1},
+    {SPI_GETFONTSMOOTHINGTYPE, FE_FONTSMOOTHINGSTANDARD},
+    {SPI_GETWHEELSCROLLLINES, 3},
+    {SPI_GETMOUSEHOVERTIME, 400},
+    {SPI_GETMENUSHOWDELAY, 400},
+    {SPI_GETKEYBOARDCUES, 1},
+    {SPI_GETGRADIENTCAPTIONS, 1},
+    {SPI_GETCARETWIDTH, 1},
+    {SPI_GETFOREGROUNDLOCKTIMEOUT, 0},
+};
+
 TEST(SystemLook, Parameters) {
+    for (const Parameter& each : parameters) {
+        constexpr DWORD unwritten = 0xCCCCCCCC;
+        DWORD ansi = unwritten, wide = unwritten;
+        EXPECT_TRUE(SystemParametersInfoA(each.action, 0, &ansi, 0)) << each.action;
+        EXPECT_EQ(ansi, each.value) << each.action;
+        EXPECT_TRUE(SystemParametersInfoW(each.action, 0, &wide, 0)) << each.action;
+        EXPECT_EQ(wide, each.value) << each.action;
+    }
     DWORD value = 0;
-    EXPECT_TRUE(SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &value, 0));
-    EXPECT_EQ(value, 3u);
-    EXPECT_TRUE(SystemParametersInfoA(SPI_GETKEYBOARDDELAY, 0, &value, 0));
-    EXPECT_EQ(value, 1u);
-    EXPECT_TRUE(SystemParametersInfoA(SPI_GETKEYBOARDSPEED, 0, &value, 0));
-    EXPECT_EQ(value, 31u);
     EXPECT_FALSE(SystemParametersInfoA(0xFFF0, 0, &value, 0));
     EXPECT_EQ(GetDoubleClickTime(), 500u);
     EXPECT_EQ(GetCaretBlinkTime(), 500u);
+}
+
+TEST(SystemLook, WorkAreaLiesOnTheScreen) {
     RECT area{};
     ASSERT_TRUE(SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0));
+    EXPECT_GE(area.left, 0);
+    EXPECT_GE(area.top, 0);
     EXPECT_GT(area.right, area.left);
-    NONCLIENTMETRICSW metrics;
-    metrics.cbSize = sizeof metrics;
-    ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_EQ(metrics.iCaptionHeight, 18);
-    EXPECT_EQ(metrics.lfMessageFont.lfHeight, -11);
-    EXPECT_EQ(metrics.lfCaptionFont.lfWeight, 700);
+    EXPECT_GT(area.bottom, area.top);
+    EXPECT_LE(area.right, GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_LE(area.bottom, GetSystemMetrics(SM_CYSCREEN));
+}
+
+void expectInterfaceFont(const LOGFONTW& font, LONG weight) {
+    EXPECT_EQ(font.lfHeight, -11);
+    EXPECT_EQ(font.lfWeight, weight);
+    EXPECT_EQ(std::u16string_view(font.lfFaceName), u"Tahoma");
+}
+
+TEST(SystemLook, PartsOfTheFrameAndTheirFonts) {
+    NONCLIENTMETRICSW m;
+    m.cbSize = sizeof m;
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof m, &m, 0));
+    EXPECT_EQ(m.iBorderWidth, 1);
+    EXPECT_EQ(m.iScrollWidth, 17);
+    EXPECT_EQ(m.iScrollHeight, 17);
+    EXPECT_EQ(m.iCaptionWidth, 18);
+    EXPECT_EQ(m.iCaptionHeight, 18);
+    EXPECT_EQ(m.iSmCaptionWidth, 15);
+    EXPECT_EQ(m.iSmCaptionHeight, 15);
+    EXPECT_EQ(m.iMenuWidth, 18);
+    EXPECT_EQ(m.iMenuHeight, 18);
+    EXPECT_EQ(m.iPaddedBorderWidth, 0);
+    expectInterfaceFont(m.lfCaptionFont, FW_BOLD);
+    expectInterfaceFont(m.lfSmCaptionFont, FW_NORMAL);
+    expectInterfaceFont(m.lfMenuFont, FW_NORMAL);
+    expectInterfaceFont(m.lfStatusFont, FW_NORMAL);
+    expectInterfaceFont(m.lfMessageFont, FW_NORMAL);
+    LOGFONTW icons{};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETICONTITLELOGFONT, sizeof icons, &icons, 0));
+    expectInterfaceFont(icons, FW_NORMAL);
 }
 
 class Clipboard : public WindowTest {};

@@ -21,7 +21,7 @@ constexpr std::array<int, 100> Metrics{
     0,  0,  17, 17, 19, 1, 1, 3,   3,   17, 17, 32, 32, 32, 32,  19, 0, 0,   0,  1,  // 0 to 19
     17, 17, 0,  0,  0,  0, 0, 0,   112, 27, 18, 18, 4,  4,  112, 27, 4, 4,   75, 75, // 20 to 39
     0,  0,  0,  3,  0,  2, 2, 160, 24,  16, 16, 16, 15, 15, 18,  18, 8, 160, 24, 0,  // 40 to 59
-    0,  0,  0,  3,  0,  0, 0, 0,   4,   4,  0,  11, 11, 0,  0,   1,  0, 0,   0,  0,  // 60 to 79
+    0,  0,  0,  3,  0,  0, 0, 0,   4,   4,  0,  13, 13, 0,  0,   1,  0, 0,   0,  0,  // 60 to 79
     1,  1,  0,  1,  1,  0, 0, 0,   0,   0,  90, 0,  0,  0,  0,   0,  0, 0,   0,  0,  // 80 to 99
 };
 
@@ -71,7 +71,7 @@ constexpr Parameter Parameters[] = {
 
 LOGFONTW interfaceFont(LONG weight) {
     constexpr LONG EightPoints = -11;
-    constexpr std::u16string_view Name = u"MS Shell Dlg";
+    constexpr std::u16string_view Name = u"Tahoma";
     LOGFONTW font{};
     font.lfHeight = EightPoints;
     font.lfWeight = weight;
