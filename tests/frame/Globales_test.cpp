@@ -7,6 +7,7 @@
 #include "host/Screen.h"
 #include "host/Session.h"
 #include "host/UserControl.h"
+#include "platform/clock.h"
 #include "platform/windows.h"
 #include "support/Desk.h"
 #include "support/Started.h"
@@ -176,6 +177,18 @@ TEST_F(Globales_, ValuesAreFoundInArraysByEquality) {
     EXPECT_FALSE(ValorEnArray(Variant::null(), list));
     EXPECT_FALSE(ValorEnArray(std::int32_t{9}, Variant(std::int32_t{9})));
     EXPECT_FALSE(ValorEnArray(std::int32_t{9}, Array::of({})));
+}
+
+TEST_F(Globales_, TheShortClockReadsTheLocalTime) {
+    const auto seconds = [] {
+        platform::SYSTEMTIME now;
+        platform::GetLocalTime(&now);
+        const int days = now.wMonth * 31 + now.wDay;
+        return ((days * 24.0 + now.wHour) * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
+    };
+    const double before = seconds(), read = TimerSegundos(), after = seconds();
+    EXPECT_LE(before - 1e-6, read);
+    EXPECT_LE(read, after + 1e-6);
 }
 
 TEST_F(Globales_, TheFocusIsReclaimedOnceAndOnlyByAnotherWindow) {

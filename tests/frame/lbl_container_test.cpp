@@ -175,6 +175,20 @@ TEST_F(lblInAContainer, ResizedFromOutsideItGoesBackToItsText) {
     }
 }
 
+TEST_F(lblInAContainer, ResizedFromOutsideAWrappedOneKeepsWidthAndHeight) {
+    label->Caption(u"Un texto que ocupa varias líneas de poco ancho");
+    resize(900, 195);
+    label->AutoSize(tslAutoSize_Y);
+    const host::Bounds fitted = label->bounds();
+    ASSERT_EQ(900, fitted.width);
+    ASSERT_GE(fitted.height, 3 * 195);
+    for (const float factor : {2.0F, 0.5F}) {
+        resize(fitted.width * factor, fitted.height * factor);
+        EXPECT_EQ(fitted.width, label->bounds().width);
+        EXPECT_EQ(fitted.height, label->bounds().height);
+    }
+}
+
 TEST_F(lblInAContainer, WithoutAutoSizeItKeepsTheSizeThatItIsGiven) {
     label->Caption(u"Nombre");
     forget();
