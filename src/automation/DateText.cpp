@@ -230,8 +230,8 @@ bool DateReader::matchHalfDayName(std::u16string_view name) {
     return true;
 }
 
-/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none. The marks are the locale's,
-/// AM and PM, and their first letters.
+/// 0 for a mark of the morning here, 1 for one of the afternoon, noValue for none. The marks are the
+/// locale's, AM and PM, and their first letters.
 int DateReader::matchHalfDay() {
     if (at_ == end_ || !isLetter(*at_)) return noValue;
     if (matchHalfDayName(locale_.morning) || matchHalfDayName(u"AM")) return 0;
