@@ -34,6 +34,7 @@ BOOL RestoreDC(HDC dc, int depth);
 /// One capability (HORZRES, BITSPIXEL, LOGPIXELSX, ...); 0 for an unknown one or a dead context.
 int GetDeviceCaps(HDC dc, int index);
 
+/// The colour that the context shows for this one.
 COLORREF GetNearestColor(HDC dc, COLORREF color);
 
 // --- Objects ---------------------------------------------------------------------------------------
@@ -56,6 +57,8 @@ BOOL GetObjectBitmap(HBITMAP bitmap, BITMAP* data);
 BOOL GetObjectBrush(HBRUSH brush, LOGBRUSH* data);
 BOOL GetObjectPen(HPEN pen, LOGPEN* data);
 BOOL GetObjectFont(HFONT font, LOGFONTW* data);
+/// The number of entries.
+BOOL GetObjectPalette(HPALETTE palette, WORD* count);
 
 /// Live objects of this process: GR_GDIOBJECTS counts contexts, bitmaps, brushes, pens, fonts, regions and
 /// palettes, GR_USEROBJECTS icons and windows. Stock objects are left out on Linux.
@@ -66,19 +69,56 @@ DWORD GetGuiResources(DWORD flags);
 /// A bitmap with the depth of the context's device (of its bitmap, for a memory context), cleared to black.
 /// A width or height of 0 gives one of 1x1 with 1 bit.
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
-/// A bitmap of 1 or 32 bits (1 plane) from rows that begin at multiples of two bytes, top row first; cleared
-/// when `bits` is null. A height below zero counts as its absolute value.
+/// A bitmap of 1, 4, 8, 16, 24 or 32 bits (1 plane) from rows that begin at multiples of two bytes, top row
+/// first; cleared when `bits` is null. A height below zero counts as its absolute value.
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits);
-/// A bitmap whose pixels the program can reach at `*bits`. 1 bit (with its colour table) or 32 bits, BI_RGB.
-/// `dc`, `section` and `offset` are not used and may be 0.
+
+// Device-independent pixels: 1, 4 or 8 bits with a colour table, 16, 24 or 32 bits (BI_RGB, and BI_BITFIELDS
+// with three masks in the place of the table for 16 and 32). With DIB_PAL_COLORS the table holds 16-bit
+// indices into the context's palette. BI_RLE4 and BI_RLE8 are read, not written, and make no section.
+
+/// A bitmap whose pixels the program can reach at `*bits`. `section` and `offset` are not used and may be 0.
 HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
                          DWORD offset);
-/// Copies rows `start`... of the bitmap into `bits` in the format of `info->bmiHeader` (1 or 32 bits) and
-/// fills in its colour table; returns the number of rows. With `bits` null it fills in the header instead.
+/// A compatible bitmap, with the pixels of `bits` when CBM_INIT is set in `init`.
+HBITMAP CreateDIBitmap(HDC dc, const BITMAPINFOHEADER* header, DWORD init, const void* bits,
+                       const BITMAPINFO* info, UINT usage);
+/// Copies rows `start`... of the bitmap into `bits` in the format of `info->bmiHeader` and fills in its
+/// colour table; returns the number of rows. With `bits` null it fills in the header instead.
 int GetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage);
 /// The opposite way; `start` counts from the first row in memory.
 int SetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, const void* bits, const BITMAPINFO* info,
               UINT usage);
+/// Paints pixels 1:1; `ySource` counts from the bottom of a bottom-up picture. Returns the number of rows.
+int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int xSource, int ySource, UINT start,
+                      UINT lines, const void* bits, const BITMAPINFO* info, UINT usage);
+/// Paints pixels stretched; returns the number of rows read.
+int StretchDIBits(HDC dc, int x, int y, int width, int height, int xSource, int ySource, int widthSource,
+                  int heightSource, const void* bits, const BITMAPINFO* info, UINT usage, DWORD rop);
+/// The colours of the section of up to 8 bits that is selected into the context; returns how many were
+/// copied.
+UINT GetDIBColorTable(HDC dc, UINT start, UINT count, RGBQUAD* colors);
+UINT SetDIBColorTable(HDC dc, UINT start, UINT count, const RGBQUAD* colors);
+
+// --- Palettes --------------------------------------------------------------------------------------
+// They decide what a display of 8 bits shows; on one with more the colours are what they are and realising
+// a palette does nothing. Counts are of entries; 0 is the failure of all that return one.
+
+HPALETTE CreatePalette(const LOGPALETTE* data);
+/// 256 colours spread over the colour cube, with the 20 of the system at both ends.
+HPALETTE CreateHalftonePalette(HDC dc);
+/// Returns the palette that this one replaces.
+HPALETTE SelectPalette(HDC dc, HPALETTE palette, BOOL forceBackground);
+/// Brings the selected palette's colours to the display; returns how many entries were mapped anew.
+UINT RealizePalette(HDC dc);
+BOOL UnrealizeObject(HGDIOBJ object);
+/// With `entries` null: how many there are.
+UINT GetPaletteEntries(HPALETTE palette, UINT start, UINT count, PALETTEENTRY* entries);
+UINT SetPaletteEntries(HPALETTE palette, UINT start, UINT count, const PALETTEENTRY* entries);
+BOOL ResizePalette(HPALETTE palette, UINT count);
+UINT GetNearestPaletteIndex(HPALETTE palette, COLORREF color);
+/// What the display shows for each of its 256 values; 0 on one without palette.
+UINT GetSystemPaletteEntries(HDC dc, UINT start, UINT count, PALETTEENTRY* entries);
 
 // --- Pens and brushes ------------------------------------------------------------------------------
 
@@ -245,9 +285,25 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource
 /// Sizes below zero mirror.
 BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
                 int widthSource, int heightSource, DWORD rop);
-/// Rectangles with the colour running across (GRADIENT_FILL_RECT_H) or down (GRADIENT_FILL_RECT_V).
-BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GRADIENT_RECT* meshes,
-                  DWORD meshCount, DWORD mode);
+/// Copies under `rop`'s low three bytes where the 1-bit `mask` is 1 and under its highest byte elsewhere;
+/// without a mask it is BitBlt. See MAKEROP4.
+BOOL MaskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource, HBITMAP mask,
+             int xMask, int yMask, DWORD rop);
+/// Copies a rectangle to a parallelogram whose corners top left, top right and bottom left are `points`,
+/// where the 1-bit `mask`, when given, is 1.
+BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, int widthSource,
+            int heightSource, HBITMAP mask, int xMask, int yMask);
+/// Stretches what is not of the one colour. Sizes below zero fail.
+BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                    int widthSource, int heightSource, UINT transparent);
+/// Stretches and blends. The source must lie wholly on its surface and not overlap the target; sizes below
+/// zero fail. With AC_SRC_ALPHA the source has 32 bits with colours multiplied by their alpha.
+BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                int widthSource, int heightSource, BLENDFUNCTION blend);
+/// Rectangles (`meshes` are GRADIENT_RECTs) with the colour running across (GRADIENT_FILL_RECT_H) or down
+/// (GRADIENT_FILL_RECT_V), or triangles between three colours (GRADIENT_FILL_TRIANGLE, GRADIENT_TRIANGLEs).
+BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const void* meshes, DWORD meshCount,
+                  DWORD mode);
 
 // --- Text ------------------------------------------------------------------------------------------
 // Lengths are in units (UTF-16) or bytes (the ANSI code page). The A forms convert and call the W forms.
@@ -346,5 +402,7 @@ BOOL GetIconInfo(HICON icon, ICONINFO* info);
 BOOL DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, UINT step, HBRUSH background,
                 UINT flags);
 BOOL DestroyIcon(HICON icon);
+/// A copy with a handle of its own.
+HICON CopyIcon(HICON icon);
 
 } // namespace platform

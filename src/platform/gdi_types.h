@@ -26,6 +26,11 @@ inline constexpr DWORD PATCOPY = 0x00F00021;
 inline constexpr DWORD PATPAINT = 0x00FB0A09;
 inline constexpr DWORD WHITENESS = 0x00FF0062;
 
+/// For MaskBlt: one operation where the mask is 1, another where it is 0.
+constexpr DWORD MAKEROP4(DWORD foreground, DWORD background) {
+    return (background << 8 & 0xFF000000) | (foreground & 0x00FFFFFF);
+}
+
 /// Two-operand drawing modes of pens and brushes, for SetROP2.
 inline constexpr int R2_BLACK = 1;
 inline constexpr int R2_NOTMERGEPEN = 2;
@@ -189,7 +194,12 @@ struct BITMAP {
 };
 
 inline constexpr DWORD BI_RGB = 0;
+inline constexpr DWORD BI_RLE8 = 1;
+inline constexpr DWORD BI_RLE4 = 2;
+inline constexpr DWORD BI_BITFIELDS = 3;
 inline constexpr UINT DIB_RGB_COLORS = 0;
+inline constexpr UINT DIB_PAL_COLORS = 1;
+inline constexpr DWORD CBM_INIT = 4;
 
 struct BITMAPINFOHEADER {
     DWORD biSize = 40;
@@ -217,6 +227,40 @@ struct BITMAPINFO {
     BITMAPINFOHEADER bmiHeader;
     RGBQUAD bmiColors[256];
 };
+
+// --- Palettes --------------------------------------------------------------------------------------
+
+/// A colour that is an entry of the context's palette, or the entry nearest to a colour.
+constexpr COLORREF PALETTEINDEX(WORD index) {
+    return 0x01000000u | index;
+}
+constexpr COLORREF PALETTERGB(unsigned red, unsigned green, unsigned blue) {
+    return 0x02000000u | RGB(red, green, blue);
+}
+
+inline constexpr BYTE PC_RESERVED = 1;
+inline constexpr BYTE PC_EXPLICIT = 2;
+inline constexpr BYTE PC_NOCOLLAPSE = 4;
+
+struct PALETTEENTRY {
+    BYTE peRed = 0;
+    BYTE peGreen = 0;
+    BYTE peBlue = 0;
+    BYTE peFlags = 0;
+    friend constexpr bool operator==(const PALETTEENTRY&, const PALETTEENTRY&) = default;
+};
+
+inline constexpr WORD paletteVersion = 0x0300;
+
+/// The header and the most entries that a palette of a display of 8 bits has use for; a longer one goes on
+/// behind.
+struct LOGPALETTE {
+    WORD palVersion = paletteVersion;
+    WORD palNumEntries = 0;
+    PALETTEENTRY palPalEntry[256];
+};
+
+// --- Icons -----------------------------------------------------------------------------------------
 
 /// Icons and cursors. A monochrome one has no colour bitmap and a mask of double height, AND above XOR.
 struct ICONINFO {
@@ -269,6 +313,7 @@ inline constexpr UINT BF_MONO = 0x8000;
 
 inline constexpr DWORD GRADIENT_FILL_RECT_H = 0;
 inline constexpr DWORD GRADIENT_FILL_RECT_V = 1;
+inline constexpr DWORD GRADIENT_FILL_TRIANGLE = 2;
 
 /// A corner of a gradient. Colour components run from 0 to 0xFF00.
 struct TRIVERTEX {
@@ -283,6 +328,24 @@ struct TRIVERTEX {
 struct GRADIENT_RECT {
     DWORD UpperLeft = 0; ///< Index of a vertex
     DWORD LowerRight = 0;
+};
+
+struct GRADIENT_TRIANGLE {
+    DWORD Vertex1 = 0; ///< Index of a vertex
+    DWORD Vertex2 = 0;
+    DWORD Vertex3 = 0;
+};
+
+// --- Blends ----------------------------------------------------------------------------------------
+
+inline constexpr BYTE AC_SRC_OVER = 0;
+inline constexpr BYTE AC_SRC_ALPHA = 1;
+
+struct BLENDFUNCTION {
+    BYTE BlendOp = AC_SRC_OVER;
+    BYTE BlendFlags = 0;
+    BYTE SourceConstantAlpha = 255; ///< 255 is the opaque source, 0 leaves the target
+    BYTE AlphaFormat = 0;           ///< AC_SRC_ALPHA: each pixel of the source has an alpha too
 };
 
 // --- Text ------------------------------------------------------------------------------------------
@@ -454,6 +517,7 @@ inline constexpr int ASPECTXY = 44;
 inline constexpr int SHADEBLENDCAPS = 45;
 inline constexpr int LOGPIXELSX = 88;
 inline constexpr int LOGPIXELSY = 90;
+inline constexpr int RC_PALETTE = 0x0100; ///< In RASTERCAPS: the display has a palette
 inline constexpr int SIZEPALETTE = 104;
 inline constexpr int NUMRESERVED = 106;
 inline constexpr int COLORRES = 108;

@@ -110,6 +110,9 @@ inline constexpr int COLOR_MENUBAR = 30;
 /// 0 (black) for an unknown number.
 COLORREF GetSysColor(int index);
 
+/// Changes colours for all programs of the session; on Linux for this program. All windows are painted anew.
+BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors);
+
 /// A brush that belongs to the system: DeleteObject does nothing to it. 0 for an unknown number.
 HBRUSH GetSysColorBrush(int index);
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/brush_pixels.h"
 #include "platform/linux/colors.h"
+#include "platform/linux/display_colors.h"
 #include "platform/linux/painter.h"
 #include "platform/linux/rows.h"
 
@@ -18,31 +19,46 @@ constexpr std::uint32_t colorBits = 0x00FFFFFF;
 class Copier {
 public:
     Copier(DeviceContext& target, const SourcePixels& source, Rop3 rop, int width)
-        : target_(target), source_(source), rop_(rop), span_(spanFor(rop)) {
+        : target_(target), source_(source), rop_(rop), span_(spanFor(rop)), finder_(target),
+          way_(wayOf(*target.surface, *source.surface)) {
         const std::size_t words = static_cast<std::size_t>(width) + 1;
         if (usesPattern(rop)) pattern_.emplace(target, target.brush());
-        if (target.surface->bitsPerPixel == 32) {
-            if (source.surface->bitsPerPixel == 1) sourceWords_.resize(words);
-            if (pattern_) patternWords_.resize(words);
-        } else {
+        if (way_ == Way::Bits) {
             const std::size_t bytes = words / 8 + 2;
-            targetHasColors_ = hasSurfaceColors(target);
-            targetColors_ = surfaceColors(target);
             bitMasks_ = bitMasks();
             sourceBits_.resize(bytes);
             if (pattern_) patternBits_.resize(bytes);
+            return;
         }
+        if (way_ != Way::Words) targetWords_.resize(words);
+        if (way_ != Way::Words || source.surface->bitsPerPixel != 32) sourceWords_.resize(words);
+        if (pattern_) patternWords_.resize(words);
     }
 
     void row(int x, int y, int count) {
-        if (target_.surface->bitsPerPixel == 32) {
+        switch (way_) {
+        case Way::Words:
             wordRow(x, y, count);
-        } else {
+            break;
+        case Way::Bits:
             bitRow(x, y, count);
+            break;
+        case Way::Values:
+            valueRow(x, y, count);
+            break;
         }
     }
 
 private:
+    /// Words of 32 bits in place, bits to bits, or any values through buffers of words.
+    enum class Way { Words, Bits, Values };
+
+    static Way wayOf(const Surface& target, const Surface& source) {
+        if (target.bitsPerPixel == 1 && source.bitsPerPixel == 1) return Way::Bits;
+        const bool fromWords = haveSameFormat(target, source) || source.bitsPerPixel != 32;
+        return isPlain32(target) && fromWords ? Way::Words : Way::Values;
+    }
+
     void wordRow(int x, int y, int count) {
         const int fromX = x + source_.offset.x;
         const int fromY = y + source_.offset.y;
@@ -50,7 +66,7 @@ private:
         if (source_.surface->bitsPerPixel == 32) {
             from = row32(*source_.surface, fromY) + fromX;
         } else {
-            readRow(*source_.surface, fromX, fromY, count, source_.colors, sourceWords_.data());
+            readRow(*source_.surface, fromX, fromY, count, source_.bits, sourceWords_.data());
             from = sourceWords_.data();
         }
         if (pattern_) pattern_->row32(x, y, count, patternWords_.data());
@@ -58,36 +74,43 @@ private:
               rop_);
     }
 
+    void valueRow(int x, int y, int count) {
+        fetchValues(x + source_.offset.x, y + source_.offset.y, count);
+        readValues(*target_.surface, x, y, count, targetWords_.data());
+        if (pattern_) pattern_->row32(x, y, count, patternWords_.data());
+        span_(targetWords_.data(), sourceWords_.data(), patternWords_.data(), static_cast<std::size_t>(count),
+              rop_);
+        writeValues(*target_.surface, x, y, count, targetWords_.data());
+    }
+
+    void fetchValues(int fromX, int fromY, int count) {
+        if (haveSameFormat(*target_.surface, *source_.surface)) {
+            readValues(*source_.surface, fromX, fromY, count, sourceWords_.data());
+            return;
+        }
+        readRow(*source_.surface, fromX, fromY, count, source_.bits, sourceWords_.data());
+        for (int i = 0; i < count; ++i) {
+            std::uint32_t& word = sourceWords_[static_cast<std::size_t>(i)];
+            word = finder_.valueOf(word & colorBits, source_);
+        }
+    }
+
     void bitRow(int x, int y, int count) {
         const int first = x & 7;
-        fetchBits(x + source_.offset.x, y + source_.offset.y, first, count);
+        const int fromX = x + source_.offset.x;
+        alignBits(rowOf(*source_.surface, y + source_.offset.y), fromX, sourceBits_.data(), first, count);
+        if (bitMasks_ != leaveAlone) applyMasksToBits(sourceBits_.data(), first, first + count, bitMasks_);
         if (pattern_) pattern_->rowBits(x, y, count, patternBits_.data());
         combineBits(rowOf(*target_.surface, y) + (x >> 3), sourceBits_.data(),
                     pattern_ ? patternBits_.data() : nullptr, first, first + count, rop_);
     }
 
-    void fetchBits(int fromX, int fromY, int first, int count) {
-        if (source_.surface->bitsPerPixel == 1) {
-            alignBits(rowOf(*source_.surface, fromY), fromX, sourceBits_.data(), first, count);
-            if (bitMasks_ != leaveAlone)
-                applyMasksToBits(sourceBits_.data(), first, first + count, bitMasks_);
-            return;
-        }
-        const std::uint32_t* from = row32(*source_.surface, fromY) + fromX;
-        for (int i = 0; i < count; ++i)
-            putBit(sourceBits_.data(), first + i, bitOf(from[i] & colorBits));
-    }
-
-    /// The bit that a colour becomes: with a colour table the nearest, else 1 for the source's background.
-    bool bitOf(std::uint32_t color) const {
-        return targetHasColors_ ? nearestColor(targetColors_, color) == 1 : color == source_.backColor;
-    }
-
     /// What becomes of the bits 0 and 1 of the source.
-    Masks bitMasks() const {
-        if (!targetHasColors_) return leaveAlone; // device bitmaps take bits as they are
-        const std::uint32_t at0 = bitOf(source_.colors[0]) ? ~0u : 0u;
-        const std::uint32_t at1 = bitOf(source_.colors[1]) ? ~0u : 0u;
+    Masks bitMasks() {
+        const bool takesBits = !target_.surface->format && !source_.takesNearest;
+        if (takesBits) return leaveAlone; // device bitmaps take bits as they are
+        const std::uint32_t at0 = finder_.valueOf(colorOfValue(*source_.surface, 0, source_.bits), source_);
+        const std::uint32_t at1 = finder_.valueOf(colorOfValue(*source_.surface, 1, source_.bits), source_);
         return {at0 ^ at1, at0};
     }
 
@@ -95,19 +118,16 @@ private:
     const SourcePixels& source_;
     Rop3 rop_;
     Span span_;
-    bool targetHasColors_ = false;
-    ColorTable targetColors_{};
+    ValueFinder finder_;
+    Way way_;
     Masks bitMasks_; ///< From bits of the source to bits of the target
     std::optional<PatternRows> pattern_;
+    std::vector<std::uint32_t> targetWords_;
     std::vector<std::uint32_t> sourceWords_;
     std::vector<std::uint32_t> patternWords_;
     std::vector<std::uint8_t> sourceBits_;
     std::vector<std::uint8_t> patternBits_;
 };
-
-RECT moved(const RECT& r, POINT by) {
-    return {r.left + by.x, r.top + by.y, r.right + by.x, r.bottom + by.y};
-}
 
 bool onSamePixels(const Surface& a, const Surface& b) {
     return a.bits == b.bits;
@@ -115,7 +135,7 @@ bool onSamePixels(const Surface& a, const Surface& b) {
 
 /// A copy of part of a surface, for copies onto itself.
 std::unique_ptr<Bitmap> excerpt(const Surface& from, const RECT& r) {
-    auto copy = makeBitmap(r.right - r.left, r.bottom - r.top, from.bitsPerPixel);
+    auto copy = makeBitmapLike(from, r.right - r.left, r.bottom - r.top);
     if (!copy) return nullptr;
     for (int y = r.top; y < r.bottom; ++y)
         copyRow(from, r.left, y, copy->surface, 0, y - r.top, r.right - r.left);
@@ -134,19 +154,44 @@ void copyOntoItself(DeviceContext& target, const RECT& area, const SourcePixels&
     copyPixels(target, area, apart, rop);
 }
 
+/// On 1 bit a gradient is dithered.
+std::uint32_t gradientValue(const Surface& surface, ValueFinder& finder, std::uint32_t color, int x, int y) {
+    if (surface.bitsPerPixel == 1) return isDitheredWhite(colorOfPixel32(color & colorBits), x, y) ? ~0u : 0u;
+    return finder.valueOf(color & colorBits);
+}
+
 } // namespace
 
+RECT rectOf(int x, int y, int width, int height) {
+    return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
+}
+
+RECT areaOf(const RECT& r) {
+    RECT area = r;
+    if (r.right < r.left) {
+        area.left = r.right + 1;
+        area.right = r.left + 1;
+    }
+    if (r.bottom < r.top) {
+        area.top = r.bottom + 1;
+        area.bottom = r.top + 1;
+    }
+    return area;
+}
+
+RECT moved(const RECT& r, POINT by) {
+    return {r.left + by.x, r.top + by.y, r.right + by.x, r.bottom + by.y};
+}
+
 SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, POINT offset) {
+    source.needPixels();
     SourcePixels pixels;
     pixels.surface = source.surface;
     pixels.valid =
         source.isMemory ? RECT{0, 0, source.surface->width, source.surface->height} : source.visible.bounds();
     pixels.offset = offset;
     pixels.backColor = pixelOfColor(source.state.backColor);
-    const Bitmap* bitmap = source.selectedBitmap();
-    pixels.colors = bitmap && bitmap->hasColors ? bitmap->colors
-                                                : ColorTable{pixelOfColor(target.state.textColor),
-                                                             pixelOfColor(target.state.backColor)};
+    pixels.bits = {pixelOfColor(target.state.textColor), pixelOfColor(target.state.backColor)};
     return pixels;
 }
 
@@ -175,12 +220,39 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
     }
 }
 
+ValueFinder::ValueFinder(const DeviceContext& target)
+    : target_(target), showsPalette_(showsDisplayPalette(*target.surface)) {}
+
+std::uint32_t ValueFinder::valueOf(std::uint32_t color, const SourcePixels& source) {
+    const Surface& surface = *target_.surface;
+    if (surface.bitsPerPixel == 1 && !surface.format && !source.takesNearest)
+        return color == source.backColor ? ~0u : 0u;
+    return valueOf(color);
+}
+
+std::uint32_t ValueFinder::valueOf(std::uint32_t color) {
+    const Surface& surface = *target_.surface;
+    if (!showsPalette_) {
+        const bool hasManyEntries = surface.format && surface.bitsPerPixel != 1;
+        return hasManyEntries ? surface.format->copiedValueOf(color)
+                              : valueOfColor(surface, color, blackAndWhite);
+    }
+    constexpr std::size_t knownCount = 256;
+    constexpr std::uint32_t spread = 0x9E3779B1u; // mixes the bits of similar colours
+    constexpr int shift = 24;
+    if (known_.empty()) known_.resize(knownCount);
+    Known& known = known_[color * spread >> shift];
+    if (known.color != color) known = {color, paletteValueOf(target_, color)};
+    return known.value;
+}
+
 void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::uint32_t>& pixels,
                  bool across) {
     const Surface& surface = *context.surface;
+    ValueFinder finder(context);
     for (int y = r.top; y < r.bottom; ++y) {
         const std::uint32_t column = across ? 0 : pixels[static_cast<std::size_t>(y - r.top)];
-        if (surface.bitsPerPixel == 32) {
+        if (isPlain32(surface)) {
             std::uint32_t* row = row32(surface, y) + r.left;
             if (across) {
                 std::copy(pixels.begin(), pixels.end(), row);
@@ -190,8 +262,9 @@ void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::u
             continue;
         }
         for (int x = r.left; x < r.right; ++x) {
-            const std::uint32_t pixel = across ? pixels[static_cast<std::size_t>(x - r.left)] : column;
-            putBit(rowOf(surface, y), x, isDitheredWhite(colorOfPixel32(pixel), x, y));
+            const std::uint32_t color = across ? pixels[static_cast<std::size_t>(x - r.left)] : column;
+            const std::uint32_t value = gradientValue(surface, finder, color, x, y);
+            writeValues(surface, x, y, 1, &value);
         }
     }
 }

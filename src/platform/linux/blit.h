@@ -11,10 +11,19 @@ struct SourcePixels {
     const Surface* surface = nullptr;
     RECT valid;                  ///< The part of the surface that may be read
     POINT offset;                ///< From the target's surface to this one
-    bool hasColors = false;      ///< 1 bit with a colour table of its own
-    ColorTable colors{};         ///< What 0 and 1 look like
-    std::uint32_t backColor = 0; ///< 0xRRGGBB that becomes 1 on a target of 1 bit
+    TwoColors bits{};            ///< What 0 and 1 look like when the surface has no colours of its own
+    std::uint32_t backColor = 0; ///< 0xRRGGBB that becomes 1 on a device bitmap of 1 bit
+    bool takesNearest = false;   ///< There, the nearer of black and white instead
 };
+
+/// A place and a size as a rectangle, whose right lies left of left for a width below zero.
+RECT rectOf(int x, int y, int width, int height);
+
+/// The area of a rectangle whose right may lie left of left: it then counts backwards from left, whose pixel
+/// belongs to it. The same for bottom and top.
+RECT areaOf(const RECT& r);
+
+RECT moved(const RECT& r, POINT by);
 
 /// What a context offers as the source of a copy to `target`.
 SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, POINT offset);
@@ -25,7 +34,28 @@ void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& sou
 /// Copies an area from another or the same context; `from` is where it begins on the source's surface.
 void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, POINT from, Rop3 rop);
 
-/// Fills a rectangle with one row (`across`) or one column of 32-bit pixels, repeated.
+/// From colours 0x00RRGGBB to values of a context's surface, as copies translate them.
+class ValueFinder {
+public:
+    explicit ValueFinder(const DeviceContext& target);
+
+    /// On 1 bit without colours: 1 for `backColor`, unless the source takes the nearest.
+    std::uint32_t valueOf(std::uint32_t color, const SourcePixels& source);
+    /// The nearest.
+    std::uint32_t valueOf(std::uint32_t color);
+
+private:
+    struct Known {
+        std::uint32_t color = ~0u;
+        std::uint32_t value = 0;
+    };
+
+    const DeviceContext& target_;
+    bool showsPalette_;
+    std::vector<Known> known_; ///< Answers of the display's palette, which take long to find
+};
+
+/// Fills a rectangle with one row (`across`) or one column of colours, repeated.
 void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::uint32_t>& pixels,
                  bool across);
 

@@ -1,6 +1,7 @@
 #include "platform/linux/brush_pixels.h"
 
 #include "platform/linux/colors.h"
+#include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 
 namespace platform::driver {
@@ -49,41 +50,58 @@ BrushPixels hatchPixels(const DeviceContext& context, const Brush& brush) {
 
 BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
     const Surface& from = pattern.surface;
+    const Surface& to = *context.surface;
     BrushPixels result{from.width, from.height, {}, {}};
     result.pixels.resize(static_cast<std::size_t>(from.width) * static_cast<std::size_t>(from.height));
-    const bool toBits = context.surface->bitsPerPixel == 1;
-    ColorTable colors = pattern.colors;
-    if (!pattern.hasColors)
-        colors = {pixelOfColor(context.state.textColor), pixelOfColor(context.state.backColor)};
-    const bool asIs = toBits && from.bitsPerPixel == 1 && !hasSurfaceColors(context);
-    if (asIs) colors = {0, ~0u};
+    const TwoColors colors = {pixelOfColor(context.state.textColor), pixelOfColor(context.state.backColor)};
+    const bool asIs = haveSameFormat(from, to);
     for (int y = 0; y < from.height; ++y) {
         std::uint32_t* row = result.pixels.data() + static_cast<std::ptrdiff_t>(y) * from.width;
-        readRow(from, 0, y, from.width, colors, row);
-        if (toBits && !asIs) {
-            for (int x = 0; x < from.width; ++x)
-                row[x] = nearestPixelOf(context, colorOfPixel32(row[x]));
+        if (asIs) {
+            readValues(from, 0, y, from.width, row);
+            continue;
         }
+        readRow(from, 0, y, from.width, colors, row);
+        for (int x = 0; x < from.width && !isPlain32(to); ++x)
+            row[x] = nearestPixelOf(context, colorOfPixel32(row[x] & 0x00FFFFFF));
     }
+    return result;
+}
+
+/// The order of a tile's pixel, 0 to 63, in which it turns to the other colour.
+int ditherOrderAt(int x, int y) {
+    return ditherOrder[y & (ditherSize - 1)][x & (ditherSize - 1)];
+}
+
+/// A colour that is not among those of a display with palette, as a pattern of two that are.
+BrushPixels mixturePixels(const DeviceContext& context, COLORREF color) {
+    const Mixture mixture = paletteMixtureOf(context, pixelOfColor(plainColor(context, color)));
+    BrushPixels result{ditherSize, ditherSize, {}, {}};
+    for (int y = 0; y < ditherSize; ++y)
+        for (int x = 0; x < ditherSize; ++x)
+            result.pixels.push_back(ditherOrderAt(x, y) < mixture.share ? mixture.second : mixture.first);
     return result;
 }
 
 } // namespace
 
 bool isDithered(const DeviceContext& context, COLORREF color) {
-    const Bitmap* bitmap = context.selectedBitmap();
+    const Surface& surface = *context.surface;
+    if (isPlain32(surface)) return false;
+    if (showsDisplayPalette(surface))
+        return colorOfPixel(context, nearestPixelOf(context, color)) != plainColor(context, color);
     const COLORREF plain = color & 0x00FFFFFF;
-    return bitmap && bitmap->surface.bitsPerPixel == 1 && !bitmap->hasColors && plain != 0 &&
+    return surface.bitsPerPixel == 1 && !surface.format && context.selectedBitmap() && plain != 0 &&
            plain != 0x00FFFFFF;
 }
 
 bool isDitheredWhite(COLORREF color, int x, int y) {
     constexpr int levelsPerStep = 4;
-    const int order = ditherOrder[y & (ditherSize - 1)][x & (ditherSize - 1)];
-    return brightness(color) >= order * levelsPerStep + levelsPerStep / 2;
+    return brightness(color) >= ditherOrderAt(x, y) * levelsPerStep + levelsPerStep / 2;
 }
 
-BrushPixels ditherPixels(COLORREF color) {
+BrushPixels ditherPixels(const DeviceContext& context, COLORREF color) {
+    if (showsDisplayPalette(*context.surface)) return mixturePixels(context, color);
     BrushPixels result{ditherSize, ditherSize, {}, {}};
     for (int y = 0; y < ditherSize; ++y)
         for (int x = 0; x < ditherSize; ++x)

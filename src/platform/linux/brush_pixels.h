@@ -13,13 +13,14 @@ struct BrushPixels {
     std::vector<bool> opaque; ///< Empty when all are; a hatch in transparent mode paints its lines only
 };
 
-/// True for a plain colour that a device bitmap of 1 bit can only show as a pattern of black and white.
+/// True for a plain colour that the surface can only show as a pattern of others: a device bitmap of 1 bit,
+/// of black and white, the display's palette, of the two that mix best.
 bool isDithered(const DeviceContext& context, COLORREF color);
 
-/// The pattern of black and white for such a colour.
-BrushPixels ditherPixels(COLORREF color);
+/// The pattern for such a colour.
+BrushPixels ditherPixels(const DeviceContext& context, COLORREF color);
 
-/// Whether that pattern is white at (x, y).
+/// Whether the pattern of black and white is white at (x, y).
 bool isDitheredWhite(COLORREF color, int x, int y);
 
 /// For a brush of style BS_HATCHED or BS_PATTERN.

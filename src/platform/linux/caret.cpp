@@ -3,6 +3,7 @@
 
 #include "platform/linux/display.h"
 #include "platform/linux/message_queue.h"
+#include "platform/linux/rows.h"
 #include "platform/linux/window_system.h"
 
 namespace platform::driver {
@@ -50,14 +51,14 @@ void inkCaret(const Window& topLevel, PixelStore& picture, POINT corner) {
     const RECT box = offset({c.at.x, c.at.y, c.at.x + c.size.cx, c.at.y + c.size.cy}, origin.x, origin.y);
     const Region inked = visibleRegion(*window, false, false).intersected(Region(box));
     const RECT all{0, 0, picture.surface.width, picture.surface.height};
+    constexpr Masks inverse{~0u, 0x00FFFFFFu};
     for (const RECT& r : inked.rectangles()) {
         const RECT part =
             overlapOf(offset(r, corner.x - topLevel.frame.left, corner.y - topLevel.frame.top), all);
         for (LONG y = part.top; y < part.bottom; ++y)
             for (LONG x = part.left; x < part.right; ++x) {
                 if (c.grey && (x + y) % 2) continue;
-                picture.words[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.surface.width) +
-                              static_cast<std::size_t>(x)] ^= 0x00FFFFFFu;
+                maskPixel(picture.surface, x, y, inverse);
             }
     }
 }

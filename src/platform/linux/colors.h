@@ -13,17 +13,11 @@ constexpr COLORREF colorOfPixel32(std::uint32_t pixel) {
     return pixelOfColor(pixel);
 }
 
-/// True for a 1-bit surface with a colour table of its own.
-bool hasSurfaceColors(const DeviceContext& context);
-
-/// What 0 and 1 look like on the context's 1-bit surface.
-ColorTable surfaceColors(const DeviceContext& context);
-
 /// The pixel that a colour becomes on the context's surface. On one of 1 bit it is 0 or all bits set: the
 /// colour of the table that matches, else the one that the background colour does not have.
 std::uint32_t pixelOf(const DeviceContext& context, COLORREF color);
 
-/// The same without regard to the background: on 1 bit the nearest colour of the table.
+/// The same without regard to the background: the nearest colour that the context can draw with.
 std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color);
 
 /// The nearest pixel of the background colour.

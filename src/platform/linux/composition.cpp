@@ -1,5 +1,8 @@
 // Pictures of windows and of the whole desktop, as they look now.
 
+#include "platform/linux/colors.h"
+#include "platform/linux/display_colors.h"
+#include "platform/linux/rows.h"
 #include "platform/linux/window_system.h"
 
 #include <algorithm>
@@ -8,47 +11,69 @@ namespace platform::driver {
 
 namespace {
 
-void prepare(PixelStore& picture, int width, int height, std::uint32_t fill) {
-    picture.words.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), fill);
-    picture.surface = {width, height, 32, width * 4, reinterpret_cast<std::uint8_t*>(picture.words.data())};
-}
+constexpr int wordBits = 32;
 
-void copyOnto(PixelStore& picture, const PixelStore& from, POINT at) {
-    const RECT all{0, 0, picture.surface.width, picture.surface.height};
-    const RECT part = overlapOf({at.x, at.y, at.x + from.surface.width, at.y + from.surface.height}, all);
-    for (LONG y = part.top; y < part.bottom; ++y) {
-        const auto source = from.words.begin() + static_cast<std::ptrdiff_t>(y - at.y) * from.surface.width +
-                            (part.left - at.x);
-        std::copy_n(source, widthOf(part),
-                    picture.words.begin() + static_cast<std::ptrdiff_t>(y) * picture.surface.width +
-                        part.left);
-    }
-}
-
-std::uint32_t pixelOf(COLORREF color) {
-    return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
+/// Copies rows as colours.
+void copyOnto(const Surface& picture, const Surface& from, POINT at) {
+    const RECT all{0, 0, picture.width, picture.height};
+    const RECT part = overlapOf({at.x, at.y, at.x + from.width, at.y + from.height}, all);
+    for (LONG y = part.top; y < part.bottom; ++y)
+        readRow(from, part.left - at.x, y - at.y, widthOf(part), blackAndWhite,
+                row32(picture, y) + part.left);
 }
 
 } // namespace
 
+void preparePixels(PixelStore& pixels, int width, int height, int bitsPerPixel) {
+    constexpr int bytesPerWord = 4;
+    const int rowWords = (width * bitsPerPixel + wordBits - 1) / wordBits;
+    pixels.words.assign(static_cast<std::size_t>(rowWords) * static_cast<std::size_t>(height), 0u);
+    pixels.surface = {width,
+                      height,
+                      bitsPerPixel,
+                      rowWords * bytesPerWord,
+                      reinterpret_cast<std::uint8_t*>(pixels.words.data()),
+                      deviceFormat(bitsPerPixel)};
+}
+
+const Surface& plainSurface(const PixelStore& pixels, PixelStore& buffer) {
+    if (isPlain32(pixels.surface)) return pixels.surface;
+    preparePixels(buffer, pixels.surface.width, pixels.surface.height, wordBits);
+    copyOnto(buffer.surface, pixels.surface, {});
+    return buffer.surface;
+}
+
 void composeWindow(const Window& topLevel, PixelStore& picture) {
-    picture.words = topLevel.pixels->words;
-    picture.surface = topLevel.pixels->surface;
-    picture.surface.bits = reinterpret_cast<std::uint8_t*>(picture.words.data());
+    const Surface& from = topLevel.pixels->surface;
+    preparePixels(picture, from.width, from.height, wordBits);
+    copyOnto(picture.surface, from, {});
     inkCaret(topLevel, picture, {});
 }
 
 void composeDesktop(PixelStore& picture) {
     const Window& desktop = desktopWindow();
-    prepare(picture, widthOf(desktop.frame), heightOf(desktop.frame), pixelOf(GetSysColor(COLOR_DESKTOP)));
+    preparePixels(picture, widthOf(desktop.frame), heightOf(desktop.frame), wordBits);
+    std::fill(picture.words.begin(), picture.words.end(), pixelOfColor(GetSysColor(COLOR_DESKTOP)));
     const auto& windows = desktop.children;
     for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
         const Window& w = **window;
         if (!w.is(WS_VISIBLE) || w.is(WS_MINIMIZE) || !w.pixels) continue;
         const POINT corner{w.frame.left, w.frame.top};
-        copyOnto(picture, *w.pixels, corner);
+        copyOnto(picture.surface, w.pixels->surface, corner);
         inkCaret(w, picture, corner);
     }
+}
+
+void composeScreen(PixelStore& picture) {
+    if (displayBitsPerPixel() == wordBits) {
+        composeDesktop(picture);
+        return;
+    }
+    PixelStore words;
+    composeDesktop(words);
+    preparePixels(picture, words.surface.width, words.surface.height, displayBitsPerPixel());
+    for (int y = 0; y < words.surface.height; ++y)
+        writeRow(picture.surface, 0, y, words.surface.width, blackAndWhite, row32(words.surface, y));
 }
 
 } // namespace platform::driver

@@ -1,56 +1,63 @@
 // What the display says of itself: the values of a fresh Windows session, with the real size of the screen.
 
 #include "platform/gdi.h"
-#include "platform/linux/device_context.h"
+#include "platform/linux/display_colors.h"
 #include "platform/system_look.h"
 
-#include <cstdlib>
-#include <string_view>
+#include <algorithm>
 
 namespace platform::driver {
 
 namespace {
 
 constexpr int dotsPerInch = 96;
-constexpr int trueColorBits = 32;
-constexpr int paletteBits = 8;
-constexpr int paletteRasterCaps = 0x0100;
 
 struct Capability {
     int index;
-    int trueColor; ///< Value of a display with 32 bits a pixel
-    int palette;   ///< Value of one with 8 bits
+    int value;
 };
 
+/// What does not depend on the depth.
 constexpr Capability capabilities[] = {
-    {DRIVERVERSION, 0x4000, 0x4000},
-    {TECHNOLOGY, 1, 1},
-    {BITSPIXEL, trueColorBits, paletteBits},
-    {PLANES, 1, 1},
-    {NUMBRUSHES, -1, -1},
-    {NUMPENS, -1, -1},
-    {NUMCOLORS, -1, 20},
-    {CURVECAPS, 511, 511},
-    {LINECAPS, 254, 254},
-    {POLYGONALCAPS, 255, 255},
-    {TEXTCAPS, 31223, 31223},
-    {CLIPCAPS, 1, 1},
-    {RASTERCAPS, 48793, 48793 | paletteRasterCaps},
-    {ASPECTX, 36, 36},
-    {ASPECTY, 36, 36},
-    {ASPECTXY, 51, 51},
-    {LOGPIXELSX, dotsPerInch, dotsPerInch},
-    {LOGPIXELSY, dotsPerInch, dotsPerInch},
-    {SIZEPALETTE, 0, 256},
-    {NUMRESERVED, 20, 20},
-    {COLORRES, 24, 18},
-    {VREFRESH, 1, 1},
+    {DRIVERVERSION, 0x4000},
+    {TECHNOLOGY, 1},
+    {PLANES, 1},
+    {NUMBRUSHES, -1},
+    {NUMPENS, -1},
+    {CURVECAPS, 511},
+    {LINECAPS, 254},
+    {POLYGONALCAPS, 255},
+    {TEXTCAPS, 31223},
+    {CLIPCAPS, 1},
+    {ASPECTX, 36},
+    {ASPECTY, 36},
+    {ASPECTXY, 51},
+    {LOGPIXELSX, dotsPerInch},
+    {LOGPIXELSY, dotsPerInch},
+    {NUMRESERVED, 20},
+    {VREFRESH, 1},
 };
 
-/// TESELA_DEPTH=8 lets the display pass for one with a palette.
-bool hasPalette() {
-    const char* depth = std::getenv("TESELA_DEPTH");
-    return depth && std::string_view(depth) == "8";
+constexpr int rasterCaps = 0xBE99;
+
+/// What tells of the display's colours; 0 for an unknown number.
+int colorCapability(int index) {
+    const int depth = displayDepth();
+    const bool hasPalette = depth == 8;
+    switch (index) {
+    case BITSPIXEL:
+        return displayBitsPerPixel();
+    case NUMCOLORS:
+        return hasPalette ? 20 : depth == 4 ? 16 : -1;
+    case RASTERCAPS:
+        return hasPalette ? rasterCaps | RC_PALETTE : rasterCaps;
+    case SIZEPALETTE:
+        return hasPalette ? 256 : 0;
+    case COLORRES:
+        return hasPalette ? 18 : std::min(depth, 24);
+    default:
+        return 0;
+    }
 }
 
 int millimetres(int pixels) {
@@ -84,8 +91,8 @@ int GetDeviceCaps(HDC dc, int index) {
         break;
     }
     for (const Capability& c : capabilities)
-        if (c.index == index) return hasPalette() ? c.palette : c.trueColor;
-    return 0;
+        if (c.index == index) return c.value;
+    return colorCapability(index);
 }
 
 } // namespace platform

@@ -118,6 +118,7 @@ DeviceContext::~DeviceContext() {
     for (const ContextState& s : saved)
         releaseSelection(s);
     releaseSelection(state);
+    release(palette);
     if (Bitmap* selected = selectedBitmap()) {
         selected->owner = 0;
         releaseObject(*selected);
@@ -126,6 +127,7 @@ DeviceContext::~DeviceContext() {
 
 const Region& DeviceContext::drawable() {
     if (!drawableKnown_) {
+        needPixels();
         drawable_ = recorder ? Region() : visible;
         if (state.clip) {
             Region clip = *state.clip;
@@ -157,6 +159,8 @@ std::unique_ptr<DeviceContext> makeContext() {
     context->state.pen = stock<PenKind>(BLACK_PEN);
     context->state.font = stock<FontKind>(SYSTEM_FONT);
     retainSelection(context->state);
+    context->palette = stock<PaletteKind>(DEFAULT_PALETTE);
+    retain(context->palette);
     return context;
 }
 
@@ -167,6 +171,10 @@ HDC createWindowDC(Surface& surface, POINT origin, const Region& visible) {
     context->origin = origin;
     context->visible = visible.intersected(Region(RECT{0, 0, surface.width, surface.height}));
     return HDC(addObject(std::move(context)));
+}
+
+void makePixelsLater(HDC dc, std::function<void()> make) {
+    if (DeviceContext* context = find<DeviceContext>(dc)) context->pixelMaker = std::move(make);
 }
 
 bool releaseWindowDC(HDC dc) {

@@ -4,7 +4,9 @@
 #include "platform/linux/gdi_objects.h"
 #include "platform/linux/path.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace platform::driver {
 
@@ -63,9 +65,10 @@ struct DeviceContext : Object {
     bool isMemory = true;
     std::unique_ptr<MetafileRecorder> recorder; ///< Of a metafile's context, on which nothing is painted
     HBITMAP bitmap;                             ///< Of a memory context
-    Surface* surface = nullptr;                 ///< The bitmap's, or the window's
-    POINT origin;                               ///< Device (0, 0) on the surface
-    Region visible;                             ///< In surface coordinates
+    HPALETTE palette;
+    Surface* surface = nullptr; ///< The bitmap's, or the window's
+    POINT origin;               ///< Device (0, 0) on the surface
+    Region visible;             ///< In surface coordinates
     ContextState state;
     std::vector<ContextState> saved;
 
@@ -73,6 +76,12 @@ struct DeviceContext : Object {
     Pen& pen() const { return *find<Pen>(state.pen); }
     Font& font() const { return *find<Font>(state.font); }
     Bitmap* selectedBitmap() const { return find<Bitmap>(bitmap); }
+
+    /// Makes the pixels at the first need; see makePixelsLater.
+    mutable std::function<void()> pixelMaker;
+    void needPixels() const {
+        if (pixelMaker) std::exchange(pixelMaker, nullptr)();
+    }
 
     /// What may be drawn on, in surface coordinates.
     const Region& drawable();

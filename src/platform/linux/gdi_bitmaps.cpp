@@ -1,10 +1,10 @@
-// Bitmaps: making them, and their pixels in the form of device-independent bitmaps.
+// Bitmaps: making them, and what is told of them.
 
 #include "platform/gdi.h"
-#include "platform/linux/device_context.h"
+#include "platform/linux/dib.h"
+#include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 
-#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -13,103 +13,15 @@ namespace platform::driver {
 namespace {
 
 constexpr std::int64_t memoryLimit = std::numeric_limits<std::int32_t>::max();
-constexpr int bitsPerByte = 8;
 
-/// Bytes of a row that begins at multiples of `alignment` bytes.
-std::int64_t rowBytes(std::int64_t width, int bitsPerPixel, int alignment) {
-    const std::int64_t bits = std::int64_t{alignment} * bitsPerByte;
-    return (width * bitsPerPixel + bits - 1) / bits * alignment;
-}
-
-constexpr int dibAlignment = 4;
-constexpr int deviceAlignment = 2;
-
-bool isDepth(int bitsPerPixel) {
-    return bitsPerPixel == 1 || bitsPerPixel == 32;
-}
-
-std::uint32_t pixelFromQuad(const RGBQUAD& quad) {
-    return static_cast<std::uint32_t>(quad.rgbRed) << 16 | static_cast<std::uint32_t>(quad.rgbGreen) << 8 |
-           quad.rgbBlue;
-}
-
-RGBQUAD quadFromPixel(std::uint32_t pixel) {
-    return {static_cast<BYTE>(pixel), static_cast<BYTE>(pixel >> 8), static_cast<BYTE>(pixel >> 16), 0};
-}
-
-ColorTable colorsOf(const BITMAPINFO& info) {
-    return {pixelFromQuad(info.bmiColors[0]), pixelFromQuad(info.bmiColors[1])};
-}
-
-constexpr ColorTable blackAndWhite = {0x000000, 0xFFFFFF};
-
-/// The height and direction of a header: height below zero puts the top row first.
-struct Rows {
-    int count;
-    bool bottomUp;
-};
-
-bool readHeader(const BITMAPINFOHEADER& header, Rows& rows) {
-    if (header.biSize < sizeof(BITMAPINFOHEADER) || header.biWidth <= 0 || header.biHeight == 0) return false;
-    if (header.biHeight == std::numeric_limits<LONG>::min()) return false;
-    if (!isDepth(header.biBitCount) || header.biPlanes != 1 || header.biCompression != BI_RGB) return false;
-    rows = {header.biHeight < 0 ? -header.biHeight : header.biHeight, header.biHeight > 0};
-    return true;
-}
-
-/// A surface over a program's rows in memory, of which `bits` is the first.
-Surface surfaceOver(void* bits, int width, int lines, int bitsPerPixel, bool bottomUp) {
-    const int stride = static_cast<int>(rowBytes(width, bitsPerPixel, dibAlignment));
-    Surface surface{width, lines, bitsPerPixel, stride, static_cast<std::uint8_t*>(bits)};
-    if (bottomUp) {
-        surface.bits += std::ptrdiff_t{stride} * (lines - 1);
-        surface.stride = -stride;
-    }
-    return surface;
-}
-
-/// Which rows of a bitmap (from the top) the scan lines `start`... of a transfer are.
-struct Scan {
-    int firstRow;
-    int lines;
-};
-
-Scan scanOf(UINT start, UINT lines, int height, bool bottomUp) {
-    if (start >= static_cast<UINT>(height)) return {0, 0};
-    const int count = static_cast<int>(std::min(lines, static_cast<UINT>(height) - start));
-    const int first = bottomUp ? height - static_cast<int>(start) - count : static_cast<int>(start);
-    return {first, count};
-}
-
-ColorTable tableOf(const Bitmap& bitmap) {
-    return bitmap.hasColors ? bitmap.colors : blackAndWhite;
-}
-
-void fillHeader(const Bitmap& bitmap, BITMAPINFOHEADER& header) {
-    header.biWidth = bitmap.surface.width;
-    header.biHeight = bitmap.isSection && !bitmap.bottomUp ? -bitmap.surface.height : bitmap.surface.height;
-    header.biPlanes = 1;
-    header.biBitCount = static_cast<WORD>(bitmap.surface.bitsPerPixel);
-    header.biCompression = BI_RGB;
-    header.biSizeImage = static_cast<DWORD>(
-        rowBytes(bitmap.surface.width, bitmap.surface.bitsPerPixel, dibAlignment) * bitmap.surface.height);
-    header.biClrUsed = 0;
-    header.biClrImportant = 0;
-}
-
-/// Copies rows between surfaces of any depth; the colours of a 1-bit side are its table's.
-void copyRows(const Surface& from, int fromRow, const ColorTable& fromColors, const Surface& to, int toRow,
-              const ColorTable& toColors, int lines) {
-    const int width = std::min(from.width, to.width);
-    if (from.bitsPerPixel == to.bitsPerPixel && (from.bitsPerPixel == 32 || fromColors == toColors)) {
-        for (int i = 0; i < lines; ++i)
-            copyRow(from, 0, fromRow + i, to, 0, toRow + i, width);
-        return;
-    }
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width));
-    for (int i = 0; i < lines; ++i) {
-        readRow(from, 0, fromRow + i, width, fromColors, pixels.data());
-        writeRow(to, 0, toRow + i, width, toColors, pixels.data());
+/// Copies a program's rows, which begin at multiples of two bytes.
+void fillRows(Bitmap& bitmap, const void* bits) {
+    const Surface& surface = bitmap.surface;
+    const std::size_t bytes =
+        static_cast<std::size_t>(rowBytes(surface.width, surface.bitsPerPixel, deviceAlignment));
+    for (int y = 0; y < surface.height; ++y) {
+        const auto* row = static_cast<const std::uint8_t*>(bits) + bytes * static_cast<std::size_t>(y);
+        std::memcpy(rowOf(surface, y), row, bytes);
     }
 }
 
@@ -125,14 +37,25 @@ std::unique_ptr<Bitmap> makeBitmap(int width, int height, int bitsPerPixel, bool
     if (!bitmap->memory) return nullptr;
     bitmap->bottomUp = bottomUp;
     bitmap->surface = surfaceOver(bitmap->memory.get(), width, height, bitsPerPixel, bottomUp);
+    bitmap->surface.format = deviceFormat(bitsPerPixel);
     return bitmap;
 }
 
+std::unique_ptr<Bitmap> makeBitmapLike(const Surface& surface, int width, int height) {
+    auto bitmap = makeBitmap(width, height, surface.bitsPerPixel);
+    if (bitmap) bitmap->surface.format = surface.format;
+    return bitmap;
+}
+
+void setFormat(Bitmap& bitmap, const PixelFormat& format) {
+    bitmap.format = std::make_unique<PixelFormat>(format);
+    bitmap.surface.format = bitmap.format.get();
+}
+
 std::unique_ptr<Bitmap> copyOf(const Bitmap& source) {
-    auto copy = makeBitmap(source.surface.width, source.surface.height, source.surface.bitsPerPixel);
+    auto copy = makeBitmapLike(source.surface, source.surface.width, source.surface.height);
     if (!copy) return nullptr;
-    copy->hasColors = source.hasColors;
-    copy->colors = source.colors;
+    if (source.format) setFormat(*copy, *source.format);
     for (int y = 0; y < source.surface.height; ++y)
         copyRow(source.surface, 0, y, copy->surface, 0, y, source.surface.width);
     return copy;
@@ -148,48 +71,38 @@ HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
     const DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return {};
     if (width == 0 || height == 0) return HBITMAP(stockObject(defaultBitmapIndex));
-    int depth = context->surface->bitsPerPixel;
-    if (const Bitmap* selected = context->selectedBitmap(); selected && selected->isSection && depth == 1) {
-        auto bitmap = makeBitmap(width, height, depth);
-        if (!bitmap) return {};
-        bitmap->hasColors = selected->hasColors;
-        bitmap->colors = selected->colors;
-        return HBITMAP(addObject(std::move(bitmap)));
-    }
-    return CreateBitmap(width, height, 1, static_cast<UINT>(depth), nullptr);
+    const Bitmap* selected = context->selectedBitmap();
+    const int depth = context->surface->bitsPerPixel;
+    if (!selected || !selected->format)
+        return CreateBitmap(width, height, 1, static_cast<UINT>(depth), nullptr);
+    auto bitmap = makeBitmap(width, height, depth);
+    if (!bitmap) return {};
+    // What is compatible with a section has its colours and can be selected wherever a section can.
+    setFormat(*bitmap, *selected->format);
+    bitmap->isSection = selected->isSection && depth != 1;
+    return HBITMAP(addObject(std::move(bitmap)));
 }
 
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits) {
-    if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return {};
+    if (planes != 1 || bitsPerPixel > 32 || !isDepth(static_cast<int>(bitsPerPixel))) return {};
     if (width == std::numeric_limits<int>::min() || height == std::numeric_limits<int>::min()) return {};
     if (width == 0 || height == 0) return HBITMAP(stockObject(defaultBitmapIndex));
     width = width < 0 ? -width : width;
     height = height < 0 ? -height : height;
-    const int depth = static_cast<int>(bitsPerPixel);
-    auto bitmap = makeBitmap(width, height, depth);
+    auto bitmap = makeBitmap(width, height, static_cast<int>(bitsPerPixel));
     if (!bitmap) return {};
-    if (bits) {
-        const std::size_t sourceStride = static_cast<std::size_t>(rowBytes(width, depth, deviceAlignment));
-        for (int y = 0; y < height; ++y) {
-            std::memcpy(bitmap->surface.bits + std::ptrdiff_t{bitmap->surface.stride} * y,
-                        static_cast<const std::uint8_t*>(bits) + sourceStride * static_cast<std::size_t>(y),
-                        sourceStride);
-        }
-    }
+    if (bits) fillRows(*bitmap, bits);
     return HBITMAP(addObject(std::move(bitmap)));
 }
 
-HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, HANDLE, DWORD) {
+HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE, DWORD) {
     if (bits) *bits = nullptr;
-    Rows rows{};
-    if (!info || usage != DIB_RGB_COLORS || !readHeader(info->bmiHeader, rows)) return {};
-    auto bitmap = makeBitmap(info->bmiHeader.biWidth, rows.count, info->bmiHeader.biBitCount, rows.bottomUp);
+    DibLayout layout;
+    if (!info || !readLayout(find<DeviceContext>(dc), *info, usage, layout) || layout.isCoded()) return {};
+    auto bitmap = makeBitmap(layout.width, layout.height, layout.bitsPerPixel, layout.bottomUp);
     if (!bitmap) return {};
     bitmap->isSection = true;
-    if (info->bmiHeader.biBitCount == 1) {
-        bitmap->hasColors = true;
-        bitmap->colors = colorsOf(*info);
-    }
+    if (layout.format) setFormat(*bitmap, *layout.format);
     if (bits) *bits = bitmap->memory.get();
     return HBITMAP(addObject(std::move(bitmap)));
 }
@@ -206,47 +119,6 @@ BOOL GetObjectBitmap(HBITMAP handle, BITMAP* data) {
     data->bmBitsPixel = static_cast<WORD>(surface.bitsPerPixel);
     data->bmBits = bitmap->isSection ? bitmap->memory.get() : nullptr;
     return TRUE_;
-}
-
-int GetDIBits(HDC dc, HBITMAP handle, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage) {
-    const Bitmap* bitmap = find<Bitmap>(handle);
-    if (!find<DeviceContext>(dc) || !bitmap || !info || usage != DIB_RGB_COLORS) return 0;
-    BITMAPINFOHEADER& header = info->bmiHeader;
-    if (!bits && header.biBitCount == 0) {
-        if (header.biSize < sizeof(BITMAPINFOHEADER)) return 0;
-        fillHeader(*bitmap, header);
-        return bitmap->surface.height;
-    }
-    Rows rows{};
-    if (!readHeader(header, rows)) return 0;
-    const ColorTable colors = bitmap->surface.bitsPerPixel == 1 ? tableOf(*bitmap) : blackAndWhite;
-    if (header.biBitCount == 1) {
-        info->bmiColors[0] = quadFromPixel(colors[0]);
-        info->bmiColors[1] = quadFromPixel(colors[1]);
-    }
-    header.biSizeImage =
-        static_cast<DWORD>(rowBytes(header.biWidth, header.biBitCount, dibAlignment) * rows.count);
-    if (!bits) return bitmap->surface.height;
-    const Scan scan = scanOf(start, lines, bitmap->surface.height, rows.bottomUp);
-    const Surface out = surfaceOver(bits, header.biWidth, scan.lines, header.biBitCount, rows.bottomUp);
-    copyRows(bitmap->surface, scan.firstRow, colors, out, 0, colors, scan.lines);
-    return scan.lines;
-}
-
-int SetDIBits(HDC dc, HBITMAP handle, UINT start, UINT lines, const void* bits, const BITMAPINFO* info,
-              UINT usage) {
-    Bitmap* bitmap = find<Bitmap>(handle);
-    if ((dc && !find<DeviceContext>(dc)) || !bitmap || !info || !bits || usage != DIB_RGB_COLORS) return 0;
-    Rows rows{};
-    if (!readHeader(info->bmiHeader, rows)) return 0;
-    const Scan scan =
-        scanOf(start, std::min(lines, static_cast<UINT>(rows.count)), bitmap->surface.height, rows.bottomUp);
-    // The transfer only reads from `bits`; a surface serves both directions.
-    const Surface in = surfaceOver(const_cast<void*>(bits), info->bmiHeader.biWidth, scan.lines,
-                                   info->bmiHeader.biBitCount, rows.bottomUp);
-    const ColorTable from = info->bmiHeader.biBitCount == 1 ? colorsOf(*info) : blackAndWhite;
-    copyRows(in, 0, from, bitmap->surface, scan.firstRow, tableOf(*bitmap), scan.lines);
-    return scan.lines;
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 // Copies between contexts, straight and stretched, and gradients.
 
 #include "platform/gdi.h"
+#include "platform/linux/blend.h"
 #include "platform/linux/blit.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/metafile_recorder.h"
@@ -8,35 +9,140 @@
 #include "platform/linux/stretch.h"
 
 #include <algorithm>
-#include <limits>
+#include <array>
+#include <cmath>
+#include <cstring>
 
 namespace platform::driver {
 
 namespace {
 
+constexpr std::uint32_t colorBits = 0x00FFFFFF;
 constexpr int colorScale = 256; ///< A vertex's components have eight bits more than a pixel's
 
-struct Extent {
-    LONG start;
-    LONG end;
+/// The two areas of a stretched copy between contexts.
+struct CopyAreas {
+    int x, y, width, height;
+    int xSource, ySource, widthSource, heightSource;
+
+    Stretch between(const DeviceContext& to, const DeviceContext& from) const {
+        return Stretch::between(to.toSurface(target()), from.toSurface(source()));
+    }
+    RECT target() const { return rectOf(x, y, width, height); }
+    RECT source() const { return rectOf(xSource, ySource, widthSource, heightSource); }
+    /// The blends take no mirrored areas.
+    bool isBackwards() const { return width < 0 || height < 0 || widthSource < 0 || heightSource < 0; }
+    bool isEmpty() const { return width == 0 || height == 0 || widthSource == 0 || heightSource == 0; }
 };
 
-/// Where a side of a copy lies. A length below zero counts backwards from a first pixel that belongs to it.
-Extent extentOf(LONG start, int length) {
-    const LONG end = boundedCoordinate(std::int64_t{start} + length);
-    return length >= 0 ? Extent{start, end} : Extent{end + 1, start + 1};
+/// As records and callers in other languages hold it.
+DWORD wordOf(BLENDFUNCTION blend) {
+    DWORD word = 0;
+    static_assert(sizeof word == sizeof blend);
+    std::memcpy(&word, &blend, sizeof word);
+    return word;
 }
 
-/// A place and a size as a rectangle, whose right lies left of left for a width below zero.
-RECT rectOf(int x, int y, int width, int height) {
-    return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
+bool liesIn(const RECT& inner, const RECT& outer) {
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
 }
 
-RECT areaOf(const DeviceContext& context, int x, int y, int width, int height) {
-    const POINT corner = context.toSurface(POINT{x, y});
-    const Extent across = extentOf(corner.x, width);
-    const Extent down = extentOf(corner.y, height);
-    return {across.start, down.start, across.end, down.end};
+/// The source of a copy brought to the size of its target.
+class FittedSource {
+public:
+    FittedSource(DeviceContext& to, const DeviceContext& from, const Stretch& stretch) {
+        const RECT part = intersection(stretch.to, to.drawable().bounds());
+        pixels_ =
+            sourceOf(to, from, {stretch.from.left - stretch.to.left, stretch.from.top - stretch.to.top});
+        if (!stretch.changesSize() || driver::isEmpty(part)) return;
+        picture_ = stretched(*from.surface, stretch, part, COLORONCOLOR);
+        if (!picture_) return;
+        pixels_.surface = &picture_->surface;
+        pixels_.valid = {0, 0, picture_->surface.width, picture_->surface.height};
+        pixels_.offset = {-part.left, -part.top};
+    }
+    const SourcePixels& pixels() const { return pixels_; }
+
+private:
+    std::unique_ptr<Bitmap> picture_;
+    SourcePixels pixels_;
+};
+
+void copyOrStretch(DeviceContext& to, DeviceContext& from, const Stretch& stretch, Rop3 rop) {
+    if (stretch.changesSize() || stretch.isMirrored()) {
+        stretchArea(to, sourceOf(to, from, {}), stretch, rop);
+    } else {
+        copyArea(to, stretch.to, from, {stretch.from.left, stretch.from.top}, rop);
+    }
+}
+
+/// Copies what is not of one colour.
+void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& source,
+                std::uint32_t transparent) {
+    ValueFinder finder(target);
+    std::vector<std::uint32_t> colors;
+    std::vector<std::uint32_t> values;
+    for (const RECT& clip : target.drawable().rectangles()) {
+        const RECT r = intersection(area, clip);
+        if (isEmpty(r)) continue;
+        const int count = r.right - r.left;
+        colors.resize(static_cast<std::size_t>(count));
+        values.resize(static_cast<std::size_t>(count));
+        for (int y = r.top; y < r.bottom; ++y) {
+            readRow(*source.surface, r.left + source.offset.x, y + source.offset.y, count, source.bits,
+                    colors.data());
+            readValues(*target.surface, r.left, y, count, values.data());
+            for (std::size_t i = 0; i < colors.size(); ++i)
+                if ((colors[i] & colorBits) != transparent)
+                    values[i] =
+                        isPlain32(*target.surface) ? colors[i] : finder.valueOf(colors[i] & colorBits);
+            writeValues(*target.surface, r.left, y, count, values.data());
+        }
+    }
+}
+
+/// The pixels of a mask of 1 bit that are set, as a region whose (0, 0) is the mask's pixel `from`.
+Region regionOf(const Bitmap& mask, POINT from, int width, int height) {
+    Region region;
+    for (int y = 0; y < height; ++y) {
+        Region row;
+        for (int x = 0; x < width;) {
+            int end = x;
+            while (end < width && valueAt(mask.surface, from.x + end, from.y + y) != 0)
+                ++end;
+            if (end > x) row = row.united(Region(RECT{x, y, end, y + 1}));
+            x = end + 1;
+        }
+        region = region.united(row);
+    }
+    return region;
+}
+
+/// Narrows a context's clipping for one drawing.
+class ClipScope {
+public:
+    ClipScope(DeviceContext& context, const Region& onSurface)
+        : context_(context), before_(context.state.clip) {
+        Region clip = onSurface;
+        clip.translate(-context.origin.x, -context.origin.y);
+        context.state.clip = before_ ? before_->intersected(clip) : clip;
+        context.clipChanged();
+    }
+    ~ClipScope() {
+        context_.state.clip = before_;
+        context_.clipChanged();
+    }
+    ClipScope(const ClipScope&) = delete;
+    ClipScope& operator=(const ClipScope&) = delete;
+
+private:
+    DeviceContext& context_;
+    std::optional<Region> before_;
+};
+
+bool isMask(const Bitmap* bitmap) {
+    return bitmap && bitmap->surface.bitsPerPixel == 1;
 }
 
 std::uint32_t mixed(const TRIVERTEX& a, const TRIVERTEX& b, std::int64_t position, std::int64_t length) {
@@ -66,6 +172,119 @@ void fillGradient(DeviceContext& context, TRIVERTEX a, TRIVERTEX b, bool across)
     }
 }
 
+/// Where PlgBlt paints: three corners, the fourth being what they leave.
+struct Parallelogram {
+    POINT topLeft;
+    POINT topRight;
+    POINT bottomLeft;
+
+    std::int64_t determinant() const {
+        return std::int64_t{topRight.x - topLeft.x} * (bottomLeft.y - topLeft.y) -
+               std::int64_t{topRight.y - topLeft.y} * (bottomLeft.x - topLeft.x);
+    }
+    bool isFlat() const { return determinant() == 0; }
+
+    RECT bounds() const {
+        const POINT fourth{boundedCoordinate(std::int64_t{topRight.x} + bottomLeft.x - topLeft.x),
+                           boundedCoordinate(std::int64_t{topRight.y} + bottomLeft.y - topLeft.y)};
+        const auto [left, right] = std::minmax({topLeft.x, topRight.x, bottomLeft.x, fourth.x});
+        const auto [top, bottom] = std::minmax({topLeft.y, topRight.y, bottomLeft.y, fourth.y});
+        return {left, top, right, bottom};
+    }
+
+    /// The pixel of a picture of that size that lies under the middle of a pixel; below zero or beyond the
+    /// size outside.
+    POINT inside(POINT p, int width, int height) const {
+        const double size = static_cast<double>(determinant());
+        const double x = p.x + 0.5 - topLeft.x;
+        const double y = p.y + 0.5 - topLeft.y;
+        const double across =
+            (x * (bottomLeft.y - topLeft.y) - y * (bottomLeft.x - topLeft.x)) / size * width;
+        const double down = (y * (topRight.x - topLeft.x) - x * (topRight.y - topLeft.y)) / size * height;
+        return {static_cast<LONG>(std::floor(across)), static_cast<LONG>(std::floor(down))};
+    }
+};
+
+bool contains(const RECT& r, POINT p) {
+    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+}
+
+bool holds(const Surface& surface, POINT p) {
+    return contains({0, 0, surface.width, surface.height}, p);
+}
+
+void copyPixel(DeviceContext& target, POINT to, const SourcePixels& source, POINT from, ValueFinder& finder) {
+    std::uint32_t value = valueAt(*source.surface, from.x, from.y);
+    if (!haveSameFormat(*target.surface, *source.surface)) {
+        const std::uint32_t color = colorOfValue(*source.surface, value, source.bits);
+        value = isPlain32(*target.surface) ? color : finder.valueOf(color, source);
+    }
+    writeValues(*target.surface, to.x, to.y, 1, &value);
+}
+
+/// The span of a row between two edges of a triangle.
+struct TriangleRow {
+    int left = 0;
+    int right = 0;
+};
+
+/// Where the edge from a to b, which do not lie at the same height, crosses a row.
+int crossing(const TRIVERTEX& a, const TRIVERTEX& b, int y) {
+    const std::int64_t sum = std::int64_t{b.x - a.x} * (y - a.y);
+    return static_cast<int>(a.x + sum / (b.y - a.y));
+}
+
+/// For vertices from top to bottom.
+TriangleRow triangleRow(const std::array<TRIVERTEX, 3>& v, int y) {
+    const int longSide = crossing(v[0], v[2], y);
+    const int shortSide = y < v[1].y ? crossing(v[0], v[1], y) : crossing(v[1], v[2], y);
+    return {std::min(longSide, shortSide), std::max(longSide, shortSide)};
+}
+
+/// The colour at a point as the three corners weigh there.
+std::uint32_t weighted(const std::array<TRIVERTEX, 3>& v, std::int64_t area, int x, int y) {
+    const auto doubleArea = [&](const TRIVERTEX& a, const TRIVERTEX& b) {
+        return std::int64_t{b.x - a.x} * (y - a.y) - std::int64_t{b.y - a.y} * (x - a.x);
+    };
+    const std::int64_t weights[3] = {doubleArea(v[1], v[2]), doubleArea(v[2], v[0]), doubleArea(v[0], v[1])};
+    const auto component = [&](WORD TRIVERTEX::*part) {
+        std::int64_t sum = 0;
+        for (std::size_t i = 0; i < 3; ++i)
+            sum += weights[i] * (v[i].*part);
+        return static_cast<std::uint32_t>(std::clamp<std::int64_t>(sum / area / colorScale, 0, 255));
+    };
+    return component(&TRIVERTEX::Alpha) << 24 | component(&TRIVERTEX::Red) << 16 |
+           component(&TRIVERTEX::Green) << 8 | component(&TRIVERTEX::Blue);
+}
+
+void fillGradientTriangle(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b,
+                          const TRIVERTEX& c) {
+    std::array<TRIVERTEX, 3> v = {a, b, c};
+    for (TRIVERTEX& vertex : v) {
+        const POINT p = context.toSurface(POINT{vertex.x, vertex.y});
+        vertex.x = p.x;
+        vertex.y = p.y;
+    }
+    std::sort(v.begin(), v.end(), [](const TRIVERTEX& one, const TRIVERTEX& other) {
+        return one.y != other.y ? one.y < other.y : one.x < other.x;
+    });
+    const std::int64_t area =
+        std::int64_t{v[1].x - v[0].x} * (v[2].y - v[0].y) - std::int64_t{v[1].y - v[0].y} * (v[2].x - v[0].x);
+    if (area == 0) return;
+    std::vector<std::uint32_t> pixels;
+    for (const RECT& clip : context.drawable().rectangles()) {
+        for (int y = std::max(clip.top, v[0].y); y < std::min(clip.bottom, v[2].y); ++y) {
+            const TriangleRow row = triangleRow(v, y);
+            const RECT r = intersection({row.left, y, row.right, y + 1}, clip);
+            if (isEmpty(r)) continue;
+            pixels.clear();
+            for (int x = r.left; x < r.right; ++x)
+                pixels.push_back(weighted(v, area, x, y));
+            putGradient(context, r, pixels, true);
+        }
+    }
+}
+
 } // namespace
 
 } // namespace platform::driver
@@ -79,12 +298,9 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource
     DeviceContext* to = find<DeviceContext>(dc);
     DeviceContext* from = find<DeviceContext>(source);
     if (!to || !from) return FALSE_;
-    if (to->recorder)
-        to->recorder->blit(rectOf(x, y, width, height), {*from, rectOf(xSource, ySource, width, height)},
-                           rop);
-    const RECT area = areaOf(*to, x, y, width, height);
-    const RECT sourceArea = areaOf(*from, xSource, ySource, width, height);
-    copyArea(*to, area, *from, {sourceArea.left, sourceArea.top}, rop3Of(rop));
+    const CopyAreas areas{x, y, width, height, xSource, ySource, width, height};
+    if (to->recorder) to->recorder->blit(areas.target(), {*from, areas.source()}, rop);
+    copyOrStretch(*to, *from, areas.between(*to, *from), rop3Of(rop));
     return TRUE_;
 }
 
@@ -97,30 +313,120 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSo
     DeviceContext* from = find<DeviceContext>(source);
     if (!to || !from || widthSource == 0 || heightSource == 0) return FALSE_;
     if (width == 0 || height == 0) return TRUE_;
-    if (to->recorder)
-        to->recorder->blit(rectOf(x, y, width, height),
-                           {*from, rectOf(xSource, ySource, widthSource, heightSource)}, rop);
-    const Stretch stretch{areaOf(*to, x, y, width, height),
-                          areaOf(*from, xSource, ySource, widthSource, heightSource),
-                          width < 0,
-                          height < 0,
-                          widthSource < 0,
-                          heightSource < 0};
-    stretchArea(*to, *from, stretch, rop3Of(rop));
+    const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
+    if (to->recorder) to->recorder->blit(areas.target(), {*from, areas.source()}, rop);
+    copyOrStretch(*to, *from, areas.between(*to, *from), rop3Of(rop));
     return TRUE_;
 }
 
-BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GRADIENT_RECT* meshes,
-                  DWORD meshCount, DWORD mode) {
+BOOL MaskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+             HBITMAP maskHandle, int xMask, int yMask, DWORD rop) {
+    constexpr DWORD foregroundBits = 0x00FFFFFF;
+    const DWORD background = rop >> 8 & 0x00FF0000;
+    if (!maskHandle) return BitBlt(dc, x, y, width, height, source, xSource, ySource, rop & foregroundBits);
+    DeviceContext* context = find<DeviceContext>(dc);
+    const Bitmap* mask = find<Bitmap>(maskHandle);
+    if (!context || !isMask(mask) || width < 0 || height < 0) return FALSE_;
+    if (!liesIn({xMask, yMask, boundedCoordinate(std::int64_t{xMask} + width),
+                 boundedCoordinate(std::int64_t{yMask} + height)},
+                {0, 0, mask->surface.width, mask->surface.height}))
+        return FALSE_;
+    const RECT area = areaOf(context->toSurface(rectOf(x, y, width, height)));
+    Region set = regionOf(*mask, {xMask, yMask}, width, height);
+    set.translate(area.left, area.top);
+    const auto copyWithin = [&](const Region& region, DWORD operation) {
+        const ClipScope clip(*context, region);
+        return BitBlt(dc, x, y, width, height, source, xSource, ySource, operation);
+    };
+    return copyWithin(set, rop & foregroundBits) && copyWithin(Region(area).subtracted(set), background);
+}
+
+BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, int widthSource,
+            int heightSource, HBITMAP maskHandle, int xMask, int yMask) {
+    DeviceContext* to = find<DeviceContext>(dc);
+    const DeviceContext* from = find<DeviceContext>(source);
+    const Bitmap* mask = find<Bitmap>(maskHandle);
+    if (!to || !from || !points || (maskHandle && !isMask(mask))) return FALSE_;
+    const POINT start = from->toSurface(POINT{xSource, ySource});
+    const Parallelogram target{to->toSurface(points[0]), to->toSurface(points[1]), to->toSurface(points[2])};
+    if (target.isFlat() || widthSource <= 0 || heightSource <= 0) return FALSE_;
+    const SourcePixels pixels = sourceOf(*to, *from, {});
+    ValueFinder finder(*to);
+    for (const RECT& clip : to->drawable().rectangles()) {
+        const RECT r = intersection(target.bounds(), clip);
+        for (int y = r.top; y < r.bottom; ++y) {
+            for (int x = r.left; x < r.right; ++x) {
+                POINT at = target.inside({x, y}, widthSource, heightSource);
+                if (at.x < 0 || at.y < 0 || at.x >= widthSource || at.y >= heightSource) continue;
+                const POINT onMask{at.x + xMask, at.y + yMask};
+                if (mask &&
+                    (!holds(mask->surface, onMask) || valueAt(mask->surface, onMask.x, onMask.y) == 0))
+                    continue;
+                at = {at.x + start.x, at.y + start.y};
+                if (!contains(pixels.valid, at)) continue;
+                copyPixel(*to, {x, y}, pixels, at, finder);
+            }
+        }
+    }
+    return TRUE_;
+}
+
+BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                    int widthSource, int heightSource, UINT transparent) {
+    DeviceContext* to = find<DeviceContext>(dc);
+    DeviceContext* from = find<DeviceContext>(source);
+    const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
+    if (!to || !from || areas.isBackwards()) return FALSE_;
+    if (areas.isEmpty()) return TRUE_;
+    if (to->recorder)
+        to->recorder->blend(RecordType::TransparentBlt, areas.target(), {*from, areas.source()}, transparent);
+    const Stretch stretch = areas.between(*to, *from);
+    const FittedSource fitted(*to, *from, stretch);
+    RECT area = stretch.to;
+    if (!stretch.changesSize())
+        area = intersection(
+            area, moved(fitted.pixels().valid, {-fitted.pixels().offset.x, -fitted.pixels().offset.y}));
+    copyOpaque(*to, area, fitted.pixels(), pixelOfColor(transparent) & colorBits);
+    return TRUE_;
+}
+
+BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                int widthSource, int heightSource, BLENDFUNCTION blend) {
+    DeviceContext* to = find<DeviceContext>(dc);
+    DeviceContext* from = find<DeviceContext>(source);
+    const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
+    if (!to || !from || areas.isBackwards()) return FALSE_;
+    if (areas.isEmpty()) return TRUE_;
+    if ((blend.AlphaFormat & AC_SRC_ALPHA) != 0 && !isPlain32(*from->surface)) return FALSE_;
+    const Stretch stretch = areas.between(*to, *from);
+    const bool overlaps = to == from && !isEmpty(intersection(stretch.to, stretch.from));
+    if (overlaps || !liesIn(stretch.from, sourceOf(*to, *from, {}).valid)) return FALSE_;
+    if (to->recorder)
+        to->recorder->blend(RecordType::AlphaBlend, areas.target(), {*from, areas.source()}, wordOf(blend));
+    const FittedSource fitted(*to, *from, stretch);
+    blendPixels(*to, stretch.to, fitted.pixels(), blend);
+    return TRUE_;
+}
+
+BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const void* meshes, DWORD meshCount,
+                  DWORD mode) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !vertices || !meshes || vertexCount == 0 || meshCount == 0) return FALSE_;
-    if (mode != GRADIENT_FILL_RECT_H && mode != GRADIENT_FILL_RECT_V) return FALSE_;
-    for (DWORD i = 0; i < meshCount; ++i)
-        if (meshes[i].UpperLeft >= vertexCount || meshes[i].LowerRight >= vertexCount) return FALSE_;
+    if (mode > GRADIENT_FILL_TRIANGLE) return FALSE_;
+    const DWORD corners = mode == GRADIENT_FILL_TRIANGLE ? 3 : 2;
+    const auto* indices = static_cast<const DWORD*>(meshes);
+    const DWORD* const end = indices + std::size_t{meshCount} * corners;
+    if (std::any_of(indices, end, [&](DWORD index) { return index >= vertexCount; })) return FALSE_;
     if (context->recorder) context->recorder->gradient({vertices, vertexCount}, meshes, meshCount, mode);
-    for (DWORD i = 0; i < meshCount; ++i)
-        fillGradient(*context, vertices[meshes[i].UpperLeft], vertices[meshes[i].LowerRight],
-                     mode == GRADIENT_FILL_RECT_H);
+    for (; indices != end; indices += corners) {
+        const TRIVERTEX& first = vertices[indices[0]];
+        const TRIVERTEX& second = vertices[indices[1]];
+        if (mode == GRADIENT_FILL_TRIANGLE) {
+            fillGradientTriangle(*context, first, second, vertices[indices[2]]);
+        } else {
+            fillGradient(*context, first, second, mode == GRADIENT_FILL_RECT_H);
+        }
+    }
     return TRUE_;
 }
 

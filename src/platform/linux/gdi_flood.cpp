@@ -37,10 +37,7 @@ public:
     }
 
 private:
-    std::uint32_t pixelAt(POINT p) const {
-        if (surface_.bitsPerPixel == 32) return driver::row32(surface_, p.y)[p.x] & 0x00FFFFFF;
-        return bitAt(rowOf(surface_, p.y), p.x) ? 1 : 0;
-    }
+    std::uint32_t pixelAt(POINT p) const { return valueAt(surface_, p.x, p.y) & 0x00FFFFFF; }
     std::size_t index(POINT p) const {
         return static_cast<std::size_t>(p.y - box_.top) * static_cast<std::size_t>(box_.right - box_.left) +
                static_cast<std::size_t>(p.x - box_.left);
@@ -99,8 +96,7 @@ BOOL ExtFloodFill(HDC dc, int x, int y, COLORREF color, UINT mode) {
     const POINT start = context->toSurface(POINT{x, y});
     const Region& drawable = context->drawable();
     if (!drawable.contains(start)) return FALSE_;
-    const std::uint32_t full = nearestPixelOf(*context, color);
-    const std::uint32_t pixel = context->surface->bitsPerPixel == 32 ? full & 0x00FFFFFF : full & 1;
+    const std::uint32_t pixel = nearestPixelOf(*context, color) & 0x00FFFFFF;
     Flood flood(*context, drawable, pixel, mode == FLOODFILLBORDER);
     if (!flood.accepts(start)) return FALSE_;
     fillWithBrush(*context, flood.around(start));

@@ -46,19 +46,9 @@ bool hasAlpha(const Surface& surface) {
 }
 
 /// A part of a bitmap stretched to a size, as a bitmap of the same depth.
-std::unique_ptr<Bitmap> stretched(Bitmap& from, const RECT& part, int width, int height) {
-    auto result = makeBitmap(width, height, from.surface.bitsPerPixel);
-    if (!result) return nullptr;
-    BitmapContext target(*result);
-    BitmapContext source(from);
-    target.get().state.stretchMode = COLORONCOLOR;
-    const bool sameSize = part.right - part.left == width && part.bottom - part.top == height;
-    if (sameSize) {
-        copyArea(target.get(), {0, 0, width, height}, source.get(), {part.left, part.top}, rop3Of(SRCCOPY));
-    } else {
-        stretchArea(target.get(), source.get(), {{0, 0, width, height}, part}, rop3Of(SRCCOPY));
-    }
-    return result;
+std::unique_ptr<Bitmap> fitted(const Bitmap& from, const RECT& part, int width, int height) {
+    const RECT area{0, 0, width, height};
+    return stretched(from.surface, {area, part}, area, COLORONCOLOR);
 }
 
 std::uint32_t mixed(std::uint32_t under, std::uint32_t over) {
@@ -107,18 +97,18 @@ void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) 
     const bool drawsImage = (flags & DI_IMAGE) != 0;
     const bool drawsMask = (flags & DI_MASK) != 0;
     if (drawsImage && icon.color && hasAlpha(icon.color->surface) && context.surface->bitsPerPixel == 32) {
-        if (const auto picture = stretched(*icon.color, all, width, height))
+        if (const auto picture = fitted(*icon.color, all, width, height))
             blend(context, {area.left, area.top}, picture->surface);
         return;
     }
     if (drawsMask) {
-        const auto mask = stretched(*icon.mask, all, width, height);
+        const auto mask = fitted(*icon.mask, all, width, height);
         if (mask) put(context, area, *mask, drawsImage ? SRCAND : SRCCOPY);
     }
     if (drawsImage) {
         const RECT lower{0, ownHeight, ownWidth, 2 * ownHeight};
-        const auto picture = icon.color ? stretched(*icon.color, all, width, height)
-                                        : stretched(*icon.mask, lower, width, height);
+        const auto picture =
+            icon.color ? fitted(*icon.color, all, width, height) : fitted(*icon.mask, lower, width, height);
         if (picture) put(context, area, *picture, drawsMask ? SRCINVERT : SRCCOPY);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/display_colors.h"
 #include "platform/linux/metafile_recorder.h"
 #include "platform/locale.h"
 
@@ -72,6 +73,13 @@ std::unique_ptr<Object> makeStockFont(const StockFont& stock) {
     return font;
 }
 
+std::unique_ptr<Object> makeStockPalette() {
+    auto palette = std::make_unique<Palette>();
+    for (const std::uint32_t color : staticColors())
+        palette->entries.push_back(paletteEntryOf(color));
+    return palette;
+}
+
 Stock makeStock() {
     Stock result{};
     for (const StockFont& s : stockFonts)
@@ -86,7 +94,7 @@ Stock makeStock() {
         pen->data = {s.style, {}, s.color};
         result[static_cast<std::size_t>(s.index)] = addStock(std::move(pen));
     }
-    result[DEFAULT_PALETTE] = addStock(std::make_unique<Palette>());
+    result[DEFAULT_PALETTE] = addStock(makeStockPalette());
     result[defaultBitmapIndex] = addStock(makeBitmap(1, 1, 1));
     return result;
 }
@@ -104,6 +112,8 @@ HGDIOBJ exchange(Handle<Kind>& current, Object& object) {
 HGDIOBJ selectBitmap(DeviceContext& context, Bitmap& bitmap) {
     if (!context.isMemory) return {};
     if (bitmap.owner != 0 && bitmap.owner != context.handle) return {};
+    const int depth = bitmap.surface.bitsPerPixel;
+    if (!bitmap.isSection && depth != 1 && depth != displayBitsPerPixel()) return {};
     if (Bitmap* previous = context.selectedBitmap()) previous->owner = 0;
     if (!bitmap.stock) bitmap.owner = context.handle;
     context.surface = &bitmap.surface;
@@ -216,7 +226,7 @@ HGDIOBJ GetCurrentObject(HDC dc, DWORD type) {
     case OBJ_BITMAP:
         return context->bitmap;
     case OBJ_PAL:
-        return HGDIOBJ(stockObject(DEFAULT_PALETTE));
+        return context->palette;
     default:
         return {};
     }

@@ -14,24 +14,30 @@ namespace platform::driver {
 
 class FontFace;
 
-/// The colours of a 1-bit bitmap made as a DIB section. Without one, 0 and 1 take the context's colours.
-using ColorTable = std::array<std::uint32_t, 2>;
+/// What 0 and 1 look like where a bitmap of 1 bit has no colours of its own.
+using TwoColors = std::array<std::uint32_t, 2>;
 
 struct Bitmap : Object {
     static constexpr HandleKind objectKind = HandleKind::Bitmap;
     Bitmap() : Object(objectKind) {}
 
     Surface surface;
-    bool isSection = false; ///< The program holds a pointer to the pixels
-    bool bottomUp = false;  ///< Order of rows in memory; the surface's stride is negative then
-    bool hasColors = false;
-    ColorTable colors{};
-    std::uint32_t owner = 0; ///< The context that it is selected into
+    bool isSection = false;              ///< The program holds a pointer to the pixels
+    bool bottomUp = false;               ///< Order of rows in memory; the surface's stride is negative then
+    std::unique_ptr<PixelFormat> format; ///< Colours of its own; the surface knows them too
+    std::uint32_t owner = 0;             ///< The context that it is selected into
     std::unique_ptr<std::uint8_t, void (*)(void*)> memory{nullptr, std::free};
 };
 
-/// A bitmap of 1 or 32 bits cleared to 0, or null when the size is not positive or beyond memory.
+/// A bitmap cleared to 0, or null when the size is not positive or beyond memory. With 8 bits or less it has
+/// the display's colours, but those of 1 bit none.
 std::unique_ptr<Bitmap> makeBitmap(int width, int height, int bitsPerPixel, bool bottomUp = false);
+
+/// The same with the depth and format of a surface. The format must outlive the bitmap.
+std::unique_ptr<Bitmap> makeBitmapLike(const Surface& surface, int width, int height);
+
+/// Gives a bitmap a format of its own.
+void setFormat(Bitmap& bitmap, const PixelFormat& format);
 
 /// The same size, depth, colours and pixels, top row first; null when memory does not suffice.
 std::unique_ptr<Bitmap> copyOf(const Bitmap& source);
@@ -75,6 +81,9 @@ struct RegionObject : Object {
 struct Palette : Object {
     static constexpr HandleKind objectKind = HandleKind::Palette;
     Palette() : Object(objectKind) {}
+
+    std::vector<PALETTEENTRY> entries;
+    bool realised = false; ///< Since its entries last changed
 };
 
 struct Icon : Object {

@@ -228,12 +228,14 @@ COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
     const POINT p = context->toSurface(POINT{x, y});
     if (!context->drawable().contains(p)) return CLR_INVALID;
     const std::uint32_t pixel = nearestPixelOf(*context, color);
-    if (context->surface->bitsPerPixel == 32) {
-        row32(*context->surface, p.y)[p.x] = pixel;
-    } else {
-        putBit(rowOf(*context->surface, p.y), p.x, pixel != 0);
-    }
+    writeValues(*context->surface, p.x, p.y, 1, &pixel);
     return colorOfPixel(*context, pixel);
+}
+
+BOOL SetPixelV(HDC dc, int x, int y, COLORREF color) {
+    if (!find<DeviceContext>(dc)) return FALSE_;
+    SetPixel(dc, x, y, color);
+    return TRUE_;
 }
 
 COLORREF GetPixel(HDC dc, int x, int y) {
@@ -241,14 +243,7 @@ COLORREF GetPixel(HDC dc, int x, int y) {
     if (!context) return CLR_INVALID;
     const POINT p = context->toSurface(POINT{x, y});
     if (!context->drawable().contains(p)) return CLR_INVALID;
-    const Surface& surface = *context->surface;
-    const bool isWide = surface.bitsPerPixel == 32;
-    return colorOfPixel(*context, isWide ? row32(surface, p.y)[p.x] : bitAt(rowOf(surface, p.y), p.x));
-}
-
-BOOL SetPixelV(HDC dc, int x, int y, COLORREF color) {
-    SetPixel(dc, x, y, color);
-    return find<DeviceContext>(dc) != nullptr;
+    return colorOfPixel(*context, valueAt(*context->surface, p.x, p.y));
 }
 
 BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {

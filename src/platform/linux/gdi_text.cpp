@@ -22,11 +22,11 @@ FontFace* faceOf(DeviceContext& context) {
     return font.face.get();
 }
 
-/// The same for drawing: a surface of 1 bit takes pictures made without smoothing.
+/// The same for drawing: a surface of few colours takes pictures made without smoothing.
 std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context) {
     faceOf(context);
     const Font& font = context.font();
-    if (context.surface->bitsPerPixel == 32) return font.face;
+    if (canSmooth(*context.surface)) return font.face;
     LOGFONTW plain = font.data;
     plain.lfQuality = NONANTIALIASED_QUALITY;
     return FontFace::get(plain);

@@ -129,17 +129,9 @@ void Stroke::drawThin(POINT from, POINT to) {
 }
 
 void Stroke::straight(const RECT& r) const {
-    const Surface& surface = *context_.surface;
     for (const RECT& clip : context_.drawable().rectangles()) {
         const RECT part = intersection(r, clip);
-        for (int y = part.top; y < part.bottom && part.left < part.right; ++y) {
-            if (surface.bitsPerPixel == 32) {
-                applyMasks(row32(surface, y) + part.left, static_cast<std::size_t>(part.right - part.left),
-                           ink_);
-            } else {
-                applyMasksToBits(rowOf(surface, y), part.left, part.right, ink_);
-            }
-        }
+        if (!isEmpty(part)) maskRectangle(*context_.surface, part, ink_);
     }
 }
 
@@ -177,15 +169,7 @@ const Masks& Stroke::inkAt(std::int64_t step) const {
 }
 
 void Stroke::plot(int x, int y, std::int64_t step) const {
-    const Masks& masks = inkAt(step);
-    const Surface& surface = *context_.surface;
-    if (surface.bitsPerPixel == 32) {
-        std::uint32_t& pixel = row32(surface, y)[x];
-        pixel = (pixel & masks.keep) ^ masks.flip;
-    } else {
-        std::uint8_t* row = rowOf(surface, y);
-        putBit(row, x, (bitAt(row, x) && (masks.keep & 1)) != ((masks.flip & 1) != 0));
-    }
+    maskPixel(*context_.surface, x, y, inkAt(step));
 }
 
 void Stroke::paint(const Region& region) const {

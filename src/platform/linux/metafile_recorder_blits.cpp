@@ -87,7 +87,7 @@ void MetafileRecorder::writePatternBrush(DWORD entry, const Bitmap& pattern) {
     constexpr std::size_t offsets = 16;
     const int width = pattern.surface.width;
     const int height = pattern.surface.height;
-    const bool isMono = pattern.surface.bitsPerPixel == 1 && !pattern.hasColors;
+    const bool isMono = pattern.surface.bitsPerPixel == 1 && !pattern.surface.format;
     const int depth = isMono ? 1 : wordBits;
     const std::size_t headerSize = sizeof(BITMAPINFOHEADER) + (isMono ? 2 * sizeof(RGBQUAD) : 0);
     const std::size_t stride =

@@ -33,7 +33,7 @@ bool isTiled(const DeviceContext& context, const Brush& brush) {
 }
 
 BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
-    if (brush.data.lbStyle == BS_SOLID) return ditherPixels(solidColor(context, brush));
+    if (brush.data.lbStyle == BS_SOLID) return ditherPixels(context, solidColor(context, brush));
     return pixelsOf(context, brush);
 }
 
@@ -81,14 +81,7 @@ void Painter::fillClipped(const RECT& r) const {
         fillTiled(r);
         return;
     }
-    const Surface& surface = *context_.surface;
-    for (int y = r.top; y < r.bottom; ++y) {
-        if (surface.bitsPerPixel == 32) {
-            applyMasks(row32(surface, y) + r.left, static_cast<std::size_t>(r.right - r.left), masks_);
-        } else {
-            applyMasksToBits(rowOf(surface, y), r.left, r.right, masks_);
-        }
-    }
+    maskRectangle(*context_.surface, r, masks_);
 }
 
 void Painter::fillTiled(const RECT& r) const {
@@ -99,14 +92,7 @@ void Painter::fillTiled(const RECT& r) const {
         const Masks* masks = tile_->masks.data() + static_cast<std::ptrdiff_t>(tileY) * tile_->width;
         int tileX = startX;
         for (int x = r.left; x < r.right; ++x) {
-            const Masks& m = masks[tileX];
-            if (surface.bitsPerPixel == 32) {
-                std::uint32_t& pixel = row32(surface, y)[x];
-                pixel = (pixel & m.keep) ^ m.flip;
-            } else {
-                std::uint8_t* row = rowOf(surface, y);
-                putBit(row, x, (bitAt(row, x) && (m.keep & 1)) != ((m.flip & 1) != 0));
-            }
+            maskPixel(surface, x, y, masks[tileX]);
             if (++tileX == tile_->width) tileX = 0;
         }
         if (++tileY == tile_->height) tileY = 0;

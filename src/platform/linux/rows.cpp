@@ -7,15 +7,7 @@ namespace platform::driver {
 namespace {
 
 constexpr std::uint32_t colorMask = 0x00FFFFFF;
-
-int squaredDistance(std::uint32_t a, std::uint32_t b) {
-    int sum = 0;
-    for (int shift = 0; shift <= 16; shift += 8) {
-        const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
-        sum += difference * difference;
-    }
-    return sum;
-}
+constexpr std::uint32_t allBits = ~0u;
 
 void copyBits(const std::uint8_t* from, int fromX, std::uint8_t* to, int toX, int count) {
     std::vector<std::uint8_t> aligned(static_cast<std::size_t>((toX & 7) + count) / 8 + 1);
@@ -31,10 +23,126 @@ void copyBits(const std::uint8_t* from, int fromX, std::uint8_t* to, int toX, in
     }
 }
 
+std::uint32_t nibbleAt(const std::uint8_t* row, int x) {
+    return (x & 1) != 0 ? row[x >> 1] & 0x0Fu : row[x >> 1] >> 4u;
+}
+
+void putNibble(std::uint8_t* row, int x, std::uint32_t value) {
+    std::uint8_t& byte = row[x >> 1];
+    byte = static_cast<std::uint8_t>((x & 1) != 0 ? (byte & 0xF0) | (value & 0x0F)
+                                                  : (byte & 0x0F) | (value & 0x0F) << 4);
+}
+
+std::uint32_t valueIn(const std::uint8_t* row, int bitsPerPixel, int x) {
+    switch (bitsPerPixel) {
+    case 1:
+        return bitAt(row, x) ? allBits : 0;
+    case 4:
+        return nibbleAt(row, x);
+    case 8:
+        return row[x];
+    case 16:
+        return reinterpret_cast<const std::uint16_t*>(row)[x];
+    case 24:
+        row += 3 * static_cast<std::ptrdiff_t>(x);
+        return row[0] | static_cast<std::uint32_t>(row[1]) << 8 | static_cast<std::uint32_t>(row[2]) << 16;
+    default:
+        return reinterpret_cast<const std::uint32_t*>(row)[x];
+    }
+}
+
+void putValue(std::uint8_t* row, int bitsPerPixel, int x, std::uint32_t value) {
+    switch (bitsPerPixel) {
+    case 1:
+        putBit(row, x, (value & 1) != 0);
+        break;
+    case 4:
+        putNibble(row, x, value);
+        break;
+    case 8:
+        row[x] = static_cast<std::uint8_t>(value);
+        break;
+    case 16:
+        reinterpret_cast<std::uint16_t*>(row)[x] = static_cast<std::uint16_t>(value);
+        break;
+    case 24:
+        row += 3 * static_cast<std::ptrdiff_t>(x);
+        row[0] = static_cast<std::uint8_t>(value);
+        row[1] = static_cast<std::uint8_t>(value >> 8);
+        row[2] = static_cast<std::uint8_t>(value >> 16);
+        break;
+    default:
+        reinterpret_cast<std::uint32_t*>(row)[x] = value;
+        break;
+    }
+}
+
+/// The last colour of a row is mostly the next one too: it is translated once.
+template <class Translate>
+void translateRow(std::uint32_t* pixels, int count, Translate translate) {
+    std::uint32_t last = 0;
+    std::uint32_t translated = 0;
+    for (int i = 0; i < count; ++i) {
+        if (i == 0 || pixels[i] != last) {
+            last = pixels[i];
+            translated = translate(last);
+        }
+        pixels[i] = translated;
+    }
+}
+
 } // namespace
 
-int nearestColor(const ColorTable& colors, std::uint32_t color) {
-    return squaredDistance(colors[1], color) < squaredDistance(colors[0], color) ? 1 : 0;
+bool haveSameFormat(const Surface& a, const Surface& b) {
+    if (a.bitsPerPixel != b.bitsPerPixel) return false;
+    if (a.format == b.format) return true;
+    return a.format && b.format && *a.format == *b.format;
+}
+
+std::uint32_t valueAt(const Surface& surface, int x, int y) {
+    return valueIn(rowOf(surface, y), surface.bitsPerPixel, x);
+}
+
+void readValues(const Surface& surface, int x, int y, int count, std::uint32_t* out) {
+    const std::uint8_t* row = rowOf(surface, y);
+    if (surface.bitsPerPixel == 32) {
+        std::memcpy(out, row + std::ptrdiff_t{4} * x, static_cast<std::size_t>(count) * 4);
+        return;
+    }
+    for (int i = 0; i < count; ++i)
+        out[i] = valueIn(row, surface.bitsPerPixel, x + i);
+}
+
+void writeValues(const Surface& surface, int x, int y, int count, const std::uint32_t* in) {
+    std::uint8_t* row = rowOf(surface, y);
+    if (surface.bitsPerPixel == 32) {
+        std::memcpy(row + std::ptrdiff_t{4} * x, in, static_cast<std::size_t>(count) * 4);
+        return;
+    }
+    for (int i = 0; i < count; ++i)
+        putValue(row, surface.bitsPerPixel, x + i, in[i]);
+}
+
+void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
+    for (int y = r.top; y < r.bottom; ++y) {
+        if (surface.bitsPerPixel == 32) {
+            applyMasks(row32(surface, y) + r.left, static_cast<std::size_t>(r.right - r.left), masks);
+        } else if (surface.bitsPerPixel == 1) {
+            applyMasksToBits(rowOf(surface, y), r.left, r.right, masks);
+        } else if (surface.bitsPerPixel == 8 && masks.keep == 0) {
+            std::memset(rowOf(surface, y) + r.left, static_cast<int>(masks.flip & 0xFF),
+                        static_cast<std::size_t>(r.right - r.left));
+        } else {
+            for (int x = r.left; x < r.right; ++x)
+                maskPixel(surface, x, y, masks);
+        }
+    }
+}
+
+void maskPixel(const Surface& surface, int x, int y, Masks masks) {
+    std::uint8_t* row = rowOf(surface, y);
+    const std::uint32_t value = valueIn(row, surface.bitsPerPixel, x);
+    putValue(row, surface.bitsPerPixel, x, (value & masks.keep) ^ masks.flip);
 }
 
 void alignBits(const std::uint8_t* from, int fromX, std::uint8_t* out, int toX, int count) {
@@ -61,31 +169,51 @@ void alignBits(const std::uint8_t* from, int fromX, std::uint8_t* out, int toX, 
 }
 
 void copyRow(const Surface& from, int fromX, int fromY, const Surface& to, int toX, int toY, int count) {
-    if (from.bitsPerPixel == 32) {
-        std::memmove(row32(to, toY) + toX, row32(from, fromY) + fromX, static_cast<std::size_t>(count) * 4);
-    } else {
+    const int bits = from.bitsPerPixel;
+    if (bits == 1) {
         copyBits(rowOf(from, fromY), fromX, rowOf(to, toY), toX, count);
+    } else if (bits == 4) {
+        std::vector<std::uint32_t> values(static_cast<std::size_t>(count));
+        readValues(from, fromX, fromY, count, values.data());
+        writeValues(to, toX, toY, count, values.data());
+    } else {
+        const std::ptrdiff_t bytes = bits / 8;
+        std::memmove(rowOf(to, toY) + toX * bytes, rowOf(from, fromY) + fromX * bytes,
+                     static_cast<std::size_t>(count * bytes));
     }
 }
 
-void readRow(const Surface& from, int x, int y, int count, const ColorTable& colors, std::uint32_t* out) {
-    if (from.bitsPerPixel == 32) {
-        std::memcpy(out, row32(from, y) + x, static_cast<std::size_t>(count) * 4);
-        return;
-    }
-    const std::uint8_t* row = rowOf(from, y);
-    for (int i = 0; i < count; ++i)
-        out[i] = colors[bitAt(row, x + i) ? 1 : 0];
+void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits, std::uint32_t* out) {
+    readValues(from, x, y, count, out);
+    if (from.format || from.bitsPerPixel == 1)
+        translateRow(out, count, [&](std::uint32_t value) { return colorOfValue(from, value, bits); });
 }
 
-void writeRow(const Surface& to, int x, int y, int count, const ColorTable& colors, const std::uint32_t* in) {
-    if (to.bitsPerPixel == 32) {
-        std::memcpy(row32(to, y) + x, in, static_cast<std::size_t>(count) * 4);
+void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in) {
+    if (!to.format && to.bitsPerPixel != 1) {
+        writeValues(to, x, y, count, in);
         return;
     }
-    std::uint8_t* row = rowOf(to, y);
-    for (int i = 0; i < count; ++i)
-        putBit(row, x + i, nearestColor(colors, in[i] & colorMask) == 1);
+    std::vector<std::uint32_t> values(in, in + count);
+    translateRow(values.data(), count,
+                 [&](std::uint32_t color) { return valueOfColor(to, color & colorMask, bits); });
+    writeValues(to, x, y, count, values.data());
+}
+
+std::uint32_t colorOfValue(const Surface& surface, std::uint32_t value, const TwoColors& bits) {
+    if (surface.bitsPerPixel == 1)
+        return surface.format ? surface.format->colorOf(value & 1) : bits[value & 1];
+    return surface.format ? surface.format->colorOf(value) : value & colorMask;
+}
+
+std::uint32_t valueOfColor(const Surface& surface, std::uint32_t color, const TwoColors& bits) {
+    if (surface.bitsPerPixel == 1) {
+        const std::uint32_t bit =
+            surface.format ? surface.format->valueOf(color)
+                           : static_cast<std::uint32_t>(nearestOf(bits.data(), bits.size(), color));
+        return bit != 0 ? allBits : 0;
+    }
+    return surface.format ? surface.format->valueOf(color) : color & colorMask;
 }
 
 } // namespace platform::driver

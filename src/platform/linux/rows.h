@@ -1,7 +1,11 @@
 #pragma once
 // Rows of pixels in and out of surfaces. Coordinates must lie on the surface; nothing here clips.
+//
+// The value of a pixel is what the surface stores; its colour, 0x00RRGGBB, is what that means. Raster
+// operations work on values.
 
 #include "platform/linux/gdi_objects.h"
+#include "platform/linux/rop.h"
 
 #include <cstddef>
 
@@ -24,6 +28,25 @@ inline void putBit(std::uint8_t* row, int x, bool value) {
     row[x >> 3] = static_cast<std::uint8_t>(value ? row[x >> 3] | mask : row[x >> 3] & ~mask);
 }
 
+/// True where the pixels are 0x00RRGGBB words.
+inline bool isPlain32(const Surface& surface) {
+    return surface.bitsPerPixel == 32 && !surface.format;
+}
+
+/// True when the same value means the same on both.
+bool haveSameFormat(const Surface& a, const Surface& b);
+
+/// One pixel's value; on 1 bit 0 or all bits set.
+std::uint32_t valueAt(const Surface& surface, int x, int y);
+
+/// Values in and out. On 1 bit, 0 and all bits set; for writing, bit 0 counts.
+void readValues(const Surface& surface, int x, int y, int count, std::uint32_t* out);
+void writeValues(const Surface& surface, int x, int y, int count, const std::uint32_t* in);
+
+/// Changes values by masks, in a rectangle or at one pixel.
+void maskRectangle(const Surface& surface, const RECT& r, Masks masks);
+void maskPixel(const Surface& surface, int x, int y, Masks masks);
+
 /// Copies `count` pixels between surfaces of the same depth; the areas may overlap within one row.
 void copyRow(const Surface& from, int fromX, int fromY, const Surface& to, int toX, int toY, int count);
 
@@ -31,13 +54,18 @@ void copyRow(const Surface& from, int fromX, int fromY, const Surface& to, int t
 /// the first and last byte are left undefined.
 void alignBits(const std::uint8_t* from, int fromX, std::uint8_t* out, int toX, int count);
 
-/// Pixels as 32-bit words; those of a 1-bit surface take the colours for 0 and 1.
-void readRow(const Surface& from, int x, int y, int count, const ColorTable& colors, std::uint32_t* out);
+/// Colours; those of a 1-bit surface without colours of its own are `bits`. Words of 32 bits come and go as
+/// they are, with their highest byte.
+void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits, std::uint32_t* out);
 
-/// The opposite; a 1-bit surface takes the nearer of its two colours.
-void writeRow(const Surface& to, int x, int y, int count, const ColorTable& colors, const std::uint32_t* in);
+/// The opposite: each pixel takes the nearest colour that the surface has.
+void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in);
 
-/// The entry of the table that is nearest to the colour 0xRRGGBB.
-int nearestColor(const ColorTable& colors, std::uint32_t color);
+/// The colour of a value, and the value that is nearest to a colour.
+std::uint32_t colorOfValue(const Surface& surface, std::uint32_t value, const TwoColors& bits);
+std::uint32_t valueOfColor(const Surface& surface, std::uint32_t color, const TwoColors& bits);
+
+/// What 0 and 1 are for those who have no other colours for them.
+inline constexpr TwoColors blackAndWhite = {0x000000, 0xFFFFFF};
 
 } // namespace platform::driver

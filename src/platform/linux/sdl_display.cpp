@@ -269,14 +269,14 @@ void SdlDisplay::presentWindow(Window& window, SDL_Window* native) {
     const RECT drawn = overlapOf(window.unpresented, part);
     window.unpresented = {};
     if (hasNoArea(drawn)) return;
-    SDL_Surface* source =
-        sdl().CreateRGBSurfaceFrom(pixels.surface.bits, pixels.surface.width, pixels.surface.height, Depth,
-                                   pixels.surface.stride, RedMask, GreenMask, BlueMask, 0);
-    if (!source) return;
     SDL_Rect from{drawn.left, drawn.top, widthOf(drawn), heightOf(drawn)};
     SDL_Rect to{drawn.left - part.left, drawn.top - part.top, from.w, from.h};
     inkCaret(window, pixels, {});
-    sdl().UpperBlit(source, &from, target, &to);
+    PixelStore words;
+    const Surface& shown = plainSurface(pixels, words);
+    SDL_Surface* source = sdl().CreateRGBSurfaceFrom(shown.bits, shown.width, shown.height, Depth,
+                                                     shown.stride, RedMask, GreenMask, BlueMask, 0);
+    if (source) sdl().UpperBlit(source, &from, target, &to);
     inkCaret(window, pixels, {});
     sdl().FreeSurface(source);
     if (to.w > 0 && to.h > 0) sdl().UpdateWindowSurfaceRects(native, &to, 1);

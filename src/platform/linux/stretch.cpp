@@ -111,7 +111,7 @@ private:
     std::uint32_t at(int x, int y) const {
         x = std::clamp(x, 0, from_.width - 1);
         y = std::clamp(y, 0, from_.height - 1);
-        return from_.bitsPerPixel == 32 ? row32(from_, y)[x] : (bitAt(rowOf(from_, y), x) ? ~0u : 0u);
+        return from_.bitsPerPixel == 32 ? row32(from_, y)[x] : valueAt(from_, x, y);
     }
 
     const Surface& from_;
@@ -122,30 +122,48 @@ private:
 
 } // namespace
 
-void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& stretch, Rop3 rop) {
-    const RECT part = intersection(stretch.to, target.drawable().bounds());
-    if (isEmpty(part) || isEmpty(stretch.from)) return;
-    const auto stretched =
-        makeBitmap(part.right - part.left, part.bottom - part.top, source.surface->bitsPerPixel);
-    if (!stretched) return;
+Stretch Stretch::between(const RECT& to, const RECT& from) {
+    return {areaOf(to),         areaOf(from),           to.right < to.left,
+            to.bottom < to.top, from.right < from.left, from.bottom < from.top};
+}
+
+bool Stretch::changesSize() const {
+    return to.right - to.left != from.right - from.left || to.bottom - to.top != from.bottom - from.top;
+}
+
+bool Stretch::isMirrored() const {
+    return targetLeftwards != sourceLeftwards || targetUpwards != sourceUpwards;
+}
+
+std::unique_ptr<Bitmap> stretched(const Surface& source, const Stretch& stretch, const RECT& part, int mode) {
+    auto result = makeBitmapLike(source, part.right - part.left, part.bottom - part.top);
+    if (!result) return nullptr;
     const RECT& to = stretch.to;
     const RECT& from = stretch.from;
     const Axis across{to.right - to.left, from.right - from.left, stretch.targetLeftwards,
                       stretch.sourceLeftwards, true};
     const Axis down{to.bottom - to.top, from.bottom - from.top, stretch.targetUpwards, stretch.sourceUpwards,
                     false};
-    RowStretcher rows(*source.surface, from, sharesOf(across, part.left - to.left, part.right - to.left),
-                      target.state.stretchMode);
+    RowStretcher rows(source, from, sharesOf(across, part.left - to.left, part.right - to.left), mode);
     const std::vector<Share> lines = sharesOf(down, part.top - to.top, part.bottom - to.top);
     std::vector<std::uint32_t> pixels;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         rows.row(lines[i], pixels);
-        writeRow(stretched->surface, 0, static_cast<int>(i), part.right - part.left, {0, ~0u}, pixels.data());
+        writeValues(result->surface, 0, static_cast<int>(i), part.right - part.left, pixels.data());
     }
-    SourcePixels pixelsOfSource = sourceOf(target, source, {-part.left, -part.top});
-    pixelsOfSource.surface = &stretched->surface;
-    pixelsOfSource.valid = {0, 0, stretched->surface.width, stretched->surface.height};
-    copyPixels(target, part, pixelsOfSource, rop);
+    return result;
+}
+
+void stretchArea(DeviceContext& target, const SourcePixels& source, const Stretch& stretch, Rop3 rop) {
+    const RECT part = intersection(stretch.to, target.drawable().bounds());
+    if (isEmpty(part) || isEmpty(stretch.from)) return;
+    const auto picture = stretched(*source.surface, stretch, part, target.state.stretchMode);
+    if (!picture) return;
+    SourcePixels pixels = source;
+    pixels.surface = &picture->surface;
+    pixels.valid = {0, 0, picture->surface.width, picture->surface.height};
+    pixels.offset = {-part.left, -part.top};
+    copyPixels(target, part, pixels, rop);
 }
 
 } // namespace platform::driver

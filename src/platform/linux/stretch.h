@@ -1,8 +1,7 @@
 #pragma once
 // Copies with a change of size.
 
-#include "platform/linux/device_context.h"
-#include "platform/linux/rop.h"
+#include "platform/linux/blit.h"
 
 namespace platform::driver {
 
@@ -15,8 +14,18 @@ struct Stretch {
     bool targetUpwards = false;
     bool sourceLeftwards = false;
     bool sourceUpwards = false;
+
+    /// Between rectangles whose right may lie left of left and bottom above top.
+    static Stretch between(const RECT& to, const RECT& from);
+    bool changesSize() const;
+    bool isMirrored() const;
 };
 
-void stretchArea(DeviceContext& target, DeviceContext& source, const Stretch& stretch, Rop3 rop);
+/// The part of the stretched source that lies in `part` of the target's area, as a bitmap like the source's,
+/// joined as a stretch mode says; null when memory does not suffice.
+std::unique_ptr<Bitmap> stretched(const Surface& source, const Stretch& stretch, const RECT& part, int mode);
+
+/// Copies stretched; the source's `valid` and `offset` do not count.
+void stretchArea(DeviceContext& target, const SourcePixels& source, const Stretch& stretch, Rop3 rop);
 
 } // namespace platform::driver

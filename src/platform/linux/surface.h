@@ -2,9 +2,11 @@
 // Where pixels live: a block of memory that a bitmap or a top-level window owns, and the region of it that
 // a drawing may touch. The raster draws on surfaces; the window tree hands out device contexts over them.
 
+#include "platform/linux/pixel_format.h"
 #include "platform/types.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace platform::driver {
@@ -34,19 +36,27 @@ private:
     std::vector<RECT> rects_;
 };
 
-/// Pixels of 1 bit (most significant bit first) or 32 bits (0xAARRGGBB words), top row first.
+/// Pixels of 1 or 4 bits (the highest bits of a byte first), 8, 16, 24 (blue first) or 32 bits (0xAARRGGBB
+/// words unless a format says otherwise), top row first.
 struct Surface {
     int width = 0;
     int height = 0;
     int bitsPerPixel = 32;
     int stride = 0; ///< Bytes from one row to the next, a multiple of 4
     std::uint8_t* bits = nullptr;
+    /// What the values mean: always there for 4, 8 and 16 bits. A 1-bit surface without one takes the colours
+    /// of the context that it meets. Must outlive the surface.
+    const PixelFormat* format = nullptr;
 };
 
 /// A device context for a window. `origin` is where the window's (0, 0) lies on the surface; `visible` is
 /// in surface coordinates and bounds all drawing. The surface must outlive the context. The returned handle
 /// is counted as a device context until releaseWindowDC; a saved font, brush or pen selection dies with it.
 HDC createWindowDC(Surface& surface, POINT origin, const Region& visible);
+
+/// Lets the surface of such a context stay without pixels until something is drawn on it or read from it:
+/// then `make` fills in the surface.
+void makePixelsLater(HDC dc, std::function<void()> make);
 
 /// Ends a context made by createWindowDC. False for any other handle.
 bool releaseWindowDC(HDC dc);

@@ -1,4 +1,4 @@
-// Metrics, colours and parameters as a fresh session of Windows reports them. Only the size of the screen is
+// Metrics and parameters as a fresh session of Windows reports them. Only the size of the screen is
 // the display's own.
 
 #include "platform/system_look.h"
@@ -37,14 +37,6 @@ constexpr ScreenMetric ScreenMetrics[] = {
     {SM_CYFULLSCREEN, true, 11},   {SM_CXMAXTRACK, false, 12}, {SM_CYMAXTRACK, true, 12},
     {SM_CXMAXIMIZED, false, 8},    {SM_CYMAXIMIZED, true, 38}, {SM_CXVIRTUALSCREEN, false, 0},
     {SM_CYVIRTUALSCREEN, true, 0},
-};
-
-/// GetSysColor by number, 0x00bbggrr.
-constexpr std::array<COLORREF, 31> Colors{
-    0xFFFFFF, 0x956F25, 0xFA9632, 0x808080, 0xFFFFFF, 0xFFFFFF, 0x9E9E9E, 0x000000, // 0 to 7
-    0x000000, 0x000000, 0xFFFFFF, 0xFFFFFF, 0x808080, 0xFA9630, 0xFFFFFF, 0xF5F5F5, // 8 to 15
-    0xA6A6A6, 0xA6A6A6, 0x000000, 0xC8C8C8, 0xFFFFFF, 0x6A6A6A, 0xE3E3E3, 0x000000, // 16 to 23
-    0xFFFFFF, 0xFFFFFF, 0xE0E0E0, 0xFA9632, 0x808080, 0xFA9630, 0xFFFFFF,           // 24 to 30
 };
 
 /// Parameters that are one number.
@@ -103,11 +95,6 @@ int GetSystemMetrics(int index) {
     }
     return index >= 0 && index < static_cast<int>(Metrics.size()) ? Metrics[static_cast<std::size_t>(index)]
                                                                   : 0;
-}
-
-COLORREF GetSysColor(int index) {
-    return index >= 0 && index < static_cast<int>(Colors.size()) ? Colors[static_cast<std::size_t>(index)]
-                                                                 : 0;
 }
 
 BOOL SystemParametersInfoA(UINT action, UINT, void* data, UINT) {

@@ -1,6 +1,7 @@
 #include "platform/linux/text_painter.h"
 
 #include "platform/linux/colors.h"
+#include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 
 #include <algorithm>
@@ -28,9 +29,16 @@ int blendedComponent(int under, int text, int low, int high) {
 
 } // namespace
 
+bool canSmooth(const Surface& surface) {
+    constexpr int mostTableBits = 8;
+    return surface.bitsPerPixel > mostTableBits;
+}
+
 TextPainter::TextPainter(DeviceContext& context, const RECT* clip)
     : clips_(context.drawable().rectangles()), surface_(*context.surface), hasClip_(clip != nullptr),
-      clip_(clip ? *clip : RECT{}), pixel_(pixelOf(context, context.state.textColor)) {}
+      clip_(clip ? *clip : RECT{}),
+      pixel_(canSmooth(surface_) ? pixelOfColor(plainColor(context, context.state.textColor))
+                                 : pixelOf(context, context.state.textColor)) {}
 
 void TextPainter::findRanges() {
     rangesKnown_ = true;
@@ -101,13 +109,19 @@ void TextPainter::drawClipped(const Glyph& glyph, int x, int y, const RECT& clip
     for (int row = clip.top; row < clip.bottom; ++row) {
         const std::uint8_t* coverage =
             glyph.coverage.data() + static_cast<std::ptrdiff_t>(row - y) * glyph.width + (clip.left - x);
-        if (surface_.bitsPerPixel == 32) {
+        if (isPlain32(surface_)) {
             drawWords(row32(surface_, row) + clip.left, coverage, count);
             continue;
         }
-        std::uint8_t* bits = rowOf(surface_, row);
+        if (canSmooth(surface_)) {
+            words_.resize(static_cast<std::size_t>(count));
+            readRow(surface_, clip.left, row, count, blackAndWhite, words_.data());
+            drawWords(words_.data(), coverage, count);
+            writeRow(surface_, clip.left, row, count, blackAndWhite, words_.data());
+            continue;
+        }
         for (int i = 0; i < count; ++i)
-            if (coverage[i] > fullCoverage / 2) putBit(bits, clip.left + i, pixel_ != 0);
+            if (coverage[i] > fullCoverage / 2) writeValues(surface_, clip.left + i, row, 1, &pixel_);
     }
 }
 

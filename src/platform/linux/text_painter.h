@@ -6,6 +6,9 @@
 
 namespace platform::driver {
 
+/// Whether the surface has colours enough for smoothed edges.
+bool canSmooth(const Surface& surface);
+
 /// Draws glyphs in the context's text colour.
 class TextPainter {
 public:
@@ -32,7 +35,8 @@ private:
     const Surface& surface_;
     bool hasClip_;
     RECT clip_;
-    std::uint32_t pixel_;
+    std::uint32_t pixel_; ///< A colour where edges are smoothed, else a value
+    std::vector<std::uint32_t> words_;
     bool rangesKnown_ = false;
     std::array<std::array<Range, 3>, fullCoverage + 1> ranges_;
     std::uint32_t ground_ = 0;     ///< The colour under the last smoothed pixel, which most of them share

@@ -2,6 +2,8 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/display.h"
+#include "platform/linux/display_colors.h"
+#include "platform/linux/rows.h"
 #include "platform/linux/window_system.h"
 
 #include <algorithm>
@@ -105,13 +107,10 @@ void resizePixels(Window& topLevel) {
     const auto former = topLevel.pixels;
     if (former && former->surface.width == width && former->surface.height == height) return;
     auto made = std::make_shared<PixelStore>();
-    made->words.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0u);
-    made->surface = {width, height, 32, width * 4, reinterpret_cast<std::uint8_t*>(made->words.data())};
-    if (former) {
-        const auto shared = static_cast<std::size_t>(std::min(width, former->surface.width));
+    preparePixels(*made, width, height, displayBitsPerPixel());
+    if (former && haveSameFormat(former->surface, made->surface)) {
         for (int y = 0; y < std::min(height, former->surface.height); ++y)
-            std::copy_n(former->words.begin() + static_cast<std::ptrdiff_t>(y) * former->surface.width,
-                        shared, made->words.begin() + static_cast<std::ptrdiff_t>(y) * width);
+            copyRow(former->surface, 0, y, made->surface, 0, y, std::min(width, former->surface.width));
     }
     topLevel.pixels = made;
     topLevel.unpresented = bandIn(made->surface);
@@ -128,20 +127,15 @@ void markDrawn(Window& window, const RECT& screen) {
 void copyPixels(Window& topLevel, const Region& screen, POINT by) {
     if (!topLevel.pixels) return;
     PixelStore& store = *topLevel.pixels;
-    const std::vector<std::uint32_t> before = store.words;
+    std::vector<std::uint32_t> words = store.words;
+    Surface before = store.surface;
+    before.bits = reinterpret_cast<std::uint8_t*>(words.data());
     const RECT all = bandIn(store.surface);
     for (const RECT& r : screen.rectangles()) {
         const RECT target = overlapOf(offset(r, -topLevel.frame.left, -topLevel.frame.top), all);
         const RECT source = overlapOf(offset(target, -by.x, -by.y), all);
-        for (LONG y = source.top; y < source.bottom; ++y) {
-            const auto from = static_cast<std::size_t>(y) * static_cast<std::size_t>(store.surface.width) +
-                              static_cast<std::size_t>(source.left);
-            const auto to =
-                static_cast<std::size_t>(y + by.y) * static_cast<std::size_t>(store.surface.width) +
-                static_cast<std::size_t>(source.left + by.x);
-            std::copy_n(before.begin() + static_cast<std::ptrdiff_t>(from), widthOf(source),
-                        store.words.begin() + static_cast<std::ptrdiff_t>(to));
-        }
+        for (LONG y = source.top; y < source.bottom; ++y)
+            copyRow(before, source.left, y, store.surface, source.left + by.x, y + by.y, widthOf(source));
     }
     markDrawn(topLevel, screen.bounds());
 }
@@ -253,12 +247,19 @@ void eraseNow(HWND handle) {
     closeContext(dc);
 }
 
-/// The desktop as it looks now; what is drawn on it is not kept.
+/// The desktop as it looks when it is first drawn on or read; what is drawn on it is not kept.
 HDC screenContext() {
     auto picture = std::make_shared<PixelStore>();
-    composeDesktop(*picture);
+    const RECT frame = desktopWindow().frame;
+    picture->surface.width = widthOf(frame);
+    picture->surface.height = heightOf(frame);
+    picture->surface.bitsPerPixel = displayBitsPerPixel();
+    picture->surface.format = deviceFormat(picture->surface.bitsPerPixel);
     const HDC dc = createWindowDC(picture->surface, {}, Region(bandIn(picture->surface)));
-    if (dc) openContexts().push_back({dc, {}, picture, {}});
+    if (!dc) return {};
+    // Most programs want only a context to make others like it: the picture can wait.
+    makePixelsLater(dc, [picture] { composeScreen(*picture); });
+    openContexts().push_back({dc, {}, picture, {}});
     return dc;
 }
 

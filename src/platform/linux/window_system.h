@@ -134,10 +134,17 @@ HWND nextToPaint(HWND filter);
 void releaseContexts(HWND window);
 void markDrawn(Window& window, const RECT& screen);
 
+// Pictures (composition.cpp). Plain words of 32 bits unless said otherwise.
+/// Black pixels of that many bits.
+void preparePixels(PixelStore& pixels, int width, int height, int bitsPerPixel);
 /// Puts together the desktop: its background, the visible top-level windows in their order, the caret.
 void composeDesktop(PixelStore& picture);
+/// The same in the display's depth.
+void composeScreen(PixelStore& picture);
 /// One top-level window with the caret on it, if it is there.
 void composeWindow(const Window& topLevel, PixelStore& picture);
+/// The window's pixels as words: its own, or a copy in `buffer`.
+const Surface& plainSurface(const PixelStore& pixels, PixelStore& buffer);
 
 // The caret (caret.cpp).
 void inkCaret(const Window& topLevel, PixelStore& picture,

@@ -142,7 +142,9 @@ void X11Display::presentWindow(Window& window, const X11Window& native) {
     window.unpresented = {};
     if (hasNoArea(drawn)) return;
     inkCaret(window, pixels, {});
-    painter_.show(pixels.surface, drawn, native.id, {drawn.left - part.left, drawn.top - part.top});
+    PixelStore words;
+    const Surface& shown = plainSurface(pixels, words);
+    painter_.show(shown, drawn, native.id, {drawn.left - part.left, drawn.top - part.top});
     inkCaret(window, pixels, {});
 }
 

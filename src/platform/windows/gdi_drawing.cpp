@@ -83,12 +83,35 @@ BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush) {
     return ::FillRgn(native(dc), native(region), native(brush));
 }
 
-BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const GRADIENT_RECT* meshes,
-                  DWORD meshCount, DWORD mode) {
-    // The system only reads the vertices.
+BOOL MaskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource, HBITMAP mask,
+             int xMask, int yMask, DWORD rop) {
+    return ::MaskBlt(native(dc), x, y, width, height, native(source), xSource, ySource, native(mask), xMask,
+                     yMask, rop);
+}
+
+BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, int widthSource,
+            int heightSource, HBITMAP mask, int xMask, int yMask) {
+    return ::PlgBlt(native(dc), as<::POINT>(points), native(source), xSource, ySource, widthSource,
+                    heightSource, native(mask), xMask, yMask);
+}
+
+BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                    int widthSource, int heightSource, UINT transparent) {
+    return ::TransparentBlt(native(dc), x, y, width, height, native(source), xSource, ySource, widthSource,
+                            heightSource, transparent);
+}
+
+BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                int widthSource, int heightSource, BLENDFUNCTION blend) {
+    return ::AlphaBlend(native(dc), x, y, width, height, native(source), xSource, ySource, widthSource,
+                        heightSource, *as<::BLENDFUNCTION>(&blend));
+}
+
+BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const void* meshes, DWORD meshCount,
+                  DWORD mode) {
+    // The system only reads the vertices and the meshes.
     auto* points = const_cast<::TRIVERTEX*>(as<::TRIVERTEX>(vertices));
-    auto* rectangles = const_cast<::GRADIENT_RECT*>(as<::GRADIENT_RECT>(meshes));
-    return ::GradientFill(native(dc), points, vertexCount, rectangles, meshCount, mode);
+    return ::GradientFill(native(dc), points, vertexCount, const_cast<void*>(meshes), meshCount, mode);
 }
 
 } // namespace platform

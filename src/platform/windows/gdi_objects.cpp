@@ -58,17 +58,6 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
     return handleFrom<HBITMAP>(::CreateBitmap(width, height, planes, bitsPerPixel, bits));
 }
 
-int GetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage) {
-    return ::GetDIBits(native(dc), native(bitmap), start, lines, bits, reinterpret_cast<::BITMAPINFO*>(info),
-                       usage);
-}
-
-int SetDIBits(HDC dc, HBITMAP bitmap, UINT start, UINT lines, const void* bits, const BITMAPINFO* info,
-              UINT usage) {
-    return ::SetDIBits(native(dc), native(bitmap), start, lines, bits,
-                       reinterpret_cast<const ::BITMAPINFO*>(info), usage);
-}
-
 HBRUSH CreateSolidBrush(COLORREF color) {
     return handleFrom<HBRUSH>(::CreateSolidBrush(color));
 }
@@ -96,6 +85,10 @@ HPEN CreatePenIndirect(const LOGPEN* data) {
 BOOL DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, UINT step, HBRUSH background,
                 UINT flags) {
     return ::DrawIconEx(native(dc), x, y, native(icon), width, height, step, native(background), flags);
+}
+
+HICON CopyIcon(HICON icon) {
+    return handleFrom<HICON>(::CopyIcon(native(icon)));
 }
 
 BOOL DestroyIcon(HICON icon) {
@@ -137,14 +130,13 @@ BOOL GetObjectFont(HFONT font, LOGFONTW* data) {
     return describe<::LOGFONTW>(native(font), OBJ_FONT, data);
 }
 
-DWORD GetGuiResources(DWORD flags) {
-    return ::GetGuiResources(::GetCurrentProcess(), flags);
+BOOL GetObjectPalette(HPALETTE palette, WORD* count) {
+    if (!count || ::GetObjectType(native(palette)) != OBJ_PAL) return FALSE_;
+    return ::GetObjectW(native(palette), sizeof *count, count) != 0;
 }
 
-HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
-                         DWORD offset) {
-    return handleFrom<HBITMAP>(::CreateDIBSection(native(dc), reinterpret_cast<const ::BITMAPINFO*>(info),
-                                                  usage, bits, native(section), offset));
+DWORD GetGuiResources(DWORD flags) {
+    return ::GetGuiResources(::GetCurrentProcess(), flags);
 }
 
 HICON CreateIconIndirect(const ICONINFO* info) {

@@ -14,6 +14,11 @@ COLORREF GetSysColor(int index) {
     return ::GetSysColor(index);
 }
 
+BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {
+    return ::SetSysColors(count, reinterpret_cast<const ::INT*>(indices),
+                          reinterpret_cast<const ::COLORREF*>(colors));
+}
+
 HBRUSH GetSysColorBrush(int index) {
     return handleFrom<HBRUSH>(::GetSysColorBrush(index));
 }

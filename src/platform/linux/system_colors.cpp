@@ -1,0 +1,80 @@
+// The colours of the system as a fresh session of Windows has them, and their brushes: made once, never
+// deleted, not counted.
+
+#include "platform/linux/gdi_objects.h"
+#include "platform/linux/window_system.h"
+#include "platform/system_look.h"
+
+#include <algorithm>
+#include <array>
+
+namespace platform {
+
+using namespace driver;
+
+namespace {
+
+constexpr std::size_t colorCount = COLOR_MENUBAR + 1;
+
+/// GetSysColor by number, 0x00bbggrr.
+constexpr std::array<COLORREF, colorCount> freshColors{
+    0xFFFFFF, 0x956F25, 0xFA9632, 0x808080, 0xFFFFFF, 0xFFFFFF, 0x9E9E9E, 0x000000, // 0 to 7
+    0x000000, 0x000000, 0xFFFFFF, 0xFFFFFF, 0x808080, 0xFA9630, 0xFFFFFF, 0xF5F5F5, // 8 to 15
+    0xA6A6A6, 0xA6A6A6, 0x000000, 0xC8C8C8, 0xFFFFFF, 0x6A6A6A, 0xE3E3E3, 0x000000, // 16 to 23
+    0xFFFFFF, 0xFFFFFF, 0xE0E0E0, 0xFA9632, 0x808080, 0xFA9630, 0xFFFFFF,           // 24 to 30
+};
+
+struct SystemColors {
+    std::array<COLORREF, colorCount> colors = freshColors;
+    std::array<HBRUSH, colorCount> brushes;
+};
+
+SystemColors& systemColors() {
+    static SystemColors instance;
+    return instance;
+}
+
+bool isColor(int index) {
+    return index >= 0 && index < static_cast<int>(colorCount);
+}
+
+void tellWindows() {
+    for (const HWND top : childHandles(desktopWindow())) {
+        SendMessageA(top, WM_SYSCOLORCHANGE, 0, 0);
+        RedrawWindow(top, nullptr, {}, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    }
+}
+
+} // namespace
+
+COLORREF GetSysColor(int index) {
+    return isColor(index) ? systemColors().colors[static_cast<std::size_t>(index)] : 0;
+}
+
+BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {
+    constexpr COLORREF colorBits = 0x00FFFFFF;
+    if (count < 0 || !indices || !colors) return FALSE_;
+    for (int i = 0; i < count; ++i) {
+        if (!isColor(indices[i])) continue;
+        const std::size_t index = static_cast<std::size_t>(indices[i]);
+        systemColors().colors[index] = colors[i] & colorBits;
+        if (Brush* brush = find<Brush>(systemColors().brushes[index]))
+            brush->data.lbColor = colors[i] & colorBits;
+    }
+    tellWindows();
+    return TRUE_;
+}
+
+HBRUSH GetSysColorBrush(int index) {
+    if (!isColor(index)) return {};
+    HBRUSH& brush = systemColors().brushes[static_cast<std::size_t>(index)];
+    if (!brush) {
+        auto made = std::make_unique<Brush>();
+        made->data = {BS_SOLID, GetSysColor(index), 0};
+        made->stock = true;
+        brush = HBRUSH(addObject(std::move(made)));
+    }
+    return brush;
+}
+
+} // namespace platform
