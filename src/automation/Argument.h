@@ -167,6 +167,18 @@ TypeDescription describe() {
     }
 }
 
+/// An argument as the caller passed it, its reference not followed: for members that need the caller's own
+/// variable. It must not outlive the call.
+struct PassedArgument {
+    Variant value;
+};
+
+template <>
+struct Conversion<PassedArgument> {
+    static PassedArgument from(const Variant& value) { return {value}; }
+    static TypeDescription type() { return {VT_VARIANT}; }
+};
+
 /// Types of variables that can be written.
 template <class T>
 concept Writable = !std::is_const_v<T>;

@@ -191,7 +191,8 @@ template <class A>
 Parameter parameterOf() {
     Parameter parameter;
     parameter.type = describe<A>();
-    parameter.byReference = std::is_lvalue_reference_v<A> && !std::is_const_v<std::remove_reference_t<A>>;
+    parameter.byReference = std::is_same_v<A, PassedArgument> ||
+                            (std::is_lvalue_reference_v<A> && !std::is_const_v<std::remove_reference_t<A>>);
     parameter.parameterArray = std::is_same_v<std::remove_cvref_t<A>, ParamArray>;
     return parameter;
 }

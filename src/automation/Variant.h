@@ -136,6 +136,8 @@ public:
     /// The array inside, to be written; Error 13 when this is no array. The element type must stay.
     Array& arrayForWriting();
 
+    /// The variable that this refers to, of the type that the tag names; null without a reference.
+    void* reference() const noexcept { return isByRef() ? payload_.reference : nullptr; }
     /// The value behind a reference, or this value.
     Variant dereferenced() const;
     /// Writes through a reference, converting to the variable's type; without a reference, replaces

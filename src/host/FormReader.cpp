@@ -2,11 +2,9 @@
 
 #include "automation/Argument.h"
 #include "automation/Error.h"
+#include "host/FormValues.h"
 #include "host/Picture.h"
 #include "host/StdFont.h"
-
-#include <charconv>
-#include <limits>
 
 namespace host {
 
@@ -37,37 +35,6 @@ int hexDigit(char16_t c) {
     if (c >= u'A' && c <= u'F') return c - u'A' + 10;
     if (c >= u'a' && c <= u'f') return c - u'a' + 10;
     return -1;
-}
-
-/// ASCII digits for the standard library's readers; empty if there is anything else.
-std::string narrow(std::u16string_view text) {
-    std::string result;
-    for (const char16_t c : text) {
-        if (c >= 0x80) return {};
-        result += static_cast<char>(c);
-    }
-    return result;
-}
-
-template <class T>
-bool parse(std::u16string_view text, T& value) {
-    const std::string digits = narrow(text);
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return !digits.empty() && error == std::errc() && end == digits.data() + digits.size();
-}
-
-/// "12.5" in ten-thousandths.
-bool parseCurrency(std::u16string_view text, std::int64_t& scaled) {
-    constexpr std::size_t Decimals = 4;
-    const std::size_t point = text.find(u'.');
-    std::u16string digits(text.substr(0, point));
-    std::u16string decimals(point == text.npos ? std::u16string_view() : text.substr(point + 1));
-    if (decimals.size() > Decimals || (point != text.npos && decimals.empty())) return false;
-    for (const char16_t c : decimals) {
-        if (c < u'0' || c > u'9') return false;
-    }
-    decimals.resize(Decimals, u'0');
-    return !digits.empty() && digits != u"-" && parse(digits + decimals, scaled);
 }
 
 } // namespace
@@ -173,7 +140,7 @@ FormNode FormReader::readNode(int depth) {
     node.name = readQuoted(head);
     if (!head.empty()) {
         std::int16_t index = 0;
-        if (!parse(head, index) || index < 0) fail(u"el índice no es válido");
+        if (!readDigits(head, index) || index < 0) fail(u"el índice no es válido");
         node.index = index;
     }
     ++at_;
@@ -215,37 +182,18 @@ automation::Variant FormReader::readValue(std::u16string_view text) {
     }
     if (type == u"Font") return readFont();
     if (type == u"Picture") return readPicture();
-    automation::Variant value;
-    if (type == u"True" || type == u"False")
-        value = type == u"True";
-    else if (type == u"Null")
-        value = automation::Variant::null();
-    else if (type == u"Nothing")
-        value = automation::Variant::nothing();
-    else if (type != u"Empty")
-        fail(u"valor desconocido: " + automation::String(type));
+    const auto value = valueOfWord(type);
+    if (!value) fail(u"valor desconocido: " + automation::String(type));
     ++at_;
-    return value;
+    return *value;
 }
 
-automation::Variant FormReader::readNumber(std::u16string_view type, std::u16string_view digits) const {
-    const automation::String wrong = u"el número no es válido: " + automation::String(digits);
-    const auto read = [&](auto value) {
-        if (!parse(digits, value)) fail(wrong);
-        return value;
-    };
-    if (type == u"Integer") return read(std::int16_t{});
-    if (type == u"Long") return read(std::int32_t{});
-    if (type == u"Byte") return read(std::uint8_t{});
-    if (type == u"Single") return read(float{});
-    if (type == u"Double") return read(double{});
-    if (type == u"Date") return automation::Date(read(double{}));
-    if (type == u"Currency") {
-        std::int64_t scaled = 0;
-        if (!parseCurrency(digits, scaled)) fail(wrong);
-        return automation::Currency::fromScaled(scaled);
-    }
-    fail(u"tipo desconocido: " + automation::String(type));
+automation::Variant FormReader::readNumber(std::u16string_view word, std::u16string_view digits) const {
+    const NumberType* const type = numberTypeNamed(word);
+    if (!type) fail(u"tipo desconocido: " + automation::String(word));
+    const auto value = type->read(digits);
+    if (!value) fail(u"el número no es válido: " + automation::String(digits));
+    return *value;
 }
 
 automation::Variant FormReader::readFont() {

@@ -37,7 +37,7 @@ private:
     automation::Variant readValue(std::u16string_view text);
     automation::Variant readFont();
     automation::Variant readPicture();
-    automation::Variant readNumber(std::u16string_view type, std::u16string_view digits) const;
+    automation::Variant readNumber(std::u16string_view word, std::u16string_view digits) const;
     std::u16string readQuoted(std::u16string_view& text) const;
     std::u16string readName(std::u16string_view& text) const;
 

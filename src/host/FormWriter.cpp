@@ -2,11 +2,10 @@
 
 #include "automation/Argument.h"
 #include "automation/Error.h"
+#include "host/FormValues.h"
 #include "host/Picture.h"
 #include "host/StdFont.h"
 #include "platform/locale.h"
-
-#include <charconv>
 
 namespace host {
 
@@ -15,37 +14,12 @@ namespace {
 constexpr std::size_t IndentWidth = 4;
 constexpr std::size_t BytesPerLine = 32;
 
-std::u16string wide(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
-
-/// The shortest digits that read back as the same number.
-template <class T>
-std::u16string number(T value) {
-    char digits[64];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
-    return wide({digits, static_cast<std::size_t>(end - digits)});
-}
-
 std::u16string hex(unsigned value, std::size_t width) {
     constexpr char16_t Digits[] = u"0123456789ABCDEF";
     std::u16string text;
     for (std::size_t i = width; i-- > 0;)
         text += Digits[value >> (4 * i) & 0xF];
     return text;
-}
-
-std::u16string currency(automation::Currency value) {
-    const std::int64_t scaled = value.scaled();
-    const std::uint64_t size =
-        scaled < 0 ? 0 - static_cast<std::uint64_t>(scaled) : static_cast<std::uint64_t>(scaled);
-    const auto scale = static_cast<std::uint64_t>(automation::Currency::scale);
-    std::u16string text = (scaled < 0 ? u"-" : u"") + number(size / scale);
-    if (size % scale == 0) return text;
-    std::u16string decimals = number(size % scale + scale).substr(1);
-    while (decimals.back() == u'0')
-        decimals.pop_back();
-    return text + u"." + decimals;
 }
 
 std::u16string quoted(std::u16string_view text) {
@@ -80,33 +54,11 @@ std::u16string quoted(std::u16string_view text) {
 
 /// A value that stands on its line; objects take a block.
 std::u16string plain(const automation::Variant& value) {
-    switch (value.type()) {
-    case automation::VT_EMPTY:
-        return u"Empty";
-    case automation::VT_NULL:
-        return u"Null";
-    case automation::VT_BOOL:
-        return value.asBoolean() ? u"True" : u"False";
-    case automation::VT_UI1:
-        return u"Byte " + number(unsigned{value.asByte()});
-    case automation::VT_I2:
-        return u"Integer " + number(value.asInteger());
-    case automation::VT_I4:
-        return u"Long " + number(value.asLong());
-    case automation::VT_R4:
-        return u"Single " + number(value.asSingle());
-    case automation::VT_R8:
-        return u"Double " + number(value.asDouble());
-    case automation::VT_CY:
-        return u"Currency " + currency(value.asCurrency());
-    case automation::VT_DATE:
-        return u"Date " + number(value.asDate().value());
-    case automation::VT_BSTR:
-        return quoted(value.asString());
-    default:
-        if (value.isNothing()) return u"Nothing";
-        throw automation::Error(automation::errors::TypeMismatch);
-    }
+    if (value.isString()) return quoted(value.asString());
+    if (const auto word = wordOfValue(value)) return std::u16string(*word);
+    const NumberType* const type = numberTypeOf(value.type());
+    if (!type) throw automation::Error(automation::errors::TypeMismatch);
+    return std::u16string(type->word) + u" " + type->write(value);
 }
 
 PropertyBag fontValues(const StdFont& font) {
@@ -159,7 +111,7 @@ void FormWriter::write(const PropertyBag& bag, bool kept) {
 
 void FormWriter::write(const FormNode& node) {
     std::u16string head = u"Begin " + node.className.string() + u" " + quoted(node.name);
-    if (node.index) head += u" " + number(*node.index);
+    if (node.index) head += u" " + writeDigits(*node.index);
     line(head);
     ++depth_;
     write(node.kept, true);

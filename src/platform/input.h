@@ -107,7 +107,9 @@ SHORT GetKeyState(int virtualKey);
 /// Bit 15: the key is down now. Bit 0: it went down since the last call.
 SHORT GetAsyncKeyState(int virtualKey);
 
-/// 256 bytes, one a virtual key: bit 7 down, bit 0 toggled. The state that GetKeyState reads.
+/// 256 bytes, one a virtual key: bit 7 down, bit 0 toggled. The state that GetKeyState reads. Setting it
+/// speaks to this thread alone, and for a key until its next message: the lock lights and GetAsyncKeyState
+/// keep following the keyboard. To switch a lock for everybody, play its key with keybd_event.
 BOOL GetKeyboardState(BYTE* state);
 BOOL SetKeyboardState(const BYTE* state);
 

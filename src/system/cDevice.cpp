@@ -15,6 +15,8 @@ using automation::Variant;
 namespace {
 
 constexpr std::int32_t failure = -1;
+constexpr automation::VARTYPE byteArray = automation::VT_ARRAY | automation::VT_UI1;
+constexpr automation::VARTYPE byteReference = automation::VT_BYREF | automation::VT_UI1;
 
 /// A number of bytes as a Currency; the failure for one that is beyond the type.
 Currency wholeCurrency(std::int64_t bytes) {
@@ -88,15 +90,42 @@ std::int32_t cDevice::FWrite(const void* xBuff, std::int32_t nBytes) {
 }
 
 std::int32_t cDevice::FRead(Variant& xBuff, std::int32_t nBytes) {
-    if (xBuff.type() != (automation::VT_ARRAY | automation::VT_UI1)) return failure;
+    if (xBuff.type() == byteReference) return FRead(xBuff.reference(), nBytes);
+    if (xBuff.isByRef()) {
+        Variant buffer = xBuff.dereferenced();
+        const std::int32_t moved = FRead(buffer, nBytes);
+        if (moved > 0) xBuff.storeThrough(buffer);
+        return moved;
+    }
+    if (xBuff.type() == automation::VT_UI1) {
+        std::uint8_t byte = xBuff.asByte();
+        const std::int32_t moved = FRead(&byte, std::min(nBytes, 1));
+        xBuff = byte;
+        return moved;
+    }
+    if (xBuff.type() != byteArray) return failure;
     const auto bytes = xBuff.arrayForWriting().bytes();
     return FRead(bytes.data(), std::min(nBytes, static_cast<std::int32_t>(bytes.size())));
 }
 
 std::int32_t cDevice::FWrite(const Variant& xBuff, std::int32_t nBytes) {
-    if (xBuff.type() != (automation::VT_ARRAY | automation::VT_UI1)) return failure;
+    if (xBuff.type() == byteReference) return FWrite(xBuff.reference(), nBytes);
+    if (xBuff.isByRef()) return FWrite(xBuff.dereferenced(), nBytes);
+    if (xBuff.type() == automation::VT_UI1) {
+        const std::uint8_t byte = xBuff.asByte();
+        return FWrite(&byte, std::min(nBytes, 1));
+    }
+    if (xBuff.type() != byteArray) return failure;
     const auto bytes = xBuff.asArray().bytes();
     return FWrite(bytes.data(), std::min(nBytes, static_cast<std::int32_t>(bytes.size())));
+}
+
+std::int32_t cDevice::readByName(automation::PassedArgument xBuff, std::int32_t nBytes) {
+    return FRead(xBuff.value, nBytes);
+}
+
+std::int32_t cDevice::writeByName(automation::PassedArgument xBuff, std::int32_t nBytes) {
+    return FWrite(xBuff.value, nBytes);
 }
 
 Currency cDevice::FSeek(Currency nNewPos, Device_SeekMethodConstants nModo) {
@@ -133,8 +162,6 @@ bool cDevice::SetFileTimes(const Variant& dCreationTime, const Variant& dLastAcc
 
 const automation::ClassTable& cDevice::table() {
     using automation::optional;
-    using Read = std::int32_t (cDevice::*)(Variant&, std::int32_t);
-    using Write = std::int32_t (cDevice::*)(const Variant&, std::int32_t);
     static const automation::ClassTable table =
         automation::ClassTable::of<cDevice>("cDevice")
             .help("Raw access to a file or device by handle, with 64-bit positions.")
@@ -143,8 +170,8 @@ const automation::ClassTable& cDevice::table() {
                      optional("nCreationDisposition", Device_CreationDisposition_OpenExisting),
                      optional("nFlags", Device_Attributes_Normal)})
             .method("FClose", &cDevice::FClose)
-            .method("FRead", Read(&cDevice::FRead), {"xBuff", "nBytes"})
-            .method("FWrite", Write(&cDevice::FWrite), {"xBuff", "nBytes"})
+            .method("FRead", &cDevice::readByName, {"xBuff", "nBytes"})
+            .method("FWrite", &cDevice::writeByName, {"xBuff", "nBytes"})
             .method("FSeek", &cDevice::FSeek, {"nNewPos", optional("nModo", Device_SeekMethod_Begin)})
             .method("GetFileSize", &cDevice::GetFileSize)
             .method("SetFileTimes", &cDevice::SetFileTimes,

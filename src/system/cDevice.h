@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/Argument.h"
 #include "automation/Currency.h"
 #include "automation/Enumeration.h"
 #include "automation/Object.h"
@@ -78,8 +79,9 @@ public:
     /// Moves bytes at the present position and returns how many; -1 on failure or when closed.
     std::int32_t FRead(void* xBuff, std::int32_t nBytes);
     std::int32_t FWrite(const void* xBuff, std::int32_t nBytes);
-    /// The same for a Byte array. Reading fills it from its first element, never past its last; writing
-    /// takes no more than it holds. Any other kind of buffer gives -1.
+    /// The same for a Byte array or a Byte. Reading fills an array from its first element, never past its
+    /// last; writing takes no more than it holds. A reference to a Byte is where a buffer of `nBytes` begins,
+    /// as an element of an array is; a Byte of its own is a buffer of one. Any other kind of buffer gives -1.
     std::int32_t FRead(automation::Variant& xBuff, std::int32_t nBytes);
     std::int32_t FWrite(const automation::Variant& xBuff, std::int32_t nBytes);
 
@@ -98,6 +100,8 @@ public:
     static const automation::ClassTable& table();
 
 private:
+    std::int32_t readByName(automation::PassedArgument xBuff, std::int32_t nBytes);
+    std::int32_t writeByName(automation::PassedArgument xBuff, std::int32_t nBytes);
     bool isOpen() const { return handle_ != platform::INVALID_HANDLE_VALUE; }
 
     platform::HANDLE handle_ = platform::INVALID_HANDLE_VALUE;

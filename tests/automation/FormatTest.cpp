@@ -23,6 +23,13 @@ std::string withPlainBlanks(const String& text) {
     return String(result).utf8();
 }
 
+void checkFormat(std::string_view locale, const Variant& value, const char16_t* pattern,
+                 std::u16string_view wanted) {
+    const tests::LocaleScope scope(locale);
+    EXPECT_EQ(withPlainBlanks(Format(value, pattern)), withPlainBlanks(wanted))
+        << locale << " " << CStr(value).utf8() << " by " << String(pattern).utf8();
+}
+
 struct NumberCase {
     double value;
     const char16_t* pattern;
@@ -99,14 +106,8 @@ constexpr NumberCase numberCases[] = {
 
 TEST(Format, WritesNumbersByPattern) {
     for (const NumberCase& test : numberCases) {
-        {
-            const tests::LocaleScope scope("en-US");
-            EXPECT_EQ(Format(test.value, test.pattern).utf8(), String(test.english).utf8())
-                << test.value << " by " << String(test.pattern).utf8();
-        }
-        const tests::LocaleScope scope("es-ES");
-        EXPECT_EQ(Format(test.value, test.pattern).utf8(), String(test.spanish).utf8())
-            << test.value << " by " << String(test.pattern).utf8();
+        checkFormat("en-US", test.value, test.pattern, test.english);
+        checkFormat("es-ES", test.value, test.pattern, test.spanish);
     }
 }
 
@@ -130,14 +131,8 @@ constexpr NumberCase namedNumberCases[] = {
 
 TEST(Format, KnowsTheNumericFormatsByName) {
     for (const NumberCase& test : namedNumberCases) {
-        {
-            const tests::LocaleScope scope("en-US");
-            EXPECT_EQ(Format(test.value, test.pattern).utf8(), String(test.english).utf8())
-                << test.value << " by " << String(test.pattern).utf8();
-        }
-        const tests::LocaleScope scope("es-ES");
-        EXPECT_EQ(Format(test.value, test.pattern).utf8(), String(test.spanish).utf8())
-            << test.value << " by " << String(test.pattern).utf8();
+        checkFormat("en-US", test.value, test.pattern, test.english);
+        checkFormat("es-ES", test.value, test.pattern, test.spanish);
     }
 }
 
@@ -211,28 +206,25 @@ constexpr DateCase shortDateCases[] = {
     {37653.4375, u"General Date", u"2/1/2003 10:30:00 AM", u"01/02/2003 10:30:00", u"2003-02-01 10:30:00"},
 };
 
-void checkDate(const DateCase& test, std::string_view locale, const std::u16string& wanted) {
-    const tests::LocaleScope scope(locale);
-    EXPECT_EQ(withPlainBlanks(Format(Date(test.value), test.pattern)), withPlainBlanks(wanted))
-        << locale << " " << test.value << " by " << String(test.pattern).utf8();
+/// A Spanish short date as the system at hand writes it.
+std::u16string spanishShortDate(const char16_t* text) {
+    const tests::LocaleScope scope("es-ES");
+    return tests::asSystemWrites(text);
 }
 
 TEST(Format, WritesDatesByPatternAndByName) {
     for (const DateCase& test : dateCases) {
-        checkDate(test, "en-US", test.english);
-        checkDate(test, "es-ES", test.spanish);
-        if (test.swedish) checkDate(test, "sv-SE", test.swedish);
+        checkFormat("en-US", Date(test.value), test.pattern, test.english);
+        checkFormat("es-ES", Date(test.value), test.pattern, test.spanish);
+        if (test.swedish) checkFormat("sv-SE", Date(test.value), test.pattern, test.swedish);
     }
 }
 
 TEST(Format, WritesShortDatesAsTheLocaleDoes) {
     for (const DateCase& test : shortDateCases) {
-        checkDate(test, "en-US", test.english);
-        {
-            const tests::LocaleScope scope("es-ES");
-            EXPECT_EQ(Format(Date(test.value), test.pattern), tests::asSystemWrites(test.spanish));
-        }
-        checkDate(test, "sv-SE", test.swedish);
+        checkFormat("en-US", Date(test.value), test.pattern, test.english);
+        checkFormat("es-ES", Date(test.value), test.pattern, spanishShortDate(test.spanish));
+        checkFormat("sv-SE", Date(test.value), test.pattern, test.swedish);
     }
 }
 
@@ -275,10 +267,9 @@ constexpr TextCase textCases[] = {
 };
 
 TEST(Format, WritesTextsByPattern) {
-    const tests::LocaleScope scope("es-ES");
     for (const TextCase& test : textCases)
-        EXPECT_EQ(Format(test.text, test.pattern).utf8(), String(test.result).utf8())
-            << String(test.text).utf8() << " by " << String(test.pattern).utf8();
+        checkFormat("es-ES", test.text, test.pattern, test.result);
+    const tests::LocaleScope scope("es-ES");
     EXPECT_EQ(Format(Variant::null(), u"@;none"), u"none");
     EXPECT_EQ(Format(1.5, u"@@@@@"), u"  1,5");
 }
@@ -300,10 +291,8 @@ constexpr TextCase convertedCases[] = {
 };
 
 TEST(Format, ReadsTextsThatThePatternWantsAsNumbersOrDates) {
-    const tests::LocaleScope scope("es-ES");
     for (const TextCase& test : convertedCases)
-        EXPECT_EQ(Format(test.text, test.pattern).utf8(), String(test.result).utf8())
-            << String(test.text).utf8() << " by " << String(test.pattern).utf8();
+        checkFormat("es-ES", test.text, test.pattern, test.result);
 }
 
 TEST(Format, NumbersBeyondTheDatesStayNumbers) {

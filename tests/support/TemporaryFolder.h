@@ -37,6 +37,10 @@ public:
     /// The path of a file in the folder.
     std::u16string file(std::u16string_view name) const { return path_ + u"\\" + std::u16string(name); }
 
+    /// Both in UTF-8, as the C++ library takes them.
+    std::string utf8Path() const { return platform::utf8FromWide(path_); }
+    std::string utf8File(std::string_view name) const { return utf8Path() + "/" + std::string(name); }
+
     /// The same in the ANSI code page.
     std::string ansiFile(std::u16string_view name) const { return platform::ansiFromWide(file(name)); }
 

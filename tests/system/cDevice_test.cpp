@@ -166,6 +166,53 @@ TEST_F(cDevice_, ByteArraysBoundWhatIsMoved) {
     EXPECT_EQ(-1, device->FWrite(Variant(text), 1));
 }
 
+TEST_F(cDevice_, AByteByReferenceIsWhereTheBufferBegins) {
+    ASSERT_TRUE(openNew());
+    std::uint8_t out[] = {10, 20, 30, 40, 50};
+    EXPECT_EQ(3, automation::callMethod(*device, u"FWrite", Variant::byRef(out[1]), Variant(std::int32_t{3}))
+                     .asLong());
+    EXPECT_EQ(Currency(3), device->GetFileSize());
+    device->FSeek(Currency(0));
+    std::uint8_t in[5] = {1, 2, 3, 4, 5};
+    EXPECT_EQ(
+        3,
+        automation::callMethod(*device, u"FRead", Variant::byRef(in[1]), Variant(std::int32_t{3})).asLong());
+    EXPECT_EQ((std::vector<std::uint8_t>{1, 20, 30, 40, 5}), std::vector<std::uint8_t>(in, in + 5));
+}
+
+TEST_F(cDevice_, AByteOfItsOwnIsABufferOfOne) {
+    ASSERT_TRUE(openNew());
+    Variant byte(std::uint8_t{7});
+    EXPECT_EQ(1, device->FWrite(byte, 4));
+    EXPECT_EQ(Currency(1), device->GetFileSize());
+    device->FSeek(Currency(0));
+    Variant read(std::uint8_t{0});
+    EXPECT_EQ(
+        1,
+        automation::callMethod(*device, u"FRead", Variant::byRef(read), Variant(std::int32_t{4})).asLong());
+    EXPECT_EQ(7, read.asByte());
+    EXPECT_EQ(0, device->FRead(read, 4)) << "at the end";
+    EXPECT_EQ(7, read.asByte());
+}
+
+TEST_F(cDevice_, AnArrayByNameIsFilledInPlace) {
+    ASSERT_TRUE(openNew());
+    device->FWrite("abcdef", 6);
+    device->FSeek(Currency(0));
+    automation::Array bytes(automation::VT_UI1, {{1, 4}});
+    const automation::Array copy = bytes;
+    EXPECT_EQ(
+        4,
+        automation::callMethod(*device, u"FRead", Variant::byRef(bytes), Variant(std::int32_t{9})).asLong());
+    EXPECT_EQ('a', bytes(1).asByte());
+    EXPECT_EQ('d', bytes(4).asByte());
+    EXPECT_EQ(0, copy(1).asByte()) << "a copy keeps its own bytes";
+    std::int32_t number = 0;
+    EXPECT_EQ(
+        -1,
+        automation::callMethod(*device, u"FRead", Variant::byRef(number), Variant(std::int32_t{1})).asLong());
+}
+
 // The time of creation is not read back: there are disks that keep the one they gave the file themselves.
 
 TEST_F(cDevice_, TimesAreSetAsGiven) {

@@ -3,10 +3,9 @@
 #include "automation/Currency.h"
 #include "automation/Date.h"
 #include "platform/linux/database.h"
+#include "support/TemporaryFolder.h"
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -19,16 +18,9 @@ namespace {
 
 class DataFileTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "datafile-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    std::string path(const std::string& name) const { return (folder / name).string(); }
+    std::string path(const std::string& name) const { return folder.utf8File(name); }
     String write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(path(name), std::ios::binary) << bytes;
+        folder.write(platform::wideFromUtf8(name), bytes);
         return String::fromUtf8(path(name));
     }
     String makeDatabase(const std::string& name, const std::string& sql) const {
@@ -45,7 +37,7 @@ protected:
         return "";
     }
 
-    std::filesystem::path folder;
+    support::TemporaryFolder folder;
 };
 
 TEST_F(DataFileTest, ADatabaseIsKnownByItsContentWhateverItsName) {
@@ -103,8 +95,8 @@ TEST_F(DataFileTest, ARecordThatHasGoneKeepsItsPlace) {
 TEST_F(DataFileTest, WhatCannotBeOpenedSaysWhy) {
     const std::string missing = path("nada.sqlite");
     EXPECT_EQ(failureOf(String::fromUtf8(missing)), missing + ": no existe el archivo");
-    EXPECT_EQ(failureOf(String::fromUtf8(folder.string())),
-              folder.string() + ": es una carpeta, no un archivo");
+    EXPECT_EQ(failureOf(String::fromUtf8(folder.utf8Path())),
+              folder.utf8Path() + ": es una carpeta, no un archivo");
     const String text = write("texto.sqlite", "id;nombre\n1;Ana\n");
     EXPECT_EQ(failureOf(text), text.utf8() + ": no es una base de datos SQLite");
     const String empty = makeDatabase("vacia.sqlite", "PRAGMA user_version = 1");

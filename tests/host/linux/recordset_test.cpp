@@ -6,9 +6,8 @@
 #include "automation/Decimal.h"
 #include "automation/Error.h"
 #include "automation/LateBound.h"
+#include "support/TemporaryFolder.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -26,14 +25,7 @@ constexpr std::int32_t invalidArgument = 3001;
 
 class RecordsetTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "recordset-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    std::string path() const { return (folder / "a.sqlite").string(); }
+    std::string path() const { return folder.utf8File("a.sqlite"); }
     automation::String connection() const { return automation::String::fromUtf8(path()); }
     void execute(const std::string& sql) const { Database(path(), Database::Access::Create).execute(sql); }
 
@@ -51,7 +43,7 @@ protected:
 
     static std::int32_t id(const Recordset& records) { return records.Fields()->Item(0)->Value().asLong(); }
 
-    std::filesystem::path folder;
+    support::TemporaryFolder folder;
 };
 
 std::int32_t errorOf(const std::function<void()>& call) {

@@ -1,28 +1,18 @@
 #include "platform/linux/database.h"
+#include "support/TemporaryFolder.h"
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace platform;
 
 namespace {
 
-/// A folder of its own for each test, gone with it.
 class DatabaseTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "database-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    std::string file(const std::string& name) const { return (folder / name).string(); }
+    std::string file(const std::string& name) const { return folder.utf8File(name); }
     std::string write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(file(name), std::ios::binary) << bytes;
+        folder.write(platform::wideFromUtf8(name), bytes);
         return file(name);
     }
     static std::string failureOf(const std::string& path) {
@@ -34,12 +24,12 @@ protected:
         return "";
     }
 
-    std::filesystem::path folder;
+    support::TemporaryFolder folder;
 };
 
 TEST_F(DatabaseTest, OpeningSaysWhatIsWrongWithTheFile) {
     EXPECT_EQ(failureOf(file("nada.sqlite")), file("nada.sqlite") + ": no existe el archivo");
-    EXPECT_EQ(failureOf(folder.string()), folder.string() + ": es una carpeta, no un archivo");
+    EXPECT_EQ(failureOf(folder.utf8Path()), folder.utf8Path() + ": es una carpeta, no un archivo");
     const std::string text = write("texto.sqlite", std::string(5000, 'x'));
     EXPECT_EQ(failureOf(text), text + ": no es una base de datos SQLite");
 }

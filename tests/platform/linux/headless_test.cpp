@@ -5,6 +5,7 @@
 #include "platform/gdi.h"
 #include "platform/linux/handles.h"
 #include "platform/linux/headless.h"
+#include "support/TemporaryFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -141,16 +142,14 @@ TEST_F(Headless, LosingTheForegroundTakesActivationAndFocus) {
 TEST_F(Headless, ScreenshotsAreWritten) {
     const HWND window = open("A\xF1o nuevo", {.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE});
     const HWND child = openChild("field", window, {10, 10, 60, 40}, {}, WS_BORDER);
-    std::string folder = std::filesystem::temp_directory_path() / "tesela-shots-XXXXXX";
-    ASSERT_TRUE(mkdtemp(folder.data()));
+    const support::TemporaryFolder folder;
     for (const HWND each : {window, child, HWND{}}) {
-        const std::string path = folder + "/shot" + std::to_string(each.value) + ".png";
+        const std::string path = folder.utf8File("shot" + std::to_string(each.value) + ".png");
         EXPECT_TRUE(headless::screenshot(each, path));
         EXPECT_GT(std::filesystem::file_size(path), 50u);
     }
     DestroyWindow(window);
-    EXPECT_FALSE(headless::screenshot(window, folder + "/none.png"));
-    std::filesystem::remove_all(folder);
+    EXPECT_FALSE(headless::screenshot(window, folder.utf8File("none.png")));
 }
 
 TEST_F(Headless, TheDesktopShowsWindowsInTheirOrder) {

@@ -3,12 +3,11 @@
 #include "sample/Names.h"
 #include "sample/Places.h"
 #include "sample/SampleDatabase.h"
+#include "support/TemporaryFolder.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 using platform::Database;
 using platform::Statement;
@@ -17,23 +16,16 @@ namespace {
 
 class SampleTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "sample-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-        sample::writeSampleDatabase(file("a"));
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-    std::string file(const std::string& name) const { return (folder / (name + ".sqlite")).string(); }
+    void SetUp() override { sample::writeSampleDatabase(file("a")); }
+    std::string file(const std::string& name) const { return folder.utf8File(name + ".sqlite"); }
     std::int64_t number(const std::string& sql) const {
         Statement statement = Database(file("a")).prepare(sql);
         return statement.step() ? statement.integer(0) : -1;
     }
     std::string bytes(const std::string& name) const {
-        std::ifstream in(file(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return folder.read(platform::wideFromUtf8(name + ".sqlite"));
     }
-    std::filesystem::path folder;
+    support::TemporaryFolder folder;
 };
 
 TEST_F(SampleTest, IsTheSameBytesEachTime) {
@@ -49,8 +41,8 @@ TEST_F(SampleTest, ReplacesAFileThatIsThere) {
 }
 
 TEST_F(SampleTest, LeavesNothingBehindWhereItCannotWrite) {
-    EXPECT_THROW(sample::writeSampleDatabase((folder / "no" / "x.sqlite").string()), platform::DatabaseError);
-    EXPECT_FALSE(std::filesystem::exists(folder / "no"));
+    EXPECT_THROW(sample::writeSampleDatabase(folder.utf8File("no/x.sqlite")), platform::DatabaseError);
+    EXPECT_FALSE(std::filesystem::exists(folder.utf8File("no")));
 }
 
 TEST_F(SampleTest, HoldsThousandsOfRows) {
