@@ -3,6 +3,8 @@
 #include "platform/errors.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 using namespace platform;
 
@@ -58,6 +60,109 @@ TEST_F(Locale, DatePatternsAreThePlatforms) {
     EXPECT_EQ(info(swedish, LOCALE_STIMEFORMAT), u"HH:mm:ss");
     EXPECT_EQ(info(english, LOCALE_S1159), u"AM");
     EXPECT_EQ(info(english, LOCALE_S2359), u"PM");
+}
+
+struct LocaleString {
+    LCTYPE type;
+    const char16_t *english, *swedish;
+};
+
+/// Every type of string but the names, in American English and in a locale of the order year, month, day.
+constexpr LocaleString localeStrings[] = {
+    {LOCALE_ILANGUAGE, u"0409", u"041d"},
+    {LOCALE_SLIST, u",", u";"},
+    {LOCALE_SDECIMAL, u".", u","},
+    {LOCALE_STHOUSAND, u",", u"\u00A0"},
+    {LOCALE_SGROUPING, u"3;0", u"3;0"},
+    {LOCALE_IDIGITS, u"2", u"2"},
+    {LOCALE_ILZERO, u"1", u"1"},
+    {LOCALE_SCURRENCY, u"$", u"kr"},
+    {LOCALE_SINTLSYMBOL, u"USD", u"SEK"},
+    {LOCALE_SMONDECIMALSEP, u".", u","},
+    {LOCALE_SMONTHOUSANDSEP, u",", u"\u00A0"},
+    {LOCALE_SMONGROUPING, u"3;0", u"3;0"},
+    {LOCALE_ICURRDIGITS, u"2", u"2"},
+    {LOCALE_IINTLCURRDIGITS, u"2", u"2"},
+    {LOCALE_ICURRENCY, u"0", u"3"},
+    {LOCALE_INEGCURR, u"0", u"8"},
+    {LOCALE_SDATE, u"/", u"-"},
+    {LOCALE_STIME, u":", u":"},
+    {LOCALE_SSHORTDATE, u"M/d/yyyy", u"yyyy-MM-dd"},
+    {LOCALE_SLONGDATE, u"dddd, MMMM d, yyyy", u"dddd d MMMM yyyy"},
+    {LOCALE_IDATE, u"0", u"2"},
+    {LOCALE_ITIME, u"0", u"1"},
+    {LOCALE_ICENTURY, u"1", u"1"},
+    {LOCALE_S1159, u"AM", u"fm"},
+    {LOCALE_S2359, u"PM", u"em"},
+    {LOCALE_SPOSITIVESIGN, u"", u""},
+    {LOCALE_SNEGATIVESIGN, u"-", u"-"},
+    {LOCALE_SISO639LANGNAME, u"en", u"sv"},
+    {LOCALE_SISO3166CTRYNAME, u"US", u"SE"},
+    {LOCALE_SNAME, u"en-US", u"sv-SE"},
+    {LOCALE_SSHORTTIME, u"h:mm tt", u"HH:mm"},
+    {LOCALE_STIMEFORMAT, u"h:mm:ss tt", u"HH:mm:ss"},
+    {LOCALE_SYEARMONTH, u"MMMM yyyy", u"MMMM yyyy"},
+    {LOCALE_INEGNUMBER, u"1", u"1"},
+    {LOCALE_IFIRSTDAYOFWEEK, u"6", u"0"},
+    {LOCALE_IFIRSTWEEKOFYEAR, u"0", u"2"},
+};
+
+/// What GetLocaleInfoA gives, or "(none)".
+std::string ansiInfo(LCID locale, LCTYPE type) {
+    char text[100];
+    const int length = GetLocaleInfoA(locale, type, text, sizeof text);
+    return length > 0 ? std::string(text, static_cast<std::size_t>(length - 1)) : "(none)";
+}
+
+void expectInfo(LCID locale, LCTYPE type, std::u16string_view wanted) {
+    EXPECT_EQ(info(locale, type), wanted) << std::hex << locale << " " << type;
+    EXPECT_EQ(ansiInfo(locale, type), ansiFromWide(wanted)) << std::hex << locale << " " << type;
+}
+
+TEST_F(Locale, EachStringIsTheSystems) {
+    for (const LocaleString& each : localeStrings) {
+        expectInfo(english, each.type, each.english);
+        expectInfo(swedish, each.type, each.swedish);
+    }
+}
+
+struct NameRow {
+    LCID locale;
+    LCTYPE first;
+    std::vector<const char16_t*> names;
+};
+
+TEST_F(Locale, EachNameIsTheSystems) {
+    const NameRow rows[] = {
+        {english,
+         LOCALE_SDAYNAME1,
+         {u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday", u"Sunday"}},
+        {english, LOCALE_SABBREVDAYNAME1, {u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat", u"Sun"}},
+        {english,
+         LOCALE_SMONTHNAME1,
+         {u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August", u"September",
+          u"October", u"November", u"December"}},
+        {english,
+         LOCALE_SABBREVMONTHNAME1,
+         {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun", u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"}},
+        {swedish,
+         LOCALE_SDAYNAME1,
+         {u"m\u00E5ndag", u"tisdag", u"onsdag", u"torsdag", u"fredag", u"l\u00F6rdag", u"s\u00F6ndag"}},
+        {swedish,
+         LOCALE_SABBREVDAYNAME1,
+         {u"m\u00E5n", u"tis", u"ons", u"tors", u"fre", u"l\u00F6r", u"s\u00F6n"}},
+        {swedish,
+         LOCALE_SMONTHNAME1,
+         {u"januari", u"februari", u"mars", u"april", u"maj", u"juni", u"juli", u"augusti", u"september",
+          u"oktober", u"november", u"december"}},
+        {swedish,
+         LOCALE_SABBREVMONTHNAME1,
+         {u"jan.", u"feb.", u"mars", u"apr.", u"maj", u"juni", u"juli", u"aug.", u"sep.", u"okt.", u"nov.",
+          u"dec."}},
+    };
+    for (const NameRow& row : rows)
+        for (std::size_t i = 0; i < row.names.size(); ++i)
+            expectInfo(row.locale, row.first + static_cast<LCTYPE>(i), row.names[i]);
 }
 
 TEST_F(Locale, TheSpanishShortDateHasTwoDigitsForDayAndMonth) {
