@@ -10,7 +10,7 @@ packages_for() {
     style) echo clang clang-format clang-tidy ;;
     windows) echo g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 wine xvfb xauth \
       debootstrap ;;
-    desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick ;;
+    desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick openbox ;;
     bench) echo xvfb xauth libfltk1.3-dev qtbase5-dev ;;
   esac
 }

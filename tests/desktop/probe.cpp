@@ -42,16 +42,31 @@ void paint(HWND window) {
     first = false;
 }
 
-/// Ctrl+C copies what was typed, Ctrl+V tells what is on the clipboard.
+/// Texts that are too long for a line are told by their length and last character.
+void tellPasted(const std::u16string& text) {
+    constexpr std::size_t LongestLine = 200;
+    if (text.size() > LongestLine)
+        tell("pasted long", static_cast<long>(text.size()), text.back());
+    else
+        tellText("pasted", text);
+}
+
+/// Ctrl+C copies what was typed, Ctrl+L a text that is longer than what X servers take at once, Ctrl+V tells
+/// what is on the clipboard.
 void character(HWND, WPARAM byte) {
     constexpr WPARAM ControlC = 3;
+    constexpr WPARAM ControlL = 12;
     constexpr WPARAM ControlV = 22;
+    constexpr std::size_t LongText = 3'000'000;
     constexpr WPARAM Enter = 13;
     if (byte == ControlC) {
         setClipboardText(wideFromAnsi(typedText));
         tell("copied");
+    } else if (byte == ControlL) {
+        setClipboardText(std::u16string(LongText - 1, u'ñ') + u'.');
+        tell("copied long");
     } else if (byte == ControlV) {
-        tellText("pasted", clipboardText());
+        tellPasted(clipboardText());
     } else if (byte == Enter) {
         tellText("typed", wideFromAnsi(typedText));
     } else {
@@ -87,8 +102,26 @@ void registerClass(const char* name, WNDPROC function) {
     RegisterClassA(&windowClass);
 }
 
-/// The function keys open what the script wants to try.
+void playKey(int key) {
+    keybd_event(static_cast<BYTE>(key), 0, 0, 0);
+    keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
+}
+
+void toggleTopmost(HWND window) {
+    const bool topmost = GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST;
+    SetWindowPos(window, topmost ? HWND_NOTOPMOST : HWND_TOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+/// The function keys do what the script wants to try.
 void functionKey(HWND window, WPARAM key) {
+    if (key == static_cast<WPARAM>(VK_F2)) ShowWindow(window, SW_MINIMIZE);
+    if (key == static_cast<WPARAM>(VK_F3))
+        ShowWindow(window, IsZoomed(window) ? SW_RESTORE : SW_SHOWMAXIMIZED);
+    if (key == static_cast<WPARAM>(VK_F4)) toggleTopmost(window);
+    if (key == static_cast<WPARAM>(VK_F9)) MoveWindow(window, 100, 120, 500, 400, TRUE_);
+    if (key == static_cast<WPARAM>(VK_F11)) playKey(VK_SCROLL);
+    if (key == static_cast<WPARAM>(VK_SCROLL)) tell("scroll", GetKeyState(VK_SCROLL) & 1);
     if (key == static_cast<WPARAM>(VK_F6)) {
         EnableWindow(window, FALSE_);
         CreateWindowExA(WS_EX_DLGMODALFRAME, "ProbeDialog", "Pregunta",
@@ -98,11 +131,15 @@ void functionKey(HWND window, WPARAM key) {
     if (key == static_cast<WPARAM>(VK_F7))
         CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOPMOST, "ProbeList", "", WS_POPUP | WS_BORDER | WS_VISIBLE,
                         600, 400, 150, 80, window, {}, {}, nullptr);
-    if (key == static_cast<WPARAM>(VK_F8)) {
-        keybd_event(VK_CAPITAL, 0, 0, 0);
-        keybd_event(VK_CAPITAL, 0, KEYEVENTF_KEYUP, 0);
-    }
+    if (key == static_cast<WPARAM>(VK_F8)) playKey(VK_CAPITAL);
     if (key == static_cast<WPARAM>(VK_CAPITAL)) tell("capitals", GetKeyState(VK_CAPITAL) & 1);
+}
+
+/// 0 for a window as it was made, 1 minimised, 2 maximised.
+void tellState(WPARAM kind) {
+    static WPARAM former = SIZE_RESTORED;
+    if (kind != former) tell("state", static_cast<long>(kind));
+    former = kind;
 }
 
 LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -133,6 +170,7 @@ LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         DestroyCaret();
         return tell("unfocus"), 0;
     case WM_SIZE:
+        tellState(wParam);
         return tell("size", GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
     case WM_TIMER:
         return tell("tick"), 0;

@@ -194,6 +194,19 @@ TEST_F(WindowPosition, MaximisingFillsTheWorkAreaAndRestoringGoesBack) {
     EXPECT_EQ(frame, (RECT{100, 100, 400, 300}));
 }
 
+TEST_F(WindowPosition, MinimisingAndRestoringTellTheSize) {
+    ShowWindow(main, SW_MINIMIZE);
+    EXPECT_TRUE(IsIconic(main));
+    EXPECT_EQ(journal.last(WM_SIZE).wParam, SIZE_MINIMIZED);
+    EXPECT_EQ(journal.last(WM_SIZE).lParam, 0);
+    ShowWindow(main, SW_RESTORE);
+    EXPECT_FALSE(IsIconic(main));
+    EXPECT_EQ(journal.last(WM_SIZE).wParam, SIZE_RESTORED);
+    RECT client{};
+    GetClientRect(main, &client);
+    EXPECT_EQ(journal.last(WM_SIZE).lParam, MAKELPARAM(client.right, client.bottom));
+}
+
 TEST_F(WindowPosition, SizeableWindowsKeepASmallestSize) {
     SetWindowPos(main, {}, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
     RECT frame{};

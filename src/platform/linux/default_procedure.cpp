@@ -42,7 +42,9 @@ void tellSizeAndPlace(HWND handle, const WINDOWPOS& pos) {
     const WPARAM kind = window->is(WS_MINIMIZE)   ? SIZE_MINIMIZED
                         : window->is(WS_MAXIMIZE) ? SIZE_MAXIMIZED
                                                   : SIZE_RESTORED;
-    callProcedure(*window, WM_SIZE, kind, MAKELPARAM(widthOf(window->client), heightOf(window->client)));
+    const LPARAM size =
+        kind == SIZE_MINIMIZED ? 0 : MAKELPARAM(widthOf(window->client), heightOf(window->client));
+    callProcedure(*window, WM_SIZE, kind, size);
 }
 
 LRESULT setText(Window& window, const char* text) {

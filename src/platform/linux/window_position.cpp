@@ -335,7 +335,7 @@ BOOL ShowWindow(HWND handle, int command) {
         flags |= shows ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
     }
     if (window->isChild() || keepsInactive(command) || !shows) flags |= SWP_NOACTIVATE | SWP_NOZORDER;
-    if (stateChanged) flags |= SWP_FRAMECHANGED;
+    if (state != formerState) flags |= SWP_FRAMECHANGED;
     SetWindowPos(handle, HWND_TOP, target.left, target.top, widthOf(target), heightOf(target), flags);
     if (shows && (window = findWindow(handle))) {
         if (window->is(WS_MINIMIZE) && attention().active == handle) activateAnother(handle);

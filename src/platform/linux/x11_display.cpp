@@ -109,6 +109,7 @@ void X11Display::hidden(Window& window) {
 
 /// Not when a window manager has given it the keyboard: it may have its reasons not to raise it.
 void X11Display::raised(Window& window) {
+    windows_.writeTopmost(window);
     if (keyboard_ != window.handle || !server_->hasWindowManager()) windows_.stack(window);
 }
 
@@ -263,7 +264,11 @@ void X11Display::takePlace(const XConfigureEvent& event) {
     if (!window) return;
     X11Window& native = *windows_.find(window->handle);
     if (!windows_.readPlace(native, event)) return;
-    news_.push_back({WindowNews::Kind::Place, window->handle, native.place});
+    // A window manager goes through several places to the last one, which alone is told.
+    const HWND moved = window->handle;
+    std::erase_if(
+        news_, [&](const WindowNews& n) { return n.kind == WindowNews::Kind::Place && n.window == moved; });
+    news_.push_back({WindowNews::Kind::Place, moved, native.place});
 }
 
 void X11Display::takeProperty(const XPropertyEvent& event) {

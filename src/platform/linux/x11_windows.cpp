@@ -32,6 +32,21 @@ bool isToolWindow(const Window& window) {
     return window.owner || (window.exStyle & WS_EX_TOOLWINDOW);
 }
 
+/// What is shown of a window when it is neither minimised nor maximised.
+RECT restoredPlace(const Window& window) {
+    const RECT part = shownPart(window);
+    const RECT& f = window.frame;
+    const RECT& r = window.restored;
+    return {r.left + part.left - f.left, r.top + part.top - f.top, r.right + part.right - f.right,
+            r.bottom + part.bottom - f.bottom};
+}
+
+/// A maximised window is made as it is when it is not: the window manager keeps that to restore it.
+RECT firstPlace(const Window& window, bool managed) {
+    const bool restores = managed && window.is(WS_MAXIMIZE) && !hasNoArea(window.restored);
+    return restores ? restoredPlace(window) : shownPart(window);
+}
+
 unsigned positive(int size) {
     return static_cast<unsigned>(std::max(size, 1));
 }
@@ -59,7 +74,7 @@ Window* X11Windows::windowOf(::Window id) const {
 X11Window& X11Windows::make(Window& window) {
     ::Display* display = server_.display();
     X11Window native;
-    native.place = shownPart(window);
+    native.place = firstPlace(window, server_.hasWindowManager());
     native.isPopup = isPopup(window);
     XSetWindowAttributes attributes{};
     attributes.event_mask = EventMask;
@@ -168,7 +183,9 @@ void X11Windows::place(Window& window) {
     X11Window* native = find(window.handle);
     if (!native || window.is(WS_MINIMIZE)) return;
     if (window.is(WS_MAXIMIZE) && server_.hasWindowManager()) return;
-    configure(window, *native);
+    const bool left = native->leftToManager == shownPart(window);
+    native->leftToManager.reset();
+    if (!left) configure(window, *native);
 }
 
 void X11Windows::configure(const Window& window, X11Window& native) const {
@@ -183,6 +200,7 @@ void X11Windows::configure(const Window& window, X11Window& native) const {
 
 bool X11Windows::readPlace(X11Window& native, const XConfigureEvent& event) const {
     if (event.serial < native.asked) return false;
+    native.leftToManager.reset();
     int x = event.x;
     int y = event.y;
     if (native.isInFrame && !event.send_event) {
@@ -197,16 +215,21 @@ bool X11Windows::readPlace(X11Window& native, const XConfigureEvent& event) cons
 
 /// Below the next of our windows that is above it, or on top.
 void X11Windows::stack(const Window& window) {
-    X11Window* native = find(window.handle);
+    const X11Window* native = find(window.handle);
     if (!native) return;
-    const bool topmost = window.exStyle & WS_EX_TOPMOST;
-    if (topmost != native->isTopmost) askState(*native, topmost, server_.atoms().netStateAbove);
-    native->isTopmost = topmost;
     XWindowChanges changes{};
     changes.sibling = neighbourAbove(window);
     changes.stack_mode = changes.sibling ? Below : Above;
     const unsigned parts = CWStackMode | (changes.sibling ? CWSibling : 0u);
     XReconfigureWMWindow(server_.display(), native->id, server_.visual().screen, parts, &changes);
+}
+
+void X11Windows::writeTopmost(const Window& window) {
+    X11Window* native = find(window.handle);
+    const bool topmost = window.exStyle & WS_EX_TOPMOST;
+    if (!native || topmost == native->isTopmost) return;
+    native->isTopmost = topmost;
+    askState(*native, topmost, server_.atoms().netStateAbove);
 }
 
 ::Window X11Windows::neighbourAbove(const Window& window) const {
@@ -243,6 +266,7 @@ void X11Windows::maximize(Window& window, X11Window& native, bool on) const {
     native.isMaximized = on;
     describeSize(window, native); // A window of fixed size is let grow
     askState(native, on, server_.atoms().netStateWide, server_.atoms().netStateHigh);
+    if (!on && server_.hasWindowManager()) native.leftToManager = restoredPlace(window);
 }
 
 void X11Windows::askState(const X11Window& native, bool on, ::Atom first, ::Atom second) const {

@@ -17,7 +17,8 @@ struct X11Window {
     bool isMinimized = false;
     bool isMaximized = false;
     bool isTopmost = false;
-    bool hasShape = false; ///< The pointer's
+    bool hasShape = false;             ///< The pointer's
+    std::optional<RECT> leftToManager; ///< Where the window manager puts it back by itself
 };
 
 class X11Windows {
@@ -37,6 +38,7 @@ public:
     void place(Window& window);
     void changeState(Window& window);
     void stack(const Window& window);
+    void writeTopmost(const Window& window);
     void rename(const Window& window);
     void giveKeyboard(const Window& window);
     void destroy(HWND window);
