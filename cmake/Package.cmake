@@ -15,6 +15,9 @@ foreach(folder platform automation host frame drawing data system)
     install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/${folder} DESTINATION ${TESELA_HEADERS}
             FILES_MATCHING PATTERN "*.h" PATTERN "windows" EXCLUDE PATTERN "linux" EXCLUDE)
 endforeach()
+# Of what is Linux's own: databases, with Recordset.
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/host/linux DESTINATION ${TESELA_HEADERS}/host FILES_MATCHING PATTERN "*.h")
+install(FILES ${CMAKE_SOURCE_DIR}/src/platform/linux/database.h DESTINATION ${TESELA_HEADERS}/platform/linux)
 
 configure_file(${CMAKE_SOURCE_DIR}/cmake/TeselaCtlConfig.cmake.in TeselaCtlConfig.cmake @ONLY)
 configure_file(${CMAKE_SOURCE_DIR}/cmake/tesela.pc.in tesela.pc @ONLY)

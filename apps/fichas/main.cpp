@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -52,7 +53,11 @@ int main(int argc, char** argv) {
     constexpr int mostArguments = 3;
     const char* sample = std::getenv("TESELA_SAMPLE");
     const char* path = argc > 1 ? argv[1] : sample;
-    if (!path || argc > mostArguments || std::string(path) == "--help") {
+    if (path && std::string_view(path) == "--help") {
+        std::fputs(usage, stdout);
+        return success;
+    }
+    if (!path || argc > mostArguments) {
         std::fputs(usage, stderr);
         return wrongUse;
     }

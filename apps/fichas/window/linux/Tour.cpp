@@ -18,6 +18,8 @@ std::filesystem::path makeFolder() {
     constexpr int mostFolders = 10000;
     std::error_code error;
     const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
+    if (error)
+        throw SourceError("la variable TMPDIR no nombra una carpeta, y las imágenes no tienen dónde ir");
     for (int i = 1; i < mostFolders && !error; ++i) {
         std::filesystem::path folder = parent / ("fichas-" + std::to_string(i));
         if (std::filesystem::create_directory(folder, error)) return folder;

@@ -1,2 +1,0 @@
-// A source of the platform ring that reaches upwards: it must not compile.
-#include "host/Form.h"
