@@ -28,3 +28,7 @@ if(TESELA_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(TESELA_FUZZ)
+    # The fuzzer sees which branches an input takes, in all of the rings.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

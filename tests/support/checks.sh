@@ -29,6 +29,12 @@ failed() {
     failures=$((failures + 1))
 }
 
+# give_up WHAT [WHY]: the same, where nothing behind it makes sense.
+give_up() {
+    failed "$@"
+    exit 1
+}
+
 # holds WHAT COMMAND...: the command succeeds.
 holds() {
     local what=$1
