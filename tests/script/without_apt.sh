@@ -22,6 +22,7 @@ complains "and to show" "fonts-liberation"
 equal "it says so once" "$(grep -c 'There is no apt-get' "$err")" 1
 
 run "$tesela" test native -R no-test-has-this-name
+exits "a name that no test has is no success" failing
 complains "it names what the tests need" "googletest"
 
 finish_checks
