@@ -43,6 +43,7 @@ inline std::vector<double> interleaved(const std::vector<Candidate>& candidates,
             times[i].push_back(seconds() - start);
         }
     std::vector<double> medians;
+    medians.reserve(times.size());
     for (const auto& t : times)
         medians.push_back(median(t));
     return medians;

@@ -41,6 +41,7 @@ private:
 Form::Form(automation::String name) : name_(std::move(name)), caption_(name_) {}
 
 Form::~Form() {
+    dropTimers();
     // Not loaded, or the list of forms would hold it: handlers aren't asked any more.
     for (const auto& site : sites_) {
         site->setGone();
@@ -53,7 +54,7 @@ Form::~Form() {
 
 void Form::add(const automation::Ref<Control>& control, const automation::String& controlName, short index,
                DrawingWindow* container, PropertyBag* saved, const Bounds& place) {
-    if (find(controlName, index)) throw automation::Error(NameInUse);
+    if (find(controlName, index) || findTimer(controlName, index)) throw automation::Error(NameInUse);
     ensureWindow();
     DrawingWindow& holder = container ? *container : *this;
     const auto site = std::make_shared<FormSite>(*this, control, controlName, index, holder);
@@ -173,7 +174,33 @@ void Form::lookChanged(const char16_t* property) {
 void Form::UserMode(bool value) {
     if (value == userMode_) return;
     userMode_ = value;
+    for (const NamedTimer& each : timers_)
+        each.timer->hold(!userMode_);
     broadcastAmbient(nameOf(AmbientValue::UserMode));
+}
+
+// Timers.
+
+Timer& Form::addTimer(const automation::String& timerName, short index) {
+    if (find(timerName, index) || findTimer(timerName, index)) throw automation::Error(NameInUse);
+    const auto timer = automation::make<Timer>();
+    timer->hold(!userMode_);
+    timers_.push_back({timerName, index, timer});
+    return *timer;
+}
+
+Timer* Form::findTimer(const automation::String& timerName, short index) const {
+    for (const NamedTimer& each : timers_) {
+        if (each.index == index && sameName(each.name, timerName)) return each.timer.get();
+    }
+    return nullptr;
+}
+
+/// Whoever else holds one gets no more ticks of it.
+void Form::dropTimers() {
+    for (const NamedTimer& each : timers_)
+        each.timer->hold(true);
+    timers_.clear();
 }
 
 // Life.
@@ -266,6 +293,7 @@ void Form::tearDown() {
     loaded_ = false;
     if (toolTip_) toolTip_->hide();
     toolTip_.reset();
+    dropTimers();
     if (hWnd()) platform::ShowWindow(hWnd(), platform::SW_HIDE);
     const auto all = std::exchange(sites_, {});
     tabs_.clear();

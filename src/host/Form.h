@@ -5,6 +5,7 @@
 #include "host/ControlArray.h"
 #include "host/DrawingWindow.h"
 #include "host/PropertyBag.h"
+#include "host/Timer.h"
 
 #include <memory>
 #include <vector>
@@ -132,6 +133,20 @@ public:
     /// maker: `Control::another`.
     Control& cloneControl(Control& pattern, short index);
 
+    // Timers. They share the controls' names, are saved with the form and go when it is unloaded.
+
+    struct NamedTimer {
+        automation::String name;
+        short index;
+        automation::Ref<Timer> timer;
+    };
+    /// A new timer. Throws automation::Error 672 for a name that is taken.
+    Timer& addTimer(const automation::String& timerName, short index = NotInArray);
+    /// Null if there is none.
+    Timer* findTimer(const automation::String& timerName, short index = NotInArray) const;
+    /// In the order of their making.
+    const std::vector<NamedTimer>& timers() const { return timers_; }
+
     /// The control that has the focus, or had it when the form was last active; null if none.
     Control* ActiveControl() const;
     /// Gives the focus to a control of the form, or, while the form is hidden, lets it begin there.
@@ -220,6 +235,7 @@ private:
     float clientWidth() const { return ScaleWidth(); }
     float clientHeight() const { return ScaleHeight(); }
     void tearDown();
+    void dropTimers();
     void raiseResize();
     void runModal();
     void endModal();
@@ -278,8 +294,9 @@ private:
     std::vector<platform::HWND> disabled_; ///< By this modal form
 
     std::vector<std::shared_ptr<FormSite>> sites_; ///< In the order of their making
-    std::vector<FormSite*> tabs_;                  ///< In Tab order
-    FormSite* active_ = nullptr;                   ///< Has the focus, or had it when the form was last active
+    std::vector<NamedTimer> timers_;
+    std::vector<FormSite*> tabs_; ///< In Tab order
+    FormSite* active_ = nullptr;  ///< Has the focus, or had it when the form was last active
     FormSite* leaving_ = nullptr; ///< Its window lost the focus; its LostFocus waits for validation
     bool returning_ = false;      ///< The focus is being given back after a refused move
     bool validated_ = false;      ///< The present move was validated before it began

@@ -150,6 +150,44 @@ std::vector<FormNode> nodesIn(Form& form, const DrawingWindow& container) {
     return nodes;
 }
 
+// --- Timers ----------------------------------------------------------------------------------------
+
+constexpr const char16_t* TimerClass = u"Timer";
+
+bool isTimer(const FormNode& node) {
+    return platform::upperCase(node.className) == platform::upperCase(TimerClass);
+}
+
+FormNode timerNode(const Form::NamedTimer& named) {
+    FormNode node;
+    node.className = TimerClass;
+    node.name = named.name;
+    if (named.index != NotInArray) node.index = named.index;
+    node.properties.WriteProperty(u"Interval", named.timer->Interval(), std::int32_t{0});
+    node.properties.WriteProperty(u"Enabled", named.timer->Enabled(), true);
+    return node;
+}
+
+void applyTimer(Timer& timer, const FormNode& node) {
+    timer.Enabled(automation::fromVariant<bool>(node.properties.ReadProperty(u"Enabled", true)));
+    timer.Interval(
+        automation::fromVariant<std::int32_t>(node.properties.ReadProperty(u"Interval", std::int32_t{0})));
+}
+
+/// Tries it on a timer that nobody hears.
+void checkTimer(const FormNode& node, const FormReader& reader) {
+    if (!node.children.empty()) reader.fail(node.children.front().line, u"un Timer no contiene controles");
+    const auto trial = automation::make<Timer>();
+    trial->hold(true);
+    try {
+        applyTimer(*trial, node);
+    } catch (const automation::Error& error) {
+        reader.fail(node.line, u"el Timer no es válido: " + error.description());
+    }
+}
+
+// --- Controls in a form's text ---------------------------------------------------------------------
+
 struct Placed {
     Control* control;
     short tabIndex;
@@ -157,6 +195,10 @@ struct Placed {
 
 void checkClasses(const FormNode& node, const ControlRegistry& classes, const FormReader& reader) {
     for (const FormNode& child : node.children) {
+        if (isTimer(child)) {
+            checkTimer(child, reader);
+            continue;
+        }
         if (!classes.knows(child.className))
             reader.fail(child.line, u"clase desconocida: " + child.className);
         checkClasses(child, classes, reader);
@@ -165,6 +207,10 @@ void checkClasses(const FormNode& node, const ControlRegistry& classes, const Fo
 
 void addControl(Form& form, const FormNode& node, DrawingWindow* container, const ControlRegistry& classes,
                 std::vector<Placed>& placed) {
+    if (isTimer(node)) {
+        applyTimer(form.addTimer(node.name, node.index.value_or(NotInArray)), node);
+        return;
+    }
     const automation::Ref<Control> control = classes.make(node.className);
     const auto kept = [&node]<class T>(const char16_t* name, T fallback) {
         return automation::fromVariant<T>(node.kept.ReadProperty(name, automation::toVariant(fallback)));
@@ -210,6 +256,8 @@ std::string readBytes(const automation::String& name) {
 automation::String FormFile::text(Form& form) {
     FormNode node = formNode(form);
     node.children = nodesIn(form, form);
+    for (const Form::NamedTimer& each : form.timers())
+        node.children.push_back(timerNode(each));
     FormWriter writer;
     writer.write(node);
     return writer.text();

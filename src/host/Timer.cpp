@@ -30,8 +30,14 @@ void Timer::Enabled(bool value) {
     update();
 }
 
+void Timer::hold(bool value) {
+    if (value == held_) return;
+    held_ = value;
+    update();
+}
+
 void Timer::update() {
-    if (!enabled_ || interval_ == 0) {
+    if (!enabled_ || held_ || interval_ == 0) {
         stop();
         return;
     }

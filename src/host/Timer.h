@@ -19,6 +19,9 @@ public:
     bool Enabled() const { return enabled_; }
     void Enabled(bool value);
 
+    /// Stands still, whatever else is said, as long as its container is being designed.
+    void hold(bool value);
+
     /// The event that programs know as Timer.
     automation::Event<> Tick;
 
@@ -32,6 +35,7 @@ private:
 
     std::int32_t interval_ = 0;
     bool enabled_ = true;
+    bool held_ = false;
     platform::HWND window_; ///< Hidden; receives the ticks while the timer runs
 };
 

@@ -11,7 +11,6 @@
 #include <cmath>
 
 using automation::Date;
-using automation::String;
 using automation::Variant;
 using namespace tesela;
 

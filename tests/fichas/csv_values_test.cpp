@@ -8,7 +8,6 @@
 using namespace fichas;
 using automation::Currency;
 using automation::Date;
-using automation::Variant;
 
 namespace {
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 
-using automation::String;
 using namespace tesela;
 
 namespace {

@@ -13,7 +13,6 @@
 #include "support/Started.h"
 
 using automation::Date;
-using automation::String;
 using automation::Variant;
 using namespace tesela;
 

@@ -80,6 +80,33 @@ TEST_F(FormFileTest, TheTextIsReadable) {
     EXPECT_EQ(text.find("Enabled"), std::string::npos) << "defaults cost nothing";
 }
 
+TEST_F(FormFileTest, TimersAreSavedWithTheForm) {
+    auto form = makeForm(u"reloj");
+    form->addTimer(u"tmrSegundos").Interval(1000);
+    form->addTimer(u"tmrAvisos", 0);
+    form->addTimer(u"tmrAvisos", 1).Enabled(false);
+    form->findTimer(u"tmrAvisos", 1)->Interval(65535);
+    const automation::String text = FormFile::text(*form);
+    EXPECT_NE(text.utf8().find("    Begin Timer \"tmrSegundos\"\n        Interval = Long 1000\n    End\n"),
+              std::string::npos);
+
+    auto copy = automation::make<Form>();
+    FormFile::read(*copy, text, classes, u"reloj.form");
+    ASSERT_EQ(copy->timers().size(), 3U);
+    EXPECT_EQ(copy->findTimer(u"TMRsegundos")->Interval(), 1000);
+    EXPECT_TRUE(copy->findTimer(u"tmrSegundos")->Enabled());
+    EXPECT_EQ(copy->findTimer(u"tmrAvisos", 0)->Interval(), 0);
+    EXPECT_EQ(copy->findTimer(u"tmrAvisos", 1)->Interval(), 65535);
+    EXPECT_FALSE(copy->findTimer(u"tmrAvisos", 1)->Enabled());
+    EXPECT_EQ(FormFile::text(*copy).utf8(), text.utf8());
+
+    int ticks = 0;
+    copy->findTimer(u"tmrSegundos")->Tick.join([&] { ++ticks; });
+    desk.advance(1100);
+    desk.pump();
+    EXPECT_EQ(ticks, 1);
+}
+
 TEST_F(FormFileTest, FilesAreInUtf8) {
     const support::TemporaryFolder folder;
     auto form = sample();
@@ -115,6 +142,12 @@ TEST_F(FormFileTest, ABrokenTextSaysWhereInFileAndLine) {
         {u"Begin Form \"f\"\nWidth = Quizás\nEnd", "roto.form:2: valor desconocido"},
         {u"Begin Form \"f\"\nA = True\nA = False\nEnd", "roto.form:3: la propiedad está repetida: A"},
         {u"Begin Form \"f\"\nBegin Nadie \"n\"\nEnd\nEnd", "roto.form:2: clase desconocida: Nadie"},
+        {u"Begin Form \"f\"\nBegin Timer \"t\"\nInterval = Long 65536\nEnd\nEnd",
+         "roto.form:2: el Timer no es"},
+        {u"Begin Form \"f\"\nBegin Timer \"t\"\nEnabled = \"a veces\"\nEnd\nEnd",
+         "roto.form:2: el Timer no es"},
+        {u"Begin Form \"f\"\nBegin Timer \"t\"\nBegin Label \"l\"\nEnd\nEnd\nEnd",
+         "roto.form:3: un Timer no"},
         {u"Begin Form \"f\"\nBegin Label \"n\" -1\nEnd\nEnd", "roto.form:2: el índice no es válido"},
         {u"Begin Form \"f\"\nFont = Font\nSize = Long 3\n", "roto.form:2: falta el \"End\""},
         {u"Begin Form \"f\"\nFont = Font\nGordura = Long 3\nEnd\nEnd", "roto.form:2: la fuente no es válida"},

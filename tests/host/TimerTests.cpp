@@ -91,4 +91,64 @@ TEST_F(TimerTest, TicksWaitWhileAHandlerRunsAndCountOnce) {
     timer->Enabled(false);
 }
 
+class FormTimerTest : public HostTest {
+protected:
+    Timer& addTimer(Form& form) {
+        Timer& timer = form.addTimer(u"tmrPrueba");
+        timer.Tick.join([this] { ++ticks; });
+        timer.Interval(100);
+        return timer;
+    }
+    void pass(platform::DWORD milliseconds) {
+        desk.advance(milliseconds);
+        desk.pump();
+    }
+    int ticks = 0;
+};
+
+TEST_F(FormTimerTest, ItStandsStillWhileItsFormIsDesigned) {
+    const auto form = makeForm();
+    form->UserMode(false);
+    const Timer& timer = addTimer(*form);
+    pass(300);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_TRUE(timer.Enabled());
+    form->UserMode(true);
+    pass(120);
+    EXPECT_EQ(ticks, 1);
+    form->UserMode(false);
+    pass(300);
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(FormTimerTest, ItGoesWhenItsFormIsUnloaded) {
+    const auto form = makeForm();
+    show(*form);
+    const automation::Ref<Timer> kept(&addTimer(*form));
+    form->unload();
+    EXPECT_TRUE(form->timers().empty());
+    pass(300);
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(FormTimerTest, ItMayUnloadItsFormInItsOwnTick) {
+    const auto form = makeForm();
+    show(*form);
+    addTimer(*form).Tick.join([&] { form->unload(); });
+    pass(120);
+    EXPECT_EQ(ticks, 1);
+    EXPECT_FALSE(form->loaded());
+}
+
+TEST_F(FormTimerTest, ItsNameIsItsOwn) {
+    const auto form = makeForm();
+    addTimer(*form);
+    form->add<Label>(u"lblUno");
+    EXPECT_EQ(errorOf([&] { form->addTimer(u"TMRPRUEBA"); }), 672);
+    EXPECT_EQ(errorOf([&] { form->addTimer(u"lblUno"); }), 672);
+    EXPECT_EQ(errorOf([&] { form->add<Label>(u"tmrPrueba"); }), 672);
+    EXPECT_EQ(form->findTimer(u"tmrprueba"), form->timers().front().timer.get());
+    EXPECT_EQ(form->findTimer(u"tmrPrueba", 1), nullptr);
+}
+
 } // namespace host

@@ -22,17 +22,24 @@ void throwRecordsetError(std::int32_t number) {
     throw automation::Error(number);
 }
 
-void RecordCursor::open(std::unique_ptr<RowSet> rows) {
-    rows_ = std::move(rows);
+void RecordCursor::open(std::unique_ptr<SourceRows> rows) {
+    source_ = std::move(rows);
     columns_.clear();
-    for (const RowSet::Column& column : rows_->columns())
+    for (const RowSet::Column& column : source_->columns())
         columns_.push_back(
             {automation::String::fromUtf8(column.name), fieldDeclaration(column.declaredType)});
     moveTo(1);
 }
 
+void RecordCursor::select(const std::string& condition, const std::string& order) {
+    selected_.reset(); // it shares its place with the next one
+    if (!condition.empty() || !order.empty()) selected_ = source_->select(condition, order);
+    moveTo(1);
+}
+
 void RecordCursor::close() {
-    rows_.reset();
+    selected_.reset();
+    source_.reset();
     columns_.clear();
     values_.clear();
     isLoaded_ = false;
@@ -41,13 +48,13 @@ void RecordCursor::close() {
 }
 
 const std::vector<RecordCursor::Column>& RecordCursor::columns() const {
-    if (!rows_) throwRecordsetError(recordsetErrors::ObjectClosed);
+    if (!source_) throwRecordsetError(recordsetErrors::ObjectClosed);
     return columns_;
 }
 
 RowSet& RecordCursor::rows() const {
-    if (!rows_) throwRecordsetError(recordsetErrors::ObjectClosed);
-    return *rows_;
+    if (!source_) throwRecordsetError(recordsetErrors::ObjectClosed);
+    return selected_ ? *selected_ : *source_;
 }
 
 void RecordCursor::moveTo(std::int64_t position) {
@@ -67,7 +74,7 @@ void RecordCursor::moveToEnd() {
 
 void RecordCursor::load() {
     RowSet::Row row;
-    if (!rows_->read(position_, row)) throwRecordsetError(recordsetErrors::RecordDeleted);
+    if (!rows().read(position_, row)) throwRecordsetError(recordsetErrors::RecordDeleted);
     values_.clear();
     for (std::size_t i = 0; i < row.size(); ++i)
         values_.push_back(columnValue(row[i], columns_[i].declaration.type));
@@ -75,7 +82,7 @@ void RecordCursor::load() {
 }
 
 const automation::Variant& RecordCursor::value(std::size_t column) {
-    if (!rows_) throwRecordsetError(recordsetErrors::ObjectClosed);
+    if (!source_) throwRecordsetError(recordsetErrors::ObjectClosed);
     if (!isOnRow()) throwRecordsetError(recordsetErrors::NoCurrentRecord);
     if (!isLoaded_) withDatabaseErrors([this] { load(); });
     return values_.at(column);

@@ -46,9 +46,12 @@ public:
     };
 
     /// Starts on the first row, or at both ends of an empty set.
-    void open(std::unique_ptr<RowSet> rows);
+    void open(std::unique_ptr<SourceRows> rows);
+    /// Goes through those rows that meet a condition of SQL, in an order of SQL, from the first one on. Both
+    /// empty are all rows as they are.
+    void select(const std::string& condition, const std::string& order);
     void close();
-    bool isOpen() const { return rows_ != nullptr; }
+    bool isOpen() const { return source_ != nullptr; }
 
     /// Error 3704 while closed.
     const std::vector<Column>& columns() const;
@@ -56,9 +59,9 @@ public:
 
     /// 0 before the first row; one past the last row after it.
     std::int64_t position() const { return position_; }
-    bool isBefore() const { return rows_ && position_ == 0; }
-    bool isAfter() const { return rows_ && isPastEnd_; }
-    bool isOnRow() const { return rows_ && position_ > 0 && !isPastEnd_; }
+    bool isBefore() const { return isOpen() && position_ == 0; }
+    bool isAfter() const { return isOpen() && isPastEnd_; }
+    bool isOnRow() const { return isOpen() && position_ > 0 && !isPastEnd_; }
 
     /// Goes to a row or, where there is none, before the first or after the last.
     void moveTo(std::int64_t position);
@@ -70,7 +73,8 @@ public:
 private:
     void load();
 
-    std::unique_ptr<RowSet> rows_;
+    std::unique_ptr<SourceRows> source_;
+    std::unique_ptr<RowSet> selected_; ///< Null while all rows are gone through as they are
     std::vector<Column> columns_;
     std::int64_t position_ = 0;
     bool isPastEnd_ = false;

@@ -57,6 +57,11 @@ const automation::ClassTable& Recordset::table() {
             .property("AbsolutePosition", &Recordset::AbsolutePosition, &Recordset::AbsolutePosition)
             .get("RecordCount", &Recordset::RecordCount)
             .property("Bookmark", &Recordset::Bookmark, &Recordset::Bookmark)
+            .method("Find", &Recordset::Find,
+                    {"Criteria", optional("SkipRecords", 0), optional("SearchDirection", adSearchForward),
+                     optional("Start")})
+            .property("Filter", &Recordset::Filter, &Recordset::Filter)
+            .property("Sort", &Recordset::Sort, &Recordset::Sort)
             .method("GetRows", &Recordset::GetRows,
                     {optional("Rows", adGetRowsRest), optional("Start"), optional("Fields")});
     return table;
@@ -79,6 +84,7 @@ void Recordset::Open(const Variant& source, const Variant& connection) {
         throwRecordsetError(recordsetErrors::InvalidArgument);
     withDatabaseErrors([this] {
         auto database = std::make_unique<platform::Database>(pathOf(connection_));
+        defineCriteriaFunctions(*database);
         cursor_->open(openRows(*database, trimmed(source_).utf8()));
         database_ = std::move(database);
     });
@@ -88,6 +94,8 @@ void Recordset::Close() {
     if (!cursor_->isOpen()) throwRecordsetError(recordsetErrors::ObjectClosed);
     cursor_->close();
     database_.reset();
+    filter_ = {};
+    sort_ = {};
 }
 
 void Recordset::Requery() {
@@ -95,6 +103,7 @@ void Recordset::Requery() {
     // The old rows may use the same temporary table.
     cursor_->close();
     withDatabaseErrors([this] { cursor_->open(openRows(*database_, trimmed(source_).utf8())); });
+    select(filter_, sort_);
 }
 
 void Recordset::Source(const String& value) {
@@ -167,10 +176,11 @@ std::int64_t Recordset::positionOf(const Variant& bookmark) const {
     if (plain.type() == automation::VT_R8) {
         const double number = plain.asDouble();
         constexpr double largest = 9007199254740992.0; // whole numbers that a Double holds
-        if (!(number >= 1 && number < largest) || number != std::floor(number) ||
-            !cursor_->rows().exists(static_cast<std::int64_t>(number)))
+        if (!(number >= 1 && number < largest) || number != std::floor(number))
             throwRecordsetError(recordsetErrors::InvalidArgument);
-        return static_cast<std::int64_t>(number);
+        const auto position = cursor_->rows().positionOf(static_cast<std::int64_t>(number));
+        if (!position) throwRecordsetError(recordsetErrors::InvalidArgument);
+        return *position;
     }
     switch (automation::CLng(plain)) {
     case present:
@@ -209,7 +219,8 @@ std::int32_t Recordset::RecordCount() const {
 Variant Recordset::Bookmark() const {
     (void)cursor_->rows();
     if (!cursor_->isOnRow()) throwRecordsetError(recordsetErrors::NoCurrentRecord);
-    return static_cast<double>(cursor_->position());
+    return withDatabaseErrors(
+        [this] { return static_cast<double>(cursor_->rows().bookmark(cursor_->position())); });
 }
 
 void Recordset::Bookmark(const Variant& value) {
@@ -217,6 +228,67 @@ void Recordset::Bookmark(const Variant& value) {
         if (value.type() != automation::VT_R8) throwRecordsetError(recordsetErrors::InvalidArgument);
         cursor_->moveTo(positionOf(value));
     });
+}
+
+// ----------------------------------------------------------------------------------------- choosing
+
+std::vector<CriteriaColumn> Recordset::criteriaColumns() const {
+    std::vector<CriteriaColumn> columns;
+    const RowSet& rows = cursor_->rows();
+    for (std::size_t i = 0; i < cursor_->columns().size(); ++i) {
+        const RecordCursor::Column& column = cursor_->columns()[i];
+        columns.push_back({column.name, column.declaration.type, rows.expression(i)});
+    }
+    return columns;
+}
+
+void Recordset::Find(const String& criteria, std::int32_t skipRecords, std::int32_t direction,
+                     const Variant& start) {
+    const std::string condition = findCondition(criteria, criteriaColumns());
+    if (direction != adSearchForward && direction != adSearchBackward)
+        throwRecordsetError(recordsetErrors::InvalidArgument);
+    const bool forward = direction == adSearchForward;
+    withDatabaseErrors([&] {
+        if (start.isMissing() && !cursor_->isOnRow()) throwRecordsetError(recordsetErrors::NoCurrentRecord);
+        const std::int64_t from = start.isMissing() ? cursor_->position() : positionOf(start);
+        const auto found =
+            cursor_->rows().find(from + std::int64_t{direction} * skipRecords, forward, condition);
+        if (found)
+            cursor_->moveTo(*found);
+        else if (forward)
+            cursor_->moveToEnd();
+        else
+            cursor_->moveTo(0);
+    });
+}
+
+void Recordset::select(String filter, String sort) {
+    const std::vector<CriteriaColumn> columns = criteriaColumns();
+    const std::string condition = trimmed(filter).empty() ? std::string() : filterCondition(filter, columns);
+    const std::string order = orderTerms(sort, columns);
+    // Should SQLite fail, all records are back.
+    filter_ = {};
+    sort_ = {};
+    withDatabaseErrors([&] { cursor_->select(condition, order); });
+    filter_ = std::move(filter);
+    sort_ = std::move(sort);
+}
+
+Variant Recordset::Filter() const {
+    (void)cursor_->rows();
+    if (trimmed(filter_).empty()) return adFilterNone;
+    return filter_;
+}
+
+void Recordset::Filter(const Variant& criteria) {
+    const Variant plain = automation::value(criteria);
+    if (!plain.isString() && automation::CLng(plain) != adFilterNone)
+        throwRecordsetError(recordsetErrors::InvalidArgument);
+    select(plain.isString() ? plain.asString() : String(), sort_);
+}
+
+void Recordset::Sort(const String& columns) {
+    select(filter_, columns);
 }
 
 // -------------------------------------------------------------------------------------------- reading

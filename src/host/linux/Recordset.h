@@ -2,6 +2,7 @@
 
 #include "automation/ClassTable.h"
 #include "automation/Object.h"
+#include "host/linux/Criteria.h"
 #include "host/linux/Fields.h"
 #include "host/linux/RecordCursor.h"
 
@@ -14,9 +15,9 @@ namespace host {
 /// Records of a SQLite database, read one at a time in a fixed order. A table of any length is open at
 /// once and is never held in memory: rows are found by their key, and positions by keys noted on the way. A
 /// query or a view is copied to a temporary file first. Other programs may write meanwhile; what they
-/// insert shows after `Requery`. Errors are automation::Error: 3704 closed, 3705 already open, 3021 no
-/// present record, 3001 a wrong argument, 3265 no such field; what SQLite complains about is 0x80004005 with
-/// its text.
+/// insert shows after `Requery`. A filter and an order note the keys of the records in a temporary file.
+/// Errors are automation::Error: 3704 closed, 3705 already open, 3021 no present record, 3001 a wrong
+/// argument, 3265 no such field; what SQLite complains about is 0x80004005 with its text.
 class Recordset final : public automation::Object {
 public:
     Recordset();
@@ -31,6 +32,9 @@ public:
     static constexpr std::int32_t adPosBOF = -2;
     static constexpr std::int32_t adPosEOF = -3;
     static constexpr std::int32_t adGetRowsRest = -1;
+    static constexpr std::int32_t adSearchForward = 1;
+    static constexpr std::int32_t adSearchBackward = -1;
+    static constexpr std::int32_t adFilterNone = 0;
 
     /// Opens a table, a view or a query that only reads, and goes to the first record. `source` left out is
     /// `Source`; `connection` left out is `ActiveConnection`: the path of the file, alone or as
@@ -68,9 +72,27 @@ public:
     std::int32_t AbsolutePosition() const;
     void AbsolutePosition(std::int32_t value);
     std::int32_t RecordCount() const;
-    /// A Double that `Move`, `GetRows` and writing it here take to come back. Error 3021 on no record.
+    /// A Double that `Move`, `Find`, `GetRows` and writing it here take to come back, also under another
+    /// Filter or Sort as long as the record is among theirs. Error 3021 on no record.
     automation::Variant Bookmark() const;
     void Bookmark(const automation::Variant& value);
+
+    /// Goes to the nearest record that meets the criteria, a single comparison of those that filterCondition
+    /// (Criteria.h) takes: "nombre = 'Eva'". The search begins at the present record, or at `start` as in
+    /// `Move`, passes over `skipRecords` first, and goes forward or backward (adSearchForward,
+    /// adSearchBackward). Where none is found it ends behind the last record or before the first. Error 3021
+    /// where it cannot begin.
+    void Find(const automation::String& criteria, std::int32_t skipRecords = 0,
+              std::int32_t direction = adSearchForward,
+              const automation::Variant& start = automation::Variant::missing());
+    /// The criteria that records must meet to be there, or adFilterNone; see filterCondition. Writing goes to
+    /// the first of those records; the empty text and adFilterNone bring all of them back.
+    automation::Variant Filter() const;
+    void Filter(const automation::Variant& criteria);
+    /// The columns that order the records, see orderTerms: "ciudad, alta DESC". Writing goes to the first
+    /// record; the empty text brings the source's own order back.
+    automation::String Sort() const { return sort_; }
+    void Sort(const automation::String& columns);
 
     automation::Ref<host::Fields> Fields() const { return fields_; }
     /// The default member: the fields, or with an index one of them.
@@ -89,12 +111,16 @@ public:
 
 private:
     std::int64_t positionOf(const automation::Variant& bookmark) const;
+    std::vector<CriteriaColumn> criteriaColumns() const;
+    void select(automation::String filter, automation::String sort);
     std::vector<std::size_t> columnsOf(const automation::Variant& fields) const;
 
     std::shared_ptr<RecordCursor> cursor_;
     automation::Ref<host::Fields> fields_;
     automation::String source_;
     automation::String connection_;
+    automation::String filter_;
+    automation::String sort_;
     std::unique_ptr<platform::Database> database_;
 };
 

@@ -1,5 +1,7 @@
 #include "host/linux/RowSet.h"
 
+#include "host/linux/SelectedRows.h"
+
 #include <algorithm>
 
 namespace host {
@@ -41,15 +43,22 @@ RowSet::Row RowSet::valuesOf(const Statement& statement) {
     return values;
 }
 
+std::string RowSet::expression(std::size_t column) const {
+    return "t." + quotedIdentifier(columns_.at(column).name);
+}
+
+std::optional<std::int64_t> RowSet::positionOf(std::int64_t bookmark) {
+    return exists(bookmark) ? std::optional(bookmark) : std::nullopt;
+}
+
 // ----------------------------------------------------------------------------------------- KeyedRows
 
 KeyedRows::KeyedRows(Database database, const std::string& table, const std::vector<std::string>& key)
-    : database_(std::move(database)), keyLength_(key.size()) {
-    std::vector<std::string> columns;
-    columns.reserve(key.size());
+    : database_(std::move(database)), table_("main." + quotedIdentifier(table)) {
+    std::vector<std::string>& columns = keyColumns_;
     for (const std::string& column : key)
-        columns.push_back(quotedIdentifier(column));
-    const std::string from = " FROM main." + quotedIdentifier(table);
+        columns.push_back("t." + quotedIdentifier(column));
+    const std::string from = " FROM " + table_ + " AS t";
     const std::string keys = "SELECT " + joined(columns) + from;
     const std::string rising = " ORDER BY " + joined(columns);
     const std::string falling = " ORDER BY " + joined(columns, " DESC");
@@ -184,6 +193,35 @@ void KeyedRows::readOn(std::int64_t position, std::int64_t limit, const Sink& si
         sink(rowsFrom_);
 }
 
+std::optional<std::int64_t> KeyedRows::find(std::int64_t position, bool forward,
+                                            const std::string& condition) {
+    const std::optional<Key> start = keyAt(position);
+    if (!start) return std::nullopt;
+    const std::string from = " FROM " + table_ + " AS t";
+    Statement search = database_.prepare(
+        "SELECT " + joined(keyColumns_) + from + comparison(keyColumns_, forward ? ">=" : "<=") + " AND " +
+        condition + " ORDER BY " + joined(keyColumns_, forward ? "" : " DESC") + " LIMIT 1");
+    bindKey(search, *start);
+    const std::optional<Key> found = firstOf(search);
+    if (!found) return std::nullopt;
+    // How far away that is, SQLite counts.
+    const std::vector<std::string> marks(keyColumns_.size(), "?");
+    Statement distance = database_.prepare("SELECT count(*)" + from + comparison(keyColumns_, ">=") +
+                                           " AND (" + joined(keyColumns_) + ") < (" + joined(marks) + ")");
+    const int next = bindKey(distance, forward ? *start : *found);
+    const Key& end = forward ? *found : *start;
+    for (std::size_t i = 0; i < end.size(); ++i)
+        distance.bind(next + static_cast<int>(i), end[i]);
+    distance.step();
+    const std::int64_t rows = distance.integer(0);
+    return forward ? position + rows : position - rows;
+}
+
+std::unique_ptr<RowSet> KeyedRows::select(const std::string& condition, const std::string& order) const {
+    return std::make_unique<SelectedRows>(database_, *this, SelectedRows::Source{table_, keyColumns_},
+                                          condition, order);
+}
+
 // --------------------------------------------------------------------------------------- SpooledRows
 
 SpooledRows::SpooledRows(Database database, const std::string& query) : database_(std::move(database)) {
@@ -194,7 +232,8 @@ SpooledRows::SpooledRows(Database database, const std::string& query) : database
         throw DatabaseError(misuse, database_.path() + ": la consulta modifica la base de datos");
     describe(source);
     copy(source);
-    rowsFrom_ = database_.prepare("SELECT * FROM temp.filas WHERE rowid >= ? ORDER BY rowid LIMIT ?");
+    rowsFrom_ =
+        database_.prepare("SELECT t.* FROM temp.filas AS t WHERE t.rowid >= ? ORDER BY t.rowid LIMIT ?");
 }
 
 void SpooledRows::copy(Statement& query) {
@@ -203,9 +242,8 @@ void SpooledRows::copy(Statement& query) {
     for (int i = 0; i < query.columnCount(); ++i)
         names.push_back("c" + std::to_string(i));
     // Columns without a type keep each value as the query gave it.
-    database_.execute("PRAGMA temp_store = FILE; DROP TABLE IF EXISTS temp.filas; "
-                      "CREATE TEMP TABLE filas(" +
-                      joined(names) + "); BEGIN");
+    database_.execute("DROP TABLE IF EXISTS temp.filas; CREATE TEMP TABLE filas(" + joined(names) +
+                      "); BEGIN");
     try {
         const std::vector<std::string> marks(names.size(), "?");
         Statement insert = database_.prepare("INSERT INTO temp.filas VALUES(" + joined(marks) + ")");
@@ -237,9 +275,29 @@ void SpooledRows::readOn(std::int64_t position, std::int64_t limit, const Sink& 
         sink(rowsFrom_);
 }
 
+std::string SpooledRows::expression(std::size_t column) const {
+    return "t.c" + std::to_string(column);
+}
+
+std::optional<std::int64_t> SpooledRows::find(std::int64_t position, bool forward,
+                                              const std::string& condition) {
+    Statement search = database_.prepare("SELECT t.rowid FROM temp.filas AS t WHERE t.rowid " +
+                                         std::string(forward ? ">=" : "<=") + " ? AND " + condition +
+                                         " ORDER BY t.rowid " + (forward ? "" : "DESC ") + "LIMIT 1");
+    search.bind(1, position);
+    return search.step() ? std::optional(search.integer(0)) : std::nullopt;
+}
+
+std::unique_ptr<RowSet> SpooledRows::select(const std::string& condition, const std::string& order) const {
+    return std::make_unique<SelectedRows>(database_, *this, SelectedRows::Source{"temp.filas", {"t.rowid"}},
+                                          condition, order);
+}
+
 // ------------------------------------------------------------------------------------------- opening
 
-std::unique_ptr<RowSet> openRows(const Database& database, const std::string& source) {
+std::unique_ptr<SourceRows> openRows(const Database& database, const std::string& source) {
+    // Temporary tables do not take memory.
+    database.execute("PRAGMA temp_store = FILE");
     const auto sameName = [&](const std::string& name) {
         return std::equal(name.begin(), name.end(), source.begin(), source.end(), [](char a, char b) {
             const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };

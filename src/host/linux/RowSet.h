@@ -14,7 +14,7 @@
 
 namespace host {
 
-/// Rows in a fixed order, at positions from 1.
+/// Rows in a fixed order, at positions from 1. Conditions and orders are SQL over `expression`s.
 class RowSet {
 public:
     struct Column {
@@ -39,18 +39,40 @@ public:
     /// Hands at most `limit` rows from `position` on to `sink`.
     virtual void readOn(std::int64_t position, std::int64_t limit, const Sink& sink) = 0;
 
+    /// How SQL reads a column.
+    virtual std::string expression(std::size_t column) const;
+
+    /// The nearest row from `position` on, or back from it, that meets the condition; none is nullopt.
+    virtual std::optional<std::int64_t> find(std::int64_t position, bool forward,
+                                             const std::string& condition) = 0;
+
+    /// A number by which a row is known whichever rows are chosen, and the way back; nullopt where the row
+    /// isn't among these.
+    virtual std::int64_t bookmark(std::int64_t position) { return position; }
+    virtual std::optional<std::int64_t> positionOf(std::int64_t bookmark);
+
 protected:
     void describe(const platform::Statement& statement);
+    void describe(std::vector<Column> columns) { columns_ = std::move(columns); }
     static Row valuesOf(const platform::Statement& statement);
 
 private:
     std::vector<Column> columns_;
 };
 
+/// Rows as a source gives them, of which some may be chosen or which may be put in another order.
+class SourceRows : public RowSet {
+public:
+    /// Those that meet the condition, in the order of the terms and where those say nothing in the present
+    /// one; either may be empty. These rows must live as long, and of all of a connection's only one choice
+    /// may.
+    virtual std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const = 0;
+};
+
 /// The rows of a table in the order of its key. Each is found again by its key; the keys at the start of
 /// every block of rows are noted when the way first leads there, from the nearest one known. Between two
 /// calls nothing in the file is locked.
-class KeyedRows final : public RowSet {
+class KeyedRows final : public SourceRows {
 public:
     /// Rows between two noted keys.
     static constexpr std::int64_t blockLength = 256;
@@ -62,6 +84,9 @@ public:
     bool exists(std::int64_t position) override;
     bool read(std::int64_t position, Row& row) override;
     void readOn(std::int64_t position, std::int64_t limit, const Sink& sink) override;
+    std::optional<std::int64_t> find(std::int64_t position, bool forward,
+                                     const std::string& condition) override;
+    std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const override;
 
 private:
     using Key = std::vector<platform::DatabaseValue>;
@@ -74,7 +99,8 @@ private:
     static int bindKey(platform::Statement& statement, const Key& key);
 
     platform::Database database_;
-    std::size_t keyLength_;
+    std::string table_;                   ///< As SQL names it
+    std::vector<std::string> keyColumns_; ///< The same
     platform::Statement countAll_, first_, fromEnd_, after_, before_, block_, row_, rowsFrom_;
     std::map<std::int64_t, Key> starts_; ///< Key of the first row of a block, blocks counted from 0
     std::vector<Key> keys_;              ///< Of the block last loaded
@@ -84,7 +110,7 @@ private:
 
 /// The rows of any query, copied once into a temporary table of the connection, which SQLite keeps in a
 /// file of its own as soon as it grows.
-class SpooledRows final : public RowSet {
+class SpooledRows final : public SourceRows {
 public:
     SpooledRows(platform::Database database, const std::string& query);
 
@@ -92,6 +118,10 @@ public:
     bool exists(std::int64_t position) override { return position >= 1 && position <= count_; }
     bool read(std::int64_t position, Row& row) override;
     void readOn(std::int64_t position, std::int64_t limit, const Sink& sink) override;
+    std::string expression(std::size_t column) const override;
+    std::optional<std::int64_t> find(std::int64_t position, bool forward,
+                                     const std::string& condition) override;
+    std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const override;
 
 private:
     void copy(platform::Statement& query);
@@ -102,6 +132,6 @@ private:
 };
 
 /// Opens `source`, the name of a table or view or a query that only reads. Throws DatabaseError.
-std::unique_ptr<RowSet> openRows(const platform::Database& database, const std::string& source);
+std::unique_ptr<SourceRows> openRows(const platform::Database& database, const std::string& source);
 
 } // namespace host

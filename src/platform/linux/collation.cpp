@@ -1,6 +1,8 @@
 // Comparison in dictionary order and case, with ICU's data. A collator is made at the first comparison of
 // its locale and kept.
 
+#include "platform/linux/collation.h"
+
 #include "platform/errors.h"
 #include "platform/linux/locale_data.h"
 
@@ -123,6 +125,36 @@ int CompareStringW(LCID locale, DWORD flags, const char16_t* a, int lengthA, con
     if (order == 0) order = comparePassedOver(first, second);
     return CSTR_EQUAL + order;
 }
+
+namespace driver {
+
+namespace {
+
+void appendKey(const UCollator* collator, std::u16string_view text, std::vector<std::uint8_t>& key) {
+    const auto length = static_cast<int>(text.size());
+    std::uint8_t few[256];
+    const int needed = ucol_getSortKey(collator, text.data(), length, few, sizeof few);
+    const std::size_t start = key.size();
+    if (needed <= static_cast<int>(sizeof few)) {
+        key.insert(key.end(), few, few + needed);
+        return;
+    }
+    key.resize(start + static_cast<std::size_t>(needed));
+    ucol_getSortKey(collator, text.data(), length, key.data() + start, needed);
+}
+
+} // namespace
+
+std::vector<std::uint8_t> sortKey(std::u16string_view text) {
+    std::vector<std::uint8_t> key;
+    const auto* collator = collatorOf(userLocale().id, true);
+    if (!collator) return key;
+    if (hasPassedOver(text)) appendKey(collator, withoutPassedOver(text), key);
+    appendKey(collator, text, key);
+    return key;
+}
+
+} // namespace driver
 
 std::u16string upperCase(std::u16string_view text) {
     std::u16string out(text);

@@ -85,6 +85,59 @@ int openFlags(Database::Access access) {
     return SQLITE_OPEN_READONLY;
 }
 
+// ------------------------------------------------------------------------------- functions of our own
+
+using Function = std::function<DatabaseValue(const DatabaseValue&)>;
+
+DatabaseValue argument(sqlite3_value* value) {
+    const auto length = [value] { return static_cast<std::size_t>(sqlite3_value_bytes(value)); };
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+        return sqlite3_value_int64(value);
+    case SQLITE_FLOAT:
+        return sqlite3_value_double(value);
+    case SQLITE_TEXT: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        return std::string(text, length());
+    }
+    case SQLITE_BLOB: {
+        const auto* data = static_cast<const std::uint8_t*>(sqlite3_value_blob(value));
+        return Bytes(data, data + length());
+    }
+    default:
+        return std::monostate{};
+    }
+}
+
+struct Result {
+    sqlite3_context* context;
+    void operator()(std::monostate) const { sqlite3_result_null(context); }
+    void operator()(std::int64_t number) const { sqlite3_result_int64(context, number); }
+    void operator()(double number) const { sqlite3_result_double(context, number); }
+    void operator()(const std::string& text) const {
+        sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    void operator()(const Bytes& bytes) const {
+        if (bytes.empty())
+            sqlite3_result_zeroblob(context, 0);
+        else
+            sqlite3_result_blob64(context, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+    }
+};
+
+void callFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const auto& function = *static_cast<const Function*>(sqlite3_user_data(context));
+    try {
+        std::visit(Result{context}, function(argument(arguments[0])));
+    } catch (const std::exception& failure) {
+        sqlite3_result_error(context, failure.what(), -1);
+    }
+}
+
+void dropFunction(void* function) {
+    delete static_cast<Function*>(function);
+}
+
 bool isBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n;") == std::string_view::npos;
 }
@@ -389,6 +442,13 @@ std::vector<std::string> Database::keyColumns(const TableInfo& table) const {
 std::int64_t Database::dataVersion() const {
     Statement version = prepare("PRAGMA data_version");
     return version.step() ? version.integer(0) : 0;
+}
+
+void Database::define(const std::string& name, Function function) const {
+    const int result = sqlite3_create_function_v2(
+        connection_->handle, name.c_str(), 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+        new Function(std::move(function)), callFunction, nullptr, nullptr, dropFunction);
+    if (result != SQLITE_OK) fail(*connection_, result);
 }
 
 const DatabaseWork& Database::work() const {

@@ -4,6 +4,7 @@
 // is meant for the user: it names the file and says in Spanish what is wrong with it.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -160,6 +161,10 @@ public:
 
     /// A number that changes when another connection has changed the file.
     std::int64_t dataVersion() const;
+
+    /// Gives the statements of this connection a function of one argument, which depends on nothing else.
+    /// What it throws ends the statement.
+    void define(const std::string& name, std::function<DatabaseValue(const DatabaseValue&)> function) const;
 
     const DatabaseWork& work() const;
 

@@ -14,7 +14,6 @@ using driver::afterCallbacks;
 using driver::as;
 using driver::handleFrom;
 using driver::native;
-using driver::wide;
 
 SHORT GetKeyState(int virtualKey) {
     return ::GetKeyState(virtualKey);

@@ -93,8 +93,8 @@ bool hasTransparency(const PictureData& picture) {
 }
 
 // A header may state any size; more pixels than these to a byte no encoder of the format can pack.
-constexpr std::size_t mostPngPixelsPerByte = 1032 * 8;
-constexpr std::size_t mostJpegPixelsPerByte = 64 * 8 * 4;
+constexpr std::size_t mostPngPixelsPerByte = std::size_t{1032} * 8;
+constexpr std::size_t mostJpegPixelsPerByte = std::size_t{64} * 8 * 4;
 constexpr std::size_t mostGifPixelsPerByte = 4096;
 
 } // namespace
