@@ -24,6 +24,7 @@ constexpr unsigned long expectedColour = 0x3060C0;
 
 pid_t start(const std::vector<std::string>& words, int output = -1) {
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (const auto& word : words)
         argv.push_back(const_cast<char*>(word.c_str()));
     argv.push_back(nullptr);

@@ -9,10 +9,10 @@ complains "an unknown benchmark: it says which there are" "There is no benchmark
 
 run "$tesela" fuzz
 exits "fuzz alone" 0
-equal "fuzz alone lists its targets" "$(tr '\n' ' ' <"$out")" "csv dates format formfile numbers picture "
+equal "fuzz alone lists its targets" "$(tr '\n' ' ' <"$out")" "criteria csv dates format formfile numbers picture "
 run "$tesela" fuzz frobnicate
 exits "an unknown target" failing
-complains "an unknown target: it says which there are" "There is no fuzz target 'frobnicate'. There are: csv dates"
+complains "an unknown target: it says which there are" "There is no fuzz target 'frobnicate'. There are: criteria csv"
 run "$tesela" fuzz numbers 1
 exits "a target runs" 0
 complains "for as long as it is told" "Done "

@@ -245,6 +245,7 @@ private:
             found.text += u'\'';
             found.text += takeUntil(u'\'');
         }
+        if (found.text.find(u'\0') != found.text.npos) fail(); // it would end the statement
         return found;
     }
 
