@@ -6,7 +6,7 @@ need_tools openbox xset
 export TESELA_DISPLAY=x11
 start_server 24
 openbox --startup "touch $work/managed" >/dev/null 2>&1 &
-pids+=($!)
+children+=($!)
 expect_seen "the window manager runs" "$work/managed" ls "$work/managed"
 start_probe "$1"
 
@@ -93,4 +93,4 @@ expect_seen "its light is off" off light "Scroll Lock"
 xdotool key alt+F4 # which is the window manager's here
 expect "the user closes it" "closed"
 expect_end "and with it the program"
-report
+finish_checks

@@ -9,9 +9,8 @@ start_server 24
 start_probe "$1"
 
 expect "a window is painted" "painted"
-window=$(xdotool search --name "^Sonda" | head -n 1)
-title=$(xprop -id "$window" -notype _NET_WM_NAME | cut -d'"' -f2)
-check "the title is written" "$title" "Sonda de año"
+window=$(wait_for_window '^Sonda')
+equal "the title is written" "$(title_of "$window")" "Sonda de año"
 xdotool windowfocus --sync "$window"
 expect_pixel "the client area is at its place" 215 165 '#C81E1E'
 expect_pixel "the background is erased" 400 300 '#FFFFFF'
@@ -35,13 +34,13 @@ expect "the text arrived whole" "typed Hola 1ñçáü€"
 xdotool key ctrl+c
 expect "Ctrl+C is a character" "copied"
 copied=$(timeout 5 xclip -o -selection clipboard)
-check "another program pastes" "$copied" "Hola 1ñçáü€"
+equal "another program pastes" "$copied" "Hola 1ñçáü€"
 printf 'pégame ñ €' | xclip -i -selection clipboard
 xdotool key ctrl+v
 expect "another program's text is pasted" "pasted pégame ñ €"
 xdotool key ctrl+l
 expect "a long text is copied" "copied long"
-check "another program pastes it whole" "$(timeout 20 xclip -o -selection clipboard | wc -m)" 3000000
+equal "another program pastes it whole" "$(timeout 20 xclip -o -selection clipboard | wc -m)" 3000000
 if [ "$TESELA_DISPLAY" = x11 ]; then # SDL takes no text in pieces
     head -c 4999999 /dev/zero | tr '\0' x | cat - <(printf .) | xclip -i -selection clipboard
     xdotool key ctrl+v
@@ -101,4 +100,4 @@ xdotool key alt+F4
 expect "Alt+F4 closes" "closed"
 
 expect_end "and with it the program"
-report
+finish_checks

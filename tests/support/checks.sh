@@ -12,6 +12,7 @@ at_end() {
     rm -rf "$work"
 }
 trap at_end EXIT
+trap 'exit 1' INT TERM
 
 # need TOOL...: exits with 77, which CTest counts as skipped, when one is missing.
 need() {
