@@ -205,7 +205,7 @@ private:
         while (true) {
             const char* join = takeWord(u"and") ? " AND " : takeWord(u"or") ? " OR " : nullptr;
             if (!join) return condition;
-            condition = "(" + condition + join + operand(depth) + ")";
+            condition.insert(0, "(").append(join).append(operand(depth)).append(")");
         }
     }
 
