@@ -168,6 +168,7 @@ public:
     explicit RecordReader(std::span<const BYTE> record) : record_(record), at_(sizeof(ENHMETARECORD)) {}
 
     bool failed() const { return failed_; }
+    void fail() { failed_ = true; }
     std::size_t left() const { return record_.size() - at_; }
 
     template <class Value>

@@ -1,0 +1,162 @@
+#pragma once
+// Plays the records of an enhanced metafile on a context.
+//
+// The player keeps the records' coordinate system itself and draws in pixels of the target: pens, fonts and
+// distances are scaled before they are handed on. Records come from files of any origin, so nothing in them
+// is believed: a record that contradicts itself is left out.
+
+#include "platform/linux/device_context.h"
+#include "platform/linux/metafile.h"
+#include "platform/linux/metafile_transform.h"
+
+#include <variant>
+
+namespace platform::driver {
+
+class MetafilePlayer {
+public:
+    /// `rect` is where the frame comes to lie, in logical units of the target.
+    MetafilePlayer(HDC dc, DeviceContext& target, const Metafile& metafile, const RECT& rect);
+    ~MetafilePlayer();
+    MetafilePlayer(const MetafilePlayer&) = delete;
+    MetafilePlayer& operator=(const MetafilePlayer&) = delete;
+
+    /// False when some record was broken.
+    bool play();
+
+private:
+    struct PenRecord {
+        DWORD style = PS_SOLID;
+        LONG width = 0;
+        LOGBRUSH brush;
+        std::vector<DWORD> dashes;
+        bool isExtended = false;
+    };
+    /// A brush of the platform, deleted with its entry.
+    class BrushEntry {
+    public:
+        explicit BrushEntry(HBRUSH brush) : brush_(brush) {}
+        ~BrushEntry() { DeleteObject(brush_); }
+        BrushEntry(const BrushEntry&) = delete;
+        BrushEntry& operator=(const BrushEntry&) = delete;
+        HBRUSH handle() const { return brush_; }
+
+    private:
+        HBRUSH brush_;
+    };
+    using Entry = std::variant<std::monostate, PenRecord, std::shared_ptr<BrushEntry>, LOGFONTW>;
+
+    /// What SaveDC keeps besides the state of the target.
+    struct State {
+        MetafileMapping mapping;
+        PenRecord pen;
+        LOGFONTW font;
+    };
+
+    /// Where the bits of a picture lie in a record.
+    struct BitsPlace {
+        DWORD usage = 0;
+        DWORD headerAt = 0;
+        DWORD headerSize = 0;
+        DWORD bitsAt = 0;
+        DWORD bitsSize = 0;
+    };
+
+    /// A picture of a record, selected into a context of its own.
+    class Picture;
+
+    using Handler = void (MetafilePlayer::*)(RecordReader&);
+    struct Binding {
+        RecordType type;
+        Handler handler;
+    };
+    static const Binding bindings[];
+    static Handler handlerOf(DWORD type);
+
+    // State: metafile_player_state.cpp.
+    void setWindowExtent(RecordReader&);
+    void setWindowOrigin(RecordReader&);
+    void setViewportExtent(RecordReader&);
+    void setViewportOrigin(RecordReader&);
+    void scaleWindowExtent(RecordReader&);
+    void scaleViewportExtent(RecordReader&);
+    void setMapMode(RecordReader&);
+    void setWorldTransform(RecordReader&);
+    void modifyWorldTransform(RecordReader&);
+    void setBrushOrigin(RecordReader&);
+    template <auto Function>
+    void setNumber(RecordReader&);
+    void setTextJustification(RecordReader&);
+    void moveTo(RecordReader&);
+    void saveState(RecordReader&);
+    void restoreState(RecordReader&);
+    void selectObject(RecordReader&);
+    void deleteObject(RecordReader&);
+    void createPen(RecordReader&);
+    void createExtendedPen(RecordReader&);
+    void createBrush(RecordReader&);
+    void createMonoBrush(RecordReader&);
+    void createPatternBrush(RecordReader&);
+    void createFont(RecordReader&);
+    void offsetClip(RecordReader&);
+    void excludeClipRect(RecordReader&);
+    void intersectClipRect(RecordReader&);
+    void selectClipRegion(RecordReader&);
+
+    // Shapes: metafile_player_shapes.cpp.
+    template <auto Function, class Coordinate>
+    void drawPoints(RecordReader&);
+    template <class Coordinate>
+    void drawPolyPolygon(RecordReader&);
+    template <class Coordinate>
+    void drawPolyPolyline(RecordReader&);
+    void lineTo(RecordReader&);
+    void setPixel(RecordReader&);
+    void drawRectangle(RecordReader&);
+    void fillRegion(RecordReader&);
+    void drawText(RecordReader&, bool isWide);
+    void drawTextA(RecordReader&);
+    void drawTextW(RecordReader&);
+    void drawSmallText(RecordReader&);
+    void drawString(POINT at, DWORD options, const RECT& rect, std::u16string_view text,
+                    const std::vector<LONG>& advances);
+
+    // Pictures: metafile_player_blits.cpp.
+    void bitBlt(RecordReader&);
+    void stretchBlt(RecordReader&);
+    void setDIBitsToDevice(RecordReader&);
+    void stretchDIBits(RecordReader&);
+    void fillGradient(RecordReader&);
+    void blit(const RECT& target, const Picture& picture, const RECT& source, DWORD rop);
+    static BitsPlace readPlace(RecordReader&);
+
+    void setEntry(DWORD index, Entry entry);
+    void useMapping();
+    void clipToBase();
+    std::optional<Region> readRegion(RecordReader& reader, DWORD size);
+    void preparePen();
+    void prepareFont();
+
+    POINT toTarget(double x, double y) const;
+    POINT toTarget(POINT p) const { return toTarget(p.x, p.y); }
+    /// A rectangle whose right and bottom lie one past the last; it may come out mirrored.
+    RECT toTarget(const RECT& r) const;
+
+    HDC dc_;
+    DeviceContext& target_;
+    const Metafile& metafile_;
+    ENHMETAHEADER header_;
+    Transform base_; ///< From the recording device's pixels to the target's
+    Transform all_;  ///< From logical units to the target's pixels
+    State state_;
+    std::vector<State> saved_;
+    std::vector<Entry> entries_;
+    std::optional<Region> baseClip_;
+    HPEN pen_;
+    HFONT font_;
+    bool penIsStale_ = true;
+    bool fontIsStale_ = true;
+    std::int64_t pixelsLeft_; ///< What the pictures of one metafile may take in all
+};
+
+} // namespace platform::driver

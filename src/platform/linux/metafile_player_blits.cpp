@@ -1,0 +1,154 @@
+// Pictures and gradients of a metafile that is played.
+
+#include "platform/linux/metafile_bits.h"
+#include "platform/linux/metafile_player.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+class MetafilePlayer::Picture {
+public:
+    Picture(HDC like, const PictureData& data)
+        : dc_(CreateCompatibleDC(like)),
+          bitmap_(CreateBitmap(data.width, data.height, 1, 32, data.argb.data())),
+          former_(SelectObject(dc_, bitmap_)), height_(data.height) {}
+    ~Picture() {
+        SelectObject(dc_, former_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+
+    HDC dc() const { return dc_; }
+    int height() const { return height_; }
+
+private:
+    HDC dc_;
+    HBITMAP bitmap_;
+    HGDIOBJ former_;
+    int height_;
+};
+
+namespace {
+
+RECT rectOf(LONG x, LONG y, LONG width, LONG height) {
+    return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
+}
+
+} // namespace
+
+MetafilePlayer::BitsPlace MetafilePlayer::readPlace(RecordReader& reader) {
+    return reader.value<BitsPlace>();
+}
+
+void MetafilePlayer::blit(const RECT& target, const Picture& picture, const RECT& source, DWORD rop) {
+    const RECT r = toTarget(target);
+    StretchBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, picture.dc(), source.left, source.top,
+               source.right - source.left, source.bottom - source.top, rop);
+}
+
+void MetafilePlayer::bitBlt(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const POINT at = reader.value<POINT>();
+    const SIZE size = reader.value<SIZE>();
+    const DWORD rop = reader.number();
+    const POINT from = reader.value<POINT>();
+    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
+    const BitsPlace place = readPlace(reader);
+    if (reader.failed()) return;
+    const RECT target = rectOf(at.x, at.y, size.cx, size.cy);
+    if (place.bitsSize == 0) {
+        const RECT r = toTarget(target);
+        PatBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, rop);
+        return;
+    }
+    const auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
+                                reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
+    if (reader.failed() || !data) return;
+    blit(target, Picture(dc_, *data), rectOf(from.x, from.y, size.cx, size.cy), rop);
+}
+
+void MetafilePlayer::stretchBlt(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const POINT at = reader.value<POINT>();
+    const SIZE size = reader.value<SIZE>();
+    const DWORD rop = reader.number();
+    const POINT from = reader.value<POINT>();
+    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
+    const BitsPlace place = readPlace(reader);
+    const SIZE fromSize = reader.value<SIZE>();
+    const auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
+                                reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
+    if (reader.failed() || !data) return;
+    blit(rectOf(at.x, at.y, size.cx, size.cy), Picture(dc_, *data),
+         rectOf(from.x, from.y, fromSize.cx, fromSize.cy), rop);
+}
+
+void MetafilePlayer::setDIBitsToDevice(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const POINT at = reader.value<POINT>();
+    const POINT from = reader.value<POINT>();
+    const SIZE size = reader.value<SIZE>();
+    const DWORD headerAt = reader.number();
+    const DWORD headerSize = reader.number();
+    const DWORD bitsAt = reader.number();
+    const DWORD bitsSize = reader.number();
+    const auto data = pictureOf(reader.at(headerAt, headerSize), reader.at(bitsAt, bitsSize), pixelsLeft_);
+    if (reader.failed() || !data) return;
+    const Picture picture(dc_, *data);
+    // The source counts from the bottom; the picture is not scaled.
+    const POINT corner = toTarget(at);
+    StretchBlt(dc_, corner.x, corner.y, size.cx, size.cy, picture.dc(), from.x,
+               boundedCoordinate(std::int64_t{picture.height()} - from.y - size.cy), size.cx, size.cy,
+               SRCCOPY);
+}
+
+void MetafilePlayer::stretchDIBits(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const POINT at = reader.value<POINT>();
+    const POINT from = reader.value<POINT>();
+    const SIZE fromSize = reader.value<SIZE>();
+    const DWORD headerAt = reader.number();
+    const DWORD headerSize = reader.number();
+    const DWORD bitsAt = reader.number();
+    const DWORD bitsSize = reader.number();
+    reader.skip(sizeof(DWORD)); // what the colours are
+    const DWORD rop = reader.number();
+    const SIZE size = reader.value<SIZE>();
+    const auto data = pictureOf(reader.at(headerAt, headerSize), reader.at(bitsAt, bitsSize), pixelsLeft_);
+    if (reader.failed() || !data) return;
+    const Picture picture(dc_, *data);
+    const LONG top = boundedCoordinate(std::int64_t{picture.height()} - from.y - fromSize.cy);
+    blit(rectOf(at.x, at.y, size.cx, size.cy), picture, rectOf(from.x, top, fromSize.cx, fromSize.cy), rop);
+}
+
+void MetafilePlayer::fillGradient(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD vertexCount = reader.number();
+    const DWORD meshCount = reader.number();
+    const DWORD mode = reader.number();
+    if (reader.failed() || vertexCount > reader.left() / sizeof(TRIVERTEX)) {
+        reader.fail();
+        return;
+    }
+    std::vector<TRIVERTEX> vertices;
+    for (DWORD i = 0; i < vertexCount; ++i) {
+        TRIVERTEX vertex = reader.value<TRIVERTEX>();
+        const POINT p = toTarget(vertex.x, vertex.y);
+        vertex.x = p.x;
+        vertex.y = p.y;
+        vertices.push_back(vertex);
+    }
+    if (mode > GRADIENT_FILL_RECT_V || meshCount > reader.left() / sizeof(GRADIENT_RECT)) {
+        reader.fail();
+        return;
+    }
+    std::vector<GRADIENT_RECT> meshes;
+    for (DWORD i = 0; i < meshCount; ++i)
+        meshes.push_back(reader.value<GRADIENT_RECT>());
+    GradientFill(dc_, vertices.data(), vertexCount, meshes.data(), meshCount, mode);
+}
+
+} // namespace platform::driver

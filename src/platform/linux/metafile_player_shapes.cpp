@@ -1,0 +1,294 @@
+// Shapes and text of a metafile that is played.
+
+#include "platform/linux/metafile_player.h"
+
+#include "platform/locale.h"
+
+#include <algorithm>
+
+namespace platform::driver {
+
+namespace {
+
+/// Points of 16 bits.
+struct ShortPoint {
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+};
+
+constexpr DWORD noRectangle = 0x0100;    ///< Options of text: no rectangle follows, ...
+constexpr DWORD narrowText = 0x0200;     ///< ... one byte a character, ...
+constexpr DWORD glyphNumbers = 0x0010;   ///< ... numbers of glyphs instead of characters, ...
+constexpr DWORD pairedAdvances = 0x2000; ///< ... each distance with one along the other axis
+
+} // namespace
+
+/// Reads a box that includes its right and bottom.
+static RECT readBox(RecordReader& reader) {
+    const RECT r = reader.value<RECT>();
+    return {r.left, r.top, boundedCoordinate(std::int64_t{r.right} + 1),
+            boundedCoordinate(std::int64_t{r.bottom} + 1)};
+}
+
+template <auto Function, class Coordinate>
+void MetafilePlayer::drawPoints(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD count = reader.number();
+    if (reader.failed() || count > reader.left() / sizeof(Coordinate)) {
+        reader.fail();
+        return;
+    }
+    std::vector<POINT> points;
+    points.reserve(count);
+    for (DWORD i = 0; i < count; ++i) {
+        const auto p = reader.value<Coordinate>();
+        points.push_back(toTarget(p.x, p.y));
+    }
+    preparePen();
+    Function(dc_, points.data(), static_cast<int>(count));
+}
+
+namespace {
+
+/// The counts and points of a record of several figures; no counts when they contradict each other.
+template <class Coordinate, class Count>
+struct Figures {
+    std::vector<Count> counts;
+    std::vector<Coordinate> points;
+
+    explicit Figures(RecordReader& reader) {
+        reader.skip(sizeof(RECT));
+        const DWORD figures = reader.number();
+        const DWORD sum = reader.number();
+        if (reader.failed() || figures > reader.left() / sizeof(DWORD)) {
+            reader.fail();
+            return;
+        }
+        std::uint64_t counted = 0;
+        for (DWORD i = 0; i < figures; ++i) {
+            const DWORD count = reader.number();
+            counted += count;
+            counts.push_back(static_cast<Count>(count));
+        }
+        if (counted != sum || sum > reader.left() / sizeof(Coordinate)) {
+            reader.fail();
+            counts.clear();
+            return;
+        }
+        for (DWORD i = 0; i < sum; ++i)
+            points.push_back(reader.value<Coordinate>());
+    }
+};
+
+} // namespace
+
+template <class Coordinate>
+void MetafilePlayer::drawPolyPolygon(RecordReader& reader) {
+    const Figures<Coordinate, INT> figures(reader);
+    std::vector<POINT> points;
+    for (const Coordinate& p : figures.points)
+        points.push_back(toTarget(p.x, p.y));
+    preparePen();
+    if (!figures.counts.empty())
+        PolyPolygon(dc_, points.data(), figures.counts.data(), static_cast<int>(figures.counts.size()));
+}
+
+template <class Coordinate>
+void MetafilePlayer::drawPolyPolyline(RecordReader& reader) {
+    const Figures<Coordinate, DWORD> figures(reader);
+    std::vector<POINT> points;
+    for (const Coordinate& p : figures.points)
+        points.push_back(toTarget(p.x, p.y));
+    preparePen();
+    if (!figures.counts.empty())
+        PolyPolyline(dc_, points.data(), figures.counts.data(), static_cast<DWORD>(figures.counts.size()));
+}
+
+void MetafilePlayer::lineTo(RecordReader& reader) {
+    const POINT p = toTarget(reader.value<POINT>());
+    preparePen();
+    if (!reader.failed()) LineTo(dc_, p.x, p.y);
+}
+
+void MetafilePlayer::setPixel(RecordReader& reader) {
+    const POINT p = toTarget(reader.value<POINT>());
+    const COLORREF color = reader.number();
+    if (!reader.failed()) SetPixel(dc_, p.x, p.y, color);
+}
+
+void MetafilePlayer::drawRectangle(RecordReader& reader) {
+    const RECT box = readBox(reader);
+    if (reader.failed()) return;
+    preparePen();
+    if (all_.isUpright()) {
+        const RECT r = toTarget(box);
+        Rectangle(dc_, r.left, r.top, r.right, r.bottom);
+        return;
+    }
+    const POINT corners[] = {toTarget(box.left, box.top), toTarget(box.right - 1, box.top),
+                             toTarget(box.right - 1, box.bottom - 1), toTarget(box.left, box.bottom - 1)};
+    Polygon(dc_, corners, 4);
+}
+
+void MetafilePlayer::fillRegion(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD size = reader.number();
+    const DWORD index = reader.number();
+    const std::optional<Region> logical = readRegion(reader, size);
+    if (!logical || index >= entries_.size()) return;
+    const auto* brush = std::get_if<std::shared_ptr<BrushEntry>>(&entries_[index]);
+    if (!brush) return;
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    for (const RECT& r : logical->rectangles()) {
+        const RECT placed = ordered(toTarget(r));
+        Region& all = find<RegionObject>(region)->region;
+        all = all.united(Region(placed));
+    }
+    FillRgn(dc_, region, (*brush)->handle());
+    DeleteObject(region);
+}
+
+void MetafilePlayer::drawString(POINT at, DWORD options, const RECT& rect, std::u16string_view text,
+                                const std::vector<LONG>& advances) {
+    if ((options & glyphNumbers) != 0) return;
+    prepareFont();
+    const RECT placed = ordered(toTarget(rect));
+    const bool hasRect = (options & noRectangle) == 0 && (options & (ETO_OPAQUE | ETO_CLIPPED)) != 0;
+    // Distances are rounded where they end, so that they do not add up to another width.
+    std::vector<INT> scaled;
+    double end = 0;
+    int last = 0;
+    for (const LONG advance : advances) {
+        end += advance * all_.scaleX();
+        const int next = roundedCoordinate(end);
+        scaled.push_back(next - last);
+        last = next;
+    }
+    const POINT p = toTarget(at);
+    ExtTextOutW(dc_, p.x, p.y, options & (ETO_OPAQUE | ETO_CLIPPED), hasRect ? &placed : nullptr, text.data(),
+                static_cast<UINT>(text.size()),
+                scaled.size() == text.size() && !text.empty() ? scaled.data() : nullptr);
+}
+
+void MetafilePlayer::drawText(RecordReader& reader, bool isWide) {
+    constexpr DWORD mostCharacters = 1 << 16;
+    reader.skip(sizeof(RECT) + 3 * sizeof(DWORD)); // bounds, mode and scale
+    const POINT at = reader.value<POINT>();
+    const DWORD length = reader.number();
+    const DWORD textAt = reader.number();
+    const DWORD options = reader.number();
+    const RECT rect = reader.value<RECT>();
+    const DWORD advancesAt = reader.number();
+    if (reader.failed() || length > mostCharacters) {
+        reader.fail();
+        return;
+    }
+    const std::span<const BYTE> bytes = reader.at(textAt, std::uint64_t{length} * (isWide ? 2 : 1));
+    std::u16string text(isWide ? length : 0, u' ');
+    if (isWide)
+        std::memcpy(text.data(), bytes.data(), bytes.size());
+    else
+        text = wideFromAnsi({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    const std::size_t step = (options & pairedAdvances) != 0 ? 2 : 1;
+    std::vector<LONG> advances;
+    if (advancesAt != 0 && !reader.failed()) {
+        const std::span<const BYTE> numbers =
+            reader.at(advancesAt, std::uint64_t{length} * step * sizeof(LONG));
+        for (std::size_t i = 0; i < numbers.size() / sizeof(LONG); i += step) {
+            LONG advance = 0;
+            std::memcpy(&advance, numbers.data() + i * sizeof(LONG), sizeof advance);
+            advances.push_back(advance);
+        }
+    }
+    if (!reader.failed()) drawString(at, options, rect, text, advances);
+}
+
+void MetafilePlayer::drawTextA(RecordReader& reader) {
+    drawText(reader, false);
+}
+
+void MetafilePlayer::drawTextW(RecordReader& reader) {
+    drawText(reader, true);
+}
+
+void MetafilePlayer::drawSmallText(RecordReader& reader) {
+    const POINT at = reader.value<POINT>();
+    const DWORD length = reader.number();
+    const DWORD options = reader.number();
+    reader.skip(3 * sizeof(DWORD)); // mode and scale
+    RECT rect;
+    if ((options & noRectangle) == 0) rect = reader.value<RECT>();
+    const bool isNarrow = (options & narrowText) != 0;
+    if (reader.failed() || length > reader.left() / (isNarrow ? 1 : 2)) {
+        reader.fail();
+        return;
+    }
+    std::u16string text;
+    for (DWORD i = 0; i < length; ++i)
+        text += isNarrow ? static_cast<char16_t>(reader.value<BYTE>()) : reader.value<char16_t>();
+    drawString(at, options, rect, text, {});
+}
+
+template <auto Function>
+void MetafilePlayer::setNumber(RecordReader& reader) {
+    const DWORD value = reader.number();
+    if (!reader.failed()) Function(dc_, static_cast<int>(value));
+}
+
+/// In the order of their numbers; a record that is not here has no effect on what is drawn.
+const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
+    {RecordType::Polygon, &MetafilePlayer::drawPoints<&platform::Polygon, POINT>},
+    {RecordType::Polyline, &MetafilePlayer::drawPoints<&platform::Polyline, POINT>},
+    {RecordType::PolylineTo, &MetafilePlayer::drawPoints<&platform::PolylineTo, POINT>},
+    {RecordType::SetWindowExtEx, &MetafilePlayer::setWindowExtent},
+    {RecordType::SetWindowOrgEx, &MetafilePlayer::setWindowOrigin},
+    {RecordType::SetViewportExtEx, &MetafilePlayer::setViewportExtent},
+    {RecordType::SetViewportOrgEx, &MetafilePlayer::setViewportOrigin},
+    {RecordType::SetBrushOrgEx, &MetafilePlayer::setBrushOrigin},
+    {RecordType::SetPixelV, &MetafilePlayer::setPixel},
+    {RecordType::SetMapMode, &MetafilePlayer::setMapMode},
+    {RecordType::SetBkMode, &MetafilePlayer::setNumber<&platform::SetBkMode>},
+    {RecordType::SetPolyFillMode, &MetafilePlayer::setNumber<&platform::SetPolyFillMode>},
+    {RecordType::SetRop2, &MetafilePlayer::setNumber<&platform::SetROP2>},
+    {RecordType::SetStretchBltMode, &MetafilePlayer::setNumber<&platform::SetStretchBltMode>},
+    {RecordType::SetTextAlign, &MetafilePlayer::setNumber<&platform::SetTextAlign>},
+    {RecordType::SetTextColor, &MetafilePlayer::setNumber<&platform::SetTextColor>},
+    {RecordType::SetBkColor, &MetafilePlayer::setNumber<&platform::SetBkColor>},
+    {RecordType::OffsetClipRgn, &MetafilePlayer::offsetClip},
+    {RecordType::MoveToEx, &MetafilePlayer::moveTo},
+    {RecordType::ExcludeClipRect, &MetafilePlayer::excludeClipRect},
+    {RecordType::IntersectClipRect, &MetafilePlayer::intersectClipRect},
+    {RecordType::ScaleViewportExtEx, &MetafilePlayer::scaleViewportExtent},
+    {RecordType::ScaleWindowExtEx, &MetafilePlayer::scaleWindowExtent},
+    {RecordType::SaveDC, &MetafilePlayer::saveState},
+    {RecordType::RestoreDC, &MetafilePlayer::restoreState},
+    {RecordType::SetWorldTransform, &MetafilePlayer::setWorldTransform},
+    {RecordType::ModifyWorldTransform, &MetafilePlayer::modifyWorldTransform},
+    {RecordType::SelectObject, &MetafilePlayer::selectObject},
+    {RecordType::CreatePen, &MetafilePlayer::createPen},
+    {RecordType::CreateBrushIndirect, &MetafilePlayer::createBrush},
+    {RecordType::DeleteObject, &MetafilePlayer::deleteObject},
+    {RecordType::Rectangle, &MetafilePlayer::drawRectangle},
+    {RecordType::LineTo, &MetafilePlayer::lineTo},
+    {RecordType::FillRgn, &MetafilePlayer::fillRegion},
+    {RecordType::ExtSelectClipRgn, &MetafilePlayer::selectClipRegion},
+    {RecordType::BitBlt, &MetafilePlayer::bitBlt},
+    {RecordType::StretchBlt, &MetafilePlayer::stretchBlt},
+    {RecordType::SetDIBitsToDevice, &MetafilePlayer::setDIBitsToDevice},
+    {RecordType::StretchDIBits, &MetafilePlayer::stretchDIBits},
+    {RecordType::ExtCreateFontIndirectW, &MetafilePlayer::createFont},
+    {RecordType::ExtTextOutA, &MetafilePlayer::drawTextA},
+    {RecordType::ExtTextOutW, &MetafilePlayer::drawTextW},
+    {RecordType::Polygon16, &MetafilePlayer::drawPoints<&platform::Polygon, ShortPoint>},
+    {RecordType::Polyline16, &MetafilePlayer::drawPoints<&platform::Polyline, ShortPoint>},
+    {RecordType::PolylineTo16, &MetafilePlayer::drawPoints<&platform::PolylineTo, ShortPoint>},
+    {RecordType::CreateMonoBrush, &MetafilePlayer::createMonoBrush},
+    {RecordType::CreateDibPatternBrushPt, &MetafilePlayer::createPatternBrush},
+    {RecordType::ExtCreatePen, &MetafilePlayer::createExtendedPen},
+    {RecordType::SmallTextOut, &MetafilePlayer::drawSmallText},
+    {RecordType::GradientFill, &MetafilePlayer::fillGradient},
+    {RecordType::SetTextJustification, &MetafilePlayer::setTextJustification},
+    {RecordType::Eof, nullptr},
+};
+
+} // namespace platform::driver
