@@ -20,6 +20,10 @@ bool isIcon(platform::PictureFormat format) {
     return format == platform::PictureFormat::Ico || format == platform::PictureFormat::Cur;
 }
 
+bool isMetafile(platform::PictureFormat format) {
+    return format == platform::PictureFormat::Wmf || format == platform::PictureFormat::Emf;
+}
+
 /// A bitmap of 32 bits with these pixels, top row first.
 platform::HBITMAP bitmapOf(const platform::PictureData& data, bool keepAlpha) {
     platform::BITMAPINFO info;
@@ -156,6 +160,11 @@ std::int32_t Picture::Height() const {
 }
 
 void Picture::render(platform::HDC dc, int x, int y, int width, int height) const {
+    if (metafile_) {
+        const platform::RECT area{x, y, x + width, y + height};
+        platform::PlayEnhMetaFile(dc, metafile_, &area);
+        return;
+    }
     if (icon_) {
         platform::DrawIconEx(dc, x, y, icon_, width, height, 0, {}, platform::DI_NORMAL);
         return;
@@ -171,7 +180,21 @@ void Picture::render(platform::HDC dc, int x, int y, int width, int height) cons
     platform::DeleteDC(source);
 }
 
+automation::Ref<Picture> Picture::fromMetafile(const std::vector<std::uint8_t>& bytes) {
+    const platform::MetafilePicture read = platform::readMetafilePicture(bytes);
+    if (!read.metafile) throw automation::Error(automation::errors::InvalidPicture);
+    const PictureType type = read.isOlder ? PictureType::Metafile : PictureType::EnhMetafile;
+    auto picture = automation::make<Picture>(read.metafile, type);
+    picture->himetricSize_ = {read.widthHimetric, read.heightHimetric};
+    return picture;
+}
+
 automation::Ref<Picture> Picture::fromBytes(std::vector<std::uint8_t> bytes) {
+    if (isMetafile(platform::pictureFormat(bytes))) {
+        auto picture = fromMetafile(bytes);
+        picture->source_ = std::move(bytes);
+        return picture;
+    }
     platform::PictureData data;
     if (platform::decodePicture(bytes, data) != platform::PictureError::None)
         throw automation::Error(automation::errors::InvalidPicture);

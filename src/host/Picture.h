@@ -58,6 +58,7 @@ public:
     static const automation::ClassTable& table();
 
 private:
+    static automation::Ref<Picture> fromMetafile(const std::vector<std::uint8_t>& bytes);
     void takePixels(const platform::PictureData& data);
 
     PictureType type_ = PictureType::None;

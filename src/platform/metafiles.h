@@ -90,6 +90,18 @@ UINT GetEnhMetaFileDescriptionW(HENHMETAFILE metafile, UINT size, char16_t* desc
 using MetafileEnumerator = std::function<bool(DWORD type, std::span<const BYTE> record)>;
 BOOL EnumEnhMetaFile(HENHMETAFILE metafile, const MetafileEnumerator& each);
 
+/// A metafile with the size that its file states.
+struct MetafilePicture {
+    HENHMETAFILE metafile; ///< The caller's
+    bool isOlder = false;  ///< Made of a Windows metafile
+    LONG widthHimetric = 0;
+    LONG heightHimetric = 0;
+};
+
+/// Reads the bytes of an .emf file, or of a .wmf file with a placeable header; no handle for others, a size
+/// of nothing included.
+MetafilePicture readMetafilePicture(std::span<const BYTE> file);
+
 /// Puts bytes of the program's own among the records.
 BOOL GdiComment(HDC dc, UINT size, const BYTE* data);
 

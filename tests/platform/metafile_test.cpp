@@ -49,6 +49,55 @@ HENHMETAFILE record(const Draw& draw) {
     return CloseEnhMetaFile(dc);
 }
 
+/// The frame of a picture of so many pixels, and what makes the units of a recording its pixels.
+RECT frameOf(int width, int height) {
+    const HDC screen = CreateCompatibleDC({});
+    const auto hundredths = [&](int pixels, int size, int resolution) {
+        return static_cast<LONG>(
+            pixels * 100.0 * GetDeviceCaps(screen, size) / GetDeviceCaps(screen, resolution) + 0.5);
+    };
+    const RECT result{0, 0, hundredths(width, HORZSIZE, HORZRES), hundredths(height, VERTSIZE, VERTRES)};
+    DeleteDC(screen);
+    return result;
+}
+
+/// What `draw` paints directly, and what its recording paints when it is played at the same size.
+template <class Draw>
+void expectSamePicture(const Draw& draw) {
+    constexpr int width = 64;
+    constexpr int height = 48;
+    const Canvas direct(width, height);
+    const Canvas played(width, height);
+    PatBlt(direct.dc(), 0, 0, width, height, WHITENESS);
+    PatBlt(played.dc(), 0, 0, width, height, WHITENESS);
+    draw(direct.dc());
+    const RECT size = frameOf(width, height);
+    const HDC dc = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
+    draw(dc);
+    const Recorded metafile(CloseEnhMetaFile(dc));
+    const RECT whole{0, 0, width, height};
+    EXPECT_TRUE(PlayEnhMetaFile(played.dc(), metafile.handle(), &whole));
+    EXPECT_EQ(played.text(), direct.text());
+    EXPECT_NE(direct.text().find_first_not_of("#\n"), std::string::npos) << "nothing was drawn";
+}
+
+/// Selects an object for the length of a scope and deletes it.
+class Selected {
+public:
+    Selected(HDC dc, HGDIOBJ object) : dc_(dc), object_(object), former_(SelectObject(dc, object)) {}
+    ~Selected() {
+        SelectObject(dc_, former_);
+        DeleteObject(object_);
+    }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+private:
+    HDC dc_;
+    HGDIOBJ object_;
+    HGDIOBJ former_;
+};
+
 } // namespace
 
 TEST(Metafile, ItsContextTellsWhatItIsAndEndsWithTheRecording) {
@@ -110,4 +159,185 @@ TEST(Metafile, BytesThatAreNoneAreRefused) {
     EXPECT_FALSE(SetEnhMetaFileBits(200, zeros.data()));
     EXPECT_FALSE(SetEnhMetaFileBits(3, zeros.data()));
     EXPECT_FALSE(DeleteEnhMetaFile({}));
+}
+
+TEST(MetafilePlayed, LinesAndPolygonsLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        MoveToEx(dc, 2, 3, nullptr);
+        LineTo(dc, 40, 20);
+        LineTo(dc, 10, 44);
+        const POINT points[] = {{30, 5}, {60, 10}, {45, 40}, {33, 22}};
+        Polygon(dc, points, 4);
+        Polyline(dc, points, 4);
+        PolylineTo(dc, points, 2);
+    });
+}
+
+TEST(MetafilePlayed, ShapesInPensAndBrushesLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        const Selected pen(dc, CreatePen(PS_SOLID, 3, RGB(200, 0, 0)));
+        const Selected brush(dc, CreateHatchBrush(HS_CROSS, RGB(0, 0, 200)));
+        Rectangle(dc, 2, 2, 30, 20);
+        Ellipse(dc, 32, 2, 62, 24);
+        RoundRect(dc, 2, 24, 30, 46, 9, 9);
+    });
+}
+
+TEST(MetafilePlayed, ArcsAndCurvesLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        Arc(dc, 2, 2, 30, 20, 30, 10, 2, 10);
+        Pie(dc, 32, 2, 62, 24, 62, 10, 40, 24);
+        Chord(dc, 2, 24, 30, 46, 30, 40, 10, 24);
+        const POINT curve[] = {{34, 44}, {40, 20}, {50, 60}, {60, 30}};
+        PolyBezier(dc, curve, 4);
+    });
+}
+
+TEST(MetafilePlayed, PathsLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        const Selected brush(dc, CreateSolidBrush(RGB(0, 128, 0)));
+        BeginPath(dc);
+        MoveToEx(dc, 5, 5, nullptr);
+        LineTo(dc, 50, 8);
+        const POINT curve[] = {{60, 20}, {40, 50}, {8, 40}};
+        PolyBezierTo(dc, curve, 3);
+        CloseFigure(dc);
+        EndPath(dc);
+        StrokeAndFillPath(dc);
+    });
+}
+
+TEST(MetafilePlayed, FillsOperationsAndPixelsLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        const RECT r{4, 4, 40, 30};
+        FillRect(dc, &r, HBRUSH(GetStockObject(GRAY_BRUSH).value));
+        const RECT inner{10, 10, 50, 20};
+        InvertRect(dc, &inner);
+        FrameRect(dc, &inner, HBRUSH(GetStockObject(BLACK_BRUSH).value));
+        SetROP2(dc, R2_NOTXORPEN);
+        Rectangle(dc, 20, 15, 60, 40);
+        SetPixel(dc, 62, 46, RGB(1, 2, 3));
+        PatBlt(dc, 0, 40, 20, 8, BLACKNESS);
+    });
+}
+
+TEST(MetafilePlayed, GradientsLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        const TRIVERTEX vertices[] = {{4, 4, 0xFF00, 0, 0, 0}, {60, 40, 0, 0, 0xFF00, 0}};
+        const GRADIENT_RECT mesh{0, 1};
+        GradientFill(dc, vertices, 2, &mesh, 1, GRADIENT_FILL_RECT_H);
+    });
+}
+
+TEST(MetafilePlayed, TextLooksAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        LOGFONTW font;
+        font.lfHeight = -15;
+        std::u16string_view(u"Arial").copy(font.lfFaceName, LF_FACESIZE - 1);
+        const Selected selected(dc, CreateFontIndirectW(&font));
+        SetBkColor(dc, RGB(255, 255, 0));
+        TextOutA(dc, 4, 4, "Texto", 5);
+        SetBkMode(dc, TRANSPARENT);
+        SetTextAlign(dc, TA_CENTER | TA_BASELINE);
+        TextOutA(dc, 32, 40, "centro", 6);
+    });
+}
+
+TEST(MetafilePlayed, CopiesOfOtherContextsLookAsDrawn) {
+    const Canvas source(16, 16);
+    source.set(3, 3, RGB(255, 0, 0));
+    source.set(9, 12, RGB(0, 255, 0));
+    expectSamePicture([&](HDC dc) {
+        BitBlt(dc, 2, 2, 16, 16, source.dc(), 0, 0, SRCCOPY);
+        BitBlt(dc, 50, 40, 30, 30, source.dc(), 8, 8, SRCINVERT);
+        SetStretchBltMode(dc, COLORONCOLOR);
+        StretchBlt(dc, 20, 4, 32, 32, source.dc(), 0, 0, 16, 16, SRCCOPY);
+    });
+}
+
+TEST(MetafilePlayed, CopiesOfOneBitTakeTheColoursOfTheRecording) {
+    const Canvas source(8, 8, 1);
+    source.set(2, 2, RGB(255, 255, 255));
+    expectSamePicture([&](HDC dc) {
+        SetTextColor(dc, RGB(0, 0, 200));
+        SetBkColor(dc, RGB(250, 250, 0));
+        BitBlt(dc, 2, 2, 8, 8, source.dc(), 0, 0, SRCCOPY);
+    });
+}
+
+TEST(MetafilePlayed, ClippingIsRecorded) {
+    expectSamePicture([](HDC dc) {
+        IntersectClipRect(dc, 5, 5, 30, 30);
+        ExcludeClipRect(dc, 10, 10, 20, 20);
+        Rectangle(dc, 0, 0, 60, 40);
+        PatBlt(dc, 0, 0, 25, 25, BLACKNESS);
+        SelectClipRgn(dc, {});
+        PatBlt(dc, 40, 30, 10, 10, BLACKNESS);
+    });
+}
+
+TEST(MetafilePlayed, OriginsAndExtentsAreRecorded) {
+    expectSamePicture([](HDC dc) {
+        SetWindowOrgEx(dc, -10, -5, nullptr);
+        Rectangle(dc, 0, 0, 20, 10);
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetWindowExtEx(dc, 100, 100, nullptr);
+        SetViewportExtEx(dc, 200, 300, nullptr);
+        Rectangle(dc, 2, 8, 20, 14);
+    });
+}
+
+TEST(MetafilePlayed, SavedStatesComeBack) {
+    expectSamePicture([](HDC dc) {
+        const int depth = SaveDC(dc);
+        SetTextColor(dc, RGB(255, 0, 0));
+        const Selected pen(dc, CreatePen(PS_SOLID, 1, RGB(0, 0, 255)));
+        LineTo(dc, 40, 5);
+        RestoreDC(dc, depth);
+        LineTo(dc, 40, 30);
+    });
+}
+
+TEST(MetafilePlayed, TheStateOfTheTargetIsTheSameAfterwards) {
+    const Recorded metafile(record([](HDC dc) {
+        SetTextColor(dc, RGB(1, 2, 3));
+        IntersectClipRect(dc, 0, 0, 5, 5);
+        MoveToEx(dc, 7, 7, nullptr);
+        LineTo(dc, 9, 9);
+    }));
+    const Canvas canvas(32, 32);
+    SetTextColor(canvas.dc(), RGB(9, 9, 9));
+    MoveToEx(canvas.dc(), 4, 5, nullptr);
+    const RECT whole{0, 0, 32, 32};
+    EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &whole));
+    EXPECT_EQ(GetTextColor(canvas.dc()), RGB(9, 9, 9));
+    POINT position;
+    GetCurrentPositionEx(canvas.dc(), &position);
+    EXPECT_EQ(position, (POINT{4, 5}));
+    RECT box;
+    GetClipBox(canvas.dc(), &box);
+    EXPECT_EQ(box, whole);
+}
+
+TEST(MetafilePlayed, TheFrameIsScaledToTheRectangle) {
+    const RECT size = frameOf(10, 10);
+    const HDC dc = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
+    PatBlt(dc, 0, 0, 5, 10, BLACKNESS);
+    const Recorded metafile(CloseEnhMetaFile(dc));
+    const Canvas canvas(40, 20);
+    PatBlt(canvas.dc(), 0, 0, 40, 20, WHITENESS);
+    const RECT right{20, 0, 40, 20};
+    EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &right));
+    EXPECT_EQ(canvas.at(19, 10), RGB(255, 255, 255));
+    EXPECT_EQ(canvas.at(20, 10), RGB(0, 0, 0));
+    EXPECT_EQ(canvas.at(29, 19), RGB(0, 0, 0));
+    EXPECT_EQ(canvas.at(30, 10), RGB(255, 255, 255));
+}
+
+TEST(MetafilePlayed, WhatIsPlayedWhileRecordingIsRecorded) {
+    const Recorded inner(record([](HDC dc) { PatBlt(dc, 0, 0, 4, 4, BLACKNESS); }));
+    expectSamePicture([&](HDC dc) {
+        const RECT r{8, 8, 40, 40};
+        PlayEnhMetaFile(dc, inner.handle(), &r);
+    });
 }

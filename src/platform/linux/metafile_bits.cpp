@@ -19,6 +19,12 @@ std::optional<BITMAPINFOHEADER> headerOf(std::span<const BYTE> header) {
     return result;
 }
 
+/// Takes the pixels that a header states from a budget.
+bool affordable(const std::optional<BITMAPINFOHEADER>& header, std::int64_t& budget) {
+    if (header) budget -= std::abs(std::int64_t{header->biWidth} * header->biHeight);
+    return budget >= 0;
+}
+
 /// Puts back the highest byte of pixels of 32 bits, which is alpha in some records and nothing in others.
 void keepAlpha(const BITMAPINFOHEADER& header, std::span<const BYTE> bits, PictureData& picture) {
     const auto width = static_cast<std::size_t>(picture.width);
@@ -39,15 +45,19 @@ void keepAlpha(const BITMAPINFOHEADER& header, std::span<const BYTE> bits, Pictu
 std::optional<PictureData> pictureOf(std::span<const BYTE> header, std::span<const BYTE> bits,
                                      std::int64_t& budget) {
     const std::optional<BITMAPINFOHEADER> about = headerOf(header);
-    if (about) {
-        budget -= std::abs(std::int64_t{about->biWidth} * about->biHeight);
-        if (budget < 0) return std::nullopt;
-    }
+    if (!affordable(about, budget)) return std::nullopt;
     std::vector<BYTE> whole(header.begin(), header.end());
     whole.insert(whole.end(), bits.begin(), bits.end());
     PictureData picture;
     if (decodeDibPixels(whole, false, header.size(), picture) != PictureError::None) return std::nullopt;
     if (about) keepAlpha(*about, bits, picture);
+    return picture;
+}
+
+std::optional<PictureData> packedPictureOf(std::span<const BYTE> dib, std::int64_t& budget) {
+    PictureData picture;
+    if (!affordable(headerOf(dib), budget) || decodeDibPixels(dib, false, 0, picture) != PictureError::None)
+        return std::nullopt;
     return picture;
 }
 

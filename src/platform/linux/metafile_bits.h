@@ -14,6 +14,9 @@ namespace platform::driver {
 std::optional<PictureData> pictureOf(std::span<const BYTE> header, std::span<const BYTE> bits,
                                      std::int64_t& budget);
 
+/// The same of a bitmap whose pixels follow its header.
+std::optional<PictureData> packedPictureOf(std::span<const BYTE> dib, std::int64_t& budget);
+
 /// A bitmap of 1 bit with the bits as they stand, whatever colours the header gives them.
 HBITMAP monoBitmapOf(std::span<const BYTE> header, std::span<const BYTE> bits);
 

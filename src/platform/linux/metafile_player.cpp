@@ -54,6 +54,7 @@ MetafilePlayer::MetafilePlayer(HDC dc, DeviceContext& target, const Metafile& me
       baseClip_(target.state.clip), pixelsLeft_(mostPicturePixels) {
     SaveDC(dc_);
     target_.state.mapping = {};
+    target_.state.path.drop();
     SelectObject(dc_, GetStockObject(WHITE_BRUSH));
     SelectObject(dc_, GetStockObject(BLACK_PEN));
     SelectObject(dc_, GetStockObject(SYSTEM_FONT));

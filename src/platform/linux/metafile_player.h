@@ -13,6 +13,9 @@
 
 namespace platform::driver {
 
+/// The union of any rectangles.
+Region unionOf(std::span<const RECT> rectangles);
+
 class MetafilePlayer {
 public:
     /// `rect` is where the frame comes to lie, in logical units of the target.
@@ -51,6 +54,7 @@ private:
         MetafileMapping mapping;
         PenRecord pen;
         LOGFONTW font;
+        int arcDirection = AD_COUNTERCLOCKWISE;
     };
 
     /// Where the bits of a picture lie in a record.
@@ -87,6 +91,8 @@ private:
     template <auto Function>
     void setNumber(RecordReader&);
     void setTextJustification(RecordReader&);
+    void setArcDirection(RecordReader&);
+    void setMiterLimit(RecordReader&);
     void moveTo(RecordReader&);
     void saveState(RecordReader&);
     void restoreState(RecordReader&);
@@ -102,6 +108,7 @@ private:
     void excludeClipRect(RecordReader&);
     void intersectClipRect(RecordReader&);
     void selectClipRegion(RecordReader&);
+    void selectClipPath(RecordReader&);
 
     // Shapes: metafile_player_shapes.cpp.
     template <auto Function, class Coordinate>
@@ -113,7 +120,22 @@ private:
     void lineTo(RecordReader&);
     void setPixel(RecordReader&);
     void drawRectangle(RecordReader&);
+    void drawEllipse(RecordReader&);
+    void drawRoundRect(RecordReader&);
+    template <auto Function>
+    void drawArc(RecordReader&);
+    void drawAngleArc(RecordReader&);
+    template <class Coordinate>
+    void drawMixed(RecordReader&);
+    void fillFlood(RecordReader&);
+    template <auto Function>
+    void call(RecordReader&);
     void fillRegion(RecordReader&);
+    void frameRegion(RecordReader&);
+    template <auto Function>
+    void drawRegion(RecordReader&);
+    HBRUSH brushOf(DWORD index) const;
+    HRGN targetRegion(RecordReader& reader, DWORD size);
     void drawText(RecordReader&, bool isWide);
     void drawTextA(RecordReader&);
     void drawTextW(RecordReader&);
@@ -135,6 +157,7 @@ private:
     void clipToBase();
     std::optional<Region> readRegion(RecordReader& reader, DWORD size);
     void preparePen();
+    HPEN extendedPen(const PenRecord& pen, LONG width) const;
     void prepareFont();
 
     POINT toTarget(double x, double y) const;

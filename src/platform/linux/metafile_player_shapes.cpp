@@ -5,6 +5,8 @@
 #include "platform/locale.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace platform::driver {
 
@@ -45,7 +47,7 @@ void MetafilePlayer::drawPoints(RecordReader& reader) {
         points.push_back(toTarget(p.x, p.y));
     }
     preparePen();
-    Function(dc_, points.data(), static_cast<int>(count));
+    Function(dc_, points.data(), count);
 }
 
 namespace {
@@ -130,21 +132,146 @@ void MetafilePlayer::drawRectangle(RecordReader& reader) {
     Polygon(dc_, corners, 4);
 }
 
+void MetafilePlayer::drawEllipse(RecordReader& reader) {
+    const RECT box = readBox(reader);
+    if (reader.failed()) return;
+    preparePen();
+    if (all_.isUpright()) {
+        const RECT r = toTarget(box);
+        Ellipse(dc_, r.left, r.top, r.right, r.bottom);
+        return;
+    }
+    constexpr int corners = 120;
+    std::vector<POINT> points;
+    for (int i = 0; i < corners; ++i) {
+        const double angle = 2 * std::numbers::pi * i / corners;
+        points.push_back(
+            toTarget((box.left + box.right - 1) / 2.0 + (box.right - 1 - box.left) / 2.0 * std::cos(angle),
+                     (box.top + box.bottom - 1) / 2.0 + (box.bottom - 1 - box.top) / 2.0 * std::sin(angle)));
+    }
+    Polygon(dc_, points.data(), corners);
+}
+
+void MetafilePlayer::drawRoundRect(RecordReader& reader) {
+    const RECT r = toTarget(readBox(reader));
+    const SIZE corner = reader.value<SIZE>();
+    if (reader.failed()) return;
+    preparePen();
+    RoundRect(dc_, r.left, r.top, r.right, r.bottom, roundedCoordinate(corner.cx * all_.scaleX()),
+              roundedCoordinate(corner.cy * all_.scaleY()));
+}
+
+template <auto Function>
+void MetafilePlayer::drawArc(RecordReader& reader) {
+    const RECT r = toTarget(readBox(reader));
+    const POINT start = toTarget(reader.value<POINT>());
+    const POINT end = toTarget(reader.value<POINT>());
+    if (reader.failed()) return;
+    preparePen();
+    // A mapping that mirrors one axis turns the direction round.
+    const bool isMirrored = all_.m11 * all_.m22 - all_.m12 * all_.m21 < 0;
+    const int opposite = AD_CLOCKWISE + AD_COUNTERCLOCKWISE - state_.arcDirection;
+    SetArcDirection(dc_, isMirrored ? opposite : state_.arcDirection);
+    Function(dc_, r.left, r.top, r.right, r.bottom, start.x, start.y, end.x, end.y);
+}
+
+void MetafilePlayer::drawAngleArc(RecordReader& reader) {
+    constexpr double largestStep = 3; // degrees
+    constexpr float largestSweep = 3600;
+    const POINT centre = reader.value<POINT>();
+    const double radius = reader.number();
+    const float start = reader.value<float>();
+    const float sweep = reader.value<float>();
+    if (reader.failed() || !(std::fabs(start) <= largestSweep) || !(std::fabs(sweep) <= largestSweep)) return;
+    const int steps = static_cast<int>(std::fabs(sweep) / largestStep) + 1;
+    std::vector<POINT> points;
+    for (int i = 0; i <= steps; ++i) {
+        const double angle = (start + sweep * i / steps) * std::numbers::pi / 180;
+        points.push_back(toTarget(centre.x + radius * std::cos(angle), centre.y - radius * std::sin(angle)));
+    }
+    preparePen();
+    PolylineTo(dc_, points.data(), static_cast<int>(points.size()));
+}
+
+template <class Coordinate>
+void MetafilePlayer::drawMixed(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD count = reader.number();
+    if (reader.failed() || count > reader.left() / (sizeof(Coordinate) + 1)) {
+        reader.fail();
+        return;
+    }
+    std::vector<POINT> points;
+    std::vector<BYTE> types;
+    for (DWORD i = 0; i < count; ++i) {
+        const auto p = reader.value<Coordinate>();
+        points.push_back(toTarget(p.x, p.y));
+    }
+    for (DWORD i = 0; i < count; ++i)
+        types.push_back(reader.value<BYTE>());
+    preparePen();
+    PolyDraw(dc_, points.data(), types.data(), static_cast<int>(count));
+}
+
+void MetafilePlayer::fillFlood(RecordReader& reader) {
+    const POINT at = toTarget(reader.value<POINT>());
+    const COLORREF color = reader.number();
+    const UINT mode = reader.number();
+    if (!reader.failed()) ExtFloodFill(dc_, at.x, at.y, color, mode);
+}
+
+template <auto Function>
+void MetafilePlayer::call(RecordReader&) {
+    preparePen();
+    Function(dc_);
+}
+
+HBRUSH MetafilePlayer::brushOf(DWORD index) const {
+    if ((index & stockObjectBit) != 0)
+        return HBRUSH(GetStockObject(static_cast<int>(index & ~stockObjectBit)).value);
+    if (index >= entries_.size()) return {};
+    const auto* brush = std::get_if<std::shared_ptr<BrushEntry>>(&entries_[index]);
+    return brush ? (*brush)->handle() : HBRUSH();
+}
+
+HRGN MetafilePlayer::targetRegion(RecordReader& reader, DWORD size) {
+    const std::optional<Region> logical = readRegion(reader, size);
+    if (!logical) return {};
+    // Rows of rectangles stay such rows when they are scaled, and may only come to touch each other.
+    std::vector<RECT> placed;
+    for (const RECT& r : logical->rectangles())
+        placed.push_back(ordered(toTarget(r)));
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    find<RegionObject>(region)->region = unionOf(placed);
+    return region;
+}
+
 void MetafilePlayer::fillRegion(RecordReader& reader) {
     reader.skip(sizeof(RECT));
     const DWORD size = reader.number();
-    const DWORD index = reader.number();
-    const std::optional<Region> logical = readRegion(reader, size);
-    if (!logical || index >= entries_.size()) return;
-    const auto* brush = std::get_if<std::shared_ptr<BrushEntry>>(&entries_[index]);
-    if (!brush) return;
-    const HRGN region = CreateRectRgn(0, 0, 0, 0);
-    for (const RECT& r : logical->rectangles()) {
-        const RECT placed = ordered(toTarget(r));
-        Region& all = find<RegionObject>(region)->region;
-        all = all.united(Region(placed));
-    }
-    FillRgn(dc_, region, (*brush)->handle());
+    const HBRUSH brush = brushOf(reader.number());
+    const HRGN region = targetRegion(reader, size);
+    FillRgn(dc_, region, brush);
+    DeleteObject(region);
+}
+
+void MetafilePlayer::frameRegion(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD size = reader.number();
+    const HBRUSH brush = brushOf(reader.number());
+    const SIZE frame = reader.value<SIZE>();
+    const HRGN region = targetRegion(reader, size);
+    FrameRgn(dc_, region, brush, std::max(1, roundedCoordinate(frame.cx * all_.scaleX())),
+             std::max(1, roundedCoordinate(frame.cy * all_.scaleY())));
+    DeleteObject(region);
+}
+
+template <auto Function>
+void MetafilePlayer::drawRegion(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const DWORD size = reader.number();
+    const HRGN region = targetRegion(reader, size);
+    Function(dc_, region);
     DeleteObject(region);
 }
 
@@ -237,9 +364,13 @@ void MetafilePlayer::setNumber(RecordReader& reader) {
 
 /// In the order of their numbers; a record that is not here has no effect on what is drawn.
 const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
+    {RecordType::PolyBezier, &MetafilePlayer::drawPoints<&platform::PolyBezier, POINT>},
     {RecordType::Polygon, &MetafilePlayer::drawPoints<&platform::Polygon, POINT>},
     {RecordType::Polyline, &MetafilePlayer::drawPoints<&platform::Polyline, POINT>},
+    {RecordType::PolyBezierTo, &MetafilePlayer::drawPoints<&platform::PolyBezierTo, POINT>},
     {RecordType::PolylineTo, &MetafilePlayer::drawPoints<&platform::PolylineTo, POINT>},
+    {RecordType::PolyPolyline, &MetafilePlayer::drawPolyPolyline<POINT>},
+    {RecordType::PolyPolygon, &MetafilePlayer::drawPolyPolygon<POINT>},
     {RecordType::SetWindowExtEx, &MetafilePlayer::setWindowExtent},
     {RecordType::SetWindowOrgEx, &MetafilePlayer::setWindowOrigin},
     {RecordType::SetViewportExtEx, &MetafilePlayer::setViewportExtent},
@@ -268,9 +399,33 @@ const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
     {RecordType::CreatePen, &MetafilePlayer::createPen},
     {RecordType::CreateBrushIndirect, &MetafilePlayer::createBrush},
     {RecordType::DeleteObject, &MetafilePlayer::deleteObject},
+    {RecordType::AngleArc, &MetafilePlayer::drawAngleArc},
+    {RecordType::Ellipse, &MetafilePlayer::drawEllipse},
     {RecordType::Rectangle, &MetafilePlayer::drawRectangle},
+    {RecordType::RoundRect, &MetafilePlayer::drawRoundRect},
+    {RecordType::Arc, &MetafilePlayer::drawArc<&platform::Arc>},
+    {RecordType::Chord, &MetafilePlayer::drawArc<&platform::Chord>},
+    {RecordType::Pie, &MetafilePlayer::drawArc<&platform::Pie>},
+    {RecordType::ExtFloodFill, &MetafilePlayer::fillFlood},
     {RecordType::LineTo, &MetafilePlayer::lineTo},
+    {RecordType::ArcTo, &MetafilePlayer::drawArc<&platform::ArcTo>},
+    {RecordType::PolyDraw, &MetafilePlayer::drawMixed<POINT>},
+    {RecordType::SetArcDirection, &MetafilePlayer::setArcDirection},
+    {RecordType::SetMiterLimit, &MetafilePlayer::setMiterLimit},
+    {RecordType::BeginPath, &MetafilePlayer::call<&platform::BeginPath>},
+    {RecordType::EndPath, &MetafilePlayer::call<&platform::EndPath>},
+    {RecordType::CloseFigure, &MetafilePlayer::call<&platform::CloseFigure>},
+    {RecordType::FillPath, &MetafilePlayer::call<&platform::FillPath>},
+    {RecordType::StrokeAndFillPath, &MetafilePlayer::call<&platform::StrokeAndFillPath>},
+    {RecordType::StrokePath, &MetafilePlayer::call<&platform::StrokePath>},
+    {RecordType::FlattenPath, &MetafilePlayer::call<&platform::FlattenPath>},
+    {RecordType::WidenPath, &MetafilePlayer::call<&platform::WidenPath>},
+    {RecordType::SelectClipPath, &MetafilePlayer::selectClipPath},
+    {RecordType::AbortPath, &MetafilePlayer::call<&platform::AbortPath>},
     {RecordType::FillRgn, &MetafilePlayer::fillRegion},
+    {RecordType::FrameRgn, &MetafilePlayer::frameRegion},
+    {RecordType::InvertRgn, &MetafilePlayer::drawRegion<&platform::InvertRgn>},
+    {RecordType::PaintRgn, &MetafilePlayer::drawRegion<&platform::PaintRgn>},
     {RecordType::ExtSelectClipRgn, &MetafilePlayer::selectClipRegion},
     {RecordType::BitBlt, &MetafilePlayer::bitBlt},
     {RecordType::StretchBlt, &MetafilePlayer::stretchBlt},
@@ -279,9 +434,14 @@ const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
     {RecordType::ExtCreateFontIndirectW, &MetafilePlayer::createFont},
     {RecordType::ExtTextOutA, &MetafilePlayer::drawTextA},
     {RecordType::ExtTextOutW, &MetafilePlayer::drawTextW},
+    {RecordType::PolyBezier16, &MetafilePlayer::drawPoints<&platform::PolyBezier, ShortPoint>},
     {RecordType::Polygon16, &MetafilePlayer::drawPoints<&platform::Polygon, ShortPoint>},
     {RecordType::Polyline16, &MetafilePlayer::drawPoints<&platform::Polyline, ShortPoint>},
+    {RecordType::PolyBezierTo16, &MetafilePlayer::drawPoints<&platform::PolyBezierTo, ShortPoint>},
     {RecordType::PolylineTo16, &MetafilePlayer::drawPoints<&platform::PolylineTo, ShortPoint>},
+    {RecordType::PolyPolyline16, &MetafilePlayer::drawPolyPolyline<ShortPoint>},
+    {RecordType::PolyPolygon16, &MetafilePlayer::drawPolyPolygon<ShortPoint>},
+    {RecordType::PolyDraw16, &MetafilePlayer::drawMixed<ShortPoint>},
     {RecordType::CreateMonoBrush, &MetafilePlayer::createMonoBrush},
     {RecordType::CreateDibPatternBrushPt, &MetafilePlayer::createPatternBrush},
     {RecordType::ExtCreatePen, &MetafilePlayer::createExtendedPen},

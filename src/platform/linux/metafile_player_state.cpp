@@ -37,19 +37,19 @@ bool areBanded(std::span<const RECT> rectangles) {
     return true;
 }
 
-Region unionOf(std::span<const RECT> rectangles) {
-    if (rectangles.empty()) return {};
-    if (rectangles.size() == 1) return Region(ordered(rectangles.front()));
-    const std::size_t half = rectangles.size() / 2;
-    return unionOf(rectangles.first(half)).united(unionOf(rectangles.subspan(half)));
-}
-
 /// Tenths of a degree, counter-clockwise, by which a direction leans.
 LONG angleOf(const Transform& t) {
     return static_cast<LONG>(std::lround(std::atan2(-t.m12, t.m11) * 1800 / std::numbers::pi));
 }
 
 } // namespace
+
+Region unionOf(std::span<const RECT> rectangles) {
+    if (rectangles.empty()) return {};
+    if (rectangles.size() == 1) return Region(ordered(rectangles.front()));
+    const std::size_t half = rectangles.size() / 2;
+    return unionOf(rectangles.first(half)).united(unionOf(rectangles.subspan(half)));
+}
 
 void MetafilePlayer::useMapping() {
     all_ = state_.mapping.toDevice().then(base_);
@@ -156,6 +156,16 @@ void MetafilePlayer::setTextJustification(RecordReader& reader) {
     const LONG extra = reader.integer();
     const LONG count = reader.integer();
     SetTextJustification(dc_, scaledLength(extra, all_.scaleX()), count);
+}
+
+void MetafilePlayer::setArcDirection(RecordReader& reader) {
+    const int direction = reader.integer();
+    if (direction == AD_CLOCKWISE || direction == AD_COUNTERCLOCKWISE) state_.arcDirection = direction;
+}
+
+void MetafilePlayer::setMiterLimit(RecordReader& reader) {
+    const float limit = reader.value<float>();
+    if (!reader.failed() && limit >= 1) SetMiterLimit(dc_, limit, nullptr);
 }
 
 void MetafilePlayer::moveTo(RecordReader& reader) {
@@ -286,23 +296,26 @@ void MetafilePlayer::createFont(RecordReader& reader) {
     if (!reader.failed()) setEntry(index, font);
 }
 
+HPEN MetafilePlayer::extendedPen(const PenRecord& pen, LONG width) const {
+    constexpr DWORD longestDash = 1 << 20;
+    if ((pen.style & PS_TYPE_MASK) != PS_GEOMETRIC)
+        return ExtCreatePen(pen.style, 1, &pen.brush, static_cast<DWORD>(pen.dashes.size()),
+                            pen.dashes.data());
+    std::vector<DWORD> dashes;
+    for (const DWORD dash : pen.dashes)
+        dashes.push_back(
+            static_cast<DWORD>(scaledLength(static_cast<LONG>(std::min(dash, longestDash)), all_.scaleX())));
+    return ExtCreatePen(pen.style, static_cast<DWORD>(std::max<LONG>(1, width)), &pen.brush,
+                        static_cast<DWORD>(dashes.size()), dashes.data());
+}
+
 void MetafilePlayer::preparePen() {
     if (!penIsStale_) return;
     penIsStale_ = false;
     const PenRecord& pen = state_.pen;
     const LONG width = pen.width > 0 ? std::max<LONG>(1, scaledLength(pen.width, all_.scaleX())) : 0;
-    HPEN made;
-    if (pen.isExtended) {
-        std::vector<DWORD> dashes = pen.dashes;
-        const bool isGeometric = (pen.style & PS_TYPE_MASK) == PS_GEOMETRIC;
-        for (DWORD& dash : dashes)
-            if (isGeometric)
-                dash = static_cast<DWORD>(
-                    std::max<LONG>(1, scaledLength(static_cast<LONG>(dash & 0xFFFFF), all_.scaleX())));
-        made = CreatePen(static_cast<int>(pen.style & PS_STYLE_MASK), width, pen.brush.lbColor);
-    } else {
-        made = CreatePen(static_cast<int>(pen.style), width, pen.brush.lbColor);
-    }
+    const HPEN made = pen.isExtended ? extendedPen(pen, width)
+                                     : CreatePen(static_cast<int>(pen.style), width, pen.brush.lbColor);
     if (!made) return;
     SelectObject(dc_, made);
     if (pen_) DeleteObject(pen_);
@@ -372,6 +385,13 @@ std::optional<Region> MetafilePlayer::readRegion(RecordReader& reader, DWORD siz
         return std::nullopt;
     }
     return unionOf(rectangles);
+}
+
+void MetafilePlayer::selectClipPath(RecordReader& reader) {
+    const auto mode = static_cast<int>(reader.number());
+    if (reader.failed()) return;
+    SelectClipPath(dc_, mode);
+    clipToBase();
 }
 
 void MetafilePlayer::selectClipRegion(RecordReader& reader) {

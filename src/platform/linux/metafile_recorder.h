@@ -33,7 +33,8 @@ public:
     /// Writes the end and the header. No bytes when the file can't be written.
     std::vector<BYTE> finish();
 
-    // Each writes one drawing, in logical units of the context.
+    // Each writes one drawing, in logical units of the context. What is drawn within an open path bracket is
+    // not handed here: the path is, when it is used.
 
     void lineTo(POINT end);
     /// Polyline, Polygon, PolyBezier and those that begin at the current position.
@@ -87,6 +88,7 @@ private:
         int rop2 = R2_COPYPEN;
         int polyFillMode = ALTERNATE;
         int stretchMode = BLACKONWHITE;
+        int arcDirection = AD_COUNTERCLOCKWISE;
         UINT textAlign = 0;
         POINT brushOrigin;
         std::optional<POINT> position;
@@ -113,6 +115,7 @@ private:
     DWORD newEntry();
     void dropEntries();
     void writePen(DWORD entry, const Pen& pen);
+    void writeExtendedPen(DWORD entry, const Pen& pen);
     void writeBrush(DWORD entry, const Brush& brush);
     void writePatternBrush(DWORD entry, const Bitmap& pattern);
     void writeFont(DWORD entry, const LOGFONTW& font);

@@ -37,6 +37,7 @@ void MetafileRecorder::writeState() {
     changed(written_.rop2, state.rop2, RecordType::SetRop2);
     changed(written_.polyFillMode, state.polyFillMode, RecordType::SetPolyFillMode);
     changed(written_.stretchMode, state.stretchMode, RecordType::SetStretchBltMode);
+    changed(written_.arcDirection, state.arcDirection, RecordType::SetArcDirection);
     if (written_.brushOrigin != state.brushOrigin) {
         written_.brushOrigin = state.brushOrigin;
         record(RecordType::SetBrushOrgEx).value(state.brushOrigin);
@@ -149,12 +150,30 @@ DWORD MetafileRecorder::tableEntry(std::uint32_t handle) {
 }
 
 void MetafileRecorder::writePen(DWORD entry, const Pen& pen) {
+    if (pen.extended) {
+        writeExtendedPen(entry, pen);
+        return;
+    }
     LOGPEN data = pen.data;
     if (pen.handle == stockObject(DC_PEN)) {
         written_.dcPenColor = context_.state.dcPenColor;
         data.lopnColor = written_.dcPenColor;
     }
     record(RecordType::CreatePen).value(entry).value(data);
+}
+
+void MetafileRecorder::writeExtendedPen(DWORD entry, const Pen& pen) {
+    RecordWriter writer = record(RecordType::ExtCreatePen);
+    writer.value(entry);
+    for (int i = 0; i < 4; ++i)
+        writer.value(DWORD{0}); // no picture for its brush
+    writer.value(pen.form | pen.data.lopnStyle)
+        .value(static_cast<DWORD>(pen.data.lopnWidth.x))
+        .value(pen.brush.lbStyle)
+        .value(pen.brush.lbColor)
+        .value(static_cast<DWORD>(pen.brush.lbHatch))
+        .value(static_cast<DWORD>(pen.dashes.size()))
+        .block(pen.dashes.data(), pen.dashes.size() * sizeof(DWORD));
 }
 
 void MetafileRecorder::writeBrush(DWORD entry, const Brush& brush) {
