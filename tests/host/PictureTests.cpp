@@ -1,5 +1,6 @@
 #include "HostTest.h"
 
+#include "host/Clipboard.h"
 #include "host/Picture.h"
 #include "host/PictureBox.h"
 #include "support/TemporaryFolder.h"
@@ -62,6 +63,64 @@ TEST_F(PictureTest, BytesThatAreNoPictureAreAnError) {
 
 TEST_F(PictureTest, AResourceThatIsNotThereIsAnError) {
     EXPECT_EQ(errorOf([] { LoadResPicture(platform::ResourceName(60001), ResourcePicture::Icon); }), 326);
+}
+
+namespace {
+
+/// An enhanced metafile of an inch by half an inch with a black rectangle, as a picture's file.
+std::vector<std::uint8_t> smallMetafile() {
+    const platform::RECT frame{0, 0, 2540, 1270};
+    const platform::HDC dc = platform::CreateEnhMetaFileA({}, nullptr, &frame, nullptr);
+    platform::PatBlt(dc, 0, 0, 200, 200, platform::BLACKNESS);
+    const platform::HENHMETAFILE metafile = platform::CloseEnhMetaFile(dc);
+    std::vector<std::uint8_t> bytes(platform::GetEnhMetaFileBits(metafile, 0, nullptr));
+    platform::GetEnhMetaFileBits(metafile, static_cast<platform::UINT>(bytes.size()), bytes.data());
+    platform::DeleteEnhMetaFile(metafile);
+    return bytes;
+}
+
+} // namespace
+
+TEST_F(PictureTest, AnEnhancedMetafileHasTheSizeOfItsFrame) {
+    const auto picture = Picture::fromBytes(smallMetafile());
+    EXPECT_EQ(picture->Type(), PictureType::EnhMetafile);
+    EXPECT_EQ(picture->Width(), 2540);
+    EXPECT_EQ(picture->Height(), 1270);
+    EXPECT_EQ(picture->pixels(), (platform::SIZE{96, 48}));
+    EXPECT_NE(picture->Handle(), 0);
+    EXPECT_EQ(picture->source(), smallMetafile());
+}
+
+TEST_F(PictureTest, AHandleOfTheCallersOutlivesThePicture) {
+    const platform::HBITMAP bitmap = platform::CreateBitmap(4, 3, 1, 32, nullptr);
+    { const auto picture = automation::make<Picture>(bitmap, platform::HPALETTE(), HandleOwner::Caller); }
+    EXPECT_EQ(platform::GetObjectType(platform::HGDIOBJ(bitmap)), platform::OBJ_BITMAP);
+    { const auto picture = automation::make<Picture>(bitmap); }
+    EXPECT_EQ(platform::GetObjectType(platform::HGDIOBJ(bitmap)), 0u);
+}
+
+TEST_F(PictureTest, TheClipboardTakesABitmapAndGivesACopy) {
+    Clipboard::Clear();
+    EXPECT_EQ(Clipboard::GetData()->Type(), PictureType::None);
+    Clipboard::SetData(*plain(5, 4, 0xFF112233), ClipboardFormat::DIB);
+    EXPECT_TRUE(Clipboard::GetFormat(ClipboardFormat::Bitmap));
+    EXPECT_TRUE(Clipboard::GetFormat(ClipboardFormat::DIB));
+    EXPECT_FALSE(Clipboard::GetFormat(ClipboardFormat::EMetafile));
+    const auto picture = Clipboard::GetData();
+    EXPECT_EQ(picture->Type(), PictureType::Bitmap);
+    EXPECT_EQ(picture->pixels(), (platform::SIZE{5, 4}));
+    Clipboard::Clear();
+    EXPECT_FALSE(Clipboard::GetFormat(ClipboardFormat::DIB));
+}
+
+TEST_F(PictureTest, TheClipboardTakesAMetafile) {
+    Clipboard::Clear();
+    Clipboard::SetData(*Picture::fromBytes(smallMetafile()));
+    EXPECT_EQ(Clipboard::GetData(ClipboardFormat::EMetafile)->Width(), 2540);
+    EXPECT_EQ(errorOf([] { Clipboard::GetData(ClipboardFormat::Text); }), 461);
+    EXPECT_EQ(errorOf([] { Clipboard::SetData(*plain(1, 1, 0), ClipboardFormat::EMetafile); }), 461);
+    EXPECT_EQ(errorOf([] { Clipboard::SetData(Picture()); }), 461);
+    Clipboard::Clear();
 }
 
 class PictureBoxTest : public HostTest {

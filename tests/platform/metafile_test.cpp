@@ -70,7 +70,9 @@ void expectSamePicture(const Draw& draw) {
     const Canvas played(width, height);
     PatBlt(direct.dc(), 0, 0, width, height, WHITENESS);
     PatBlt(played.dc(), 0, 0, width, height, WHITENESS);
+    const int depth = SaveDC(direct.dc());
     draw(direct.dc());
+    RestoreDC(direct.dc(), depth);
     const RECT size = frameOf(width, height);
     const HDC dc = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
     draw(dc);
@@ -96,6 +98,48 @@ private:
     HDC dc_;
     HGDIOBJ object_;
     HGDIOBJ former_;
+};
+
+/// The bytes of an older metafile, with the header that makes it placeable.
+class OlderFile {
+public:
+    /// So many units wide and high, at so many to an inch.
+    OlderFile(int width, int height, int unitsPerInch) {
+        for (const int word : {0xCDD7, 0x9AC6, 0, 0, 0, width, height, unitsPerInch, 0, 0, 0})
+            add(word);
+        for (const int word : {1, 9, 0x0300, 0, 0, 4, 0, 0, 0})
+            add(word);
+    }
+    OlderFile& record(int function, std::initializer_list<int> parameters) {
+        add(static_cast<int>(parameters.size()) + 3);
+        add(0);
+        add(function);
+        for (const int word : parameters)
+            add(word);
+        return *this;
+    }
+    const std::vector<BYTE>& bytes() {
+        constexpr std::size_t sizeAt = 22 + 6;
+        record(0, {});
+        const auto words = static_cast<DWORD>((bytes_.size() - 22) / 2);
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes_[sizeAt + i] = static_cast<BYTE>(words >> (8 * i));
+        unsigned sum = 0;
+        for (std::size_t i = 0; i < 20; i += 2)
+            sum ^= static_cast<unsigned>(bytes_[i] | bytes_[i + 1] << 8);
+        bytes_[20] = static_cast<BYTE>(sum);
+        bytes_[21] = static_cast<BYTE>(sum >> 8);
+        bytes_[22 + 12] = 10; // the longest record, in words
+        return bytes_;
+    }
+
+private:
+    void add(int word) {
+        bytes_.push_back(static_cast<BYTE>(word));
+        bytes_.push_back(static_cast<BYTE>(word >> 8));
+    }
+
+    std::vector<BYTE> bytes_;
 };
 
 } // namespace
@@ -340,4 +384,39 @@ TEST(MetafilePlayed, WhatIsPlayedWhileRecordingIsRecorded) {
         const RECT r{8, 8, 40, 40};
         PlayEnhMetaFile(dc, inner.handle(), &r);
     });
+}
+
+TEST(OlderMetafile, ItsSizeIsThatOfItsPlaceableHeader) {
+    OlderFile file(1440, 720, 1440);
+    file.record(0x020C, {100, 100});
+    const MetafilePicture picture = readMetafilePicture(file.bytes());
+    const Recorded metafile(picture.metafile);
+    EXPECT_TRUE(picture.metafile);
+    EXPECT_TRUE(picture.isOlder);
+    EXPECT_EQ(picture.widthHimetric, 2540);
+    EXPECT_EQ(picture.heightHimetric, 1270);
+}
+
+TEST(OlderMetafile, ItsRecordsArePlayed) {
+    OlderFile file(1440, 1440, 1440);
+    file.record(0x0103, {8})
+        .record(0x020B, {0, 0})
+        .record(0x020C, {100, 100})
+        .record(0x02FC, {0, 255, 0, 0})                // a red brush
+        .record(0x012D, {0})                           // selected
+        .record(0x061D, {0x0021, 0xF0, 100, 50, 0, 0}) // PatBlt of the left half
+        .record(0x01F0, {0});
+    const MetafilePicture picture = readMetafilePicture(file.bytes());
+    const Recorded metafile(picture.metafile);
+    const Canvas canvas(40, 40);
+    const RECT whole{0, 0, 40, 40};
+    PlayEnhMetaFile(canvas.dc(), metafile.handle(), &whole);
+    EXPECT_EQ(canvas.at(5, 20), RGB(255, 0, 0));
+    EXPECT_EQ(canvas.at(35, 20), RGB(0, 0, 0));
+}
+
+TEST(OlderMetafile, BytesWithoutSizeAreNoPicture) {
+    OlderFile file(0, 0, 1440);
+    EXPECT_FALSE(readMetafilePicture(file.bytes()).metafile);
+    EXPECT_FALSE(readMetafilePicture({}).metafile);
 }

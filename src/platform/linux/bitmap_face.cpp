@@ -58,7 +58,9 @@ std::shared_ptr<FontFace> BitmapFace::open(const FontSource& source, const LOGFO
     FT_Select_Size(best.get(), 0);
     if (best->num_charmaps > 0) FT_Set_Charmap(best.get(), best->charmaps[0]);
     const int scale = scaleFor(bestHeader, request.lfHeight);
-    return std::shared_ptr<FontFace>(new BitmapFace(std::move(best), source, scale));
+    std::shared_ptr<BitmapFace> made(new BitmapFace(std::move(best), source, scale));
+    made->chooseWidth(request.lfWidth);
+    return made;
 }
 
 BitmapFace::BitmapFace(FacePointer face, const FontSource& source, int scale)
@@ -95,6 +97,15 @@ void BitmapFace::readMetrics(const FontSource& source) {
     strikeOut_ = lineAt(metrics_.tmAscent / 2, line);
 }
 
+void BitmapFace::chooseWidth(LONG width) {
+    constexpr LONG widest = 4096;
+    if (width == 0) return;
+    widthOfItself_ = std::max<LONG>(1, metrics_.tmAveCharWidth);
+    widthWanted_ = std::min(std::abs(std::max(width, -widest)), widest);
+    metrics_.tmMaxCharWidth = metrics_.tmMaxCharWidth * widthWanted_ / widthOfItself_;
+    metrics_.tmAveCharWidth = widthWanted_;
+}
+
 bool BitmapFace::load(char16_t character) {
     const std::string byte = ansiFromWide(std::u16string_view(&character, 1));
     unsigned code = byte.size() == 1 ? static_cast<unsigned char>(byte[0]) : defaultCharacter_;
@@ -106,7 +117,9 @@ bool BitmapFace::load(char16_t character) {
 
 int BitmapFace::measure(char16_t character) {
     if (!load(character)) return 0;
-    return static_cast<int>(face_->glyph->advance.x >> 6) * scale_ + (embolden_ ? 1 : 0);
+    const int own = static_cast<int>(face_->glyph->advance.x >> 6) * scale_ + (embolden_ ? 1 : 0);
+    // The pictures stay as they are: only the distances between them change.
+    return widthWanted_ == widthOfItself_ ? own : (own * widthWanted_ + widthOfItself_ - 1) / widthOfItself_;
 }
 
 Glyph BitmapFace::makeGlyph(char16_t character) {

@@ -20,11 +20,14 @@ private:
 
     void readMetrics(const FontSource& source);
     bool load(char16_t character);
+    void chooseWidth(LONG width);
 
     FacePointer face_;
     int scale_;
     bool embolden_;
     bool slant_;
+    int widthWanted_ = 0;   ///< Average width of a character to which the distances are stretched, and
+    int widthOfItself_ = 0; ///< what it is without; both 0 for letters as they are
     unsigned defaultCharacter_ = 0;
 };
 

@@ -25,6 +25,12 @@ struct Glyph {
     std::vector<std::uint8_t> coverage; ///< Row by row from the top
 };
 
+/// Where the ink of a character lies across, in pixels.
+struct InkSpan {
+    int left = 0; ///< From the pen position
+    int width = 0;
+};
+
 /// Lines below and through text, in pixels from the base line upwards.
 struct TextLine {
     int top = 0;
@@ -51,6 +57,12 @@ public:
 
     /// Width of a character as measured, without building its picture.
     int advance(char16_t character);
+
+    /// The ink of a character as its outline has it.
+    virtual InkSpan ink(char16_t character) {
+        const Glyph& drawn = glyph(character);
+        return {drawn.left, drawn.width};
+    }
 
     /// The face for a font record, from a small store of those used last.
     static std::shared_ptr<FontFace> get(const LOGFONTW& request);

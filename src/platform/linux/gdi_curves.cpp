@@ -9,6 +9,7 @@
 #include "platform/linux/polygons.h"
 #include "platform/linux/shapes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -26,8 +27,15 @@ struct CurveBox {
     RECT inclusive() const { return {drawn.left, drawn.top, drawn.right - 1, drawn.bottom - 1}; }
 };
 
+/// Curves are made whole, so they are held where no surface has pixels any more.
+RECT withinReach(const RECT& r) {
+    constexpr LONG farthest = 1 << 15;
+    const auto held = [](LONG value) { return std::clamp(value, -farthest, farthest); };
+    return {held(r.left), held(r.top), held(r.right), held(r.bottom)};
+}
+
 CurveBox curveBox(const DeviceContext& context, const RECT& logical) {
-    const RECT r = ordered(context.toSurface(logical));
+    const RECT r = withinReach(ordered(context.toSurface(logical)));
     return {r, r};
 }
 

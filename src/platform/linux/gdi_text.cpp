@@ -4,6 +4,8 @@
 #include "platform/linux/colors.h"
 #include "platform/linux/metafile_recorder.h"
 #include "platform/linux/painter.h"
+#include "platform/linux/polygons.h"
+#include "platform/linux/text_layout.h"
 #include "platform/linux/text_measure.h"
 #include "platform/linux/text_painter.h"
 #include "platform/locale.h"
@@ -15,157 +17,101 @@ namespace platform::driver {
 
 namespace {
 
-/// The face of the context's font; null when the system has no font.
-FontFace* faceOf(DeviceContext& context) {
-    Font& font = context.font();
-    if (!font.face) font.face = FontFace::get(font.data);
-    return font.face.get();
-}
-
-/// The same for drawing: a surface of few colours takes pictures made without smoothing.
-std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context) {
-    faceOf(context);
-    const Font& font = context.font();
-    if (canSmooth(*context.surface)) return font.face;
-    LOGFONTW plain = font.data;
-    plain.lfQuality = NONANTIALIASED_QUALITY;
-    return FontFace::get(plain);
-}
-
-/// Gives each character the distance to the next: the program's own, or the font's with the extra space of
-/// the context.
-class Advances {
-public:
-    Advances(const ContextState& state, FontFace& face, const INT* given)
-        : state_(state), face_(face), given_(given) {
-        if (state.breakCount > 0) {
-            perBreak_ = state.breakExtra / state.breakCount;
-            breaksWithOneMore_ = state.breakExtra % state.breakCount;
-        }
+/// Fills a strip of a text with a pixel: a rectangle of a level text, within `clip` when given.
+void fillStrip(DeviceContext& context, const std::array<POINT, 4>& corners, std::uint32_t pixel,
+               const RECT* clip, bool isLevel) {
+    const Painter painter(context, pixel, rop3Of(PATCOPY));
+    const auto fill = [&](const RECT& r) { painter.fill(clip ? intersection(r, *clip) : r); };
+    if (isLevel) {
+        fill({corners[0].x, corners[0].y, corners[2].x, corners[2].y});
+        return;
     }
-
-    /// True when the distances are other than the pictures' own.
-    bool areSet() const { return given_ || state_.characterExtra != 0 || state_.breakCount > 0; }
-
-    int next(char16_t character) {
-        if (given_) return *given_++;
-        int width = face_.advance(character) + state_.characterExtra;
-        if (character == u' ' && state_.breakCount > 0) {
-            width += perBreak_;
-            if (breaksWithOneMore_ > 0) {
-                ++width;
-                --breaksWithOneMore_;
-            }
-        }
-        return width;
-    }
-
-private:
-    const ContextState& state_;
-    FontFace& face_;
-    const INT* given_;
-    int perBreak_ = 0;
-    int breaksWithOneMore_ = 0;
-};
-
-int widthOf(const ContextState& state, FontFace& face, std::u16string_view text, const INT* given) {
-    Advances advances(state, face, given);
-    std::int64_t width = 0;
-    for (const char16_t c : text)
-        width += advances.next(c);
-    return boundedCoordinate(width);
+    const Region strip = polygonRegion(corners, WINDING, context.drawable().bounds());
+    for (const RECT& r : strip.rectangles())
+        fill(r);
 }
 
-/// Where the left end of the base line lies for the alignment of the context.
-POINT baseLine(const ContextState& state, const TEXTMETRICW& metrics, POINT at, int width) {
-    constexpr UINT horizontal = TA_CENTER;
-    constexpr UINT vertical = TA_BASELINE;
-    if ((state.textAlign & horizontal) == TA_CENTER) at.x -= width / 2;
-    if ((state.textAlign & horizontal) == TA_RIGHT) at.x -= width;
-    switch (state.textAlign & vertical) {
-    case TA_TOP:
-        at.y += metrics.tmAscent;
-        break;
-    case TA_BOTTOM:
-        at.y -= metrics.tmDescent;
-        break;
-    default:
-        break;
-    }
-    return at;
+void drawTextLine(DeviceContext& context, const TextLayout& layout, const RECT* clip, const TextLine& line) {
+    fillStrip(context, layout.strip(line.top, line.top - line.height),
+              pixelOf(context, context.state.textColor), clip, layout.isLevel());
 }
 
-void fillBackground(DeviceContext& context, const RECT& r) {
-    Painter(context, backPixelOf(context), rop3Of(PATCOPY)).fill(r);
+/// True when all that is drawn is characters from a point on: the place of the text's end does not matter.
+bool isSimple(const DeviceContext& context) {
+    const LOGFONTW& font = context.font().data;
+    return context.state.backMode == TRANSPARENT && context.state.textAlign == 0 && font.lfUnderline == 0 &&
+           font.lfStrikeOut == 0 && font.lfEscapement == 0;
 }
 
-void drawTextLine(DeviceContext& context, const RECT* clip, int x, int width, int y, const TextLine& line) {
-    RECT r{x, y - line.top, x + width, y - line.top + line.height};
-    if (clip) r = intersection(r, *clip);
-    Painter(context, pixelOf(context, context.state.textColor), rop3Of(PATCOPY)).fill(r);
-}
-
-/// Leaves the current position behind the text, as TA_UPDATECP asks for.
-void advancePosition(DeviceContext& context, int width) {
-    constexpr UINT horizontal = TA_CENTER;
-    switch (context.state.textAlign & horizontal) {
-    case TA_LEFT:
-        context.state.position.x += width;
-        break;
-    case TA_RIGHT:
-        context.state.position.x -= width;
-        break;
-    default:
-        break;
-    }
-}
-
-struct TextOutput {
-    std::u16string_view text;
-    const INT* advances = nullptr;
-    const RECT* clip = nullptr; ///< On the surface
-    bool backgroundDone = false;
-};
-
-void drawText(DeviceContext& context, FontFace& face, POINT at, const TextOutput& output) {
-    const TEXTMETRICW& metrics = face.metrics();
-    const int width = widthOf(context.state, face, output.text, output.advances);
-    const bool followsPosition = (context.state.textAlign & TA_UPDATECP) != 0;
-    POINT start = context.toSurface(followsPosition ? context.state.position : at);
-    start = baseLine(context.state, metrics, start, width);
-    if (context.state.backMode == OPAQUE && !output.backgroundDone) {
-        const RECT cell{start.x, start.y - metrics.tmAscent, start.x + width, start.y + metrics.tmDescent};
-        fillBackground(context, output.clip ? intersection(cell, *output.clip) : cell);
-    }
-    TextPainter painter(context, output.clip);
-    Advances advances(context.state, face, output.advances);
+void drawCharacters(DeviceContext& context, FontFace& face, POINT start, std::u16string_view text,
+                    const RECT* clip) {
+    TextPainter painter(context, clip);
     std::int64_t x = start.x;
-    for (const char16_t c : output.text) {
+    for (const char16_t c : text) {
         const Glyph& glyph = face.glyph(c);
         painter.draw(glyph, boundedCoordinate(x), start.y);
-        x += advances.areSet() ? advances.next(c) : glyph.advance;
+        x += glyph.advance;
     }
+}
+
+void drawCharacters(DeviceContext& context, FontFace& face, const TextLayout& layout, const TextRun& run,
+                    const RECT* clip) {
+    TextPainter painter(context, clip);
+    TextAdvances advances(context.state, face, run.advances);
+    for (const char16_t c : run.text) {
+        const Glyph& glyph = face.glyph(c);
+        const POINT p = layout.point(advances.pixels(), 0);
+        painter.draw(glyph, p.x, p.y);
+        if (advances.areSet())
+            advances.pass(c);
+        else
+            advances.pass(c, glyph.advance);
+    }
+}
+
+void drawText(DeviceContext& context, POINT at, const TextRun& run, const RECT* clip) {
+    const std::shared_ptr<FontFace> drawn = drawingFaceOf(context);
+    if (!drawn) return;
+    if (!run.advances && context.state.characterExtra == 0 && context.state.breakCount == 0 &&
+        isSimple(context)) {
+        POINT start = context.toSurface(at);
+        start.y += drawn->metrics().tmAscent;
+        drawCharacters(context, *drawn, start, run.text, clip);
+        return;
+    }
+    const std::shared_ptr<FontFace> measured = faceOf(context);
+    const TEXTMETRICW& metrics = measured->metrics();
+    const TextLayout layout(context, *measured, at, run);
+    if (context.state.backMode == OPAQUE)
+        fillStrip(context, layout.strip(metrics.tmAscent, -metrics.tmDescent), backPixelOf(context), clip,
+                  layout.isLevel());
+    drawCharacters(context, *drawn, layout, run, clip);
     const LOGFONTW& font = context.font().data;
-    if (font.lfUnderline) drawTextLine(context, output.clip, start.x, width, start.y, face.underline());
-    if (font.lfStrikeOut) drawTextLine(context, output.clip, start.x, width, start.y, face.strikeOut());
-    if (followsPosition) advancePosition(context, width);
+    if (font.lfUnderline) drawTextLine(context, layout, clip, measured->underline());
+    if (font.lfStrikeOut) drawTextLine(context, layout, clip, measured->strikeOut());
+    if ((context.state.textAlign & TA_UPDATECP) != 0) layout.advancePosition();
 }
 
 } // namespace
 
 TextBox measureText(DeviceContext& context, POINT at, std::u16string_view text, const INT* given) {
     TextBox box;
-    FontFace* face = faceOf(context);
+    const std::shared_ptr<FontFace> face = faceOf(context);
     if (!face) return box;
-    Advances advances(context.state, *face, given);
-    for (const char16_t c : text)
-        box.advances.push_back(advances.next(c));
-    const int width = widthOf(context.state, *face, text, given);
-    const bool follows = (context.state.textAlign & TA_UPDATECP) != 0;
-    const POINT start = baseLine(context.state, face->metrics(),
-                                 context.toSurface(follows ? context.state.position : at), width);
-    box.bounds = {start.x, start.y - face->metrics().tmAscent, start.x + width,
-                  start.y + face->metrics().tmDescent};
+    const TextRun run{text, given};
+    TextAdvances advances(context.state, *face, given);
+    int last = 0;
+    for (const char16_t c : text) {
+        advances.pass(c);
+        box.advances.push_back(advances.logical() - last);
+        last = advances.logical();
+    }
+    const TextLayout layout(context, *face, at, run);
+    const std::array<POINT, 4> corners = layout.strip(face->metrics().tmAscent, -face->metrics().tmDescent);
+    box.bounds = {corners[0].x, corners[0].y, corners[0].x, corners[0].y};
+    for (const POINT& p : corners)
+        box.bounds = {std::min(box.bounds.left, p.x), std::min(box.bounds.top, p.y),
+                      std::max(box.bounds.right, p.x), std::max(box.bounds.bottom, p.y)};
     return box;
 }
 
@@ -185,6 +131,20 @@ std::u16string wideText(const char* text, int length) {
 template <std::size_t Size>
 void copyName(std::u16string_view name, char16_t (&out)[Size]) {
     out[name.copy(out, Size - 1)] = 0;
+}
+
+/// From pixels to logical units.
+void scaleMetrics(const ContextState& state, TEXTMETRICW& metrics) {
+    const TextScale down = TextScale::down(state);
+    const TextScale across = TextScale::across(state);
+    metrics.tmHeight = down.toLogical(metrics.tmHeight);
+    metrics.tmAscent = down.toLogical(metrics.tmAscent);
+    metrics.tmDescent = down.toLogical(metrics.tmDescent);
+    metrics.tmInternalLeading = down.toLogical(metrics.tmInternalLeading);
+    metrics.tmExternalLeading = down.toLogical(metrics.tmExternalLeading);
+    metrics.tmAveCharWidth = across.toLogical(metrics.tmAveCharWidth);
+    metrics.tmMaxCharWidth = across.toLogical(metrics.tmMaxCharWidth);
+    metrics.tmOverhang = across.toLogical(metrics.tmOverhang);
 }
 
 /// A character of a font's metrics as a byte; those beyond are told as the last one.
@@ -246,13 +206,11 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
     if (context->recorder) context->recorder->text({x, y}, options, rect, {text, length}, advances);
     RECT area;
     if (rect) area = ordered(context->toSurface(*rect));
-    const bool isOpaque = rect && (options & ETO_OPAQUE) != 0;
-    if (isOpaque) fillBackground(*context, area);
-    const std::shared_ptr<FontFace> face = length > 0 ? drawingFaceOf(*context) : nullptr;
-    if (!face) return TRUE_;
-    TextOutput output{std::u16string_view(text, length), advances, nullptr, false};
-    if (rect && (options & ETO_CLIPPED) != 0) output.clip = &area;
-    drawText(*context, *face, {x, y}, output);
+    if (rect && (options & ETO_OPAQUE) != 0)
+        Painter(*context, backPixelOf(*context), rop3Of(PATCOPY)).fill(area);
+    if (length > 0)
+        drawText(*context, {x, y}, {{text, length}, advances},
+                 rect && (options & ETO_CLIPPED) != 0 ? &area : nullptr);
     return TRUE_;
 }
 
@@ -275,18 +233,19 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
                            SIZE* size) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !size || !isLength(length, text) || maxExtent < noLimit) return FALSE_;
-    FontFace* face = faceOf(*context);
+    const std::shared_ptr<FontFace> face = faceOf(*context);
     if (!face) return FALSE_;
-    Advances advances(context->state, *face, nullptr);
-    std::int64_t width = 0;
+    TextAdvances advances(context->state, *face, nullptr);
     int fitting = 0;
     for (int i = 0; i < length; ++i) {
-        width += advances.next(text[i]);
-        if (extents) extents[i] = boundedCoordinate(width);
+        advances.pass(text[i]);
+        if (!extents && !fit) continue;
+        const int width = advances.logical();
+        if (extents) extents[i] = width;
         if ((maxExtent == noLimit || width <= maxExtent) && fitting == i) ++fitting;
     }
     if (fit) *fit = fitting;
-    *size = {boundedCoordinate(width), face->metrics().tmHeight};
+    *size = {advances.logical(), TextScale::down(context->state).toLogical(face->metrics().tmHeight)};
     return TRUE_;
 }
 
@@ -300,11 +259,13 @@ BOOL GetTextExtentExPointA(HDC dc, const char* text, int length, int maxExtent, 
 
 BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
     DeviceContext* context = find<DeviceContext>(dc);
-    FontFace* face = context ? faceOf(*context) : nullptr;
+    const std::shared_ptr<FontFace> face = context ? faceOf(*context) : nullptr;
     if (!face || !metrics) return FALSE_;
+    constexpr BYTE yes = 255;
     *metrics = face->metrics();
-    metrics->tmUnderlined = context->font().data.lfUnderline;
-    metrics->tmStruckOut = context->font().data.lfStrikeOut;
+    metrics->tmUnderlined = context->font().data.lfUnderline ? yes : 0;
+    metrics->tmStruckOut = context->font().data.lfStrikeOut ? yes : 0;
+    if (!context->state.mapping.isUnscaled()) scaleMetrics(context->state, *metrics);
     return TRUE_;
 }
 
@@ -336,29 +297,51 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
 
 BOOL GetCharWidth32W(HDC dc, UINT first, UINT last, INT* widths) {
     DeviceContext* context = find<DeviceContext>(dc);
-    FontFace* face = context ? faceOf(*context) : nullptr;
+    const std::shared_ptr<FontFace> face = context ? faceOf(*context) : nullptr;
     constexpr UINT lastCharacter = 0xFFFF;
     if (!face || !widths || first > last || last > lastCharacter) return FALSE_;
+    const TextScale across = TextScale::across(context->state);
     for (UINT c = first; c <= last; ++c)
-        widths[c - first] = face->advance(static_cast<char16_t>(c));
+        widths[c - first] = across.toLogical(face->advance(static_cast<char16_t>(c)));
     return TRUE_;
 }
 
 BOOL GetCharWidth32A(HDC dc, UINT first, UINT last, INT* widths) {
     DeviceContext* context = find<DeviceContext>(dc);
-    FontFace* face = context ? faceOf(*context) : nullptr;
+    const std::shared_ptr<FontFace> face = context ? faceOf(*context) : nullptr;
     constexpr UINT lastCharacter = 0xFF;
     if (!face || !widths || first > last || last > lastCharacter) return FALSE_;
+    const TextScale across = TextScale::across(context->state);
     for (UINT c = first; c <= last; ++c) {
         const char byte = static_cast<char>(c);
-        widths[c - first] = face->advance(wideText(&byte, 1).front());
+        widths[c - first] = across.toLogical(face->advance(wideText(&byte, 1).front()));
+    }
+    return TRUE_;
+}
+
+BOOL GetCharABCWidthsW(HDC dc, UINT first, UINT last, ABC* widths) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    const std::shared_ptr<FontFace> face = context ? faceOf(*context) : nullptr;
+    constexpr UINT lastCharacter = 0xFFFF;
+    if (!face || !widths || first > last || last > lastCharacter) return FALSE_;
+    if ((face->metrics().tmPitchAndFamily & TMPF_TRUETYPE) == 0) return FALSE_;
+    const TextScale across = TextScale::across(context->state);
+    for (UINT c = first; c <= last; ++c) {
+        const InkSpan ink = face->ink(static_cast<char16_t>(c));
+        const int advance = face->advance(static_cast<char16_t>(c));
+        const int after = advance - ink.left - ink.width;
+        const auto withSign = [&](int pixels) {
+            return pixels < 0 ? -across.toLogical(-pixels) : across.toLogical(pixels);
+        };
+        widths[c - first] = {withSign(ink.left), static_cast<UINT>(across.toLogical(ink.width)),
+                             withSign(after)};
     }
     return TRUE_;
 }
 
 int GetTextFaceW(HDC dc, int size, char16_t* name) {
     DeviceContext* context = find<DeviceContext>(dc);
-    FontFace* face = context ? faceOf(*context) : nullptr;
+    const std::shared_ptr<FontFace> face = context ? faceOf(*context) : nullptr;
     if (!face) return 0;
     const std::u16string& text = face->faceName();
     if (!name) return static_cast<int>(text.size()) + 1;

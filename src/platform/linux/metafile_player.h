@@ -145,7 +145,11 @@ private:
 
     // Pictures: metafile_player_blits.cpp.
     void bitBlt(RecordReader&);
+    template <class Draw>
+    void readStretch(RecordReader& reader, const Draw& draw);
     void stretchBlt(RecordReader&);
+    void alphaBlend(RecordReader&);
+    void transparentBlt(RecordReader&);
     void setDIBitsToDevice(RecordReader&);
     void stretchDIBits(RecordReader&);
     void fillGradient(RecordReader&);

@@ -70,11 +70,12 @@ void MetafilePlayer::bitBlt(RecordReader& reader) {
     blit(target, Picture(dc_, *data), rectOf(from.x, from.y, size.cx, size.cy), rop);
 }
 
-void MetafilePlayer::stretchBlt(RecordReader& reader) {
+template <class Draw>
+void MetafilePlayer::readStretch(RecordReader& reader, const Draw& draw) {
     reader.skip(sizeof(RECT));
     const POINT at = reader.value<POINT>();
     const SIZE size = reader.value<SIZE>();
-    const DWORD rop = reader.number();
+    const DWORD parameter = reader.number();
     const POINT from = reader.value<POINT>();
     reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
     const BitsPlace place = readPlace(reader);
@@ -82,8 +83,33 @@ void MetafilePlayer::stretchBlt(RecordReader& reader) {
     const auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
                                 reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
     if (reader.failed() || !data) return;
-    blit(rectOf(at.x, at.y, size.cx, size.cy), Picture(dc_, *data),
-         rectOf(from.x, from.y, fromSize.cx, fromSize.cy), rop);
+    draw(rectOf(at.x, at.y, size.cx, size.cy), Picture(dc_, *data),
+         rectOf(from.x, from.y, fromSize.cx, fromSize.cy), parameter);
+}
+
+void MetafilePlayer::stretchBlt(RecordReader& reader) {
+    readStretch(reader, [this](const RECT& target, const Picture& picture, const RECT& source, DWORD rop) {
+        blit(target, picture, source, rop);
+    });
+}
+
+void MetafilePlayer::alphaBlend(RecordReader& reader) {
+    readStretch(reader, [this](const RECT& target, const Picture& picture, const RECT& source, DWORD word) {
+        BLENDFUNCTION function;
+        static_assert(sizeof function == sizeof word);
+        std::memcpy(static_cast<void*>(&function), &word, sizeof function);
+        const RECT r = ordered(toTarget(target));
+        AlphaBlend(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, picture.dc(), source.left,
+                   source.top, source.right - source.left, source.bottom - source.top, function);
+    });
+}
+
+void MetafilePlayer::transparentBlt(RecordReader& reader) {
+    readStretch(reader, [this](const RECT& target, const Picture& picture, const RECT& source, DWORD color) {
+        const RECT r = ordered(toTarget(target));
+        TransparentBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, picture.dc(), source.left,
+                       source.top, source.right - source.left, source.bottom - source.top, color);
+    });
 }
 
 void MetafilePlayer::setDIBitsToDevice(RecordReader& reader) {
@@ -141,13 +167,15 @@ void MetafilePlayer::fillGradient(RecordReader& reader) {
         vertex.y = p.y;
         vertices.push_back(vertex);
     }
-    if (mode > GRADIENT_FILL_RECT_V || meshCount > reader.left() / sizeof(GRADIENT_RECT)) {
+    const std::size_t meshSize =
+        mode == GRADIENT_FILL_TRIANGLE ? sizeof(GRADIENT_TRIANGLE) : sizeof(GRADIENT_RECT);
+    if (mode > GRADIENT_FILL_TRIANGLE || meshCount > reader.left() / meshSize) {
         reader.fail();
         return;
     }
-    std::vector<GRADIENT_RECT> meshes;
-    for (DWORD i = 0; i < meshCount; ++i)
-        meshes.push_back(reader.value<GRADIENT_RECT>());
+    std::vector<DWORD> meshes;
+    for (std::size_t i = 0; i < meshCount * meshSize / sizeof(DWORD); ++i)
+        meshes.push_back(reader.number());
     GradientFill(dc_, vertices.data(), vertexCount, meshes.data(), meshCount, mode);
 }
 

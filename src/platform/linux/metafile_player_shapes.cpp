@@ -2,6 +2,7 @@
 
 #include "platform/linux/metafile_player.h"
 
+#include "platform/linux/text_measure.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -291,10 +292,12 @@ void MetafilePlayer::drawString(POINT at, DWORD options, const RECT& rect, std::
         scaled.push_back(next - last);
         last = next;
     }
+    // Distances that are the font's own are left to it: what it draws may differ from what it measures.
+    const bool areGiven = scaled.size() == text.size() && !text.empty() &&
+                          scaled != measureText(target_, {}, text, nullptr).advances;
     const POINT p = toTarget(at);
     ExtTextOutW(dc_, p.x, p.y, options & (ETO_OPAQUE | ETO_CLIPPED), hasRect ? &placed : nullptr, text.data(),
-                static_cast<UINT>(text.size()),
-                scaled.size() == text.size() && !text.empty() ? scaled.data() : nullptr);
+                static_cast<UINT>(text.size()), areGiven ? scaled.data() : nullptr);
 }
 
 void MetafilePlayer::drawText(RecordReader& reader, bool isWide) {
@@ -446,6 +449,8 @@ const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
     {RecordType::CreateDibPatternBrushPt, &MetafilePlayer::createPatternBrush},
     {RecordType::ExtCreatePen, &MetafilePlayer::createExtendedPen},
     {RecordType::SmallTextOut, &MetafilePlayer::drawSmallText},
+    {RecordType::AlphaBlend, &MetafilePlayer::alphaBlend},
+    {RecordType::TransparentBlt, &MetafilePlayer::transparentBlt},
     {RecordType::GradientFill, &MetafilePlayer::fillGradient},
     {RecordType::SetTextJustification, &MetafilePlayer::setTextJustification},
     {RecordType::Eof, nullptr},

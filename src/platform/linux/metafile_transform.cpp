@@ -1,7 +1,5 @@
 #include "platform/linux/metafile_transform.h"
 
-#include "platform/linux/device_context.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -35,9 +33,9 @@ double withSign(double length, double like) {
 } // namespace
 
 int roundedCoordinate(double value) {
-    constexpr double far = 1e12;
+    constexpr double far = 1 << 15;
     if (std::isnan(value)) return 0;
-    return boundedCoordinate(static_cast<std::int64_t>(std::floor(std::clamp(value, -far, far) + 0.5)));
+    return static_cast<int>(std::floor(std::clamp(value, -far, far) + 0.5));
 }
 
 Transform Transform::then(const Transform& next) const {

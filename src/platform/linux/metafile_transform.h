@@ -11,7 +11,7 @@ struct RealPoint {
     double y = 0;
 };
 
-/// The nearest whole number, held within the range of a coordinate.
+/// The nearest whole number, held where a drawing from outside can't make shapes beyond all measure.
 int roundedCoordinate(double value);
 
 /// x' = m11 x + m21 y + dx, y' = m12 x + m22 y + dy.

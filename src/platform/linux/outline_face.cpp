@@ -5,7 +5,9 @@
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <numbers>
 
 namespace platform::driver {
 
@@ -63,6 +65,26 @@ OutlineFace::OutlineFace(FacePointer face, const FontSource& source, const LOGFO
     chooseSize(request);
     chooseSmoothing(request.lfQuality);
     readMetrics(source);
+    chooseShape(request);
+}
+
+void OutlineFace::chooseShape(const LOGFONTW& request) {
+    if (request.lfWidth != 0) {
+        constexpr LONG widest = 4096;
+        widthOfItself_ = metrics_.tmAveCharWidth;
+        widthWanted_ = std::min(std::abs(std::max(request.lfWidth, -widest)), widest);
+        metrics_.tmMaxCharWidth = stretched(metrics_.tmMaxCharWidth);
+        metrics_.tmAveCharWidth = widthWanted_;
+    }
+    if (request.lfEscapement % 3600 != 0) {
+        const double angle = request.lfEscapement * std::numbers::pi / 1800;
+        cos_ = std::cos(angle);
+        sin_ = std::sin(angle);
+    }
+}
+
+int OutlineFace::stretched(int pixels) const {
+    return isStretched() ? (pixels * widthWanted_ + widthOfItself_ - 1) / widthOfItself_ : pixels;
 }
 
 void OutlineFace::chooseSize(const LOGFONTW& request) {
@@ -148,21 +170,35 @@ void OutlineFace::shape() {
         FT_Matrix matrix{0x10000, slantOfItalics, 0, 0x10000};
         FT_Outline_Transform(&slot->outline, &matrix);
     }
+    if (!isStretched() && !isRotated()) return;
+    const double across = isStretched() ? static_cast<double>(widthWanted_) / widthOfItself_ : 1;
+    const auto fixed = [](double value) { return static_cast<FT_Fixed>(std::lround(value * 0x10000)); };
+    FT_Matrix matrix{fixed(across * cos_), fixed(-sin_), fixed(across * sin_), fixed(cos_)};
+    FT_Outline_Transform(&slot->outline, &matrix);
 }
 
 int OutlineFace::loadedAdvance() const {
     const int bolder = embolden_ ? std::max(1, pixelsPerEm_ / emboldenShare) : 0;
-    return static_cast<int>((face_->glyph->advance.x + 32) >> 6) + bolder;
+    return stretched(static_cast<int>((face_->glyph->advance.x + 32) >> 6) + bolder);
 }
 
 int OutlineFace::measure(char16_t character) {
     return load(character, FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP) ? loadedAdvance() : 0;
 }
 
+InkSpan OutlineFace::ink(char16_t character) {
+    if (!load(character, FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP)) return {};
+    shape();
+    FT_BBox box{};
+    FT_Outline_Get_CBox(&face_->glyph->outline, &box);
+    const int left = static_cast<int>(box.xMin >> 6);
+    return {left, static_cast<int>((box.xMax + 63) >> 6) - left};
+}
+
 Glyph OutlineFace::makeGlyph(char16_t character) {
     Glyph glyph;
-    // Ready-made pictures of small sizes are preferred, but cannot be leaned or thickened.
-    const int pictures = embolden_ || slant_ ? FT_LOAD_NO_BITMAP : 0;
+    // Ready-made pictures of small sizes are preferred, but cannot be leaned, thickened, stretched or turned.
+    const int pictures = embolden_ || slant_ || isStretched() || isRotated() ? FT_LOAD_NO_BITMAP : 0;
     if (!load(character, pictures | (smooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO))) return glyph;
     glyph.advance = loadedAdvance();
     shape();
@@ -171,10 +207,10 @@ Glyph OutlineFace::makeGlyph(char16_t character) {
         FT_Render_Glyph(slot, smooth_ ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO) != 0)
         return glyph;
     const FT_Bitmap& bitmap = slot->bitmap;
-    // What reaches out of the cell is cut off.
-    const int above = std::max(0, slot->bitmap_top - static_cast<int>(metrics_.tmAscent));
+    // What reaches out of the cell is cut off, but for letters that lean.
     const int bottom = slot->bitmap_top - static_cast<int>(bitmap.rows);
-    const int below = std::max(0, -static_cast<int>(metrics_.tmDescent) - bottom);
+    const int above = isRotated() ? 0 : std::max(0, slot->bitmap_top - static_cast<int>(metrics_.tmAscent));
+    const int below = isRotated() ? 0 : std::max(0, -static_cast<int>(metrics_.tmDescent) - bottom);
     glyph.left = slot->bitmap_left;
     glyph.top = slot->bitmap_top - above;
     glyph.width = static_cast<int>(bitmap.width);

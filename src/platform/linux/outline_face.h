@@ -11,6 +11,8 @@ public:
     /// Null when the file cannot be read or does not scale.
     static std::shared_ptr<FontFace> open(const FontSource& source, const LOGFONTW& request);
 
+    InkSpan ink(char16_t character) override;
+
 protected:
     Glyph makeGlyph(char16_t character) override;
     int measure(char16_t character) override;
@@ -19,17 +21,25 @@ private:
     OutlineFace(FacePointer face, const FontSource& source, const LOGFONTW& request);
 
     void chooseSize(const LOGFONTW& request);
+    void chooseShape(const LOGFONTW& request);
     void chooseSmoothing(BYTE quality);
     void readMetrics(const FontSource& source);
     unsigned indexOf(char16_t character) const;
     bool load(char16_t character, int flags);
     void shape();
     int loadedAdvance() const;
+    bool isStretched() const { return widthWanted_ != widthOfItself_; }
+    bool isRotated() const { return sin_ != 0 || cos_ != 1; }
+    int stretched(int pixels) const;
     int scaled(int units) const;
 
     FacePointer face_;
     bool embolden_;
     bool slant_;
+    int widthWanted_ = 0;   ///< Average width of a character to be stretched to, and
+    int widthOfItself_ = 0; ///< what it is without; both 0 for letters as they are
+    double cos_ = 1;        ///< Of the angle by which the letters lean
+    double sin_ = 0;
     bool smooth_ = true;
     bool isSymbol_ = false;
     int pixelsPerEm_ = 1;

@@ -1,0 +1,168 @@
+#include "platform/linux/handles.h"
+#include "platform/metafiles.h"
+#include "support/Canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+using namespace platform;
+using test::Canvas;
+
+namespace {
+
+/// A metafile as bytes whose records a test writes itself.
+class Crafted {
+public:
+    Crafted() { bytes_.resize(sizeof(ENHMETAHEADER)); }
+
+    Crafted& record(DWORD type, const std::vector<DWORD>& words) {
+        return record(type, words, static_cast<DWORD>(8 + 4 * words.size()));
+    }
+    /// With a size of the test's own.
+    Crafted& record(DWORD type, const std::vector<DWORD>& words, DWORD size) {
+        add(type);
+        add(size);
+        for (const DWORD word : words)
+            add(word);
+        return *this;
+    }
+
+    HENHMETAFILE handle() {
+        record(14, {0, 16, 20});
+        ENHMETAHEADER header;
+        header.nSize = sizeof header;
+        header.nBytes = static_cast<DWORD>(bytes_.size());
+        header.nHandles = 4;
+        header.rclFrame = {0, 0, 1000, 1000};
+        header.szlDevice = {100, 100};
+        header.szlMillimeters = {10, 10};
+        std::memcpy(bytes_.data(), &header, sizeof header);
+        return SetEnhMetaFileBits(static_cast<UINT>(bytes_.size()), bytes_.data());
+    }
+
+private:
+    void add(DWORD word) {
+        const auto* from = reinterpret_cast<const BYTE*>(&word);
+        bytes_.insert(bytes_.end(), from, from + sizeof word);
+    }
+
+    std::vector<BYTE> bytes_;
+};
+
+/// Plays it on a canvas of 100 by 100; what PlayEnhMetaFile says.
+BOOL play(Crafted& crafted, const Canvas& canvas) {
+    const HENHMETAFILE metafile = crafted.handle();
+    EXPECT_TRUE(metafile);
+    const RECT whole{0, 0, 100, 100};
+    const BOOL result = PlayEnhMetaFile(canvas.dc(), metafile, &whole);
+    DeleteEnhMetaFile(metafile);
+    return result;
+}
+
+constexpr DWORD setPixel = 15;
+constexpr DWORD red = RGB(255, 0, 0);
+
+} // namespace
+
+TEST(CraftedMetafile, ARecordOfWrongLengthEndsThePlaying) {
+    for (const DWORD size : {0u, 4u, 7u, 21u, 0x7FFFFFF0u, 0xFFFFFFFFu}) {
+        const Canvas canvas(100, 100);
+        Crafted crafted;
+        crafted.record(setPixel, {5, 5, red})
+            .record(setPixel, {6, 6, red}, size)
+            .record(setPixel, {7, 7, red});
+        EXPECT_FALSE(play(crafted, canvas)) << size;
+        EXPECT_EQ(canvas.at(5, 5), red);
+        EXPECT_NE(canvas.at(7, 7), red);
+    }
+}
+
+TEST(CraftedMetafile, CountsBeyondTheRecordAreLeftOut) {
+    for (const DWORD type : {2u, 3u, 4u, 5u, 6u, 7u, 8u, 56u, 85u, 86u, 87u, 90u, 91u, 92u, 118u}) {
+        const Canvas canvas(100, 100);
+        Crafted crafted;
+        crafted.record(type, {0, 0, 9, 9, 0xFFFFFFF0, 2, 3, 4}).record(setPixel, {7, 7, red});
+        EXPECT_FALSE(play(crafted, canvas)) << type;
+        EXPECT_EQ(canvas.at(7, 7), red);
+    }
+}
+
+TEST(CraftedMetafile, OffsetsBeyondTheRecordAreLeftOut) {
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    std::vector<DWORD> blit(23);
+    blit[4] = blit[5] = 1;
+    blit[6] = blit[7] = 50;
+    blit[8] = SRCCOPY;
+    blit[19] = 0xFFFFFF00; // where its header should be
+    blit[20] = 40;
+    blit[21] = 0xFFFFFFF0;
+    blit[22] = 1000;
+    crafted.record(76, blit).record(setPixel, {7, 7, red});
+    EXPECT_FALSE(play(crafted, canvas));
+    EXPECT_EQ(canvas.at(7, 7), red);
+}
+
+TEST(CraftedMetafile, ObjectsOutsideOfTheTableAreLeftOut) {
+    const std::uint32_t before = driver::handleCount();
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    crafted.record(37, {0x7FFFFFFF})
+        .record(39, {99999, 0, red, 0})
+        .record(39, {0, 0, red, 0})
+        .record(40, {0xFFFFFFFF})
+        .record(38, {2, 0, 1, 1, red})
+        .record(37, {2})
+        .record(40, {2})
+        .record(setPixel, {7, 7, red});
+    EXPECT_FALSE(play(crafted, canvas));
+    EXPECT_EQ(canvas.at(7, 7), red);
+    EXPECT_EQ(driver::handleCount(), before + 2) << driver::describeHandles();
+}
+
+TEST(CraftedMetafile, NothingIsLeftOfStatesThatAreNotRestored) {
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    for (int i = 0; i < 10000; ++i)
+        crafted.record(33, {});
+    crafted.record(34, {0x7FFFFFFF}).record(34, {0}).record(34, {0x80000000}).record(24, {red});
+    play(crafted, canvas);
+    EXPECT_EQ(GetTextColor(canvas.dc()), 0u);
+    EXPECT_FALSE(RestoreDC(canvas.dc(), -1));
+}
+
+TEST(CraftedMetafile, PicturesThatLieAboutTheirSizeTakeNoMemory) {
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    for (int i = 0; i < 100; ++i) {
+        std::vector<DWORD> bits(18 + 10 + 2);
+        bits[10] = 80; // header
+        bits[11] = 40;
+        bits[12] = 120; // pixels
+        bits[13] = 8;
+        bits[18] = 40;
+        bits[19] = 30000;
+        bits[20] = 30000;
+        bits[21] = 8u << 16 | 1;
+        bits[22] = 1;
+        crafted.record(81, bits);
+    }
+    play(crafted, canvas);
+    SUCCEED();
+}
+
+TEST(CraftedMetafile, NumbersWithoutBoundsAreHeldOnTheSheet) {
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    crafted.record(17, {8})
+        .record(9, {1, 1})
+        .record(11, {0x7FFFFFFF, 0x80000000})
+        .record(42, {0x80000000, 0x80000000, 0x7FFFFFFF, 0x7FFFFFFF})
+        .record(44, {0, 0, 0x7FFFFFFF, 9, 0x7FFFFFFF, 0x7FFFFFFF})
+        .record(45, {0, 0, 0x7FFFFFFF, 0x7FFFFFFF, 1, 1, 2, 2})
+        .record(54, {0x7FFFFFFF, 0x80000000});
+    play(crafted, canvas);
+    SUCCEED();
+}
