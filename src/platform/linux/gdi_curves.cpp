@@ -29,8 +29,10 @@ struct CurveBox {
 
 /// Curves are made whole, so they are held where no surface has pixels any more.
 RECT withinReach(const RECT& r) {
-    constexpr LONG farthest = 1 << 15;
-    const auto held = [](LONG value) { return std::clamp(value, -farthest, farthest); };
+    const auto held = [](LONG value) {
+        constexpr LONG farthest = 1 << 15;
+        return std::clamp(value, -farthest, farthest);
+    };
     return {held(r.left), held(r.top), held(r.right), held(r.bottom)};
 }
 

@@ -73,7 +73,7 @@ void OutlineFace::chooseShape(const LOGFONTW& request) {
         constexpr LONG widest = 4096;
         widthOfItself_ = metrics_.tmAveCharWidth;
         widthWanted_ = std::min(std::abs(std::max(request.lfWidth, -widest)), widest);
-        metrics_.tmMaxCharWidth = stretched(metrics_.tmMaxCharWidth);
+        metrics_.tmMaxCharWidth = metrics_.tmMaxCharWidth * widthWanted_ / widthOfItself_;
         metrics_.tmAveCharWidth = widthWanted_;
     }
     if (request.lfEscapement % 3600 != 0) {
@@ -192,7 +192,7 @@ InkSpan OutlineFace::ink(char16_t character) {
     FT_BBox box{};
     FT_Outline_Get_CBox(&face_->glyph->outline, &box);
     const int left = static_cast<int>(box.xMin >> 6);
-    return {left, static_cast<int>((box.xMax + 63) >> 6) - left};
+    return {left, std::max(1, static_cast<int>((box.xMax + 63) >> 6) - left)};
 }
 
 Glyph OutlineFace::makeGlyph(char16_t character) {
