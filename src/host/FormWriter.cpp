@@ -4,6 +4,7 @@
 #include "automation/Error.h"
 #include "host/FormValues.h"
 #include "host/Picture.h"
+#include "host/PictureFile.h"
 #include "host/StdFont.h"
 #include "platform/locale.h"
 
@@ -90,7 +91,7 @@ void FormWriter::value(const std::u16string& head, const automation::Variant& va
     } else if (const auto* picture = dynamic_cast<const Picture*>(object)) {
         line(head + u"Picture");
         ++depth_;
-        const auto& bytes = picture->source();
+        const auto bytes = pictureFile(*picture);
         for (std::size_t start = 0; start < bytes.size(); start += BytesPerLine) {
             std::u16string row;
             for (std::size_t i = start; i < std::min(bytes.size(), start + BytesPerLine); ++i)

@@ -3,6 +3,8 @@
 #include "host/Clipboard.h"
 #include "host/Picture.h"
 #include "host/PictureBox.h"
+#include "host/PictureFile.h"
+#include "support/Canvas.h"
 #include "support/TemporaryFolder.h"
 
 namespace host {
@@ -29,9 +31,91 @@ std::vector<std::uint8_t> smallBitmap() {
     return file;
 }
 
+/// What the picture looks like on a chequered ground, so that what it leaves out shows too.
+std::string lookOf(const Picture& picture) {
+    const auto [width, height] = picture.pixels();
+    test::Canvas ground(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            ground.set(x, y, (x + y) % 2 ? 0x123456 : 0xFEDCBA);
+    picture.render(ground.dc(), 0, 0, width, height);
+    std::string look;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            look += std::to_string(ground.at(x, y)) + ' ';
+    return look;
+}
+
+/// A bitmap of its own with a slanting line of each of two colours.
+platform::HBITMAP bitmapWithLines(int width, int height, int bits, platform::COLORREF a,
+                                  platform::COLORREF b) {
+    const platform::HDC dc = platform::CreateCompatibleDC({});
+    const platform::HBITMAP bitmap =
+        platform::CreateBitmap(width, height, 1, static_cast<platform::UINT>(bits), nullptr);
+    const platform::HGDIOBJ former = platform::SelectObject(dc, bitmap);
+    platform::PatBlt(dc, 0, 0, width, height, platform::BLACKNESS);
+    for (int i = 0; i < std::min(width, height); ++i) {
+        platform::SetPixel(dc, i, i, a);
+        platform::SetPixel(dc, width - 1 - i, i, b);
+    }
+    platform::SelectObject(dc, former);
+    platform::DeleteDC(dc);
+    return bitmap;
+}
+
+/// An icon, or a cursor with its hot spot, of 20 by 16 pixels. Without colours it is monochrome.
+platform::HICON iconOf(bool isIcon, bool colored) {
+    constexpr platform::COLORREF White = 0xFFFFFF;
+    platform::ICONINFO parts;
+    parts.fIcon = isIcon;
+    parts.xHotspot = 3;
+    parts.yHotspot = 5;
+    parts.hbmMask = bitmapWithLines(20, colored ? 16 : 32, 1, White, White);
+    if (colored) parts.hbmColor = bitmapWithLines(20, 16, 32, 0x0000FF, 0x00FF00);
+    const platform::HICON icon = platform::CreateIconIndirect(&parts);
+    platform::DeleteObject(parts.hbmMask);
+    if (colored) platform::DeleteObject(parts.hbmColor);
+    return icon;
+}
+
+platform::HENHMETAFILE smallMetafile() {
+    const platform::RECT frame{0, 0, 1000, 500};
+    const platform::HDC dc = platform::CreateEnhMetaFileW({}, nullptr, &frame, nullptr);
+    platform::Rectangle(dc, 2, 2, 30, 15);
+    return platform::CloseEnhMetaFile(dc);
+}
+
 } // namespace
 
 class PictureTest : public HostTest {};
+
+TEST_F(PictureTest, APictureOfAHandleIsTheSameAfterItsFileIsRead) {
+    const automation::Ref<Picture> pictures[] = {
+        automation::make<Picture>(bitmapWithLines(13, 9, 32, 0x0000FF, 0xFFC000)),
+        automation::make<Picture>(bitmapWithLines(13, 9, 1, 0xFFFFFF, 0xFFFFFF)),
+        automation::make<Picture>(iconOf(true, true)),
+        automation::make<Picture>(iconOf(true, false)),
+        automation::make<Picture>(iconOf(false, true)),
+        automation::make<Picture>(smallMetafile()),
+    };
+    for (const auto& picture : pictures) {
+        SCOPED_TRACE(&picture - pictures);
+        ASSERT_TRUE(picture->source().empty());
+        const auto again = Picture::fromBytes(pictureFile(*picture));
+        EXPECT_EQ(again->Type(), picture->Type());
+        EXPECT_EQ(again->pixels(), picture->pixels());
+        EXPECT_EQ(lookOf(*again), lookOf(*picture));
+    }
+    EXPECT_TRUE(pictureFile(Picture()).empty());
+}
+
+TEST_F(PictureTest, ACursorsFileKeepsItsHotSpot) {
+    const auto cursor = automation::make<Picture>(iconOf(false, true));
+    const std::vector<std::uint8_t> file = pictureFile(*cursor);
+    platform::PictureData data;
+    ASSERT_EQ(platform::decodePicture(file, data), platform::PictureError::None);
+    EXPECT_EQ(data.hotSpot, (platform::POINT{3, 5}));
+}
 
 TEST_F(PictureTest, ItsSizeIsInHimetric) {
     const auto picture = plain(96, 48, 0xFF112233);
