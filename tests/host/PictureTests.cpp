@@ -78,7 +78,7 @@ platform::HICON iconOf(bool isIcon, bool colored) {
     return icon;
 }
 
-platform::HENHMETAFILE smallMetafile() {
+platform::HENHMETAFILE recordedRectangle() {
     const platform::RECT frame{0, 0, 1000, 500};
     const platform::HDC dc = platform::CreateEnhMetaFileW({}, nullptr, &frame, nullptr);
     platform::Rectangle(dc, 2, 2, 30, 15);
@@ -96,7 +96,7 @@ TEST_F(PictureTest, APictureOfAHandleIsTheSameAfterItsFileIsRead) {
         automation::make<Picture>(iconOf(true, true)),
         automation::make<Picture>(iconOf(true, false)),
         automation::make<Picture>(iconOf(false, true)),
-        automation::make<Picture>(smallMetafile()),
+        automation::make<Picture>(recordedRectangle()),
     };
     for (const auto& picture : pictures) {
         SCOPED_TRACE(&picture - pictures);
