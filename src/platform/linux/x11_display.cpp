@@ -167,6 +167,7 @@ bool X11Display::waitForInput(std::int64_t milliseconds) {
 void X11Display::take(XEvent& event) {
     if (event.type == KeyPress || event.type == KeyRelease) return takeKey(event);
     if (keys_.isForMethod(event) || clipboard_.take(event)) return;
+    server_->noteRootChange(event);
     switch (event.type) {
     case ButtonPress:
     case ButtonRelease:
@@ -272,7 +273,6 @@ void X11Display::takePlace(const XConfigureEvent& event) {
 }
 
 void X11Display::takeProperty(const XPropertyEvent& event) {
-    server_->noteRootChange(event);
     if (event.atom != server_->atoms().state && event.atom != server_->atoms().netState) return;
     const Window* window = windows_.windowOf(event.window);
     if (!window) return;

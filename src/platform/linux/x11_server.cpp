@@ -1,5 +1,6 @@
 #include "platform/linux/x11_server.h"
 
+#include "platform/linux/x11_monitors.h"
 #include "platform/linux/x11_refusals.h"
 
 #include <X11/XKBlib.h>
@@ -121,7 +122,7 @@ X11Server::X11Server(::Display* display, const XVisualInfo& visual)
     const bool own = visual.visual == DefaultVisual(display, screen_);
     colors_ =
         own ? DefaultColormap(display, screen_) : XCreateColormap(display, root(), visual.visual, AllocNone);
-    XSelectInput(display, root(), PropertyChangeMask);
+    XSelectInput(display, root(), PropertyChangeMask | StructureNotifyMask);
 }
 
 X11Server::~X11Server() {
@@ -130,19 +131,28 @@ X11Server::~X11Server() {
 
 // --- The screen ------------------------------------------------------------------------------------
 
+const RECT& X11Server::monitor() const {
+    if (!monitor_) {
+        const RECT whole{0, 0, DisplayWidth(display_, screen_), DisplayHeight(display_, screen_)};
+        monitor_ = firstMonitor(display_, root()).value_or(whole);
+    }
+    return *monitor_;
+}
+
 SIZE X11Server::screenSize() const {
-    return {DisplayWidth(display_, screen_), DisplayHeight(display_, screen_)};
+    return {widthOf(monitor()), heightOf(monitor())};
 }
 
 RECT X11Server::workArea() const {
     constexpr std::size_t ValuesEach = 4;
-    const SIZE screen = screenSize();
     const auto areas = values(root(), atoms_.netWorkArea, XA_CARDINAL);
+    if (areas.size() < ValuesEach) return monitor();
     const auto desktop = values(root(), atoms_.netDesktop, XA_CARDINAL);
-    const std::size_t at = desktop.empty() ? 0 : desktop.front() * ValuesEach;
-    if (areas.size() < at + ValuesEach) return {0, 0, screen.cx, screen.cy};
+    const std::size_t wanted = desktop.empty() ? 0 : desktop.front() * ValuesEach;
+    const std::size_t at = wanted + ValuesEach <= areas.size() ? wanted : 0;
     const auto value = [&](std::size_t i) { return static_cast<LONG>(areas[at + i]); };
-    return {value(0), value(1), value(0) + value(2), value(1) + value(3)};
+    const RECT area = overlapOf({value(0), value(1), value(0) + value(2), value(1) + value(3)}, monitor());
+    return hasNoArea(area) ? monitor() : area;
 }
 
 /// Only one program at a time can take over the placing of the windows.
@@ -157,8 +167,11 @@ bool X11Server::hasWindowManager() const {
     return *managed_;
 }
 
-void X11Server::noteRootChange(const XPropertyEvent& event) {
-    if (event.window == root() && (event.atom == atoms_.netCheck || event.atom == atoms_.netSupported))
+void X11Server::noteRootChange(const XEvent& event) {
+    if (event.xany.window != root()) return;
+    if (event.type == ConfigureNotify) monitor_.reset();
+    const bool names = event.type == PropertyNotify;
+    if (names && (event.xproperty.atom == atoms_.netCheck || event.xproperty.atom == atoms_.netSupported))
         managed_.reset();
 }
 

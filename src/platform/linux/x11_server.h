@@ -40,12 +40,15 @@ public:
     const XVisualInfo& visual() const { return visual_; }
     Colormap colors() const { return colors_; }
     const X11Atoms& atoms() const { return atoms_; }
-    SIZE screenSize() const;
 
-    /// The whole screen where no window manager says how much of it is free.
+    /// Of the first monitor.
+    SIZE screenSize() const;
+    /// All of the first monitor where no window manager says how much of it is free.
     RECT workArea() const;
     bool hasWindowManager() const;
-    void noteRootChange(const XPropertyEvent& event);
+
+    /// Forgets what an event on the root window makes out of date.
+    void noteRootChange(const XEvent& event);
 
     /// What lies in a property of the type: 32-bit values or bytes. Empty: no such property.
     std::vector<unsigned long> values(::Window window, ::Atom property, ::Atom type) const;
@@ -73,6 +76,7 @@ public:
 private:
     X11Server(::Display* display, const XVisualInfo& visual);
     bool looksManaged() const;
+    const RECT& monitor() const;
 
     ::Display* display_;
     int screen_;
@@ -81,6 +85,7 @@ private:
     X11Atoms atoms_{};
     Time userTime_ = 0;
     mutable std::optional<bool> managed_;
+    mutable std::optional<RECT> monitor_;
 };
 
 } // namespace platform::driver
