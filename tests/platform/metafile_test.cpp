@@ -1,104 +1,13 @@
-#include "platform/metafiles.h"
-#include "support/Canvas.h"
+#include "support/Recording.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
 using namespace platform;
-using test::Canvas;
+using namespace test;
 
 namespace {
-
-/// A frame of so many hundredths of a millimetre.
-constexpr RECT frame{0, 0, 2600, 1300};
-
-/// Ends a metafile with its scope.
-class Recorded {
-public:
-    explicit Recorded(HENHMETAFILE handle) : handle_(handle) {}
-    ~Recorded() { DeleteEnhMetaFile(handle_); }
-    Recorded(const Recorded&) = delete;
-    Recorded& operator=(const Recorded&) = delete;
-
-    HENHMETAFILE handle() const { return handle_; }
-
-    ENHMETAHEADER header() const {
-        ENHMETAHEADER header;
-        EXPECT_EQ(GetEnhMetaFileHeader(handle_, sizeof header, &header), sizeof header);
-        return header;
-    }
-
-    std::vector<BYTE> bytes() const {
-        std::vector<BYTE> result(GetEnhMetaFileBits(handle_, 0, nullptr));
-        EXPECT_EQ(GetEnhMetaFileBits(handle_, static_cast<UINT>(result.size()), result.data()),
-                  result.size());
-        return result;
-    }
-
-private:
-    HENHMETAFILE handle_;
-};
-
-/// Records what `draw` draws.
-template <class Draw>
-HENHMETAFILE record(const Draw& draw) {
-    const HDC dc = CreateEnhMetaFileA({}, nullptr, &frame, nullptr);
-    EXPECT_TRUE(dc);
-    draw(dc);
-    return CloseEnhMetaFile(dc);
-}
-
-/// The frame of a picture of so many pixels, and what makes the units of a recording its pixels.
-RECT frameOf(int width, int height) {
-    const HDC screen = CreateCompatibleDC({});
-    const auto hundredths = [&](int pixels, int size, int resolution) {
-        return static_cast<LONG>(
-            pixels * 100.0 * GetDeviceCaps(screen, size) / GetDeviceCaps(screen, resolution) + 0.5);
-    };
-    const RECT result{0, 0, hundredths(width, HORZSIZE, HORZRES), hundredths(height, VERTSIZE, VERTRES)};
-    DeleteDC(screen);
-    return result;
-}
-
-/// What `draw` paints directly, and what its recording paints when it is played at the same size.
-template <class Draw>
-void expectSamePicture(const Draw& draw) {
-    constexpr int width = 64;
-    constexpr int height = 48;
-    const Canvas direct(width, height);
-    const Canvas played(width, height);
-    PatBlt(direct.dc(), 0, 0, width, height, WHITENESS);
-    PatBlt(played.dc(), 0, 0, width, height, WHITENESS);
-    const int depth = SaveDC(direct.dc());
-    draw(direct.dc());
-    RestoreDC(direct.dc(), depth);
-    const RECT size = frameOf(width, height);
-    const HDC dc = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
-    draw(dc);
-    const Recorded metafile(CloseEnhMetaFile(dc));
-    const RECT whole{0, 0, width, height};
-    EXPECT_TRUE(PlayEnhMetaFile(played.dc(), metafile.handle(), &whole));
-    EXPECT_EQ(played.text(), direct.text());
-    EXPECT_NE(direct.text().find_first_not_of("#\n"), std::string::npos) << "nothing was drawn";
-}
-
-/// Selects an object for the length of a scope and deletes it.
-class Selected {
-public:
-    Selected(HDC dc, HGDIOBJ object) : dc_(dc), object_(object), former_(SelectObject(dc, object)) {}
-    ~Selected() {
-        SelectObject(dc_, former_);
-        DeleteObject(object_);
-    }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC dc_;
-    HGDIOBJ object_;
-    HGDIOBJ former_;
-};
 
 /// The bytes of an older metafile, with the header that makes it placeable.
 class OlderFile {
@@ -217,26 +126,6 @@ TEST(MetafilePlayed, LinesAndPolygonsLookAsDrawn) {
     });
 }
 
-TEST(MetafilePlayed, ShapesInPensAndBrushesLookAsDrawn) {
-    expectSamePicture([](HDC dc) {
-        const Selected pen(dc, CreatePen(PS_SOLID, 3, RGB(200, 0, 0)));
-        const Selected brush(dc, CreateHatchBrush(HS_CROSS, RGB(0, 0, 200)));
-        Rectangle(dc, 2, 2, 30, 20);
-        Ellipse(dc, 32, 2, 62, 24);
-        RoundRect(dc, 2, 24, 30, 46, 9, 9);
-    });
-}
-
-TEST(MetafilePlayed, ArcsAndCurvesLookAsDrawn) {
-    expectSamePicture([](HDC dc) {
-        Arc(dc, 2, 2, 30, 20, 30, 10, 2, 10);
-        Pie(dc, 32, 2, 62, 24, 62, 10, 40, 24);
-        Chord(dc, 2, 24, 30, 46, 30, 40, 10, 24);
-        const POINT curve[] = {{34, 44}, {40, 20}, {50, 60}, {60, 30}};
-        PolyBezier(dc, curve, 4);
-    });
-}
-
 TEST(MetafilePlayed, PathsLookAsDrawn) {
     expectSamePicture([](HDC dc) {
         const Selected brush(dc, CreateSolidBrush(RGB(0, 128, 0)));
@@ -273,20 +162,6 @@ TEST(MetafilePlayed, GradientsLookAsDrawn) {
     });
 }
 
-TEST(MetafilePlayed, TextLooksAsDrawn) {
-    expectSamePicture([](HDC dc) {
-        LOGFONTW font;
-        font.lfHeight = -15;
-        std::u16string_view(u"Arial").copy(font.lfFaceName, LF_FACESIZE - 1);
-        const Selected selected(dc, CreateFontIndirectW(&font));
-        SetBkColor(dc, RGB(255, 255, 0));
-        TextOutA(dc, 4, 4, "Texto", 5);
-        SetBkMode(dc, TRANSPARENT);
-        SetTextAlign(dc, TA_CENTER | TA_BASELINE);
-        TextOutA(dc, 32, 40, "centro", 6);
-    });
-}
-
 TEST(MetafilePlayed, CopiesOfOtherContextsLookAsDrawn) {
     const Canvas source(16, 16);
     source.set(3, 3, RGB(255, 0, 0));
@@ -296,16 +171,6 @@ TEST(MetafilePlayed, CopiesOfOtherContextsLookAsDrawn) {
         BitBlt(dc, 50, 40, 30, 30, source.dc(), 8, 8, SRCINVERT);
         SetStretchBltMode(dc, COLORONCOLOR);
         StretchBlt(dc, 20, 4, 32, 32, source.dc(), 0, 0, 16, 16, SRCCOPY);
-    });
-}
-
-TEST(MetafilePlayed, CopiesOfOneBitTakeTheColoursOfTheRecording) {
-    const Canvas source(8, 8, 1);
-    source.set(2, 2, RGB(255, 255, 255));
-    expectSamePicture([&](HDC dc) {
-        SetTextColor(dc, RGB(0, 0, 200));
-        SetBkColor(dc, RGB(250, 250, 0));
-        BitBlt(dc, 2, 2, 8, 8, source.dc(), 0, 0, SRCCOPY);
     });
 }
 
@@ -320,17 +185,6 @@ TEST(MetafilePlayed, ClippingIsRecorded) {
     });
 }
 
-TEST(MetafilePlayed, OriginsAndExtentsAreRecorded) {
-    expectSamePicture([](HDC dc) {
-        SetWindowOrgEx(dc, -10, -5, nullptr);
-        Rectangle(dc, 0, 0, 20, 10);
-        SetMapMode(dc, MM_ANISOTROPIC);
-        SetWindowExtEx(dc, 100, 100, nullptr);
-        SetViewportExtEx(dc, 200, 300, nullptr);
-        Rectangle(dc, 2, 8, 20, 14);
-    });
-}
-
 TEST(MetafilePlayed, SavedStatesComeBack) {
     expectSamePicture([](HDC dc) {
         const int depth = SaveDC(dc);
@@ -340,27 +194,6 @@ TEST(MetafilePlayed, SavedStatesComeBack) {
         RestoreDC(dc, depth);
         LineTo(dc, 40, 30);
     });
-}
-
-TEST(MetafilePlayed, TheStateOfTheTargetIsTheSameAfterwards) {
-    const Recorded metafile(record([](HDC dc) {
-        SetTextColor(dc, RGB(1, 2, 3));
-        IntersectClipRect(dc, 0, 0, 5, 5);
-        MoveToEx(dc, 7, 7, nullptr);
-        LineTo(dc, 9, 9);
-    }));
-    const Canvas canvas(32, 32);
-    SetTextColor(canvas.dc(), RGB(9, 9, 9));
-    MoveToEx(canvas.dc(), 4, 5, nullptr);
-    const RECT whole{0, 0, 32, 32};
-    EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &whole));
-    EXPECT_EQ(GetTextColor(canvas.dc()), RGB(9, 9, 9));
-    POINT position;
-    GetCurrentPositionEx(canvas.dc(), &position);
-    EXPECT_EQ(position, (POINT{4, 5}));
-    RECT box;
-    GetClipBox(canvas.dc(), &box);
-    EXPECT_EQ(box, whole);
 }
 
 TEST(MetafilePlayed, TheFrameIsScaledToTheRectangle) {

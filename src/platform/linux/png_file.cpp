@@ -2,6 +2,7 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -59,6 +60,27 @@ bool savePng(const std::string& path, const Surface& surface) {
     std::vector<std::uint8_t> row(static_cast<std::size_t>(surface.width) * bytesPerPixel);
     const bool written = writeImage(file, surface, row);
     return std::fclose(file) == 0 && written;
+}
+
+std::string pngOf(const Surface& surface) {
+    if (!surface.bits || surface.width <= 0 || surface.height <= 0) return {};
+    const auto stride = static_cast<std::size_t>(surface.width) * bytesPerPixel;
+    std::vector<std::uint8_t> rgb(stride * static_cast<std::size_t>(surface.height));
+    std::vector<std::uint8_t> row(stride);
+    for (int y = 0; y < surface.height; ++y) {
+        rowToRgb(surface, y, row);
+        std::copy(row.begin(), row.end(), rgb.begin() + static_cast<std::ptrdiff_t>(stride) * y);
+    }
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(surface.width);
+    image.height = static_cast<png_uint_32>(surface.height);
+    image.format = PNG_FORMAT_RGB;
+    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+    std::string file(size, '\0');
+    if (!png_image_write_to_memory(&image, file.data(), &size, 0, rgb.data(), 0, nullptr)) return {};
+    file.resize(size);
+    return file;
 }
 
 } // namespace platform::driver

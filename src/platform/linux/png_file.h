@@ -11,4 +11,7 @@ namespace platform::driver {
 /// written or the surface has no pixels.
 bool savePng(const std::string& path, const Surface& surface);
 
+/// The same as the bytes of a file; empty when that fails.
+std::string pngOf(const Surface& surface);
+
 } // namespace platform::driver

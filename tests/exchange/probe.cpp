@@ -1,0 +1,199 @@
+// Metafiles exchanged with other programs:
+//   probe record FILE.emf FILE.png   draws a sheet, and records it
+//   probe play FILE.emf FILE.png     paints a metafile
+//   probe compare A.png B.png        says how alike two pictures are; 1 when they are not
+// All pictures have 400 by 300 pixels.
+
+#include "platform/files.h"
+#include "platform/linux/png_file.h"
+#include "platform/metafiles.h"
+#include "platform/pictures.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace platform;
+
+namespace {
+
+constexpr int width = 400;
+constexpr int height = 300;
+
+/// A white sheet of 32 bits.
+class Sheet {
+public:
+    Sheet() : dc_(CreateCompatibleDC({})) {
+        BITMAPINFO info;
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
+        info.bmiHeader.biBitCount = 32;
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, {}, 0);
+        former_ = SelectObject(dc_, bitmap_);
+        PatBlt(dc_, 0, 0, width, height, WHITENESS);
+    }
+    ~Sheet() {
+        SelectObject(dc_, former_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+
+    HDC dc() const { return dc_; }
+    bool save(const std::string& file) const {
+        return driver::savePng(file, {width, height, 32, width * 4, static_cast<std::uint8_t*>(bits_)});
+    }
+
+private:
+    HDC dc_;
+    HBITMAP bitmap_;
+    HGDIOBJ former_;
+    void* bits_ = nullptr;
+};
+
+void inPenAndBrush(HDC dc, COLORREF pen, int penWidth, COLORREF brush, const auto& draw) {
+    const HGDIOBJ formerPen = SelectObject(dc, CreatePen(PS_SOLID, penWidth, pen));
+    const HGDIOBJ formerBrush = SelectObject(dc, CreateSolidBrush(brush));
+    draw();
+    DeleteObject(SelectObject(dc, formerPen));
+    DeleteObject(SelectObject(dc, formerBrush));
+}
+
+void drawText(HDC dc, int x, int y, int size, int angle, const char* text) {
+    const HFONT font =
+        CreateFontA(-size, 0, angle, angle, FW_BOLD, 0, 0, 0, 0, 0, 0, 0, 0, "Liberation Sans");
+    const HGDIOBJ former = SelectObject(dc, font);
+    SetTextColor(dc, RGB(120, 0, 120));
+    SetBkMode(dc, TRANSPARENT);
+    TextOutA(dc, x, y, text, static_cast<int>(std::string_view(text).size()));
+    DeleteObject(SelectObject(dc, former));
+}
+
+void drawPicture(HDC dc) {
+    const HDC source = CreateCompatibleDC({});
+    const HBITMAP bitmap = CreateBitmap(40, 40, 1, 32, nullptr);
+    const HGDIOBJ former = SelectObject(source, bitmap);
+    inPenAndBrush(source, RGB(0, 0, 0), 1, RGB(255, 160, 0), [&] { Rectangle(source, 0, 0, 40, 20); });
+    inPenAndBrush(source, RGB(0, 0, 0), 1, RGB(0, 160, 255), [&] { Rectangle(source, 0, 20, 40, 40); });
+    StretchBlt(dc, 310, 210, 80, 80, source, 0, 0, 40, 40, SRCCOPY);
+    SelectObject(source, former);
+    DeleteObject(bitmap);
+    DeleteDC(source);
+}
+
+/// Something of every kind: shapes, a path, a clip, text, a picture, a gradient.
+void drawSheet(HDC dc) {
+    inPenAndBrush(dc, RGB(0, 0, 0), 4, RGB(255, 220, 0), [&] {
+        Rectangle(dc, 10, 10, 110, 80);
+        Ellipse(dc, 120, 10, 230, 80);
+        RoundRect(dc, 240, 10, 390, 80, 30, 30);
+    });
+    inPenAndBrush(dc, RGB(0, 0, 160), 3, RGB(160, 230, 160), [&] {
+        Pie(dc, 10, 90, 110, 180, 110, 135, 60, 90);
+        const POINT star[] = {{170, 90}, {200, 180}, {125, 122}, {215, 122}, {140, 180}};
+        SetPolyFillMode(dc, WINDING);
+        Polygon(dc, star, 5);
+        BeginPath(dc);
+        MoveToEx(dc, 240, 170, nullptr);
+        const POINT curve[] = {{260, 60}, {340, 240}, {390, 100}, {390, 150}, {300, 200}, {240, 170}};
+        PolyBezierTo(dc, curve, 6);
+        EndPath(dc);
+        StrokeAndFillPath(dc);
+    });
+    SaveDC(dc);
+    IntersectClipRect(dc, 20, 200, 80, 260);
+    inPenAndBrush(dc, RGB(200, 0, 0), 1, RGB(200, 0, 0), [&] { Ellipse(dc, 0, 180, 70, 250); });
+    RestoreDC(dc, -1);
+    drawText(dc, 95, 200, 24, 0, "Metarchivo");
+    drawText(dc, 110, 295, 20, 200, "inclinado");
+    const TRIVERTEX vertices[] = {{240, 210, 0xFF00, 0, 0, 0}, {300, 290, 0, 0, 0xFF00, 0}};
+    const GRADIENT_RECT mesh{0, 1};
+    GradientFill(dc, vertices, 2, &mesh, 1, GRADIENT_FILL_RECT_V);
+    drawPicture(dc);
+}
+
+/// The frame of the sheet, so that a unit of the recording is a pixel of it.
+RECT sheetFrame(HDC dc) {
+    const auto hundredths = [&](int pixels, int size, int resolution) {
+        return pixels * 100 * GetDeviceCaps(dc, size) / GetDeviceCaps(dc, resolution);
+    };
+    return {0, 0, hundredths(width, HORZSIZE, HORZRES), hundredths(height, VERTSIZE, VERTRES)};
+}
+
+int recordSheet(const char* metafile, const char* picture) {
+    const Sheet sheet;
+    drawSheet(sheet.dc());
+    const RECT frame = sheetFrame(sheet.dc());
+    const HDC recording = CreateEnhMetaFileA(sheet.dc(), metafile, &frame, "Tesela\0probe\0");
+    if (!recording) return EXIT_FAILURE;
+    drawSheet(recording);
+    return DeleteEnhMetaFile(CloseEnhMetaFile(recording)) && sheet.save(picture) ? EXIT_SUCCESS
+                                                                                 : EXIT_FAILURE;
+}
+
+int playFile(const char* metafile, const char* picture) {
+    const Sheet sheet;
+    const HENHMETAFILE read = GetEnhMetaFileA(metafile);
+    const RECT whole{0, 0, width, height};
+    const BOOL played = PlayEnhMetaFile(sheet.dc(), read, &whole);
+    DeleteEnhMetaFile(read);
+    return played && sheet.save(picture) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+PictureData readPicture(const char* name) {
+    std::ifstream file(name, std::ios::binary);
+    const std::vector<char> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    PictureData picture;
+    decodePicture({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, picture);
+    for (std::uint32_t& pixel : picture.argb)
+        if (picture.hasAlpha && pixel >> 24 == 0) pixel = 0xFFFFFFFF;
+    return picture;
+}
+
+/// The mean of one component in a block of pixels.
+int meanOf(const PictureData& picture, int left, int top, int side, int shift) {
+    int sum = 0;
+    for (int y = top; y < top + side; ++y)
+        for (int x = left; x < left + side; ++x)
+            sum += static_cast<int>(picture.argb[static_cast<std::size_t>(y * width + x)] >> shift & 0xFF);
+    return sum / (side * side);
+}
+
+/// Compares blocks, since another program smooths edges and letters in its own way.
+int comparePictures(const char* first, const char* second) {
+    constexpr int side = 10;
+    constexpr int tolerated = 48;
+    constexpr int mostDifferent = 12; ///< Of 1200 blocks: edges may lie a pixel aside
+    const PictureData a = readPicture(first);
+    const PictureData b = readPicture(second);
+    if (a.width != width || a.height != height || b.width != width || b.height != height) return EXIT_FAILURE;
+    int different = 0;
+    for (int y = 0; y < height; y += side) {
+        for (int x = 0; x < width; x += side) {
+            int most = 0;
+            for (const int shift : {0, 8, 16})
+                most = std::max(most, std::abs(meanOf(a, x, y, side, shift) - meanOf(b, x, y, side, shift)));
+            if (most <= tolerated) continue;
+            ++different;
+            std::printf("block %d,%d differs by %d\n", x, y, most);
+        }
+    }
+    std::printf("%d blocks differ\n", different);
+    return different <= mostDifferent ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) return EXIT_FAILURE;
+    const std::string_view command = argv[1];
+    if (command == "record") return recordSheet(argv[2], argv[3]);
+    if (command == "play") return playFile(argv[2], argv[3]);
+    return command == "compare" ? comparePictures(argv[2], argv[3]) : EXIT_FAILURE;
+}

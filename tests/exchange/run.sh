@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# run.sh PROBE: a metafile recorded here looks the same in another program, and one written by that program
+# looks the same here. Exit status 77 (skipped) when the program, LibreOffice's drawing without windows, is
+# not installed.
+set -uo pipefail
+probe=$1
+office=$(command -v soffice || command -v libreoffice || true)
+if [ -z "$office" ]; then
+  echo "metafiles: LibreOffice is not installed (Debian: libreoffice-draw-nogui): skipped" >&2
+  exit 77
+fi
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+export TESELA_DISPLAY=headless
+
+# convert TYPE FILE: what the other program makes of a file, in this folder.
+convert() {
+  timeout 100 "$office" "-env:UserInstallation=file://$folder/profile" --headless --convert-to "$1" "$2" >convert.log 2>&1 ||
+    { cat convert.log >&2; exit 1; }
+}
+failed=0
+check() {
+  local what=$1
+  shift
+  if "$@"; then echo "ok: $what"; else echo "FAILED: $what" >&2; failed=1; fi
+}
+picture='png:draw_png_Export:{"PixelWidth":{"type":"long","value":"400"},"PixelHeight":{"type":"long","value":"300"}}'
+
+check 'a sheet is recorded' "$probe" record ours.emf direct.png
+check 'our own player paints it' "$probe" play ours.emf played.png
+check 'as it was drawn' "$probe" compare direct.png played.png
+convert "$picture" ours.emf
+check 'the other program shows the same' "$probe" compare direct.png ours.png
+
+# Its own metafile of the same sheet.
+mkdir theirs && cp ours.emf theirs/sheet.emf && cd theirs || exit 1
+convert odg sheet.emf
+rm sheet.emf
+convert emf sheet.odg
+check 'a metafile of the other program is played' "$probe" play sheet.emf theirs.png
+check 'and shows the same' "$probe" compare ../direct.png theirs.png
+exit $failed
