@@ -11,12 +11,22 @@ namespace {
 
 constexpr int mainSize = 64;
 
+/// Black and white for 1 bit; with more, colours that differ in every component.
+void fillColors(BITMAPINFO& info) {
+    constexpr unsigned colorCount = 256;
+    for (unsigned i = 0; i < colorCount; ++i)
+        info.bmiColors[i] = {static_cast<BYTE>(i * 37), static_cast<BYTE>(i * 101 + 50),
+                             static_cast<BYTE>(i * 59 + 100), 0};
+    info.bmiColors[0] = {0, 0, 0, 0};
+    info.bmiColors[1] = {0xFF, 0xFF, 0xFF, 0};
+}
+
 HBITMAP makeSection(int width, int height, int bits) {
     BITMAPINFO info;
     info.bmiHeader.biWidth = width;
     info.bmiHeader.biHeight = -height;
     info.bmiHeader.biBitCount = static_cast<WORD>(bits);
-    info.bmiColors[1] = {0xFF, 0xFF, 0xFF, 0};
+    fillColors(info);
     void* pixels = nullptr;
     return CreateDIBSection(HDC(), &info, DIB_RGB_COLORS, &pixels, HANDLE(), 0);
 }

@@ -3,6 +3,7 @@
 
 #include "conformance/Stage.h"
 #include "conformance/Words.h"
+#include "conformance/blit_calls.h"
 #include "conformance/calls.h"
 
 #include <functional>
@@ -361,6 +362,17 @@ const std::map<std::string, Call>& calls() {
         {"BitBlt", onSurface(BitBlt)},
         {"StretchBlt", onSurface(StretchBlt)},
         {"ExtFloodFill", onSurface(ExtFloodFill)},
+        // Pixels in other forms
+        {"Noise", onSurface(noise)},
+        {"AlphaBlend", onSurface(alphaBlend)},
+        {"TransparentBlt", onSurface(TransparentBlt)},
+        {"MaskBlt", onSurface(maskBlt)},
+        {"GradientRectangle", onSurface(gradientRectangle)},
+        {"GradientTriangle", onSurface(gradientTriangle)},
+        {"StretchDib", onSurface(stretchDib)},
+        {"DibToDevice", onSurface(dibToDevice)},
+        {"SetDib", onSurface(setDib)},
+        {"DrawIcon", onSurface(drawIcon)},
         // Paths
         {"BeginPath", onSurface(BeginPath)},
         {"EndPath", onSurface(EndPath)},

@@ -88,10 +88,16 @@ private:
             readValues(*source_.surface, fromX, fromY, count, sourceWords_.data());
             return;
         }
+        if (becomesMask(*target_.surface, source_)) {
+            readValues(*source_.surface, fromX, fromY, count, sourceWords_.data());
+            for (std::uint32_t& word : sourceWords_)
+                word = word == source_.backValue ? ~0u : 0u;
+            return;
+        }
         readRow(*source_.surface, fromX, fromY, count, source_.bits, sourceWords_.data());
         for (int i = 0; i < count; ++i) {
             std::uint32_t& word = sourceWords_[static_cast<std::size_t>(i)];
-            word = finder_.valueOf(word & colorBits, source_);
+            word = finder_.valueOf(word & colorBits);
         }
     }
 
@@ -107,10 +113,15 @@ private:
 
     /// What becomes of the bits 0 and 1 of the source.
     Masks bitMasks() {
-        const bool takesBits = !target_.surface->format && !source_.takesNearest;
+        const Surface& source = *source_.surface;
+        const bool takesBits = !target_.surface->format && !source.format && !source_.takesNearest;
         if (takesBits) return leaveAlone; // device bitmaps take bits as they are
-        const std::uint32_t at0 = finder_.valueOf(colorOfValue(*source_.surface, 0, source_.bits), source_);
-        const std::uint32_t at1 = finder_.valueOf(colorOfValue(*source_.surface, 1, source_.bits), source_);
+        std::uint32_t at0 = source_.backValue == 0 ? ~0u : 0u;
+        std::uint32_t at1 = ~at0;
+        if (!becomesMask(*target_.surface, source_)) {
+            at0 = finder_.valueOf(colorOfValue(source, 0, source_.bits));
+            at1 = finder_.valueOf(colorOfValue(source, 1, source_.bits));
+        }
         return {at0 ^ at1, at0};
     }
 
@@ -183,6 +194,10 @@ RECT moved(const RECT& r, POINT by) {
     return {r.left + by.x, r.top + by.y, r.right + by.x, r.bottom + by.y};
 }
 
+bool becomesMask(const Surface& target, const SourcePixels& source) {
+    return target.bitsPerPixel == 1 && !target.format && !source.takesNearest;
+}
+
 SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, POINT offset) {
     source.needPixels();
     SourcePixels pixels;
@@ -190,7 +205,7 @@ SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, 
     pixels.valid =
         source.isMemory ? RECT{0, 0, source.surface->width, source.surface->height} : source.visible.bounds();
     pixels.offset = offset;
-    pixels.backColor = pixelOfColor(source.state.backColor);
+    pixels.backValue = nearestPixelOf(source, source.state.backColor);
     pixels.bits = {pixelOfColor(target.state.textColor), pixelOfColor(target.state.backColor)};
     return pixels;
 }
@@ -222,13 +237,6 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
 
 ValueFinder::ValueFinder(const DeviceContext& target)
     : target_(target), showsPalette_(showsDisplayPalette(*target.surface)) {}
-
-std::uint32_t ValueFinder::valueOf(std::uint32_t color, const SourcePixels& source) {
-    const Surface& surface = *target_.surface;
-    if (surface.bitsPerPixel == 1 && !surface.format && !source.takesNearest)
-        return color == source.backColor ? ~0u : 0u;
-    return valueOf(color);
-}
 
 std::uint32_t ValueFinder::valueOf(std::uint32_t color) {
     const Surface& surface = *target_.surface;

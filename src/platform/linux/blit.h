@@ -12,7 +12,7 @@ struct SourcePixels {
     RECT valid;                  ///< The part of the surface that may be read
     POINT offset;                ///< From the target's surface to this one
     TwoColors bits{};            ///< What 0 and 1 look like when the surface has no colours of its own
-    std::uint32_t backColor = 0; ///< 0xRRGGBB that becomes 1 on a device bitmap of 1 bit
+    std::uint32_t backValue = 0; ///< What becomes 1 on a device bitmap of 1 bit
     bool takesNearest = false;   ///< There, the nearer of black and white instead
 };
 
@@ -24,6 +24,9 @@ RECT rectOf(int x, int y, int width, int height);
 RECT areaOf(const RECT& r);
 
 RECT moved(const RECT& r, POINT by);
+
+/// Whether a copy only asks which of the source's pixels have the background colour.
+bool becomesMask(const Surface& target, const SourcePixels& source);
 
 /// What a context offers as the source of a copy to `target`.
 SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, POINT offset);
@@ -39,9 +42,6 @@ class ValueFinder {
 public:
     explicit ValueFinder(const DeviceContext& target);
 
-    /// On 1 bit without colours: 1 for `backColor`, unless the source takes the nearest.
-    std::uint32_t valueOf(std::uint32_t color, const SourcePixels& source);
-    /// The nearest.
     std::uint32_t valueOf(std::uint32_t color);
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/linux/brush_pixels.h"
 
+#include "platform/linux/blit.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
@@ -55,6 +56,7 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
     result.pixels.resize(static_cast<std::size_t>(from.width) * static_cast<std::size_t>(from.height));
     const TwoColors colors = {pixelOfColor(context.state.textColor), pixelOfColor(context.state.backColor)};
     const bool asIs = haveSameFormat(from, to);
+    ValueFinder finder(context);
     for (int y = 0; y < from.height; ++y) {
         std::uint32_t* row = result.pixels.data() + static_cast<std::ptrdiff_t>(y) * from.width;
         if (asIs) {
@@ -63,7 +65,7 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
         }
         readRow(from, 0, y, from.width, colors, row);
         for (int x = 0; x < from.width && !isPlain32(to); ++x)
-            row[x] = nearestPixelOf(context, colorOfPixel32(row[x] & 0x00FFFFFF));
+            row[x] = finder.valueOf(row[x] & 0x00FFFFFF);
     }
     return result;
 }

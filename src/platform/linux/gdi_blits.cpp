@@ -217,7 +217,8 @@ void copyPixel(DeviceContext& target, POINT to, const SourcePixels& source, POIN
     std::uint32_t value = valueAt(*source.surface, from.x, from.y);
     if (!haveSameFormat(*target.surface, *source.surface)) {
         const std::uint32_t color = colorOfValue(*source.surface, value, source.bits);
-        value = isPlain32(*target.surface) ? color : finder.valueOf(color, source);
+        const bool isBack = value == source.backValue;
+        value = becomesMask(*target.surface, source) ? (isBack ? ~0u : 0u) : finder.valueOf(color);
     }
     writeValues(*target.surface, to.x, to.y, 1, &value);
 }

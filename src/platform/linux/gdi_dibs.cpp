@@ -132,7 +132,7 @@ SourcePixels sourceOf(const Surface& surface) {
     SourcePixels source;
     source.surface = &surface;
     source.valid = {0, 0, surface.width, surface.height};
-    source.backColor = blackAndWhite[1];
+    source.backValue = valueOfColor(surface, blackAndWhite[1], blackAndWhite);
     return source;
 }
 
@@ -196,13 +196,13 @@ int SetDIBits(HDC dc, HBITMAP handle, UINT start, UINT lines, const void* bits, 
         start = 0;
         lines = static_cast<UINT>(layout.height);
     }
-    const Scan scan = scanOf(start, std::min(lines, static_cast<UINT>(layout.height)), bitmap->surface.height,
-                             layout.bottomUp);
-    if (scan.lines == 0) return 0;
-    const int given = layout.isCoded() ? layout.height : scan.lines;
-    const DibPixels in(layout, bits, given, codeBytes(*info, layout));
-    if (in.surface().height < scan.lines) return 0;
-    copyRows(in.surface(), in.surface().height - scan.lines, bitmap->surface, scan.firstRow, scan.lines);
+    // Rows are counted in the given picture, whose top comes to lie on the bitmap's.
+    const Scan scan = scanOf(start, lines, layout.height, layout.bottomUp);
+    const int taken = std::min(scan.lines, bitmap->surface.height - scan.firstRow);
+    if (taken <= 0) return 0;
+    const DibPixels in(layout, bits, scan.lines, codeBytes(*info, layout));
+    if (in.surface().height == 0) return 0;
+    copyRows(in.surface(), 0, bitmap->surface, scan.firstRow, taken);
     return scan.lines;
 }
 

@@ -195,8 +195,11 @@ void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits,
         return;
     }
     std::vector<std::uint32_t> values(in, in + count);
-    translateRow(values.data(), count,
-                 [&](std::uint32_t color) { return valueOfColor(to, color & colorMask, bits); });
+    const bool isCopied = to.format && to.bitsPerPixel != 1;
+    translateRow(values.data(), count, [&](std::uint32_t color) {
+        color &= colorMask;
+        return isCopied ? to.format->copiedValueOf(color) : valueOfColor(to, color, bits);
+    });
     writeValues(to, x, y, count, values.data());
 }
 

@@ -58,7 +58,7 @@ void alignBits(const std::uint8_t* from, int fromX, std::uint8_t* out, int toX, 
 /// they are, with their highest byte.
 void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits, std::uint32_t* out);
 
-/// The opposite: each pixel takes the nearest colour that the surface has.
+/// The opposite: each pixel takes the colour of the surface that copies find for it.
 void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in);
 
 /// The colour of a value, and the value that is nearest to a colour.
