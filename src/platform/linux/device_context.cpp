@@ -164,6 +164,16 @@ std::unique_ptr<DeviceContext> makeContext() {
     return context;
 }
 
+std::unique_ptr<DeviceContext> makeContextOver(Bitmap& bitmap, const DeviceContext& like) {
+    auto context = makeContext();
+    release(context->palette);
+    context->palette = like.palette;
+    retain(context->palette);
+    context->surface = &bitmap.surface;
+    context->visible = Region(RECT{0, 0, bitmap.surface.width, bitmap.surface.height});
+    return context;
+}
+
 HDC createWindowDC(Surface& surface, POINT origin, const Region& visible) {
     auto context = makeContext();
     context->isMemory = false;

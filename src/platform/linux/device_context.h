@@ -108,4 +108,8 @@ int boundedCoordinate(std::int64_t value);
 /// A context in its initial state, with its stock objects selected; drawing on nothing yet.
 std::unique_ptr<DeviceContext> makeContext();
 
+/// A context without handle that draws on a bitmap in the colours of another context's palette. The bitmap
+/// must outlive it.
+std::unique_ptr<DeviceContext> makeContextOver(Bitmap& bitmap, const DeviceContext& like);
+
 } // namespace platform::driver

@@ -51,12 +51,13 @@ bool liesIn(const RECT& inner, const RECT& outer) {
 /// The source of a copy brought to the size of its target.
 class FittedSource {
 public:
-    FittedSource(DeviceContext& to, const DeviceContext& from, const Stretch& stretch) {
+    FittedSource(DeviceContext& to, const DeviceContext& from, const Stretch& stretch, int mode) {
         const RECT part = intersection(stretch.to, to.drawable().bounds());
         pixels_ =
             sourceOf(to, from, {stretch.from.left - stretch.to.left, stretch.from.top - stretch.to.top});
+        pixels_.bits = blackAndWhite;
         if (!stretch.changesSize() || driver::isEmpty(part)) return;
-        picture_ = stretched(*from.surface, stretch, part, COLORONCOLOR);
+        picture_ = stretched(*from.surface, stretch, part, mode);
         if (!picture_) return;
         pixels_.surface = &picture_->surface;
         pixels_.valid = {0, 0, picture_->surface.width, picture_->surface.height};
@@ -382,7 +383,7 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
     if (to->recorder)
         to->recorder->blend(RecordType::TransparentBlt, areas.target(), {*from, areas.source()}, transparent);
     const Stretch stretch = areas.between(*to, *from);
-    const FittedSource fitted(*to, *from, stretch);
+    const FittedSource fitted(*to, *from, stretch, BLACKONWHITE);
     RECT area = stretch.to;
     if (!stretch.changesSize())
         area = intersection(
@@ -398,13 +399,14 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSo
     const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
     if (!to || !from || areas.isBackwards()) return FALSE_;
     if (areas.isEmpty()) return TRUE_;
-    if ((blend.AlphaFormat & AC_SRC_ALPHA) != 0 && !isPlain32(*from->surface)) return FALSE_;
     const Stretch stretch = areas.between(*to, *from);
     const bool overlaps = to == from && !isEmpty(intersection(stretch.to, stretch.from));
     if (overlaps || !liesIn(stretch.from, sourceOf(*to, *from, {}).valid)) return FALSE_;
+    if (!to->recorder && isEmpty(intersection(stretch.to, to->drawable().bounds()))) return TRUE_;
+    if ((blend.AlphaFormat & AC_SRC_ALPHA) != 0 && !isPlain32(*from->surface)) return FALSE_;
     if (to->recorder)
         to->recorder->blend(RecordType::AlphaBlend, areas.target(), {*from, areas.source()}, wordOf(blend));
-    const FittedSource fitted(*to, *from, stretch);
+    const FittedSource fitted(*to, *from, stretch, COLORONCOLOR);
     blendPixels(*to, stretch.to, fitted.pixels(), blend);
     return TRUE_;
 }

@@ -1,6 +1,7 @@
 // Icons and cursors: a mask that lets the ground show through, and colours over it.
 
 #include "platform/gdi.h"
+#include "platform/linux/blend.h"
 #include "platform/linux/blit.h"
 #include "platform/linux/device_context.h"
 #include "platform/linux/metafile_recorder.h"
@@ -17,19 +18,6 @@ namespace {
 
 constexpr std::uint32_t alphaBits = 0xFF000000;
 constexpr int alphaShift = 24;
-
-/// A memory context over a bitmap that has no handle, for the length of one drawing.
-class BitmapContext {
-public:
-    explicit BitmapContext(Bitmap& bitmap) : context_(makeContext()) {
-        context_->surface = &bitmap.surface;
-        context_->visible = Region(RECT{0, 0, bitmap.surface.width, bitmap.surface.height});
-    }
-    DeviceContext& get() { return *context_; }
-
-private:
-    std::unique_ptr<DeviceContext> context_;
-};
 
 int heightOf(const Icon& icon) {
     return icon.color ? icon.color->surface.height : icon.mask->surface.height / 2;
@@ -51,41 +39,35 @@ std::unique_ptr<Bitmap> fitted(const Bitmap& from, const RECT& part, int width, 
     return stretched(from.surface, {area, part}, area, COLORONCOLOR);
 }
 
-std::uint32_t mixed(std::uint32_t under, std::uint32_t over) {
-    const std::uint32_t alpha = over >> alphaShift;
-    std::uint32_t result = 0;
-    for (int shift = 0; shift < alphaShift; shift += 8) {
-        constexpr std::uint32_t full = 255;
-        const std::uint32_t a = under >> shift & 0xFF;
-        const std::uint32_t b = over >> shift & 0xFF;
-        result |= (b * alpha + a * (full - alpha) + full / 2) / full << shift;
-    }
-    return result;
-}
-
-/// Blends a picture with alpha into a 32-bit target.
-void blend(DeviceContext& context, POINT at, const Surface& picture) {
-    const RECT area{at.x, at.y, at.x + picture.width, at.y + picture.height};
-    for (const RECT& clip : context.drawable().rectangles()) {
-        const RECT r = intersection(area, clip);
-        for (int y = r.top; y < r.bottom && r.left < r.right; ++y) {
-            std::uint32_t* to = row32(*context.surface, y);
-            const std::uint32_t* from = row32(picture, y - at.y) - at.x;
-            for (int x = r.left; x < r.right; ++x)
-                to[x] = mixed(to[x], from[x]);
+/// Multiplies colours by their alpha, as blends take them.
+void multiplyByAlpha(const Surface& picture) {
+    constexpr std::uint32_t full = 255;
+    for (int y = 0; y < picture.height; ++y) {
+        std::uint32_t* row = row32(picture, y);
+        for (int x = 0; x < picture.width; ++x) {
+            const std::uint32_t alpha = row[x] >> alphaShift;
+            std::uint32_t word = row[x] & alphaBits;
+            for (int shift = 0; shift < alphaShift; shift += 8)
+                word |= ((row[x] >> shift & 0xFF) * alpha + full / 2) / full << shift;
+            row[x] = word;
         }
     }
 }
 
-void put(DeviceContext& context, const RECT& area, Bitmap& picture, DWORD rop) {
-    BitmapContext source(picture);
+/// What a bitmap of an icon offers as the source of a copy to a place on the target.
+SourcePixels pixelsOf(const Bitmap& bitmap, POINT at) {
+    SourcePixels source;
+    source.surface = &bitmap.surface;
+    source.valid = {0, 0, bitmap.surface.width, bitmap.surface.height};
+    source.offset = {-at.x, -at.y};
     // A mask shows in black and white whatever colours the target has set.
-    const ContextState before = context.state;
-    context.state.textColor = RGB(0, 0, 0);
-    context.state.backColor = RGB(255, 255, 255);
-    copyArea(context, area, source.get(), {0, 0}, rop3Of(rop));
-    context.state.textColor = before.textColor;
-    context.state.backColor = before.backColor;
+    source.bits = blackAndWhite;
+    source.backValue = valueOfColor(bitmap.surface, blackAndWhite[1], blackAndWhite);
+    return source;
+}
+
+void put(DeviceContext& context, const RECT& area, const Bitmap& picture, DWORD rop) {
+    copyPixels(context, area, pixelsOf(picture, {area.left, area.top}), rop3Of(rop));
 }
 
 void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) {
@@ -96,9 +78,12 @@ void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) 
     const RECT all{0, 0, ownWidth, ownHeight};
     const bool drawsImage = (flags & DI_IMAGE) != 0;
     const bool drawsMask = (flags & DI_MASK) != 0;
-    if (drawsImage && icon.color && hasAlpha(icon.color->surface) && context.surface->bitsPerPixel == 32) {
-        if (const auto picture = fitted(*icon.color, all, width, height))
-            blend(context, {area.left, area.top}, picture->surface);
+    if (drawsImage && icon.color && hasAlpha(icon.color->surface) && context.surface->bitsPerPixel != 1) {
+        const auto picture = fitted(*icon.color, all, width, height);
+        if (!picture) return;
+        multiplyByAlpha(picture->surface);
+        blendPixels(context, area, pixelsOf(*picture, {area.left, area.top}),
+                    {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
         return;
     }
     if (drawsMask) {
@@ -188,6 +173,15 @@ BOOL DrawIconEx(HDC dc, int x, int y, HICON handle, int width, int height, UINT 
     if (const Brush* brush = find<Brush>(background)) Painter(*context, *brush, rop3Of(PATCOPY)).fill(area);
     drawIcon(*context, *icon, area, flags);
     return TRUE_;
+}
+
+HICON CopyIcon(HICON handle) {
+    ICONINFO info;
+    if (!GetIconInfo(handle, &info)) return {};
+    const HICON copy = CreateIconIndirect(&info);
+    DeleteObject(info.hbmMask);
+    if (info.hbmColor) DeleteObject(info.hbmColor);
+    return copy;
 }
 
 BOOL DestroyIcon(HICON handle) {

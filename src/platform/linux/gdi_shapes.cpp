@@ -228,7 +228,8 @@ COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
     const POINT p = context->toSurface(POINT{x, y});
     if (!context->drawable().contains(p)) return CLR_INVALID;
     const std::uint32_t pixel = nearestPixelOf(*context, color);
-    writeValues(*context->surface, p.x, p.y, 1, &pixel);
+    // The drawing mode counts as for a pen.
+    maskPixel(*context->surface, p.x, p.y, masksOf(rop3OfMode(context->state.rop2), pixel));
     return colorOfPixel(*context, pixel);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/linux/rows.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace platform::driver {
 
@@ -66,6 +67,16 @@ std::vector<Share> sharesOf(const Axis& axis, int begin, int end) {
     return shares;
 }
 
+Axis acrossOf(const Stretch& stretch) {
+    return {stretch.to.right - stretch.to.left, stretch.from.right - stretch.from.left,
+            stretch.targetLeftwards, stretch.sourceLeftwards, true};
+}
+
+Axis downOf(const Stretch& stretch) {
+    return {stretch.to.bottom - stretch.to.top, stretch.from.bottom - stretch.from.top, stretch.targetUpwards,
+            stretch.sourceUpwards, false};
+}
+
 /// Joins the source pixels that fall on one target pixel. A mode that does not join takes one of them.
 struct Joiner {
     int mode;
@@ -120,6 +131,121 @@ private:
     Joiner joiner_;
 };
 
+/// Where a target position falls on one axis of a smooth stretch: between a source position and the next.
+struct Between {
+    int first = 0;
+    int second = 0;
+    float share = 0; ///< Of the second
+};
+
+std::vector<Between> betweenOf(const Axis& axis, int begin, int end) {
+    std::vector<Between> result;
+    result.reserve(static_cast<std::size_t>(end - begin));
+    const bool mirrored = axis.targetBackwards != axis.sourceBackwards;
+    for (int i = begin; i < end; ++i) {
+        const float position = static_cast<float>(i) * static_cast<float>(axis.sourceLength) /
+                               static_cast<float>(axis.targetLength);
+        Between between;
+        between.first = static_cast<int>(position);
+        between.second = std::min(between.first + 1, axis.sourceLength - 1);
+        between.share = position - static_cast<float>(between.first);
+        if (mirrored) {
+            between.first = axis.sourceLength - 1 - between.first;
+            between.second = axis.sourceLength - 1 - between.second;
+        }
+        result.push_back(between);
+    }
+    return result;
+}
+
+/// The source's colours, where it has some; beyond its edges those of the edge.
+class ColorRows {
+public:
+    ColorRows(const SourcePixels& source, const RECT& area) : source_(source), area_(area) {}
+
+    const std::vector<std::uint32_t>& row(int y) {
+        y = std::clamp(area_.top + y, 0, source_.surface->height - 1);
+        std::vector<std::uint32_t>& colors = rows_[static_cast<std::size_t>(y & 1)];
+        int& known = known_[static_cast<std::size_t>(y & 1)];
+        if (known == y) return colors;
+        known = y;
+        const int width = area_.right - area_.left;
+        const int first = std::clamp(area_.left, 0, source_.surface->width - 1);
+        const int last = std::clamp(area_.right - 1, 0, source_.surface->width - 1);
+        std::vector<std::uint32_t> read(static_cast<std::size_t>(last - first + 1));
+        readRow(*source_.surface, first, y, last - first + 1, source_.bits, read.data());
+        colors.resize(static_cast<std::size_t>(width));
+        for (int x = 0; x < width; ++x)
+            colors[static_cast<std::size_t>(x)] =
+                read[static_cast<std::size_t>(std::clamp(area_.left + x, first, last) - first)];
+        return colors;
+    }
+
+private:
+    const SourcePixels& source_;
+    RECT area_;
+    std::vector<std::uint32_t> rows_[2]; ///< Even and odd rows: two neighbours are needed at a time
+    int known_[2] = {-1, -1};
+};
+
+/// A component between two others, rounded.
+int componentBetween(int first, int second, float share) {
+    return static_cast<int>(
+        std::floor(static_cast<float>(first) + share * static_cast<float>(second - first) + 0.5f));
+}
+
+/// Four neighbours joined: those of each row first.
+std::uint32_t blendOfFour(const std::uint32_t (&colors)[4], float across, float down) {
+    std::uint32_t result = 0;
+    for (int shift = 0; shift <= 16; shift += 8) {
+        const auto part = [&](int i) { return static_cast<int>(colors[i] >> shift & 0xFF); };
+        const int above = componentBetween(part(0), part(1), across);
+        const int below = componentBetween(part(2), part(3), across);
+        result |= static_cast<std::uint32_t>(componentBetween(above, below, down)) << shift;
+    }
+    return result;
+}
+
+/// Modes that join pixels join them as the target has them: the part of the source in the target's format.
+/// `stretch` then begins at its corner.
+std::unique_ptr<Bitmap> translatedTo(const DeviceContext& target, const SourcePixels& source,
+                                     Stretch& stretch) {
+    const Surface& from = *source.surface;
+    const RECT part = intersection(stretch.from, {0, 0, from.width, from.height});
+    if (isEmpty(part)) return nullptr;
+    auto result = makeBitmapLike(*target.surface, part.right - part.left, part.bottom - part.top);
+    if (!result) return nullptr;
+    const auto context = makeContextOver(*result, target);
+    SourcePixels pixels = source;
+    pixels.offset = {part.left, part.top};
+    pixels.valid = part;
+    copyPixels(*context, {0, 0, result->surface.width, result->surface.height}, pixels, rop3Of(SRCCOPY));
+    stretch.from = moved(stretch.from, {-part.left, -part.top});
+    return result;
+}
+
+/// HALFTONE: each target position takes the four source positions around the point that its corner falls on.
+std::unique_ptr<Bitmap> smoothed(const SourcePixels& source, const Stretch& stretch, const RECT& part) {
+    auto result = makeBitmap(part.right - part.left, part.bottom - part.top, 32);
+    if (!result) return nullptr;
+    const auto columns =
+        betweenOf(acrossOf(stretch), part.left - stretch.to.left, part.right - stretch.to.left);
+    const auto lines = betweenOf(downOf(stretch), part.top - stretch.to.top, part.bottom - stretch.to.top);
+    ColorRows rows(source, stretch.from);
+    for (std::size_t y = 0; y < lines.size(); ++y) {
+        const std::vector<std::uint32_t>& above = rows.row(lines[y].first);
+        const std::vector<std::uint32_t>& below = rows.row(lines[y].second);
+        std::uint32_t* out = row32(result->surface, static_cast<int>(y));
+        for (std::size_t x = 0; x < columns.size(); ++x) {
+            const auto first = static_cast<std::size_t>(columns[x].first);
+            const auto second = static_cast<std::size_t>(columns[x].second);
+            out[x] = blendOfFour({above[first], above[second], below[first], below[second]}, columns[x].share,
+                                 lines[y].share);
+        }
+    }
+    return result;
+}
+
 } // namespace
 
 Stretch Stretch::between(const RECT& to, const RECT& from) {
@@ -139,13 +265,9 @@ std::unique_ptr<Bitmap> stretched(const Surface& source, const Stretch& stretch,
     auto result = makeBitmapLike(source, part.right - part.left, part.bottom - part.top);
     if (!result) return nullptr;
     const RECT& to = stretch.to;
-    const RECT& from = stretch.from;
-    const Axis across{to.right - to.left, from.right - from.left, stretch.targetLeftwards,
-                      stretch.sourceLeftwards, true};
-    const Axis down{to.bottom - to.top, from.bottom - from.top, stretch.targetUpwards, stretch.sourceUpwards,
-                    false};
-    RowStretcher rows(source, from, sharesOf(across, part.left - to.left, part.right - to.left), mode);
-    const std::vector<Share> lines = sharesOf(down, part.top - to.top, part.bottom - to.top);
+    RowStretcher rows(source, stretch.from,
+                      sharesOf(acrossOf(stretch), part.left - to.left, part.right - to.left), mode);
+    const std::vector<Share> lines = sharesOf(downOf(stretch), part.top - to.top, part.bottom - to.top);
     std::vector<std::uint32_t> pixels;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         rows.row(lines[i], pixels);
@@ -157,9 +279,18 @@ std::unique_ptr<Bitmap> stretched(const Surface& source, const Stretch& stretch,
 void stretchArea(DeviceContext& target, const SourcePixels& source, const Stretch& stretch, Rop3 rop) {
     const RECT part = intersection(stretch.to, target.drawable().bounds());
     if (isEmpty(part) || isEmpty(stretch.from)) return;
-    const auto picture = stretched(*source.surface, stretch, part, target.state.stretchMode);
-    if (!picture) return;
+    const int mode = target.state.stretchMode;
+    std::unique_ptr<Bitmap> translated;
     SourcePixels pixels = source;
+    Stretch shifted = stretch;
+    if ((mode == BLACKONWHITE || mode == WHITEONBLACK) && !haveSameFormat(*target.surface, *source.surface)) {
+        translated = translatedTo(target, source, shifted);
+        if (!translated) return;
+        pixels.surface = &translated->surface;
+    }
+    const auto picture =
+        mode == HALFTONE ? smoothed(pixels, shifted, part) : stretched(*pixels.surface, shifted, part, mode);
+    if (!picture) return;
     pixels.surface = &picture->surface;
     pixels.valid = {0, 0, picture->surface.width, picture->surface.height};
     pixels.offset = {-part.left, -part.top};
