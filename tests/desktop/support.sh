@@ -6,9 +6,9 @@ log=$work/log
 # need_tools TOOL...: those that the test needs besides the usual ones.
 need_tools() { need Xvfb xdotool setxkbmap xprop import "$@"; }
 
-# start_server DEPTH
+# start_server DEPTH [OPTION...]
 start_server() {
-    start_x_server "$1"
+    start_x_server "$@"
     export LC_ALL=C.UTF-8
     setxkbmap es
 }

@@ -1,9 +1,10 @@
 # An X server of a script's own, and what is seen on it. Source it behind checks.sh.
 
-# start_x_server [DEPTH]: it chooses a free number and writes it down; sets DISPLAY. Without a DEPTH pixels have 24
-# bits.
+# start_x_server [DEPTH [OPTION...]]: it chooses a free number and writes it down; sets DISPLAY. Without a DEPTH
+# pixels have 24 bits.
 start_x_server() {
-    Xvfb -displayfd 3 -screen 0 "1024x768x${1:-24}" -nolisten tcp -noreset 3>"$work/number" 2>/dev/null &
+    local depth=${1:-24}
+    Xvfb -displayfd 3 -screen 0 "1024x768x$depth" -nolisten tcp -noreset "${@:2}" 3>"$work/number" 2>/dev/null &
     children+=($!)
     until_true test -s "$work/number"
     export DISPLAY=:$(cat "$work/number")

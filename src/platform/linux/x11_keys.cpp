@@ -391,9 +391,9 @@ std::u16string X11Keys::composedText() const {
     return textOf(next.xkey);
 }
 
-/// Nothing with Ctrl, which makes commands of the keys; Alt Gr is no Ctrl here.
+/// Nothing but blanks with Ctrl, which makes commands of the keys; Alt Gr is no Ctrl here.
 std::u16string X11Keys::textOf(XKeyEvent& event) const {
-    if (event.state & ControlMask) return {};
+    if (event.state & ControlMask) return plainSymbol(event) == XK_space ? u" " : u"";
     constexpr int MostBytes = 512;
     std::string bytes(MostBytes, '\0');
     KeySym symbol = NoSymbol;
