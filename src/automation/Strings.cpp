@@ -264,33 +264,33 @@ bool isOneOf(int value, int a, int b) {
 } // namespace
 
 String StrConv(std::u16string_view text, int kind) {
-    constexpr int widths = Conversion::Wide | Conversion::Narrow,
-                  kana = Conversion::Katakana | Conversion::Hiragana,
-                  bytes = Conversion::Unicode | Conversion::FromUnicode;
-    require((kind & ~(Conversion::ProperCase | widths | kana | bytes)) == 0 && kind != 0);
-    require(isOneOf(kind & widths, Conversion::Wide, Conversion::Narrow) &&
-            isOneOf(kind & kana, Conversion::Katakana, Conversion::Hiragana) &&
-            isOneOf(kind & bytes, Conversion::Unicode, Conversion::FromUnicode));
+    constexpr int widths = StringConversion::Wide | StringConversion::Narrow,
+                  kana = StringConversion::Katakana | StringConversion::Hiragana,
+                  bytes = StringConversion::Unicode | StringConversion::FromUnicode;
+    require((kind & ~(StringConversion::ProperCase | widths | kana | bytes)) == 0 && kind != 0);
+    require(isOneOf(kind & widths, StringConversion::Wide, StringConversion::Narrow) &&
+            isOneOf(kind & kana, StringConversion::Katakana, StringConversion::Hiragana) &&
+            isOneOf(kind & bytes, StringConversion::Unicode, StringConversion::FromUnicode));
     std::u16string result(text);
-    switch (kind & Conversion::ProperCase) {
-    case Conversion::UpperCase:
+    switch (kind & StringConversion::ProperCase) {
+    case StringConversion::UpperCase:
         result = platform::upperCase(result);
         break;
-    case Conversion::LowerCase:
+    case StringConversion::LowerCase:
         result = platform::lowerCase(result);
         break;
-    case Conversion::ProperCase:
+    case StringConversion::ProperCase:
         result = properCase(result);
         break;
     default:
         break;
     }
-    if (kind & Conversion::Wide) result = mapped(std::move(result), widened);
-    if (kind & Conversion::Narrow) result = mapped(std::move(result), narrowed);
-    if (kind & Conversion::Katakana) result = mapped(std::move(result), toKatakana);
-    if (kind & Conversion::Hiragana) result = mapped(std::move(result), toHiragana);
-    if (kind & Conversion::Unicode) result = unpackedBytes(result);
-    if (kind & Conversion::FromUnicode) result = packedBytes(result);
+    if (kind & StringConversion::Wide) result = mapped(std::move(result), widened);
+    if (kind & StringConversion::Narrow) result = mapped(std::move(result), narrowed);
+    if (kind & StringConversion::Katakana) result = mapped(std::move(result), toKatakana);
+    if (kind & StringConversion::Hiragana) result = mapped(std::move(result), toHiragana);
+    if (kind & StringConversion::Unicode) result = unpackedBytes(result);
+    if (kind & StringConversion::FromUnicode) result = packedBytes(result);
     return String(result);
 }
 

@@ -68,7 +68,7 @@ String Chr(int code);
 String ChrW(std::int32_t unit);
 
 /// Conversions of `StrConv`; the case ones may be joined with one of the others.
-namespace Conversion {
+namespace StringConversion {
 enum : int {
     UpperCase = 1,
     LowerCase = 2,
@@ -83,8 +83,8 @@ enum : int {
 }
 
 /// Proper case raises each letter that begins a word (after a blank, tab, line end or NUL) and lowers the
-/// others. `Conversion::FromUnicode` packs the ANSI bytes of the text two to a unit, `Conversion::Unicode`
-/// takes them apart. Error 5 for a kind that is none or that contradicts itself.
+/// others. `StringConversion::FromUnicode` packs the ANSI bytes of the text two to a unit,
+/// `StringConversion::Unicode` takes them apart. Error 5 for a kind that is none or that contradicts itself.
 String StrConv(std::u16string_view text, int kind);
 
 } // namespace automation

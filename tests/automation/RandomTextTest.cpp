@@ -131,7 +131,7 @@ TEST(RandomTexts, TextFunctionsTakeAnyText) {
         const std::u16string text = texts.next(), what = texts.next().substr(0, 2);
         ASSERT_EQ(UCase(text).length(), text.size());
         ASSERT_EQ(LCase(text).length(), text.size());
-        ASSERT_EQ(StrConv(text, Conversion::ProperCase).length(), text.size());
+        ASSERT_EQ(StrConv(text, StringConversion::ProperCase).length(), text.size());
         ASSERT_EQ(StrReverse(StrReverse(text)), text);
         ASSERT_EQ(Join(Split(text, what), what), text);
         const std::int32_t found = InStr(text, what);

@@ -108,27 +108,27 @@ TEST(Strings, CharactersCrossTheAnsiCodePage) {
 }
 
 TEST(Strings, ProperCaseRaisesTheFirstLetterOfEachWord) {
-    EXPECT_EQ(StrConv(u"JUAN pÉREZ de la cruz", Conversion::ProperCase), u"Juan Pérez De La Cruz");
-    EXPECT_EQ(StrConv(u"ángel\tñuño\nóscar", Conversion::ProperCase), u"Ángel\tÑuño\nÓscar");
-    EXPECT_EQ(StrConv(u"o'neill-smith", Conversion::ProperCase), u"O'neill-smith");
-    EXPECT_EQ(StrConv(u"abc", Conversion::UpperCase), u"ABC");
-    EXPECT_EQ(StrConv(u"ABC", Conversion::LowerCase), u"abc");
+    EXPECT_EQ(StrConv(u"JUAN pÉREZ de la cruz", StringConversion::ProperCase), u"Juan Pérez De La Cruz");
+    EXPECT_EQ(StrConv(u"ángel\tñuño\nóscar", StringConversion::ProperCase), u"Ángel\tÑuño\nÓscar");
+    EXPECT_EQ(StrConv(u"o'neill-smith", StringConversion::ProperCase), u"O'neill-smith");
+    EXPECT_EQ(StrConv(u"abc", StringConversion::UpperCase), u"ABC");
+    EXPECT_EQ(StrConv(u"ABC", StringConversion::LowerCase), u"abc");
 }
 
 TEST(Strings, BytesPackAndUnpack) {
-    const String packed = StrConv(u"abñ€", Conversion::FromUnicode);
+    const String packed = StrConv(u"abñ€", StringConversion::FromUnicode);
     ASSERT_EQ(packed.length(), 2u);
     EXPECT_EQ(packed[0], u'a' | u'b' << 8);
     EXPECT_EQ(packed[1], 0xF1 | 0x80 << 8);
-    EXPECT_EQ(StrConv(packed, Conversion::Unicode), u"abñ€");
-    EXPECT_EQ(StrConv(u"abc", Conversion::FromUnicode | Conversion::UpperCase).length(), 2u);
-    EXPECT_EQ(StrConv(u"Aa 1", Conversion::Wide), u"Ａａ　１");
-    EXPECT_EQ(StrConv(u"Ａａ　１", Conversion::Narrow), u"Aa 1");
-    EXPECT_EQ(StrConv(u"ひ", Conversion::Katakana), u"ヒ");
-    EXPECT_EQ(StrConv(u"ヒ", Conversion::Hiragana), u"ひ");
+    EXPECT_EQ(StrConv(packed, StringConversion::Unicode), u"abñ€");
+    EXPECT_EQ(StrConv(u"abc", StringConversion::FromUnicode | StringConversion::UpperCase).length(), 2u);
+    EXPECT_EQ(StrConv(u"Aa 1", StringConversion::Wide), u"Ａａ　１");
+    EXPECT_EQ(StrConv(u"Ａａ　１", StringConversion::Narrow), u"Aa 1");
+    EXPECT_EQ(StrConv(u"ひ", StringConversion::Katakana), u"ヒ");
+    EXPECT_EQ(StrConv(u"ヒ", StringConversion::Hiragana), u"ひ");
     EXPECT_EQ(errorOf([] { StrConv(u"a", 0); }), 5);
-    EXPECT_EQ(errorOf([] { StrConv(u"a", Conversion::Wide | Conversion::Narrow); }), 5);
-    EXPECT_EQ(errorOf([] { StrConv(u"a", Conversion::Unicode | Conversion::FromUnicode); }), 5);
+    EXPECT_EQ(errorOf([] { StrConv(u"a", StringConversion::Wide | StringConversion::Narrow); }), 5);
+    EXPECT_EQ(errorOf([] { StrConv(u"a", StringConversion::Unicode | StringConversion::FromUnicode); }), 5);
     EXPECT_EQ(errorOf([] { StrConv(u"a", 256); }), 5);
 }
 
