@@ -25,10 +25,6 @@ std::int32_t CalculateColorMix(std::int32_t nColor1, std::int32_t nColor2, std::
            mixChannel(nColor1, nColor2, 16, weight);
 }
 
-std::int32_t GetVBSysColor(host::OLE_COLOR nColor) {
-    return nColor < 0 ? static_cast<std::int32_t>(host::rgbFromOle(nColor)) : nColor;
-}
-
 std::int32_t QBColor(int nIndex) {
     return nIndex >= 0 && nIndex < 16 ? classicPalette[nIndex] : 0;
 }

@@ -4,6 +4,7 @@
 #include "automation/Conversions.h"
 #include "automation/DateFunctions.h"
 #include "automation/Operators.h"
+#include "drawing/rounding.h"
 #include "frame/GlobalCtlCfg.h"
 #include "host/App.h"
 #include "host/ScaleMode.h"
@@ -58,11 +59,26 @@ void readLocale(Globales& g) {
     g.cFmtFecha = GetLocaleString(platform::LOCALE_SSHORTDATE);
 }
 
-int screenBitsPerPixel() {
-    const platform::HDC screen = platform::CreateCompatibleDC({});
-    const int bits = platform::GetDeviceCaps(screen, platform::BITSPIXEL);
-    platform::DeleteDC(screen);
-    return bits;
+automation::Ref<cCanvas> screenCanvas() {
+    auto canvas = automation::make<cCanvas>();
+    const platform::HDC screen = platform::GetDC({});
+    canvas->Configure(screen, 0, 0, 1, 1);
+    platform::ReleaseDC({}, screen);
+    return canvas;
+}
+
+/// The pieces of the Aqua button: resources of the library, or files beside the program. A build without
+/// them goes on with none, as only that style of the button shows them.
+void loadAqua(Globales& g) {
+    g.oPicAquaL = g.oCanvasGlobal->GetResPicture(Variant(u"AQUA_L_70x101"));
+    g.oPicAquaC = g.oCanvasGlobal->GetResPicture(Variant(u"AQUA_C_70x101"));
+    if (g.oPicAquaL) return;
+    const String folder = host::App::Path() + u"\\Recursos\\Estilo visual 'Aqua'\\";
+    try {
+        g.oPicAquaL = host::LoadPicture(folder + u"Aqua-L 70x101x256.ico");
+        g.oPicAquaC = host::LoadPicture(folder + u"Aqua-C 70x101x256.ico");
+    } catch (const automation::Error&) {
+    }
 }
 
 } // namespace
@@ -80,11 +96,13 @@ void ProcedimientoInicio() {
     g.cFontDefault = u"MS Sans Serif";
     g.lSansSerifScalable = fontInstalled(scalableSansSerif);
     g.oKeyboard = automation::make<cKeyboard>();
+    g.oCanvasGlobal = screenCanvas();
     readLocale(g);
     g.cFmtFecha = NormalizarFmtFecha(g.cFmtFecha);
     g.cFmtHora = u"HH:mm";
-    g.lHighColor = screenBitsPerPixel() >= highColorBits;
+    g.lHighColor = g.oCanvasGlobal->GetDevCaps(GDIDeviceCaps_BitsPixel) >= highColorBits;
     g.xGlobalCtlCfg = InitialGlobalCtlCfg(g.lHighColor);
+    loadAqua(g);
     g.nHWndFocus = 0;
     g.dInicioEjercicio = automation::Date::join(automation::Year(automation::Today()), 1, 1);
     g.nAñoCompletar = -1;
@@ -145,31 +163,42 @@ bool ReclamarFocus(std::int32_t nHWndActual) {
     return reclaims;
 }
 
+namespace {
+
+/// The identifier that stands for this one in the user's region.
+Variant regional(const Variant& identifier, std::int32_t type) {
+    const bool replaced = globales().nRegion == regionWithOwnIcon && type == 1 && !identifier.isString() &&
+                          automation::CLng(identifier) == regionalIcon;
+    return replaced ? Variant(regionalIconReplacement) : identifier;
+}
+
+/// From the library's own resources, or else from the program's; null if neither has it.
+automation::Ref<host::Picture> resourcePicture(const Variant& identifier, std::int32_t type) {
+    try {
+        if (auto picture = globales().oCanvasGlobal->GetResPicture(identifier, type)) return picture;
+        const auto kind = static_cast<host::ResourcePicture>(type);
+        if (identifier.isString()) return host::LoadResPicture(identifier.asString().view(), kind);
+        return host::LoadResPicture(static_cast<platform::WORD>(automation::CLng(identifier)), kind);
+    } catch (const automation::Error&) {
+        return {};
+    }
+}
+
+} // namespace
+
 automation::Ref<host::Picture> LoadResIcon(const Variant& xResourceID, std::int32_t nType,
                                            std::int32_t& nWidth, std::int32_t& nHeight) {
     nWidth = 0;
     nHeight = 0;
     const Variant identifier = xResourceID.dereferenced();
     if (identifier.isString() && identifier.asString().empty()) return {};
-    automation::Ref<host::Picture> picture;
-    try {
-        if (identifier.isString()) {
-            picture =
-                host::LoadResPicture(identifier.asString().view(), static_cast<host::ResourcePicture>(nType));
-        } else {
-            std::int32_t number = automation::CLng(identifier);
-            const bool regional = globales().nRegion == regionWithOwnIcon && nType == 1;
-            if (regional && number == regionalIcon) number = regionalIconReplacement;
-            picture = host::LoadResPicture(static_cast<platform::WORD>(number),
-                                           static_cast<host::ResourcePicture>(nType));
-        }
-    } catch (const automation::Error&) {
-        return {}; // no such resource: the caller paints without it
-    }
+    const automation::Ref<host::Picture> picture = resourcePicture(regional(identifier, nType), nType);
+    if (!picture) return {}; // the caller paints without it
     if (nType >= 1) {
-        const platform::SIZE size = picture->pixels();
-        nWidth = size.cx;
-        nHeight = size.cy;
+        constexpr std::int32_t himetric = 8, pixels = 3;
+        const cCanvas& canvas = *globales().oCanvasGlobal;
+        nWidth = roundToLong(canvas.ScaleX(static_cast<float>(picture->Width()), himetric, pixels));
+        nHeight = roundToLong(canvas.ScaleY(static_cast<float>(picture->Height()), himetric, pixels));
     } else {
         nWidth = picture->Width();
         nHeight = picture->Height();

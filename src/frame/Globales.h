@@ -7,6 +7,7 @@
 #include "automation/Object.h"
 #include "automation/String.h"
 #include "automation/Variant.h"
+#include "drawing/cCanvas.h"
 #include "host/Picture.h"
 #include "platform/locale.h"
 #include "platform/types.h"
@@ -20,8 +21,9 @@ namespace tesela {
 /// The fields have their empty values until ProcedimientoInicio has run; an empty `cSepDecimal` is the sign
 /// that it has not.
 struct Globales {
-    automation::Ref<cLogFile> oLogFile;   ///< The library's own log
-    automation::Ref<cKeyboard> oKeyboard; ///< Shared keyboard access
+    automation::Ref<cLogFile> oLogFile;     ///< The library's own log
+    automation::Ref<cKeyboard> oKeyboard;   ///< Shared keyboard access
+    automation::Ref<cCanvas> oCanvasGlobal; ///< 1 by 1 on the screen, for what is asked of the display
     bool lGraphicsEffects = false;
     bool lVisualStyleAqua = false;
     bool lPocketPC = false;

@@ -1,0 +1,183 @@
+// Pictures: painted, wrapped, read from bytes and from resources.
+#include "CanvasTest.h"
+#include "platform/processes.h"
+#include "support/Canvas.h"
+
+using namespace tesela;
+using namespace tests;
+using automation::Array;
+using automation::Ref;
+using automation::Variant;
+using host::Picture;
+using host::PictureType;
+
+namespace {
+
+class cCanvas_Pictures : public CanvasTest {
+protected:
+    /// A bitmap of the screen's kind in one colour.
+    static platform::HBITMAP bitmap(int width, int height, std::int32_t color) {
+        const platform::HDC screen = platform::CreateCompatibleDC({});
+        const test::Canvas like(1, 1);
+        const platform::HBITMAP result = platform::CreateCompatibleBitmap(like.dc(), width, height);
+        const platform::HGDIOBJ former = platform::SelectObject(screen, result);
+        const platform::HBRUSH brush = platform::CreateSolidBrush(static_cast<platform::COLORREF>(color));
+        const platform::RECT all{0, 0, width, height};
+        platform::FillRect(screen, &all, brush);
+        platform::SetPixel(screen, 0, 0, blue);
+        platform::DeleteObject(brush);
+        platform::SelectObject(screen, former);
+        platform::DeleteDC(screen);
+        return result;
+    }
+    std::size_t count(std::int32_t color) const {
+        std::size_t found = 0;
+        for (std::int32_t y = 0; y < 16; ++y)
+            for (std::int32_t x = 0; x < 24; ++x)
+                found += at(x, y) == color;
+        return found;
+    }
+};
+
+constexpr std::int32_t bitmapType = 0, iconType = 1, cursorType = 2;
+
+} // namespace
+
+TEST_F(cCanvas_Pictures, ABitmapIsPaintedInItsSize) {
+    const auto picture1 = canvas->BitMap2Picture(bitmap(4, 3, red));
+    ASSERT_TRUE(picture1);
+    canvas->PaintPicture(picture1, 1, 1);
+    EXPECT_EQ("......\n.BRRR.\n.RRRR.\n.RRRR.\n......\n", picture(6, 5));
+}
+
+TEST_F(cCanvas_Pictures, ABitmapIsStretchedToAnotherSize) {
+    const auto picture1 = canvas->BitMap2Picture(bitmap(4, 3, red));
+    canvas->PaintPicture(picture1, 0, 0, 8, 6);
+    EXPECT_EQ("BBRRRRRR\n", picture(8, 1));
+    EXPECT_EQ(red, at(7, 5));
+    EXPECT_EQ(black, at(8, 5));
+    EXPECT_EQ(black, at(7, 6));
+}
+
+TEST_F(cCanvas_Pictures, APartOfABitmapIsPaintedByARasterOperation) {
+    const auto picture1 = canvas->BitMap2Picture(bitmap(4, 3, red));
+    canvas->PaintPicture(picture1, 0, 0, 2, 2, 1, 1, 2, 2);
+    EXPECT_EQ("RR.\nRR.\n...\n", picture(3, 3));
+    canvas->PaintPicture(picture1, 0, 0, 0, 0, 0, 0, 0, 0, static_cast<std::int32_t>(platform::SRCINVERT));
+    EXPECT_EQ(black, at(1, 1)) << "red twice";
+    EXPECT_EQ(red, at(3, 2));
+}
+
+TEST_F(cCanvas_Pictures, NothingAndTheEmptyPicturePaintNothing) {
+    canvas->PaintPicture({}, 0, 0, 10, 10);
+    canvas->PaintPicture(automation::make<Picture>(), 0, 0, 10, 10);
+    EXPECT_EQ(24u * 16, count(black));
+}
+
+TEST_F(cCanvas_Pictures, AnIconIsPaintedAtTheGivenSize) {
+    const auto icon = canvas->GetResPicture(std::int32_t{125});
+    ASSERT_TRUE(icon);
+    canvas->PaintPicture(icon, 0, 0);
+    EXPECT_EQ(red, at(15, 15));
+    EXPECT_EQ(black, at(16, 15)) << "its own size";
+    canvas->FillBox(0, 0, 23, 15, black);
+    canvas->PaintPicture(icon, 2, 2, 8, 8);
+    EXPECT_EQ(64u, count(red));
+    EXPECT_EQ(red, at(9, 9));
+}
+
+TEST_F(cCanvas_Pictures, AnIconWithASourceSizeIsScaledWithWhatLiesUnderIt) {
+    const auto icon = canvas->GetResPicture(std::int32_t{125});
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    const std::int32_t before = gdiObjects();
+    canvas->PaintPicture(icon, 1, 1, 8, 8, 0, 0, 16, 16);
+    expectObjects(before);
+    EXPECT_EQ(red, at(1, 1));
+    EXPECT_EQ(red, at(8, 8));
+    EXPECT_EQ(yellow, at(9, 9));
+    EXPECT_EQ(yellow, at(0, 0));
+    EXPECT_EQ(platform::COLORONCOLOR, platform::GetStretchBltMode(canvas->GetPaintDC()));
+}
+
+TEST_F(cCanvas_Pictures, AWrappedBitmapBelongsToItsPicture) {
+    const std::int32_t before = gdiObjects();
+    auto picture1 = canvas->BitMap2Picture(bitmap(10, 6, red));
+    EXPECT_EQ(PictureType::Bitmap, picture1->Type());
+    EXPECT_EQ(10, picture1->pixels().cx);
+    expectObjects(before + 1);
+    picture1.reset();
+    expectObjects(before);
+}
+
+TEST_F(cCanvas_Pictures, AWrappedIconBelongsToItsPicture) {
+    const auto source = canvas->GetResPicture(std::int32_t{125});
+    platform::ICONINFO parts;
+    ASSERT_TRUE(platform::GetIconInfo(source->hIcon(), &parts));
+    const platform::HICON icon = platform::CreateIconIndirect(&parts);
+    platform::DeleteObject(parts.hbmMask);
+    platform::DeleteObject(parts.hbmColor);
+    {
+        const auto wrapped = canvas->BitMap2Picture(platform::HGDIOBJ(icon.value), {}, iconType);
+        ASSERT_TRUE(wrapped);
+        EXPECT_EQ(PictureType::Icon, wrapped->Type());
+        EXPECT_EQ(static_cast<std::int32_t>(icon.value), wrapped->Handle());
+        EXPECT_EQ(423, wrapped->Width());
+    }
+    platform::ICONINFO gone;
+    EXPECT_FALSE(platform::GetIconInfo(icon, &gone));
+}
+
+TEST_F(cCanvas_Pictures, WithoutAHandleThePictureShowsTheCanvas) {
+    canvas->FillBox(3, 3, 5, 5, red);
+    const auto picture1 = canvas->BitMap2Picture();
+    ASSERT_TRUE(picture1);
+    EXPECT_EQ(24, picture1->pixels().cx);
+    EXPECT_EQ(16, picture1->pixels().cy);
+    canvas->FillBox(0, 0, 23, 15, blue);
+    EXPECT_EQ(blue, at(4, 4)) << "the canvas goes on";
+    canvas->PaintPicture(picture1, 0, 0);
+    EXPECT_EQ(red, at(4, 4));
+    EXPECT_EQ(black, at(6, 6));
+    canvas->EndPaint();
+    canvas->BeginPaint();
+    EXPECT_EQ(red, at(4, 4));
+}
+
+TEST_F(cCanvas_Pictures, HandlesOfTheWrongKindMakeNoPicture) {
+    EXPECT_FALSE(canvas->BitMap2Picture(platform::HGDIOBJ(0x7FFF1234)));
+    EXPECT_FALSE(canvas->BitMap2Picture(platform::HGDIOBJ(0x7FFF1234), {}, iconType));
+    const auto pen = canvas->CreatePen(PenStyle_Solid, 1, red);
+    EXPECT_FALSE(canvas->BitMap2Picture(pen));
+    canvas->DeleteObject(pen);
+    EXPECT_FALSE(automation::make<cCanvas>()->BitMap2Picture()) << "no surface";
+}
+
+TEST_F(cCanvas_Pictures, BytesOfAPictureFileBecomeAPicture) {
+    const auto icon = canvas->GetResPicture(std::int32_t{125});
+    const auto picture1 = canvas->Bytes2Picture(Array::ofBytes(icon->source()));
+    ASSERT_TRUE(picture1);
+    EXPECT_EQ(PictureType::Icon, picture1->Type());
+    EXPECT_EQ(423, picture1->Width());
+}
+
+TEST_F(cCanvas_Pictures, BytesThatAreNoneMakeNoPicture) {
+    EXPECT_FALSE(canvas->Bytes2Picture(Array())) << "no bounds";
+    EXPECT_FALSE(canvas->Bytes2Picture(Array(automation::VT_UI1)));
+    const std::uint8_t noise[] = {1, 2, 3, 4, 5};
+    EXPECT_FALSE(canvas->Bytes2Picture(Array::ofBytes(noise)));
+    const auto bytes = canvas->GetResPicture(std::int32_t{125})->source();
+    EXPECT_FALSE(canvas->Bytes2Picture(Array::ofBytes(std::span(bytes).first(40)))) << "cut short";
+}
+
+TEST_F(cCanvas_Pictures, ResourcesAreFoundByNumberNameAndType) {
+    EXPECT_EQ(PictureType::Icon, canvas->GetResPicture(std::int32_t{125})->Type());
+    EXPECT_EQ(16, canvas->GetResPicture(std::int32_t{125}, iconType)->pixels().cx);
+    EXPECT_EQ(10, canvas->GetResPicture(std::int32_t{125}, bitmapType)->pixels().cx);
+    EXPECT_EQ(32, canvas->GetResPicture(std::int32_t{125}, cursorType)->pixels().cx);
+    EXPECT_EQ(10, canvas->GetResPicture(std::int16_t{125}, 77)->pixels().cx) << "another type is a bitmap";
+    EXPECT_EQ(24, canvas->GetResPicture(Variant(u"flag"))->pixels().cx);
+    EXPECT_EQ(24, canvas->GetResPicture(Variant(u"FLAG"), iconType, platform::moduleInstance())->pixels().cx);
+    EXPECT_FALSE(canvas->GetResPicture(std::int32_t{126}));
+    EXPECT_FALSE(canvas->GetResPicture(Variant(u"BANDERA")));
+    EXPECT_FALSE(canvas->GetResPicture(Variant(u"")));
+}
