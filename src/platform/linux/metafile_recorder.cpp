@@ -215,16 +215,32 @@ void MetafileRecorder::path(RecordType type, const std::vector<POINT>& devicePoi
     for (POINT& p : logical)
         p = context_.state.mapping.toLogical(p);
     record(RecordType::BeginPath);
-    const RECT bounds = addBounds(logical.data(), logical.size());
-    {
-        RecordWriter writer = drawing(RecordType::PolyDraw, bounds);
-        writer.value(static_cast<DWORD>(logical.size()));
-        writePoints(writer, logical.data(), logical.size(), false);
-        writer.block(types.data(), types.size());
-    }
+    writeFigures(logical, types);
     record(RecordType::EndPath);
-    drawing(type, bounds);
+    drawing(type, addBounds(logical.data(), logical.size()));
     written_.position.reset();
+}
+
+void MetafileRecorder::writeFigures(const std::vector<POINT>& points, const std::vector<BYTE>& types) {
+    // Runs of one type become a record each: more programs know these than the one that mixes types.
+    for (std::size_t i = 0; i < points.size();) {
+        const int kind = types[i] & ~PT_CLOSEFIGURE;
+        std::size_t end = i + 1;
+        while (end < points.size() && kind != PT_MOVETO && (types[end] & ~PT_CLOSEFIGURE) == kind &&
+               (types[end - 1] & PT_CLOSEFIGURE) == 0)
+            ++end;
+        if (kind == PT_MOVETO) {
+            record(RecordType::MoveToEx).value(points[i]);
+        } else {
+            const bool isNarrow = areShort(&points[i], end - i);
+            const RecordType whole = kind == PT_BEZIERTO ? RecordType::PolyBezierTo : RecordType::PolylineTo;
+            RecordWriter writer = drawing(isNarrow ? shortForm(whole) : whole, {});
+            writer.value(static_cast<DWORD>(end - i));
+            writePoints(writer, &points[i], end - i, isNarrow);
+        }
+        if ((types[end - 1] & PT_CLOSEFIGURE) != 0) record(RecordType::CloseFigure);
+        i = end;
+    }
 }
 
 void MetafileRecorder::region(RecordType type, const Region& region, const Brush* brush, SIZE frame) {

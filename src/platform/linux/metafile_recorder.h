@@ -96,6 +96,7 @@ private:
         std::optional<Region> clip;
     };
 
+    void writeFigures(const std::vector<POINT>& points, const std::vector<BYTE>& types);
     RecordWriter record(RecordType type);
     /// A record that begins with its bounds.
     RecordWriter drawing(RecordType type, const RECT& bounds);

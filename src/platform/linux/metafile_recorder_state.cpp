@@ -90,6 +90,16 @@ void MetafileRecorder::writeClip() {
     const std::optional<Region>& now = context_.state.clip;
     if (written_.clip == now) return;
     written_.clip = now;
+    const Mapping& mapping = context_.state.mapping;
+    if (now && now->rectangles().size() == 1 && mapping.isUnscaled()) {
+        // A rectangle has a record of its own, which more programs know than that of a region.
+        record(RecordType::ExtSelectClipRgn).value(DWORD{0}).value(DWORD{RGN_COPY});
+        const RECT& r = now->rectangles().front();
+        const POINT topLeft = mapping.toLogical(POINT{r.left, r.top});
+        record(RecordType::IntersectClipRect)
+            .value(RECT{topLeft.x, topLeft.y, topLeft.x + r.right - r.left, topLeft.y + r.bottom - r.top});
+        return;
+    }
     RecordWriter writer = record(RecordType::ExtSelectClipRgn);
     writer.value(static_cast<DWORD>(now ? regionSize(*now) : 0)).value(DWORD{RGN_COPY});
     if (now) writeRegion(writer, *now);
