@@ -1,5 +1,5 @@
 // What the platform promises of drawing and Wine does not keep: it reads through null pointers, succeeds on
-// dead contexts, and smears overlapping copies of one bit.
+// dead contexts, smears overlapping copies of one bit, and drops turned pictures.
 
 #include "platform/gdi.h"
 #include "support/Canvas.h"
@@ -46,6 +46,17 @@ TEST(LinuxGdi, OverlappingCopiesOfOneBitAreAsIfTheSourceWereApart) {
                     << "round " << round;
         }
     }
+}
+
+TEST(LinuxGdi, PlgBltTurnsAPicture) {
+    const Canvas from(2, 2);
+    from.set(0, 0, RGB(255, 255, 255));
+    const Canvas to(2, 2);
+    // A quarter turn: the picture's left top comes to the right top.
+    const POINT corners[] = {{2, 0}, {2, 2}, {0, 0}};
+    EXPECT_TRUE(PlgBlt(to.dc(), corners, from.dc(), 0, 0, 2, 2, HBITMAP(), 0, 0));
+    EXPECT_EQ(to.text(), ".#\n"
+                         "..\n");
 }
 
 } // namespace
