@@ -61,7 +61,9 @@ MetafilePicture readMetafilePicture(std::span<const BYTE> file) {
     if (!GetEnhMetaFileHeader(picture.metafile, sizeof header, &header)) return {};
     picture.widthHimetric = header.rclFrame.right - header.rclFrame.left;
     picture.heightHimetric = header.rclFrame.bottom - header.rclFrame.top;
-    return picture;
+    if (picture.widthHimetric > 0 && picture.heightHimetric > 0) return picture;
+    DeleteEnhMetaFile(picture.metafile);
+    return {};
 }
 
 } // namespace platform

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 using namespace platform;
@@ -352,4 +353,211 @@ TEST(DrawTextTest, EmptyTextTakesTheHeightOfALine) {
     RECT rect{3, 4, 10, 10};
     EXPECT_EQ(DrawTextW(page.dc(), u"", -1, &rect, DT_CALCRECT | DT_SINGLELINE), 13);
     EXPECT_EQ(rect, (RECT{3, 4, 3, 17}));
+}
+
+namespace {
+
+LOGFONTW fontOf(std::u16string_view face, LONG height) {
+    LOGFONTW record;
+    record.lfHeight = height;
+    record.lfFaceName[face.copy(record.lfFaceName, LF_FACESIZE - 1)] = 0;
+    return record;
+}
+
+/// White text in any font on a canvas.
+class Sheet {
+public:
+    explicit Sheet(const LOGFONTW& font) : canvas_(160, 160), font_(CreateFontIndirectW(&font)) {
+        previous_ = SelectObject(canvas_.dc(), font_);
+        SetTextColor(canvas_.dc(), white);
+        SetBkMode(canvas_.dc(), TRANSPARENT);
+    }
+    ~Sheet() {
+        SelectObject(canvas_.dc(), previous_);
+        DeleteObject(font_);
+    }
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+
+    HDC dc() const { return canvas_.dc(); }
+
+    SIZE extent(std::string_view text) const {
+        SIZE size;
+        GetTextExtentPoint32A(dc(), text.data(), static_cast<int>(text.size()), &size);
+        return size;
+    }
+    TEXTMETRICW metrics() const {
+        TEXTMETRICW result;
+        GetTextMetricsW(dc(), &result);
+        return result;
+    }
+    /// The box of what is not black.
+    RECT inked() const {
+        RECT box{160, 160, 0, 0};
+        for (LONG y = 0; y < 160; ++y) {
+            for (LONG x = 0; x < 160; ++x) {
+                if (canvas_.at(x, y) == 0) continue;
+                box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+                       std::max(box.bottom, y + 1)};
+            }
+        }
+        return box;
+    }
+    COLORREF at(int x, int y) const { return canvas_.at(x, y); }
+
+private:
+    Canvas canvas_;
+    HFONT font_;
+    HGDIOBJ previous_;
+};
+
+} // namespace
+
+TEST(LeaningText, RunsAlongItsEscapement) {
+    LOGFONTW font = fontOf(outlineFont, -13);
+    font.lfEscapement = font.lfOrientation = 900;
+    const Sheet up(font);
+    TextOutA(up.dc(), 40, 120, "Tesela", 6);
+    const RECT box = up.inked();
+    EXPECT_GT(box.bottom - box.top, 2 * (box.right - box.left));
+    EXPECT_LE(box.bottom, 121) << "upwards from the point";
+    EXPECT_GE(box.left, 40) << "the top of the letters is on the left";
+    EXPECT_EQ(up.extent("Tesela"), Sheet(fontOf(outlineFont, -13)).extent("Tesela"));
+}
+
+TEST(LeaningText, OrientationAloneChangesNothing) {
+    LOGFONTW font = fontOf(outlineFont, -13);
+    font.lfOrientation = 300;
+    const Sheet turned(font);
+    const Sheet level(fontOf(outlineFont, -13));
+    TextOutA(turned.dc(), 20, 60, "Tesela", 6);
+    TextOutA(level.dc(), 20, 60, "Tesela", 6);
+    EXPECT_EQ(turned.inked(), level.inked());
+}
+
+TEST(LeaningText, TheCurrentPositionGoesAlong) {
+    LOGFONTW font = fontOf(outlineFont, -13);
+    font.lfEscapement = font.lfOrientation = 900;
+    const Sheet sheet(font);
+    SetTextAlign(sheet.dc(), TA_UPDATECP);
+    MoveToEx(sheet.dc(), 60, 120, nullptr);
+    TextOutA(sheet.dc(), 0, 0, "Tesela", 6);
+    POINT position;
+    GetCurrentPositionEx(sheet.dc(), &position);
+    EXPECT_EQ(position, (POINT{60, 120 - sheet.extent("Tesela").cx}));
+}
+
+TEST(LeaningText, BitmapFontsStayLevel) {
+    LOGFONTW font = fontOf(dialogFont, -13);
+    font.lfEscapement = font.lfOrientation = 900;
+    const Sheet sheet(font);
+    TextOutA(sheet.dc(), 40, 100, "Tesela", 6);
+    const RECT box = sheet.inked();
+    EXPECT_GT(box.right - box.left, box.bottom - box.top);
+}
+
+TEST(StretchedText, HasTheWidthThatIsAskedFor) {
+    for (const std::u16string_view face : {dialogFont, outlineFont}) {
+        const Sheet plain(fontOf(face, -13));
+        for (const LONG width : {3, 5, 12}) {
+            LOGFONTW font = fontOf(face, -13);
+            font.lfWidth = width;
+            const Sheet sheet(font);
+            EXPECT_EQ(sheet.metrics().tmAveCharWidth, width);
+            EXPECT_EQ(sheet.metrics().tmHeight, plain.metrics().tmHeight);
+            const LONG own = plain.metrics().tmAveCharWidth;
+            EXPECT_EQ(sheet.extent("e").cx, (plain.extent("e").cx * width + own - 1) / own);
+        }
+    }
+}
+
+TEST(Text, UnderlinesAndStrikesAreToldByAllBits) {
+    LOGFONTW font = fontOf(outlineFont, -13);
+    font.lfUnderline = 1;
+    EXPECT_EQ(Sheet(font).metrics().tmUnderlined, 255);
+    EXPECT_EQ(Sheet(font).metrics().tmStruckOut, 0);
+    font.lfUnderline = 0;
+    font.lfStrikeOut = 1;
+    EXPECT_EQ(Sheet(font).metrics().tmStruckOut, 255);
+}
+
+TEST(Text, TheRoomsOfACharacterAddUpToItsWidth) {
+    const Sheet sheet(fontOf(outlineFont, -24));
+    ABC rooms[95];
+    INT widths[95];
+    ASSERT_TRUE(GetCharABCWidthsW(sheet.dc(), u' ', u'~', rooms));
+    ASSERT_TRUE(GetCharWidth32W(sheet.dc(), u' ', u'~', widths));
+    for (int i = 0; i < 95; ++i)
+        EXPECT_EQ(rooms[i].abcA + static_cast<int>(rooms[i].abcB) + rooms[i].abcC, widths[i]) << i;
+    EXPECT_EQ(rooms[0].abcB, 1u) << "a blank";
+    EXPECT_FALSE(GetCharABCWidthsW(Sheet(fontOf(dialogFont, -13)).dc(), u' ', u'~', rooms));
+}
+
+TEST(Text, ExtraRoomOfJustificationIsSharedByTheBlanks) {
+    const Sheet sheet(fontOf(dialogFont, -13));
+    const LONG plain = sheet.extent("a b c").cx;
+    const LONG untilFirst = sheet.extent("a ").cx;
+    SetTextJustification(sheet.dc(), 7, 2);
+    EXPECT_EQ(sheet.extent("a b c").cx, plain + 7);
+    EXPECT_EQ(sheet.extent("a ").cx, untilFirst + 4) << "the first takes what is left over";
+    SetTextJustification(sheet.dc(), -7, 2);
+    EXPECT_EQ(sheet.extent("a b c").cx, plain + 7) << "room is never taken away";
+    SetTextJustification(sheet.dc(), 0, 0);
+    EXPECT_EQ(sheet.extent("a b c").cx, plain);
+}
+
+TEST(MappedText, IsScaledWithTheMappingAndMeasuredInItsUnits) {
+    const Sheet large(fontOf(dialogFont, -26));
+    const Sheet sheet(fontOf(dialogFont, -13));
+    SetMapMode(sheet.dc(), MM_ANISOTROPIC);
+    SetWindowExtEx(sheet.dc(), 100, 100, nullptr);
+    SetViewportExtEx(sheet.dc(), 200, 200, nullptr);
+    EXPECT_EQ(sheet.extent("Tesela").cx, (large.extent("Tesela").cx + 1) / 2);
+    EXPECT_EQ(sheet.metrics().tmHeight, (large.metrics().tmHeight + 1) / 2);
+    TextOutA(sheet.dc(), 0, 0, "Tesela", 6);
+    TextOutA(large.dc(), 0, 0, "Tesela", 6);
+    EXPECT_EQ(GetPixel(sheet.dc(), 0, 79), GetPixel(large.dc(), 0, 159));
+    SetMapMode(sheet.dc(), MM_TEXT);
+    EXPECT_EQ(sheet.inked(), large.inked());
+}
+
+TEST(MappedText, ExtraSpaceCountsInItsUnits) {
+    const Sheet sheet(fontOf(outlineFont, -13));
+    SetMapMode(sheet.dc(), MM_ANISOTROPIC);
+    SetWindowExtEx(sheet.dc(), 10, 10, nullptr);
+    SetViewportExtEx(sheet.dc(), 15, 15, nullptr);
+    const LONG plain = sheet.extent("Tesela").cx;
+    SetTextCharacterExtra(sheet.dc(), 3);
+    EXPECT_EQ(sheet.extent("Tesela").cx, plain + 18);
+}
+
+TEST(Text, MetricsInBytesAreThoseInCharacters) {
+    const Sheet sheet(fontOf(outlineFont, -13));
+    TEXTMETRICA narrow;
+    ASSERT_TRUE(GetTextMetricsA(sheet.dc(), &narrow));
+    EXPECT_EQ(narrow.tmHeight, sheet.metrics().tmHeight);
+    EXPECT_EQ(narrow.tmAveCharWidth, sheet.metrics().tmAveCharWidth);
+    EXPECT_EQ(narrow.tmPitchAndFamily, sheet.metrics().tmPitchAndFamily);
+    INT wide = 0;
+    INT byte = 0;
+    EXPECT_TRUE(GetCharWidth32W(sheet.dc(), 0xF1, 0xF1, &wide));
+    EXPECT_TRUE(GetCharWidth32A(sheet.dc(), 0xF1, 0xF1, &byte));
+    EXPECT_EQ(byte, wide);
+}
+
+TEST(Text, AFontOfArgumentsIsThatOfTheRecord) {
+    const HFONT font = CreateFontA(-13, 5, 300, 300, FW_BOLD, 1, 0, 1, ANSI_CHARSET, OUT_TT_PRECIS,
+                                   CLIP_DEFAULT_PRECIS, PROOF_QUALITY, VARIABLE_PITCH | FF_SWISS, "Arial");
+    LOGFONTW data;
+    ASSERT_TRUE(GetObjectFont(font, &data));
+    EXPECT_EQ(data.lfHeight, -13);
+    EXPECT_EQ(data.lfWidth, 5);
+    EXPECT_EQ(data.lfEscapement, 300);
+    EXPECT_EQ(data.lfWeight, FW_BOLD);
+    EXPECT_EQ(data.lfItalic, 1);
+    EXPECT_EQ(data.lfUnderline, 0);
+    EXPECT_EQ(data.lfStrikeOut, 1);
+    EXPECT_EQ(data.lfQuality, PROOF_QUALITY);
+    EXPECT_EQ(std::u16string_view(data.lfFaceName), u"Arial");
+    DeleteObject(font);
 }

@@ -33,6 +33,23 @@ std::shared_ptr<FontFace> makeFace(const LOGFONTW& request) {
     return OutlineFace::open(source, request);
 }
 
+/// The runs of a picture without smoothed edges.
+std::vector<GlyphRun> runsOf(const Glyph& glyph) {
+    std::vector<GlyphRun> runs;
+    const std::uint8_t* pixel = glyph.coverage.data();
+    for (int y = 0; y < glyph.height; ++y) {
+        for (int x = 0; x < glyph.width; ++x, ++pixel) {
+            if (*pixel == 0) continue;
+            const bool continues = x > 0 && pixel[-1] != 0;
+            if (continues)
+                ++runs.back().length;
+            else
+                runs.push_back({static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 1});
+        }
+    }
+    return runs;
+}
+
 } // namespace
 
 void FontFace::makeRoom(std::size_t bytes) {
@@ -49,7 +66,8 @@ const Glyph& FontFace::glyph(char16_t character) {
         if (const auto found = others_.find(character); found != others_.end()) return found->second;
     }
     Glyph made = makeGlyph(character);
-    const std::size_t bytes = sizeof(Glyph) + made.coverage.size();
+    if (!made.smooth) made.runs = runsOf(made);
+    const std::size_t bytes = sizeof(Glyph) + made.coverage.size() + made.runs.size() * sizeof(GlyphRun);
     makeRoom(bytes);
     bytes_ += bytes;
     if (character >= directCount) return others_.insert_or_assign(character, std::move(made)).first->second;

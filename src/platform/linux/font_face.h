@@ -13,6 +13,13 @@ namespace platform::driver {
 /// Coverage runs from 0 to fullCoverage.
 inline constexpr int fullCoverage = 16;
 
+/// Pixels of a glyph beside each other that are all covered.
+struct GlyphRun {
+    std::int16_t x = 0; ///< From the picture's left top corner
+    std::int16_t y = 0;
+    int length = 0;
+};
+
 /// One drawn character.
 struct Glyph {
     int advance =
@@ -23,6 +30,7 @@ struct Glyph {
     int height = 0;
     bool smooth = false;                ///< Has coverage between none and full
     std::vector<std::uint8_t> coverage; ///< Row by row from the top
+    std::vector<GlyphRun> runs;         ///< The covered pixels of a glyph that is not smooth
 };
 
 /// Where the ink of a character lies across, in pixels.

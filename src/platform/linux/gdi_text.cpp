@@ -11,6 +11,7 @@
 #include "platform/locale.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace platform::driver {
@@ -124,9 +125,39 @@ bool isLength(int length, const void* text) {
     return length >= 0 && (text || length == 0);
 }
 
-std::u16string wideText(const char* text, int length) {
-    return wideFromAnsi(std::string_view(text ? text : "", static_cast<std::size_t>(length)));
-}
+/// Bytes of the ANSI code page as characters. Short texts, which most are, take no memory of their own.
+class WideText {
+public:
+    WideText(const char* text, int length) : length_(length) {
+        if (length <= shortest) {
+            for (int i = 0; i < length; ++i)
+                short_[static_cast<std::size_t>(i)] =
+                    charactersOfBytes()[static_cast<unsigned char>(text[i])];
+        } else {
+            long_ = wideFromAnsi({text, static_cast<std::size_t>(length)});
+        }
+    }
+    const char16_t* data() const { return length_ <= shortest ? short_.data() : long_.data(); }
+
+private:
+    static constexpr int shortest = 128;
+
+    static const std::array<char16_t, 256>& charactersOfBytes() {
+        static const std::array<char16_t, 256> table = [] {
+            std::array<char16_t, 256> result{};
+            for (std::size_t byte = 0; byte < result.size(); ++byte) {
+                const char text = static_cast<char>(byte);
+                result[byte] = wideFromAnsi({&text, 1}).front();
+            }
+            return result;
+        }();
+        return table;
+    }
+
+    int length_;
+    std::array<char16_t, shortest> short_;
+    std::u16string long_;
+};
 
 template <std::size_t Size>
 void copyName(std::u16string_view name, char16_t (&out)[Size]) {
@@ -217,8 +248,10 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
 BOOL ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect, const char* text, UINT length,
                  const INT* advances) {
     if (!text && length > 0) return FALSE_;
-    const std::u16string wide = wideText(text, static_cast<int>(length));
-    return ExtTextOutW(dc, x, y, options, rect, wide.data(), static_cast<UINT>(wide.size()), advances);
+    constexpr UINT longest = std::numeric_limits<INT>::max();
+    if (length > longest) return FALSE_;
+    const WideText wide(text, static_cast<int>(length));
+    return ExtTextOutW(dc, x, y, options, rect, wide.data(), length, advances);
 }
 
 BOOL GetTextExtentPoint32W(HDC dc, const char16_t* text, int length, SIZE* size) {
@@ -252,9 +285,8 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
 BOOL GetTextExtentExPointA(HDC dc, const char* text, int length, int maxExtent, INT* fit, INT* extents,
                            SIZE* size) {
     if (!isLength(length, text)) return FALSE_;
-    const std::u16string wide = wideText(text, length);
-    return GetTextExtentExPointW(dc, wide.data(), static_cast<int>(wide.size()), maxExtent, fit, extents,
-                                 size);
+    const WideText wide(text, length);
+    return GetTextExtentExPointW(dc, wide.data(), length, maxExtent, fit, extents, size);
 }
 
 BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
@@ -314,7 +346,7 @@ BOOL GetCharWidth32A(HDC dc, UINT first, UINT last, INT* widths) {
     const TextScale across = TextScale::across(context->state);
     for (UINT c = first; c <= last; ++c) {
         const char byte = static_cast<char>(c);
-        widths[c - first] = across.toLogical(face->advance(wideText(&byte, 1).front()));
+        widths[c - first] = across.toLogical(face->advance(*WideText(&byte, 1).data()));
     }
     return TRUE_;
 }

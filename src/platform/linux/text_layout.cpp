@@ -31,6 +31,12 @@ std::shared_ptr<FontFace> levelFaceOf(DeviceContext& context) {
     return font.face;
 }
 
+/// Lengths along a leaning line are cut, not rounded; the little more keeps whole ones whole.
+std::int64_t cut(double pixels) {
+    constexpr double little = 1e-6;
+    return static_cast<std::int64_t>(pixels < 0 ? pixels - little : pixels + little);
+}
+
 constexpr UINT horizontalAlign = TA_CENTER;
 constexpr UINT verticalAlign = TA_BASELINE;
 
@@ -115,9 +121,8 @@ TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const T
 
 POINT TextLayout::point(int along, int above) const {
     if (isLevel()) return {boundedCoordinate(std::int64_t{start_.x} + along), start_.y - above};
-    const auto rounded = [](double value) { return static_cast<std::int64_t>(std::floor(value + 0.5)); };
-    return {boundedCoordinate(start_.x + rounded(along * cos_ - above * sin_)),
-            boundedCoordinate(start_.y - rounded(along * sin_ + above * cos_))};
+    return {boundedCoordinate(start_.x + cut(along * cos_ - above * sin_)),
+            boundedCoordinate(start_.y - cut(along * sin_ + above * cos_))};
 }
 
 std::array<POINT, 4> TextLayout::strip(int top, int bottom) const {
@@ -132,7 +137,7 @@ void TextLayout::advancePosition() const {
     const TextScale down = TextScale::down(context_.state);
     POINT& position = context_.state.position;
     const auto signedLength = [](const TextScale& scale, double pixels) {
-        const int length = scale.toLogical(static_cast<std::int64_t>(std::floor(std::fabs(pixels) + 0.5)));
+        const int length = scale.toLogical(std::abs(cut(pixels)));
         return pixels < 0 ? -length : length;
     };
     position.x = boundedCoordinate(std::int64_t{position.x} + signedLength(across, along * cos_));

@@ -59,7 +59,13 @@ void TextPainter::draw(const Glyph& glyph, int x, int y) {
     if (isEmpty(box)) return;
     for (const RECT& r : clips_) {
         const RECT part = intersection(box, r);
-        if (!isEmpty(part)) drawClipped(glyph, corner.x, corner.y, part);
+        if (isEmpty(part)) continue;
+        const bool isWhole = part.right - part.left == glyph.width && part.bottom - part.top == glyph.height;
+        if (isWhole && !glyph.smooth && isPlain32(surface_)) {
+            drawRuns(glyph, corner);
+            return;
+        }
+        drawClipped(glyph, corner.x, corner.y, part);
     }
 }
 
@@ -101,6 +107,14 @@ void TextPainter::drawWords(std::uint32_t* pixels, const std::uint8_t* coverage,
         } else if (coverage[i] > faintest) {
             pixels[i] = blended(pixels[i], coverage[i]);
         }
+    }
+}
+
+void TextPainter::drawRuns(const Glyph& glyph, POINT corner) {
+    for (const GlyphRun& run : glyph.runs) {
+        std::uint32_t* pixels = row32(surface_, corner.y + run.y) + corner.x + run.x;
+        for (int i = 0; i < run.length; ++i)
+            pixels[i] = pixel_;
     }
 }
 

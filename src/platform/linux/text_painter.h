@@ -25,6 +25,7 @@ private:
         int high = 0; ///< Over white
     };
 
+    void drawRuns(const Glyph& glyph, POINT corner);
     void drawClipped(const Glyph& glyph, int x, int y, const RECT& clip);
     void drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count);
     std::uint32_t blended(std::uint32_t under, int coverage);
