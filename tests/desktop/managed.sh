@@ -51,6 +51,12 @@ expect_seen "the program keeps it in front of others" _NET_WM_STATE_ABOVE state
 xdotool key F4
 expect_seen "and no longer" "" state
 
+icon() { xprop -id "$window" -len 4096 -notype 32c _NET_WM_ICON | grep -oE '[0-9]+' | sed -n "$1"; }
+xdotool key F1
+expect_seen "the window gets an icon of its size" 16 icon 1p
+expect_seen "in the icon's colours" 4294901760 icon 3p
+expect_seen "and nothing where there is nothing" 0 icon 258p
+
 xdotool windowmove --sync "$window" 50 60
 expect_pixel "the user moves it" 65 75 '#C81E1E'
 xdotool mousemove 60 80 click 1

@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -113,8 +114,26 @@ void toggleTopmost(HWND window) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+/// A small icon: a red upper half, below it nothing.
+HICON makeIcon() {
+    constexpr int Side = 16;
+    constexpr int WordBits = 32;
+    std::vector<DWORD> colors(Side * Side / 2, 0xFFFF0000);
+    colors.resize(Side * Side, 0);
+    const std::vector<BYTE> mask(Side * Side / 8, 0);
+    ICONINFO info;
+    info.fIcon = TRUE_;
+    info.hbmColor = CreateBitmap(Side, Side, 1, WordBits, colors.data());
+    info.hbmMask = CreateBitmap(Side, Side, 1, 1, mask.data());
+    const HICON icon = CreateIconIndirect(&info);
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+    return icon;
+}
+
 /// The function keys do what the script wants to try.
 void functionKey(HWND window, WPARAM key) {
+    if (key == static_cast<WPARAM>(VK_F1)) SendMessageA(window, WM_SETICON, 1, makeIcon().value);
     if (key == static_cast<WPARAM>(VK_F2)) ShowWindow(window, SW_MINIMIZE);
     if (key == static_cast<WPARAM>(VK_F3))
         ShowWindow(window, IsZoomed(window) ? SW_RESTORE : SW_SHOWMAXIMIZED);

@@ -195,6 +195,7 @@ LRESULT askContextMenu(HWND handle, LPARAM client) {
 LRESULT exchangeIcon(Window& window, HICON icon) {
     const HICON former = window.icon;
     window.icon = icon;
+    if (isTopLevel(window) && window.is(WS_VISIBLE) && icon != former) display().iconChanged(window);
     return static_cast<LRESULT>(former.value);
 }
 

@@ -30,6 +30,7 @@ public:
     virtual void stateChanged(Window&) {} ///< Minimised, maximised or neither; before it is placed
     virtual void raised(Window&) {}
     virtual void renamed(Window&) {}
+    virtual void iconChanged(Window&) {}
     virtual void activated(Window&) {}
     virtual void destroyed(Window&) {}
 

@@ -46,6 +46,7 @@ public:
     void stateChanged(Window& window) override { windows_.changeState(window); }
     void raised(Window& window) override;
     void renamed(Window& window) override { windows_.rename(window); }
+    void iconChanged(Window& window) override { windows_.changeIcon(window); }
     void activated(Window& window) override;
     void destroyed(Window& window) override;
 

@@ -48,6 +48,7 @@ constexpr AtomName AtomNames[] = {
     {&X11Atoms::netWorkArea, "_NET_WORKAREA"},
     {&X11Atoms::netDesktop, "_NET_CURRENT_DESKTOP"},
     {&X11Atoms::netActive, "_NET_ACTIVE_WINDOW"},
+    {&X11Atoms::netIcon, "_NET_WM_ICON"},
     {&X11Atoms::netName, "_NET_WM_NAME"},
     {&X11Atoms::netProcess, "_NET_WM_PID"},
     {&X11Atoms::netUserTime, "_NET_WM_USER_TIME"},

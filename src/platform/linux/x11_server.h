@@ -21,7 +21,8 @@ struct X11Atoms {
     ::Atom clipboard, clipboardManager, incremental, multiple, saveTargets, targets, timestamp, transfer;
     ::Atom text, utf8, plainText, plainTextUtf8;
     ::Atom protocols, deleteWindow, ping, state, changeState, motifHints;
-    ::Atom netSupported, netCheck, netWorkArea, netDesktop, netActive, netName, netProcess, netUserTime;
+    ::Atom netSupported, netCheck, netWorkArea, netDesktop, netActive, netIcon, netName, netProcess,
+        netUserTime;
     ::Atom netState, netStateAbove, netStateHidden, netStateHigh, netStateWide, netStateNoTaskbar;
     ::Atom netType, netTypeNormal, netTypeDialog, netTypePopup;
     ::Atom scrollLock; ///< Its light: in most layouts the key stands for no modifier

@@ -1,5 +1,6 @@
 #include "platform/linux/x11_windows.h"
 
+#include "platform/linux/desktop_icon.h"
 #include "platform/linux/desktop_windows.h"
 
 #include <X11/Xatom.h>
@@ -93,6 +94,7 @@ void X11Windows::describe(const Window& window, const X11Window& native) const {
     const X11Atoms& atoms = server_.atoms();
     ::Display* display = server_.display();
     writeTitle(window, native);
+    writeIcon(window, native);
     XClassHint names{program_invocation_short_name, const_cast<char*>(ClassName)};
     XSetClassHint(display, native.id, &names);
     ::Atom protocols[] = {atoms.deleteWindow, atoms.ping};
@@ -146,6 +148,19 @@ void X11Windows::writeTitle(const Window& window, const X11Window& native) const
     server_.setText(native.id, XA_WM_NAME, title);
 }
 
+/// The size, and the pixels row by row.
+void X11Windows::writeIcon(const Window& window, const X11Window& native) const {
+    const IconPicture icon = pictureOf(window.icon ? window.icon : window.windowClass->icon);
+    if (icon.argb.empty()) {
+        XDeleteProperty(server_.display(), native.id, server_.atoms().netIcon);
+        return;
+    }
+    std::vector<unsigned long> values{static_cast<unsigned long>(icon.width),
+                                      static_cast<unsigned long>(icon.height)};
+    values.insert(values.end(), icon.argb.begin(), icon.argb.end());
+    server_.setValues(native.id, server_.atoms().netIcon, XA_CARDINAL, values);
+}
+
 /// What a window is when it appears; later changes are the window manager's to make.
 void X11Windows::writeState(const Window& window, const X11Window& native) const {
     const X11Atoms& atoms = server_.atoms();
@@ -158,6 +173,10 @@ void X11Windows::writeState(const Window& window, const X11Window& native) const
 
 void X11Windows::rename(const Window& window) {
     if (const X11Window* native = find(window.handle)) writeTitle(window, *native);
+}
+
+void X11Windows::changeIcon(const Window& window) {
+    if (const X11Window* native = find(window.handle)) writeIcon(window, *native);
 }
 
 // --- Showing and placing ---------------------------------------------------------------------------

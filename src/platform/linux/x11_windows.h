@@ -40,6 +40,7 @@ public:
     void stack(const Window& window);
     void writeTopmost(const Window& window);
     void rename(const Window& window);
+    void changeIcon(const Window& window);
     void giveKeyboard(const Window& window);
     void destroy(HWND window);
 
@@ -55,6 +56,7 @@ private:
     void describeSize(const Window& window, const X11Window& native) const;
     void describeDecorations(const Window& window, const X11Window& native) const;
     void writeTitle(const Window& window, const X11Window& native) const;
+    void writeIcon(const Window& window, const X11Window& native) const;
     void writeState(const Window& window, const X11Window& native) const;
     void askState(const X11Window& native, bool on, ::Atom first, ::Atom second = 0) const;
     void maximize(Window& window, X11Window& native, bool on) const;
