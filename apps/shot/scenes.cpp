@@ -5,6 +5,8 @@ namespace shot {
 std::span<const Scene> scenes() {
     static const Scene all[] = {
         {"label", "every look of the label", label},
+        {"canvas", "every primitive of the canvas", canvas},
+        {"html", "marked-up texts", html},
         {"fichas", "the first record of the sample database", fichas},
     };
     return all;
