@@ -11,13 +11,7 @@ namespace {
 constexpr unsigned opaque = 255;
 constexpr std::uint32_t evenBytes = 0x00FF00FF;
 
-/// value / 255 to the nearest, for values up to 255 * 255.
-constexpr std::uint16_t dividedBy255(unsigned value) {
-    const unsigned sum = value + 128;
-    return static_cast<std::uint16_t>((sum + (sum >> 8)) >> 8);
-}
-
-/// The same for each byte of a word times a factor up to 255.
+/// Each byte of a word times a factor up to 255, divided by 255 to the nearest.
 constexpr std::uint32_t scaled(std::uint32_t word, std::uint32_t factor) {
     const auto pair = [factor](std::uint32_t two) {
         const std::uint32_t sum = two * factor + 0x00800080;
@@ -26,19 +20,24 @@ constexpr std::uint32_t scaled(std::uint32_t word, std::uint32_t factor) {
     return pair(word & evenBytes) | pair(word >> 8 & evenBytes) << 8;
 }
 
-/// All four bytes alike.
+/// All four bytes alike, divided by 255 to the nearest. The rows do not overlap.
 void blendConstant(std::uint32_t* target, const std::uint32_t* source, std::size_t count, unsigned alpha) {
-    auto* to = reinterpret_cast<std::uint8_t*>(target);
-    const auto* from = reinterpret_cast<const std::uint8_t*>(source);
-    const unsigned rest = opaque - alpha;
-    for (std::size_t i = 0; i < count * 4; ++i)
-        to[i] = static_cast<std::uint8_t>(dividedBy255(from[i] * alpha + to[i] * rest));
+    const auto over = static_cast<std::uint16_t>(alpha);
+    const auto under = static_cast<std::uint16_t>(opaque - alpha);
+    auto* __restrict to = reinterpret_cast<std::uint8_t*>(target);
+    const auto* __restrict from = reinterpret_cast<const std::uint8_t*>(source);
+    // Sums stay within 16 bits, so that many bytes are mixed at once.
+    for (std::size_t i = 0; i < count * 4; ++i) {
+        const auto sum = static_cast<std::uint16_t>(from[i] * over + to[i] * under + 128);
+        to[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(sum + (sum >> 8)) >> 8);
+    }
 }
 
 /// Each pixel by its own alpha; its colours are multiplied by it already.
 void blendAlpha(std::uint32_t* target, const std::uint32_t* source, std::size_t count, unsigned alpha) {
     for (std::size_t i = 0; i < count; ++i) {
         const std::uint32_t over = alpha == opaque ? source[i] : scaled(source[i], alpha);
+        if (over == 0) continue;
         const std::uint32_t under = scaled(target[i], opaque - (over >> 24));
         target[i] = over + under;
     }

@@ -165,6 +165,22 @@ void copyOntoItself(DeviceContext& target, const RECT& area, const SourcePixels&
     copyPixels(target, area, apart, rop);
 }
 
+/// Copies words to words. Whole pictures are one row.
+void copyWords(const Surface& target, const RECT& r, const SourcePixels& source, Rop3 rop) {
+    const Surface& from = *source.surface;
+    const Span span = spanFor(rop);
+    std::size_t count = static_cast<std::size_t>(r.right - r.left);
+    int rows = r.bottom - r.top;
+    const int rowSize = 4 * (r.right - r.left);
+    if (target.stride == rowSize && from.stride == rowSize) {
+        count *= static_cast<std::size_t>(rows);
+        rows = 1;
+    }
+    for (int i = 0; i < rows; ++i)
+        span(row32(target, r.top + i) + r.left,
+             row32(from, r.top + i + source.offset.y) + r.left + source.offset.x, nullptr, count, rop);
+}
+
 /// On 1 bit a gradient is dithered.
 std::uint32_t gradientValue(const Surface& surface, ValueFinder& finder, std::uint32_t color, int x, int y) {
     if (surface.bitsPerPixel == 1) return isDitheredWhite(colorOfPixel32(color & colorBits), x, y) ? ~0u : 0u;
@@ -213,9 +229,14 @@ SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, 
 void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop) {
     const RECT reachable = intersection(area, moved(source.valid, {-source.offset.x, -source.offset.y}));
     if (isEmpty(reachable)) return;
+    const bool isDirect = isPlain32(*target.surface) && isPlain32(*source.surface) && !usesPattern(rop);
     for (const RECT& clip : target.drawable().rectangles()) {
         const RECT r = intersection(reachable, clip);
         if (isEmpty(r)) continue;
+        if (isDirect) {
+            copyWords(*target.surface, r, source, rop);
+            continue;
+        }
         Copier copier(target, source, rop, r.right - r.left);
         for (int y = r.top; y < r.bottom; ++y)
             copier.row(r.left, y, r.right - r.left);

@@ -78,6 +78,16 @@ void copyOrStretch(DeviceContext& to, DeviceContext& from, const Stretch& stretc
     }
 }
 
+void copyOpaqueWords(const Surface& target, const RECT& r, const SourcePixels& source,
+                     std::uint32_t transparent) {
+    for (int y = r.top; y < r.bottom; ++y) {
+        const std::uint32_t* from = row32(*source.surface, y + source.offset.y) + source.offset.x;
+        std::uint32_t* to = row32(target, y);
+        for (int x = r.left; x < r.right; ++x)
+            to[x] = (from[x] & colorBits) != transparent ? from[x] : to[x];
+    }
+}
+
 /// Copies what is not of one colour.
 void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& source,
                 std::uint32_t transparent) {
@@ -88,6 +98,10 @@ void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& sou
         const RECT r = intersection(area, clip);
         if (isEmpty(r)) continue;
         const int count = r.right - r.left;
+        if (isPlain32(*target.surface) && isPlain32(*source.surface)) {
+            copyOpaqueWords(*target.surface, r, source, transparent);
+            continue;
+        }
         colors.resize(static_cast<std::size_t>(count));
         values.resize(static_cast<std::size_t>(count));
         for (int y = r.top; y < r.bottom; ++y) {

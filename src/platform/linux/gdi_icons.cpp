@@ -70,6 +70,19 @@ void put(DeviceContext& context, const RECT& area, const Bitmap& picture, DWORD 
     copyPixels(context, area, pixelsOf(picture, {area.left, area.top}), rop3Of(rop));
 }
 
+void blendIcon(DeviceContext& context, const Bitmap& picture, const RECT& area) {
+    constexpr BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    const POINT at{area.left, area.top};
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    if (width == picture.surface.width && height == picture.surface.height) {
+        blendPixels(context, area, pixelsOf(picture, at), blend);
+    } else if (const auto stretchedPicture =
+                   fitted(picture, {0, 0, picture.surface.width, picture.surface.height}, width, height)) {
+        blendPixels(context, area, pixelsOf(*stretchedPicture, at), blend);
+    }
+}
+
 void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
@@ -78,12 +91,8 @@ void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) 
     const RECT all{0, 0, ownWidth, ownHeight};
     const bool drawsImage = (flags & DI_IMAGE) != 0;
     const bool drawsMask = (flags & DI_MASK) != 0;
-    if (drawsImage && icon.color && hasAlpha(icon.color->surface) && context.surface->bitsPerPixel != 1) {
-        const auto picture = fitted(*icon.color, all, width, height);
-        if (!picture) return;
-        multiplyByAlpha(picture->surface);
-        blendPixels(context, area, pixelsOf(*picture, {area.left, area.top}),
-                    {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+    if (drawsImage && icon.blend && context.surface->bitsPerPixel != 1) {
+        blendIcon(context, *icon.blend, area);
         return;
     }
     if (drawsMask) {
@@ -132,6 +141,11 @@ HICON CreateIconIndirect(const ICONINFO* info) {
     if (color) icon->color = copyOf(*color);
     if (!icon->mask || (color && !icon->color)) return {};
     if (!color && mask->surface.height < 2) return {};
+    if (color && hasAlpha(color->surface)) {
+        icon->blend = copyOf(*color);
+        if (!icon->blend) return {};
+        multiplyByAlpha(icon->blend->surface);
+    }
     if (icon->isIcon) {
         // The hot spot of an icon is its middle, whatever the record says.
         icon->xHotspot = static_cast<DWORD>(mask->surface.width / 2);

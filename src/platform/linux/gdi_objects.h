@@ -42,7 +42,7 @@ void setFormat(Bitmap& bitmap, const PixelFormat& format);
 /// The same size, depth, colours and pixels, top row first; null when memory does not suffice.
 std::unique_ptr<Bitmap> copyOf(const Bitmap& source);
 
-struct Brush : Object {
+struct Brush : Object, Pooled<Brush> {
     static constexpr HandleKind objectKind = HandleKind::Brush;
     Brush() : Object(objectKind) {}
 
@@ -50,7 +50,7 @@ struct Brush : Object {
     std::unique_ptr<Bitmap> pattern; ///< Own copy for BS_PATTERN
 };
 
-struct Pen : Object {
+struct Pen : Object, Pooled<Pen> {
     static constexpr HandleKind objectKind = HandleKind::Pen;
     Pen() : Object(objectKind) {}
 
@@ -95,6 +95,7 @@ struct Icon : Object {
     DWORD yHotspot = 0;
     std::unique_ptr<Bitmap> mask;  ///< AND mask; with the XOR mask below it when there are no colours
     std::unique_ptr<Bitmap> color; ///< May be null
+    std::unique_ptr<Bitmap> blend; ///< Colours multiplied by their alpha, when there is any
 };
 
 /// The stock's number of the bitmap that a new memory context holds, after those that programs may ask for.

@@ -6,6 +6,7 @@
 #include "platform/linux/handles.h"
 #include "platform/types.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -24,6 +25,34 @@ struct Object {
     bool dying = false; ///< Deleted while selected
     int selections = 0;
     std::uint32_t handle = 0;
+};
+
+/// Memory for objects that are made and ended with every drawing: what is given back waits for the next one.
+template <class Type>
+class Pooled {
+public:
+    static void* operator new(std::size_t size) {
+        if (count() == 0) return ::operator new(size);
+        return waiting()[--count()];
+    }
+    static void operator delete(void* memory) {
+        if (count() == most) {
+            ::operator delete(memory);
+        } else {
+            waiting()[count()++] = memory;
+        }
+    }
+
+private:
+    static constexpr std::size_t most = 32;
+    static void** waiting() {
+        static void* blocks[most];
+        return blocks;
+    }
+    static std::size_t& count() {
+        static std::size_t number = 0;
+        return number;
+    }
 };
 
 /// Enters an object; 0 when the table is full.
