@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 namespace test {
@@ -56,7 +57,7 @@ inline RECT frameOf(int width, int height) {
     const HDC screen = CreateCompatibleDC({});
     const auto hundredths = [&](int pixels, int size, int resolution) {
         return static_cast<LONG>(
-            pixels * 100.0 * GetDeviceCaps(screen, size) / GetDeviceCaps(screen, resolution) + 0.5);
+            std::lround(pixels * 100.0 * GetDeviceCaps(screen, size) / GetDeviceCaps(screen, resolution)));
     };
     const RECT result{0, 0, hundredths(width, HORZSIZE, HORZRES), hundredths(height, VERTSIZE, VERTRES)};
     DeleteDC(screen);

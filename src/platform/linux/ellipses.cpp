@@ -20,8 +20,8 @@ std::vector<POINT> quarterOutline(int width, int height) {
     std::int64_t error = errorX + errorY + odd * a * a;
     POINT at{width - 1, static_cast<LONG>(b / 2)};
     std::vector<POINT> points;
-    points.reserve(static_cast<std::size_t>(width / 2 + height / 2 + 2));
-    while (2 * at.x >= a) {
+    points.reserve(static_cast<std::size_t>(width / 2) + static_cast<std::size_t>(height / 2) + 2);
+    while (std::int64_t{2} * at.x >= a) {
         points.push_back(at);
         const std::int64_t twice = 2 * error;
         if (twice >= errorX) {

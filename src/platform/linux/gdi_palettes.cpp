@@ -128,6 +128,7 @@ UINT GetSystemPaletteEntries(HDC dc, UINT start, UINT count, PALETTEENTRY* entri
     const std::vector<std::uint32_t>& colors = halftoneColors();
     if (!entries) return static_cast<UINT>(colors.size());
     std::vector<PALETTEENTRY> shown;
+    shown.reserve(colors.size());
     for (const std::uint32_t color : colors)
         shown.push_back(paletteEntryOf(color));
     return copyEntries(shown, start, count, entries);

@@ -72,6 +72,7 @@ void fillWithBrush(DeviceContext& context, const Region& region) {
 
 Region figuresRegion(const std::vector<Figure>& figures, int fillMode, const RECT& bounds) {
     std::vector<std::vector<POINT>> polygons;
+    polygons.reserve(figures.size());
     for (const Figure& figure : figures)
         polygons.push_back(figure.points);
     return polygonsRegion(polygons, fillMode, bounds);
