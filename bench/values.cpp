@@ -100,6 +100,7 @@ int countDescents(const std::vector<Value>& values, Less less) {
 template <class Make>
 void comparisonsOf(const std::string& name, const std::vector<StandardValue>& standard, Make make) {
     std::vector<Variant> values;
+    values.reserve(standard.size());
     for (const StandardValue& each : standard)
         values.push_back(make(each));
     const auto isLess = [](const Variant& a, const Variant& b) { return automation::isLess(a, b); };

@@ -263,8 +263,8 @@ std::int32_t cCanvas::PolyBezierTo(std::int32_t nVertices, const Array& aXCoord,
 void cCanvas::drawScanLines(POINT tip, POINT step, std::int32_t count, bool vertical) {
     constexpr std::int32_t most = 1 << 17; // no surface reaches further
     for (std::int32_t k = 1; k < std::min(count, most); ++k) {
-        const std::int32_t x = saturatingSum(tip.x, k * step.x);
-        const std::int32_t y = saturatingSum(tip.y, k * step.y);
+        const std::int32_t x = saturatingSum(tip.x, std::int64_t{k} * step.x);
+        const std::int32_t y = saturatingSum(tip.y, std::int64_t{k} * step.y);
         if (vertical) {
             MoveTo(x, saturatingSum(y, -k));
             LineTo(x, saturatingSum(y, k + 1));

@@ -192,7 +192,7 @@ automation::Ref<host::Picture> LoadResIcon(const Variant& xResourceID, std::int3
     nHeight = 0;
     const Variant identifier = xResourceID.dereferenced();
     if (identifier.isString() && identifier.asString().empty()) return {};
-    const automation::Ref<host::Picture> picture = resourcePicture(regional(identifier, nType), nType);
+    automation::Ref<host::Picture> picture = resourcePicture(regional(identifier, nType), nType);
     if (!picture) return {}; // the caller paints without it
     if (nType >= 1) {
         constexpr std::int32_t himetric = 8, pixels = 3;

@@ -124,7 +124,7 @@ std::int32_t cDevice::readByName(automation::PassedArgument xBuff, std::int32_t 
     return FRead(xBuff.value, nBytes);
 }
 
-std::int32_t cDevice::writeByName(automation::PassedArgument xBuff, std::int32_t nBytes) {
+std::int32_t cDevice::writeByName(const automation::PassedArgument& xBuff, std::int32_t nBytes) {
     return FWrite(xBuff.value, nBytes);
 }
 

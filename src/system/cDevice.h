@@ -101,7 +101,7 @@ public:
 
 private:
     std::int32_t readByName(automation::PassedArgument xBuff, std::int32_t nBytes);
-    std::int32_t writeByName(automation::PassedArgument xBuff, std::int32_t nBytes);
+    std::int32_t writeByName(const automation::PassedArgument& xBuff, std::int32_t nBytes);
     bool isOpen() const { return handle_ != platform::INVALID_HANDLE_VALUE; }
 
     platform::HANDLE handle_ = platform::INVALID_HANDLE_VALUE;

@@ -12,7 +12,6 @@ using automation::Array;
 using automation::callMethod;
 using automation::getProperty;
 using automation::Member;
-using automation::MemberKind;
 using automation::Ref;
 using automation::String;
 using automation::Variant;

@@ -6,7 +6,6 @@
 using namespace tesela;
 using namespace tests;
 using automation::Array;
-using automation::Ref;
 using automation::Variant;
 using host::Picture;
 using host::PictureType;

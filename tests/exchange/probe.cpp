@@ -10,6 +10,7 @@
 #include "platform/pictures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -140,8 +141,8 @@ int playFile(const char* metafile, const char* picture) {
     ENHMETAHEADER header;
     if (!GetEnhMetaFileHeader(read, sizeof header, &header)) return EXIT_FAILURE;
     const auto pixels = [&](LONG hundredths, int resolution) {
-        return static_cast<LONG>(hundredths / hundredthsPerInch * GetDeviceCaps(sheet.dc(), resolution) +
-                                 0.5);
+        return static_cast<LONG>(
+            std::lround(hundredths / hundredthsPerInch * GetDeviceCaps(sheet.dc(), resolution)));
     };
     const LONG ownWidth = pixels(header.rclFrame.right - header.rclFrame.left, LOGPIXELSX);
     const LONG ownHeight = pixels(header.rclFrame.bottom - header.rclFrame.top, LOGPIXELSY);

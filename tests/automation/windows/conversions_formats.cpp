@@ -19,7 +19,6 @@
 
 namespace {
 
-using automation::Variant;
 using tests::Conformance;
 using tests::ConformanceCase;
 using tests::KnownDifference;

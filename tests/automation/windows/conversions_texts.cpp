@@ -23,7 +23,6 @@ using tests::Conformance;
 using tests::ConformanceCase;
 using tests::exactText;
 using tests::KnownDifference;
-using tests::outcomeOf;
 
 constexpr std::string_view locales[] = {"es-ES", "en-US"};
 
