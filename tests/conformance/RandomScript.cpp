@@ -47,6 +47,7 @@ public:
 
     Dice dice;
     std::string text;
+    bool mapped = false;
 
     void line(const std::string& words) { text += words + '\n'; }
     void gdi(const std::string& call, std::initializer_list<int> numbers = {}) {
@@ -87,6 +88,27 @@ public:
             words += " " + std::to_string(edge);
         return words;
     }
+
+    /// Edges of an ellipse: small, or so wide that its curve reaches the top, under any mapping.
+    std::string roundBox() {
+        const int left = coordinate();
+        const int top = coordinate();
+        const bool small = !mapped && dice.oneIn(4);
+        const int width = small ? dice.between(3, 6) : across();
+        const int height = small ? width : across();
+        std::string words;
+        for (const int edge : {left, top, left + width, top + height})
+            words += " " + std::to_string(edge);
+        return words;
+    }
+    /// The size of round corners: none, or as wide as an ellipse.
+    std::string corner() {
+        const int width = across();
+        const int height = across();
+        if (dice.oneIn(6)) return " 0 0";
+        return " " + std::to_string(width) + " " + std::to_string(height);
+    }
+    int across() { return mapped ? dice.between(60, 160) : dice.between(14, 60); }
 
     // Surfaces and state
     void surface() {
@@ -132,12 +154,10 @@ public:
         }
     }
     void geometricPen() {
-        const int style = dice.between(PS_SOLID, PS_DASHDOTDOT);
         const int cap = static_cast<int>(dice.of({PS_ENDCAP_ROUND, PS_ENDCAP_SQUARE, PS_ENDCAP_FLAT}));
         const int join = static_cast<int>(dice.of({PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER}));
         const int width = dice.between(1, 11);
-        gdi("pen = ExtCreatePen",
-            {static_cast<int>(PS_GEOMETRIC) | style | cap | join, width, 0, color(), 0});
+        gdi("pen = ExtCreatePen", {static_cast<int>(PS_GEOMETRIC) | cap | join, width, 0, color(), 0});
         line("gdi SelectObject pen");
     }
     void brush() {
@@ -181,6 +201,7 @@ public:
     }
     void mapping() {
         const int mode = dice.of({MM_LOMETRIC, MM_LOENGLISH, MM_ISOTROPIC, MM_ANISOTROPIC, MM_ANISOTROPIC});
+        mapped = true;
         gdi("SetMapMode", {mode});
         const int width = dice.of({-100, -64, 32, 48, 64, 100, 150});
         const int height = dice.of({-100, -64, 32, 48, 64, 100, 150});
@@ -211,6 +232,7 @@ public:
         }
         default: {
             const int count = dice.between(1, 4);
+            line("gdi MoveToEx" + points(1));
             line("gdi PolylineTo" + points(count));
         }
         }
@@ -231,22 +253,23 @@ public:
     }
     void ellipses() {
         if (dice.oneIn(3)) {
-            const std::string edges = box();
-            const int width = dice.between(0, 40);
-            gdi("RoundRect" + edges, {width, dice.between(0, 40)});
+            const std::string edges = roundBox();
+            line("gdi RoundRect" + edges + corner());
             return;
         }
-        line("gdi Ellipse" + box());
+        line("gdi Ellipse" + roundBox());
     }
     void arcs() {
         if (dice.oneIn(2)) gdi("SetArcDirection", {dice.between(AD_COUNTERCLOCKWISE, AD_CLOCKWISE)});
         const std::string name = dice.of({"Arc", "ArcTo", "Chord", "Pie"});
-        const std::string edges = box();
+        const std::string edges = roundBox();
+        if (name == "ArcTo") line("gdi MoveToEx" + points(1));
         line("gdi " + name + edges + points(2));
     }
     void curves() {
         if (dice.oneIn(3)) {
             const int count = dice.between(1, 2);
+            line("gdi MoveToEx" + points(1));
             line("gdi PolyBezierTo" + points(3 * count));
             return;
         }
@@ -311,12 +334,11 @@ public:
             line("gdi " + name + " = CreateRectRgn" + box());
             break;
         case 1:
-            line("gdi " + name + " = CreateEllipticRgn" + box());
+            line("gdi " + name + " = CreateEllipticRgn" + roundBox());
             break;
         case 2: {
-            const std::string edges = box();
-            const int width = dice.between(0, 40);
-            gdi(name + " = CreateRoundRectRgn" + edges, {width, dice.between(0, 40)});
+            const std::string edges = roundBox();
+            line("gdi " + name + " = CreateRoundRectRgn" + edges + corner());
             break;
         }
         default: {

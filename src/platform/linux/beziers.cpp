@@ -22,28 +22,35 @@ struct FinePoint {
 };
 using FineBezier = std::array<FinePoint, 4>;
 
+std::int64_t wholePixels(std::int64_t fine) {
+    return (fine + unit / 2) >> fraction;
+}
+
 LONG toPixel(std::int64_t fine) {
-    return static_cast<LONG>((fine + unit / 2) >> fraction);
+    return static_cast<LONG>(wholePixels(fine));
 }
 
+/// A half counts up, and then towards zero.
 FinePoint middle(FinePoint a, FinePoint b) {
-    return {(a.x + b.x + 1) >> 1, (a.y + b.y + 1) >> 1};
+    return {(a.x + b.x + 1) / 2, (a.y + b.y + 1) / 2};
 }
 
-/// Whether both controls lie between the ends along the longer axis and within a pixel of the chord.
+/// Whether both controls lie between the ends along the longer axis and within a pixel of the chord. The
+/// chord's slope counts in whole sixteenths for each pixel, which is how coarsely the platform does it.
 bool isFlat(const FineBezier& c) {
-    const std::int64_t dx = c[3].x - c[0].x;
-    const std::int64_t dy = c[3].y - c[0].y;
-    const bool steep = std::abs(dy) > std::abs(dx);
-    const auto along = [&](FinePoint p) { return steep ? p.y - c[0].y : p.x - c[0].x; };
-    const auto across = [&](FinePoint p) { return steep ? p.x - c[0].x : p.y - c[0].y; };
-    const std::int64_t length = steep ? dy : dx;
-    const std::int64_t rise = steep ? dx : dy;
+    const bool steep = std::abs(c[3].y - c[0].y) > std::abs(c[3].x - c[0].x);
+    const auto along = [steep](FinePoint p) { return steep ? p.y : p.x; };
+    const auto across = [steep](FinePoint p) { return steep ? p.x : p.y; };
+    const std::int64_t start = along(c[0]);
+    const std::int64_t end = along(c[3]);
+    const std::int64_t length = wholePixels(end - start);
+    const std::int64_t slope = length == 0 ? 0 : (across(c[3]) - across(c[0])) / length;
     for (const FinePoint& p : {c[1], c[2]}) {
-        const std::int64_t step = along(p);
-        if (length >= 0 ? step < 0 || step > length : step > 0 || step < length) return false;
-        if (length == 0) continue;
-        if (std::abs(across(p) - rise * step / length) > unit) return false;
+        const std::int64_t at = along(p);
+        // A control beside the start belongs to a curve that runs upwards, not to one that runs back.
+        if (at < start ? at < end : at > end) return false;
+        const std::int64_t expected = across(c[0]) + slope * wholePixels(at - start);
+        if (length != 0 && std::abs(across(p) - expected) > unit) return false;
     }
     return true;
 }
@@ -64,6 +71,10 @@ void halve(const FineBezier& c, int depth, std::vector<POINT>& out) {
 }
 
 constexpr double pi = std::numbers::pi;
+
+/// How far the controls of a quarter of an ellipse reach along its tangents: the platform's number, a little
+/// more than the best one.
+constexpr double roundness = 0.5542847;
 
 LONG rounded(double value) {
     return static_cast<LONG>(std::floor(value + 0.5));
@@ -105,23 +116,23 @@ std::vector<POINT> linesOfBeziers(const std::vector<POINT>& points) {
 RoundCurves roundRectCurves(const RECT& box, SIZE corner) {
     const LONG width = std::min(corner.cx, box.right - box.left);
     const LONG height = std::min(corner.cy, box.bottom - box.top);
-    // One corner is rounded to pixels, the others mirror it.
-    const RECT ellipse{box.right - width, box.top, box.right, box.top + height};
-    std::vector<POINT> quarter{pointAt(ellipse, 1, 0)};
-    addArcPiece(ellipse, 0, -pi / 2, quarter);
-    const auto mirrorX = [&](POINT p) { return POINT{box.left + box.right - p.x, p.y}; };
-    const auto mirrorY = [&](POINT p) { return POINT{p.x, box.top + box.bottom - p.y}; };
+    // From the middle of an ellipse's side over the controls to the middle of the next side, inwards from the
+    // corner.
+    const POINT quarter[] = {{0, rounded(height / 2.0)},
+                             {0, rounded(height * (1 - roundness) / 2)},
+                             {rounded(width * (1 - roundness) / 2), 0},
+                             {rounded(width / 2.0), 0}};
+    constexpr int corners = 4;
+    constexpr int pointsOfCorner = 4;
     RoundCurves result;
-    const auto add = [&](POINT p, BYTE type) {
-        result.points.push_back(p);
-        result.types.push_back(type);
-    };
-    for (int side = 0; side < 4; ++side) {
-        for (std::size_t i = 0; i < quarter.size(); ++i) {
-            POINT p = quarter[side % 2 == 0 ? i : quarter.size() - 1 - i];
-            if (side == 1 || side == 2) p = mirrorX(p);
-            if (side >= 2) p = mirrorY(p);
-            add(p, i > 0 ? PT_BEZIERTO : side == 0 ? PT_MOVETO : PT_LINETO);
+    for (int side = 0; side < corners; ++side) {
+        const bool atRight = side == 0 || side == 3;
+        const bool atTop = side < 2;
+        for (int i = 0; i < pointsOfCorner; ++i) {
+            const POINT& p = quarter[side % 2 == 0 ? i : pointsOfCorner - 1 - i];
+            result.points.push_back(
+                {atRight ? box.right - p.x : box.left + p.x, atTop ? box.top + p.y : box.bottom - p.y});
+            result.types.push_back(i > 0 ? PT_BEZIERTO : side == 0 ? PT_MOVETO : PT_LINETO);
         }
     }
     result.types.back() |= PT_CLOSEFIGURE;
@@ -130,13 +141,21 @@ RoundCurves roundRectCurves(const RECT& box, SIZE corner) {
 
 RoundCurves ellipseCurves(const RECT& box) {
     const RoundCurves round = roundRectCurves(box, {box.right - box.left, box.bottom - box.top});
+    // Where two quarters meet there is one point: the upper left quarter's, and below the left one's.
+    constexpr std::size_t firstEnd = 3;
+    constexpr std::size_t thirdStart = 8;
+    constexpr std::size_t fourthStart = 12;
     RoundCurves result;
     for (std::size_t i = 0; i < round.points.size(); ++i) {
-        if (round.types[i] == PT_LINETO) continue;
+        if (i == firstEnd || i == thirdStart || i == fourthStart) continue;
         result.points.push_back(round.points[i]);
-        result.types.push_back(round.types[i]);
+        result.types.push_back(round.types[i] == PT_LINETO ? PT_BEZIERTO : round.types[i]);
     }
     return result;
+}
+
+POINT pointAtAngle(const RECT& box, double angle) {
+    return pointAt(box, std::cos(angle), std::sin(angle));
 }
 
 std::vector<POINT> arcCurves(const RECT& box, ArcAngles angles) {

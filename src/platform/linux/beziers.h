@@ -28,12 +28,15 @@ RoundCurves roundRectCurves(const RECT& box, SIZE corner);
 /// The whole ellipse, from the right against the clock.
 RoundCurves ellipseCurves(const RECT& box);
 
-/// The directions, seen from the centre of a box, between which an arc runs, in radians of the ellipse's own
-/// parameter: clockwise on the screen is up.
+/// The angles between which an arc runs, in radians of the circle that the ellipse is a stretched image of,
+/// from the right and clockwise. An arc against the clock ends at the smaller one.
 struct ArcAngles {
     double start;
     double end;
 };
+
+/// The point of the ellipse in a box at an angle.
+POINT pointAtAngle(const RECT& box, double angle);
 
 /// Start and the points of the curves of an arc. `right` and `bottom` belong to the ellipse.
 std::vector<POINT> arcCurves(const RECT& box, ArcAngles angles);

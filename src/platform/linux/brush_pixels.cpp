@@ -49,6 +49,12 @@ BrushPixels hatchPixels(const DeviceContext& context, const Brush& brush) {
     return result;
 }
 
+/// A pixel of a coloured pattern on 1 bit without colours of its own: dithered by its place in the pattern.
+std::optional<std::uint32_t> ditheredBit(const DeviceContext& context, COLORREF color, int x, int y) {
+    if (context.surface->bitsPerPixel != 1 || !isDithered(context, color)) return {};
+    return isDitheredWhite(color, x, y) ? ~0u : 0u;
+}
+
 BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
     const Surface& from = pattern.surface;
     const Surface& to = *context.surface;
@@ -65,7 +71,8 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
         }
         readRow(from, 0, y, from.width, colors, row);
         for (int x = 0; x < from.width && !isPlain32(to); ++x)
-            row[x] = finder.valueOf(row[x] & 0x00FFFFFF);
+            row[x] = ditheredBit(context, colorOfPixel32(row[x] & 0x00FFFFFF), x, y)
+                         .value_or(finder.valueOf(row[x] & 0x00FFFFFF));
     }
     return result;
 }

@@ -22,17 +22,39 @@ int rounded(double value) {
     return boundedCoordinate(static_cast<std::int64_t>(std::floor(std::clamp(value, -limit, limit) + 0.5)));
 }
 
-/// One axis of a mapping: device = logical * scale + offset.
+/// One axis of a mapping: device = logical * scale + offset. Scale and offset are held in single precision,
+/// as the platform holds them: it decides which halves round up.
 struct Axis {
-    double scale;
-    double offset;
+    float scale;
+    float offset;
 
-    Axis(LONG windowOrigin, LONG windowExtent, LONG viewportOrigin, LONG viewportExtent)
-        : scale(static_cast<double>(viewportExtent) / windowExtent),
-          offset(viewportOrigin - scale * windowOrigin) {}
+    Axis(LONG windowOrigin, LONG windowExtent, LONG viewportOrigin, LONG viewportExtent) {
+        const double exact = static_cast<double>(viewportExtent) / windowExtent;
+        scale = static_cast<float>(exact);
+        offset = static_cast<float>(viewportOrigin - exact * windowOrigin);
+    }
 
-    int toDevice(LONG logical) const { return rounded(logical * scale + offset); }
+    /// The way back, by the determinant of both axes' matrix.
+    Axis inverse(const Axis& other) const {
+        const float determinant = scale * other.scale;
+        Axis result = *this;
+        result.scale = other.scale / determinant;
+        result.offset = -offset * result.scale;
+        return result;
+    }
+
+    int apply(LONG value) const { return rounded(static_cast<double>(value) * scale + offset); }
+    /// Of a length.
+    int length(LONG value) const { return std::abs(rounded(static_cast<double>(value) * scale)); }
 };
+
+Axis horizontal(const Mapping& m) {
+    return {m.windowOrigin.x, m.windowExtent.cx, m.viewportOrigin.x, m.viewportExtent.cx};
+}
+
+Axis vertical(const Mapping& m) {
+    return {m.windowOrigin.y, m.windowExtent.cy, m.viewportOrigin.y, m.viewportExtent.cy};
+}
 
 template <class Kind>
 void retain(Handle<Kind> handle) {
@@ -80,30 +102,23 @@ bool isEmpty(const RECT& r) {
 POINT Mapping::toDevice(POINT p) const {
     if (isUnscaled())
         return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
-    const Axis x(windowOrigin.x, windowExtent.cx, viewportOrigin.x, viewportExtent.cx);
-    const Axis y(windowOrigin.y, windowExtent.cy, viewportOrigin.y, viewportExtent.cy);
-    return {x.toDevice(p.x), y.toDevice(p.y)};
+    return {horizontal(*this).apply(p.x), vertical(*this).apply(p.y)};
 }
 
 POINT Mapping::toLogical(POINT p) const {
     if (isUnscaled())
         return {moved(p.x, viewportOrigin.x, windowOrigin.x), moved(p.y, viewportOrigin.y, windowOrigin.y)};
-    const Axis x(windowOrigin.x, windowExtent.cx, viewportOrigin.x, viewportExtent.cx);
-    const Axis y(windowOrigin.y, windowExtent.cy, viewportOrigin.y, viewportExtent.cy);
-    // The inverse of the matrix of both axes, by its determinant: which half rounds up depends on it.
-    const double determinant = x.scale * y.scale;
-    const double backX = y.scale / determinant;
-    const double backY = x.scale / determinant;
-    return {rounded(p.x * backX - x.offset * y.scale / determinant),
-            rounded(p.y * backY - x.scale * y.offset / determinant)};
+    const Axis x = horizontal(*this);
+    const Axis y = vertical(*this);
+    return {x.inverse(y).apply(p.x), y.inverse(x).apply(p.y)};
 }
 
 int Mapping::widthOnDevice(int logical) const {
-    return std::abs(rounded(static_cast<double>(logical) * viewportExtent.cx / windowExtent.cx));
+    return horizontal(*this).length(logical);
 }
 
 int Mapping::heightOnDevice(int logical) const {
-    return std::abs(rounded(static_cast<double>(logical) * viewportExtent.cy / windowExtent.cy));
+    return vertical(*this).length(logical);
 }
 
 RECT Mapping::toDevice(const RECT& r) const {

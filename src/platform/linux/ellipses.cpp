@@ -1,8 +1,6 @@
 #include "platform/linux/ellipses.h"
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 namespace platform::driver {
 
@@ -38,24 +36,12 @@ std::vector<POINT> quarterOutline(int width, int height) {
     return points;
 }
 
-/// An ellipse this thin has no curve.
-bool isThin(SIZE corner) {
-    return corner.cx <= 2 || corner.cy <= 2;
-}
-
 SIZE boundedCorner(const RECT& box, SIZE corner) {
     return {std::min(corner.cx, box.right - box.left), std::min(corner.cy, box.bottom - box.top)};
 }
 
-} // namespace
-
-std::vector<POINT> roundOutline(const RECT& box, SIZE size) {
-    const SIZE corner = boundedCorner(box, size);
-    if (isThin(corner))
-        return {{box.right - 1, box.top},
-                {box.left, box.top},
-                {box.left, box.bottom - 1},
-                {box.right - 1, box.bottom - 1}};
+/// All four quarters, with straight lines between them where the corners are smaller than the box.
+std::vector<POINT> curvedOutline(const RECT& box, SIZE corner) {
     const std::vector<POINT> quarter = quarterOutline(corner.cx, corner.cy);
     std::vector<POINT> points;
     points.reserve(quarter.size() * 4);
@@ -76,6 +62,21 @@ std::vector<POINT> roundOutline(const RECT& box, SIZE size) {
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() > 1 && points.front() == points.back()) points.pop_back();
     return points;
+}
+
+} // namespace
+
+bool isThin(SIZE corner) {
+    return corner.cx <= 2 || corner.cy <= 2;
+}
+
+std::vector<POINT> roundOutline(const RECT& box, SIZE size) {
+    const SIZE corner = boundedCorner(box, size);
+    if (!isThin(corner)) return curvedOutline(box, corner);
+    return {{box.right - 1, box.top},
+            {box.left, box.top},
+            {box.left, box.bottom - 1},
+            {box.right - 1, box.bottom - 1}};
 }
 
 Region roundRegion(const RECT& box, SIZE size) {
@@ -105,33 +106,67 @@ Region roundRegion(const RECT& box, SIZE size) {
     return Region::ofRows(rows);
 }
 
-std::vector<POINT> arcOutline(const RECT& box, const RECT& rayBox, const ArcRays& rays) {
-    const std::vector<POINT> whole = roundOutline(box, sizeOf(box));
-    if (whole.empty()) return {};
-    // Directions from the centre, in doubled coordinates, against the clock from the right.
-    const auto angleOf = [](std::int64_t x, std::int64_t y) {
-        const double angle = std::atan2(static_cast<double>(-y), static_cast<double>(x));
-        return angle < 0 ? angle + 2 * std::numbers::pi : angle;
-    };
-    const auto rayAngle = [&](POINT p) {
-        return angleOf(2 * std::int64_t{p.x} - rayBox.left - rayBox.right,
-                       2 * std::int64_t{p.y} - rayBox.top - rayBox.bottom);
-    };
-    const double start = rayAngle(rays.clockwise ? rays.end : rays.start);
-    const double end = rayAngle(rays.clockwise ? rays.start : rays.end);
-    const auto firstFrom = [&](double angle) {
-        for (std::size_t i = 0; i < whole.size(); ++i) {
-            const POINT& p = whole[i];
-            if (angleOf(2 * std::int64_t{p.x} + 1 - box.left - box.right,
-                        2 * std::int64_t{p.y} + 1 - box.top - box.bottom) >= angle)
-                return i;
-        }
-        return std::size_t{0};
-    };
-    const std::size_t first = firstFrom(start);
-    std::size_t last = firstFrom(end);
+namespace {
+
+/// A ray from the centre of an ellipse, and what its outline's pixels are compared with. The pixels of the
+/// right and lower half lie by the centre itself, those of the others by its mirror image.
+class Ray {
+public:
+    enum class Role { Start, End };
+
+    Ray(const RECT& box, POINT through, Role role) {
+        const POINT centre = centreOf(box);
+        const POINT mirrored{box.left + box.right - 1 - centre.x, box.top + box.bottom - 1 - centre.y};
+        x_ = std::int64_t{through.x} - centre.x;
+        y_ = std::int64_t{through.y} - centre.y;
+        if (x_ == 0 && y_ == 0) x_ = 1;
+        // Arcs begin above the middle of the right side and end below it.
+        const bool isUpper = y_ < 0 || (y_ == 0 && (x_ < 0 || role == Role::Start));
+        const bool isRight = isUpper ? y_ == 0 ? x_ > 0 : x_ >= 0 : x_ >= 0;
+        origin_ = {isRight ? centre.x : mirrored.x, isUpper ? mirrored.y : centre.y};
+        takesEqual_ = isUpper;
+    }
+
+    /// Whether a pixel lies against the clock from the ray, up to half a turn.
+    bool isPassedBy(POINT p) const {
+        const std::int64_t turn = y_ * (p.x - origin_.x) - x_ * (p.y - origin_.y);
+        return takesEqual_ ? turn >= 0 : turn > 0;
+    }
+
+private:
+    std::int64_t x_;
+    std::int64_t y_;
+    POINT origin_;
+    bool takesEqual_;
+};
+
+/// The first pixel behind the ray; 0 when no pixel is the first.
+std::size_t firstBehind(const Ray& ray, const std::vector<POINT>& outline) {
+    bool before = ray.isPassedBy(outline.back());
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const bool now = ray.isPassedBy(outline[i]);
+        if (now && !before) return i;
+        before = now;
+    }
+    return 0;
+}
+
+} // namespace
+
+POINT centreOf(const RECT& box) {
+    return {static_cast<LONG>((std::int64_t{box.left} + box.right) / 2),
+            static_cast<LONG>((std::int64_t{box.top} + box.bottom) / 2)};
+}
+
+std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
+    const std::vector<POINT> whole = curvedOutline(box, sizeOf(box));
+    const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start);
+    const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End);
+    const std::size_t first = firstBehind(start, whole);
+    std::size_t last = firstBehind(end, whole);
     if (last <= first) last += whole.size();
     std::vector<POINT> points;
+    points.reserve(last - first);
     for (std::size_t i = first; i < last; ++i)
         points.push_back(whole[i % whole.size()]);
     if (rays.clockwise) std::reverse(points.begin(), points.end());

@@ -7,12 +7,16 @@
 
 namespace platform::driver {
 
+/// True for corners that have no curve: the outline is a rectangle's then, by its corners.
+bool isThin(SIZE corner);
+
 /// The outline pixel by pixel, from the middle of the right side against the clock; every pixel touches the
 /// next. `right` and `bottom` lie outside. `corner` is the size of the ellipse whose quarters the corners
 /// are; the box's own size gives an ellipse.
 std::vector<POINT> roundOutline(const RECT& box, SIZE corner);
 
-/// What the outline surrounds, itself included.
+/// What the outline surrounds, itself included. Where the corners are too thin for a curve it is the whole
+/// box.
 Region roundRegion(const RECT& box, SIZE corner);
 
 /// The ellipse that fills a box.
@@ -20,15 +24,17 @@ inline SIZE sizeOf(const RECT& box) {
     return {box.right - box.left, box.bottom - box.top};
 }
 
-/// The directions of an arc, as points on the rays from the centre of `box`.
+/// The directions of an arc, as points on rays from the ellipse's centre.
 struct ArcRays {
     POINT start;
     POINT end;
     bool clockwise = false;
 };
 
-/// The pixels of the part of an ellipse's outline from one ray to the other. `rayBox` is the box from whose
-/// centre the rays go.
-std::vector<POINT> arcOutline(const RECT& box, const RECT& rayBox, const ArcRays& rays);
+/// The middle between the sides, cut to a whole number.
+POINT centreOf(const RECT& box);
+
+/// The pixels of the part of an ellipse's outline from one ray to the other, in the direction of the arc.
+std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays);
 
 } // namespace platform::driver

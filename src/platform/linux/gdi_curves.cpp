@@ -17,18 +17,15 @@ namespace platform::driver {
 
 namespace {
 
-/// The box of a curve on the surface: whole, and as a pen draws it, without the right and bottom edge.
-struct CurveBox {
-    RECT whole;
-    RECT drawn;
+/// With the last pixels as edges.
+RECT inclusive(const RECT& r) {
+    return {r.left, r.top, r.right - 1, r.bottom - 1};
+}
 
-    bool isEmpty() const { return driver::isEmpty(drawn); }
-    /// With the last pixels as edges.
-    RECT inclusive() const { return {drawn.left, drawn.top, drawn.right - 1, drawn.bottom - 1}; }
-};
-
-/// Curves are made whole, so they are held where no surface has pixels any more.
-RECT withinReach(const RECT& r) {
+/// The box of a curve on the surface. Curves are made whole, so they are held where no surface has pixels any
+/// more.
+RECT curveBox(const DeviceContext& context, const RECT& logical) {
+    const RECT r = ordered(context.toSurface(logical));
     const auto held = [](LONG value) {
         constexpr LONG farthest = 1 << 15;
         return std::clamp(value, -farthest, farthest);
@@ -36,12 +33,8 @@ RECT withinReach(const RECT& r) {
     return {held(r.left), held(r.top), held(r.right), held(r.bottom)};
 }
 
-CurveBox curveBox(const DeviceContext& context, const RECT& logical) {
-    const RECT r = withinReach(ordered(context.toSurface(logical)));
-    return {r, r};
-}
-
-/// A pen that stays inside its frame draws a smaller curve.
+/// A pen that stays inside its frame draws a smaller curve. Where it is too wide for the frame, the sides
+/// change places.
 RECT withinFrame(const RECT& r, const DeviceContext& context, const Stroke& stroke) {
     if (context.pen().data.lopnStyle != static_cast<UINT>(PS_INSIDEFRAME) || stroke.width() <= 1) return r;
     const int before = stroke.width() / 2;
@@ -49,26 +42,31 @@ RECT withinFrame(const RECT& r, const DeviceContext& context, const Stroke& stro
     return {r.left + before, r.top + before, r.right - after, r.bottom - after};
 }
 
+/// The same with right and bottom behind left and top.
+RECT turnedRight(const RECT& r) {
+    const RECT edges = ordered(inclusive(r));
+    return {edges.left, edges.top, edges.right + 1, edges.bottom + 1};
+}
+
 /// An ellipse or a rectangle with round corners.
-void paintRound(DeviceContext& context, const CurveBox& box, SIZE corner) {
+void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
     Stroke stroke(context);
-    const RECT r = withinFrame(box.drawn, context, stroke);
-    if (driver::isEmpty(r)) return;
-    fillWithBrush(context, roundRegion(r, corner));
-    stroke.draw(roundOutline(r, corner), true);
+    const RECT inner = withinFrame(box, context, stroke);
+    const RECT r = turnedRight(inner);
+    if (isEmpty(inner)) corner = {};
+    const std::vector<POINT> outline = roundOutline(r, corner);
+    // The inside of a rectangle ends before its right and bottom side.
+    const bool isRectangle = isThin(corner) || isThin(sizeOf(r));
+    const Region inside = isRectangle ? Region(inclusive(r)) : roundRegion(r, corner);
+    fillInside(context, inside, stroke, {{outline, true}});
+    stroke.draw(outline, true);
 }
 
 enum class ArcKind { Open, Chord, Pie };
 
-POINT centreOf(const RECT& r) {
-    return {static_cast<LONG>((std::int64_t{r.left} + r.right) / 2),
-            static_cast<LONG>((std::int64_t{r.top} + r.bottom) / 2)};
-}
-
 /// The angles of an arc that is collected as curves, in its direction.
-ArcAngles anglesOf(const CurveBox& box, const ArcRays& rays) {
+ArcAngles anglesOf(const RECT& r, const ArcRays& rays) {
     constexpr double pi = std::numbers::pi;
-    const RECT& r = box.whole;
     const auto angle = [&](POINT p) {
         const double x = 2.0 * (p.x - r.left) / (r.right - r.left) - 1;
         const double y = 2.0 * (p.y - r.top) / (r.bottom - r.top) - 1;
@@ -82,7 +80,7 @@ ArcAngles anglesOf(const CurveBox& box, const ArcRays& rays) {
 
 /// An arc's call: everything in surface coordinates.
 struct ArcCall {
-    CurveBox box;
+    RECT box;
     ArcRays rays;
 };
 
@@ -91,28 +89,39 @@ ArcCall arcCall(const DeviceContext& context, const RECT& logical, POINT start, 
             {context.toSurface(start), context.toSurface(end), context.state.arcDirection == AD_CLOCKWISE}};
 }
 
-std::vector<POINT> arcPoints(const ArcCall& arc) {
-    return arcOutline(arc.box.drawn, arc.box.whole, arc.rays);
+/// The pixels of an arc, and the box in which they lie.
+struct DrawnArc {
+    RECT box;
+    std::vector<POINT> points;
+};
+
+DrawnArc drawnArc(const DeviceContext& context, const ArcCall& arc, const Stroke& stroke) {
+    const RECT box = withinFrame(arc.box, context, stroke);
+    if (isEmpty(box)) return {box, {}};
+    return {box, arcOutline(box, arc.rays)};
 }
 
 void collectArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
-    const std::vector<POINT> curve = arcCurves(arc.box.inclusive(), anglesOf(arc.box, arc.rays));
+    const std::vector<POINT> curve = arcCurves(inclusive(arc.box), anglesOf(arc.box, arc.rays));
     Path& path = context.state.path;
     path.add(curve, PT_BEZIERTO, false);
     if (kind == ArcKind::Pie) {
-        const POINT centre = centreOf(arc.box.inclusive());
+        const POINT centre = centreOf(inclusive(arc.box));
         path.continueWith(centre, PT_LINETO);
     }
     if (kind != ArcKind::Open) path.closeFigure();
 }
 
 void paintArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
-    std::vector<POINT> points = arcPoints(arc);
-    if (kind == ArcKind::Pie) points.push_back(centreOf(arc.box.inclusive()));
-    if (kind != ArcKind::Open)
-        fillWithBrush(context,
-                      polygonRegion(points, context.state.polyFillMode, context.drawable().bounds()));
-    Stroke(context).draw(points, kind != ArcKind::Open);
+    Stroke stroke(context);
+    DrawnArc drawn = drawnArc(context, arc, stroke);
+    if (drawn.points.empty()) return;
+    if (kind == ArcKind::Pie) drawn.points.push_back(centreOf(drawn.box));
+    if (kind == ArcKind::Open) {
+        stroke.draw(drawn.points, false);
+    } else {
+        drawFigures(context, {{drawn.points, true}});
+    }
 }
 
 BOOL drawArc(HDC dc, const RECT& logical, POINT start, POINT end, ArcKind kind) {
@@ -123,7 +132,7 @@ BOOL drawArc(HDC dc, const RECT& logical, POINT start, POINT end, ArcKind kind) 
     if (context->recorder && !collects)
         context->recorder->arc(records[static_cast<int>(kind)], logical, start, end);
     const ArcCall arc = arcCall(*context, logical, start, end);
-    if (arc.box.isEmpty()) return TRUE_;
+    if (isEmpty(arc.box)) return TRUE_;
     if (collects) {
         collectArc(*context, arc, kind);
     } else {
@@ -143,17 +152,16 @@ BOOL drawRound(HDC dc, const RECT& logical, std::optional<SIZE> corner) {
             context->recorder->box(RecordType::Ellipse, logical);
         }
     }
-    const CurveBox box = curveBox(*context, logical);
-    if (box.isEmpty()) return TRUE_;
+    const RECT box = curveBox(*context, logical);
+    if (isEmpty(box)) return TRUE_;
     const Mapping& mapping = context->state.mapping;
-    const SIZE size = corner ? SIZE{mapping.widthOnDevice(corner->cx), mapping.heightOnDevice(corner->cy)}
-                             : sizeOf(box.drawn);
+    const SIZE size =
+        corner ? SIZE{mapping.widthOnDevice(corner->cx), mapping.heightOnDevice(corner->cy)} : sizeOf(box);
     if (!collects) {
         paintRound(*context, box, size);
         return TRUE_;
     }
-    const RoundCurves curves =
-        corner ? roundRectCurves(box.inclusive(), size) : ellipseCurves(box.inclusive());
+    const RoundCurves curves = corner ? roundRectCurves(inclusive(box), size) : ellipseCurves(inclusive(box));
     context->state.path.add(curves.points, curves.types);
     return TRUE_;
 }
@@ -181,6 +189,12 @@ std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* poin
     return result;
 }
 
+/// Curves that are not collected become lines in logical units.
+void drawCurves(DeviceContext& context, const std::vector<POINT>& logical) {
+    const std::vector<POINT> lines = linesOfBeziers(logical);
+    Stroke(context).draw(surfacePoints(context, lines.data(), lines.size()), false);
+}
+
 bool arePointTypes(const BYTE* types, int count) {
     for (int i = 0; i < count; ++i) {
         const int kind = types[i] & ~PT_CLOSEFIGURE;
@@ -193,9 +207,9 @@ bool arePointTypes(const BYTE* types, int count) {
     return true;
 }
 
-/// Adds the points of PolyDraw to a path, and keeps the current position in step.
+/// Adds the points of PolyDraw to a path. The last of them becomes the current position.
 void collectDrawing(DeviceContext& context, Path& path, const POINT* points, const BYTE* types, int count) {
-    POINT& position = context.state.position;
+    POINT position = context.state.position;
     POINT figureStart = position;
     for (int i = 0; i < count; ++i) {
         const int kind = types[i] & ~PT_CLOSEFIGURE;
@@ -214,6 +228,7 @@ void collectDrawing(DeviceContext& context, Path& path, const POINT* points, con
             position = figureStart;
         }
     }
+    if (count > 0) context.state.position = points[count - 1];
 }
 
 } // namespace
@@ -249,21 +264,23 @@ BOOL ArcTo(HDC dc, int left, int top, int right, int bottom, int xStart, int ySt
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return FALSE_;
     const ArcCall arc = arcCall(*context, {left, top, right, bottom}, {xStart, yStart}, {xEnd, yEnd});
-    if (arc.box.isEmpty()) return FALSE_;
+    if (isEmpty(arc.box)) return FALSE_;
     const POINT from = context->toSurface(context->state.position);
     if (context->state.path.isOpen()) {
-        const std::vector<POINT> curve = arcCurves(arc.box.inclusive(), anglesOf(arc.box, arc.rays));
+        const std::vector<POINT> curve = arcCurves(inclusive(arc.box), anglesOf(arc.box, arc.rays));
         context->state.path.addTo(from, {curve.data(), 1}, PT_LINETO);
         context->state.path.addTo(from, {curve.data() + 1, curve.size() - 1}, PT_BEZIERTO);
     } else {
         if (context->recorder)
             context->recorder->arc(RecordType::ArcTo, {left, top, right, bottom}, {xStart, yStart},
                                    {xEnd, yEnd});
-        std::vector<POINT> points = arcPoints(arc);
+        Stroke stroke(*context);
+        std::vector<POINT> points = drawnArc(*context, arc, stroke).points;
+        if (points.empty()) return FALSE_;
         points.insert(points.begin(), from);
-        Stroke(*context).draw(points, false);
+        stroke.draw(points, false);
     }
-    const POINT end = arcPoints(arc).back();
+    const POINT end = pointAtAngle(arc.box, anglesOf(arc.box, arc.rays).end);
     context->state.position =
         context->state.mapping.toLogical({end.x - context->origin.x, end.y - context->origin.y});
     return TRUE_;
@@ -286,8 +303,7 @@ BOOL PolyPolygon(HDC dc, const POINT* points, const INT* counts, int polygons) {
         const std::vector<DWORD> sizes(counts, counts + polygons);
         context->recorder->polyPoints(RecordType::PolyPolygon, points, sizes.data(), sizes.size());
     }
-    fillFigures(*context, figures);
-    Stroke(*context).draw(figures);
+    drawFigures(*context, figures);
     return TRUE_;
 }
 
@@ -309,27 +325,27 @@ BOOL PolyPolyline(HDC dc, const POINT* points, const DWORD* counts, DWORD lines)
 BOOL PolyBezier(HDC dc, const POINT* points, DWORD count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 4 || count % 3 != 1) return FALSE_;
-    const std::vector<POINT> curve = surfacePoints(*context, points, count);
     if (context->state.path.isOpen()) {
-        context->state.path.add(curve, PT_BEZIERTO, false);
+        context->state.path.add(surfacePoints(*context, points, count), PT_BEZIERTO, false);
         return TRUE_;
     }
     if (context->recorder) context->recorder->points(RecordType::PolyBezier, points, count);
-    Stroke(*context).draw(linesOfBeziers(curve), false);
+    drawCurves(*context, {points, points + count});
     return TRUE_;
 }
 
 BOOL PolyBezierTo(HDC dc, const POINT* points, DWORD count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !points || count < 3 || count % 3 != 0) return FALSE_;
-    std::vector<POINT> curve = surfacePoints(*context, points, count);
-    const POINT from = context->toSurface(context->state.position);
+    const POINT from = context->state.position;
     if (context->state.path.isOpen()) {
-        context->state.path.addTo(from, curve, PT_BEZIERTO);
+        context->state.path.addTo(context->toSurface(from), surfacePoints(*context, points, count),
+                                  PT_BEZIERTO);
     } else {
         if (context->recorder) context->recorder->points(RecordType::PolyBezierTo, points, count);
-        curve.insert(curve.begin(), from);
-        Stroke(*context).draw(linesOfBeziers(curve), false);
+        std::vector<POINT> curves{from};
+        curves.insert(curves.end(), points, points + count);
+        drawCurves(*context, curves);
     }
     context->state.position = points[count - 1];
     return TRUE_;

@@ -10,20 +10,6 @@ namespace platform::driver {
 
 namespace {
 
-/// Sets or moves one of the two origins and tells what it was.
-BOOL changeOrigin(HDC dc, POINT Mapping::*origin, POINT value, bool relative, POINT* previous) {
-    DeviceContext* context = find<DeviceContext>(dc);
-    if (!context) return FALSE_;
-    POINT& current = context->state.mapping.*origin;
-    if (previous) *previous = current;
-    if (relative) {
-        value.x = boundedCoordinate(std::int64_t{value.x} + current.x);
-        value.y = boundedCoordinate(std::int64_t{value.y} + current.y);
-    }
-    current = value;
-    return TRUE_;
-}
-
 BOOL readOrigin(HDC dc, POINT Mapping::*origin, POINT* value) {
     const DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !value) return FALSE_;
@@ -72,6 +58,22 @@ void makeIsotropic(HDC dc, Mapping& mapping) {
     };
     if (x > y) viewport.cx = shrunk(viewport.cx, y / x);
     if (y > x) viewport.cy = shrunk(viewport.cy, x / y);
+}
+
+/// Sets or moves one of the two origins and tells what it was.
+BOOL changeOrigin(HDC dc, POINT Mapping::*origin, POINT value, bool relative, POINT* previous) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    Mapping& mapping = context->state.mapping;
+    POINT& current = mapping.*origin;
+    if (previous) *previous = current;
+    if (relative) {
+        value.x = boundedCoordinate(std::int64_t{value.x} + current.x);
+        value.y = boundedCoordinate(std::int64_t{value.y} + current.y);
+    }
+    current = value;
+    if (mapping.mode == MM_ISOTROPIC) makeIsotropic(dc, mapping); // rounding may shrink it once more
+    return TRUE_;
 }
 
 bool hasOwnExtents(const Mapping& mapping) {

@@ -104,8 +104,7 @@ BOOL StrokeAndFillPath(HDC dc) {
     std::vector<Figure> figures = takePath(*context).figures();
     for (Figure& figure : figures)
         figure.closed = true;
-    fillFigures(*context, figures);
-    Stroke(*context).draw(figures);
+    drawFigures(*context, figures);
     return TRUE_;
 }
 

@@ -269,14 +269,23 @@ int OffsetClipRgn(HDC dc, int x, int y) {
 int GetClipBox(HDC dc, RECT* box) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !box) return REGION_ERROR;
-    const RECT r = context->drawable().bounds();
+    // The box of the clipping is cut to the surface, its kind is not.
+    const std::optional<Region>& clip = context->state.clip;
+    RECT r = context->visible.bounds();
+    if (clip) {
+        RECT clipBox = clip->bounds();
+        clipBox = {clipBox.left + context->origin.x, clipBox.top + context->origin.y,
+                   clipBox.right + context->origin.x, clipBox.bottom + context->origin.y};
+        r = intersection(r, clipBox);
+    }
     const auto logical = [&](LONG x, LONG y) {
         return context->state.mapping.toLogical({x - context->origin.x, y - context->origin.y});
     };
     const POINT topLeft = logical(r.left, r.top);
     const POINT bottomRight = logical(r.right, r.bottom);
-    *box = context->drawable().empty() ? RECT{} : RECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
-    return kindOf(context->drawable());
+    *box = {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+    if (isEmpty(r)) return NULLREGION;
+    return kindOf(clip ? *clip : context->visible);
 }
 
 int GetClipRgn(HDC dc, HRGN handle) {

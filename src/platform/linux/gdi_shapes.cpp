@@ -40,6 +40,15 @@ std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* poin
     return result;
 }
 
+/// The area of a fill on the surface. One that extends to the left or upwards counts from its given corner,
+/// which then belongs to it.
+RECT patternBox(const DeviceContext& context, const RECT& logical) {
+    RECT r = context.toSurface(logical);
+    if (r.right < r.left) r = {r.right + 1, r.top, r.left + 1, r.bottom};
+    if (r.bottom < r.top) r = {r.left, r.bottom + 1, r.right, r.top + 1};
+    return r;
+}
+
 /// The inside of an outline in the current pen: what the brush fills.
 RECT insideOf(RECT r, const Stroke& stroke) {
     if (stroke.paintsNothing()) return r;
@@ -53,12 +62,12 @@ std::array<POINT, 4> cornersOf(const RECT& r) {
     return {POINT{r.right, r.top}, {r.left, r.top}, {r.left, r.bottom}, {r.right, r.bottom}};
 }
 
-/// Fills the frame of one pixel inside a rectangle.
-void fillFrame(const Painter& painter, const RECT& r) {
-    painter.fill({r.left, r.top, r.right, r.top + 1});
-    painter.fill({r.left, r.bottom - 1, r.right, r.bottom});
-    painter.fill({r.left, r.top + 1, r.left + 1, r.bottom - 1});
-    painter.fill({r.right - 1, r.top + 1, r.right, r.bottom - 1});
+/// Fills the frame of one logical unit inside a rectangle.
+void fillFrame(const DeviceContext& context, const Painter& painter, const RECT& r) {
+    painter.fill(patternBox(context, {r.left, r.top, r.right, r.top + 1}));
+    painter.fill(patternBox(context, {r.left, r.bottom - 1, r.right, r.bottom}));
+    painter.fill(patternBox(context, {r.left, r.top, r.left + 1, r.bottom}));
+    painter.fill(patternBox(context, {r.right - 1, r.top, r.right, r.bottom}));
 }
 
 } // namespace
@@ -76,6 +85,19 @@ Region figuresRegion(const std::vector<Figure>& figures, int fillMode, const REC
     for (const Figure& figure : figures)
         polygons.push_back(figure.points);
     return polygonsRegion(polygons, fillMode, bounds);
+}
+
+void fillInside(DeviceContext& context, const Region& inside, const Stroke& stroke,
+                const std::vector<Figure>& outlines) {
+    const bool isWide = !stroke.paintsNothing() && stroke.width() > 1;
+    fillWithBrush(context, isWide ? inside.subtracted(stroke.area(outlines)) : inside);
+}
+
+void drawFigures(DeviceContext& context, const std::vector<Figure>& figures) {
+    Stroke stroke(context);
+    fillInside(context, figuresRegion(figures, context.state.polyFillMode, context.drawable().bounds()),
+               stroke, figures);
+    stroke.draw(figures);
 }
 
 void fillFigures(DeviceContext& context, const std::vector<Figure>& figures) {
@@ -150,8 +172,7 @@ BOOL Polygon(HDC dc, const POINT* points, int count) {
     }
     if (context->recorder)
         context->recorder->points(RecordType::Polygon, points, static_cast<std::size_t>(count));
-    fillWithBrush(*context, polygonRegion(all, context->state.polyFillMode, context->drawable().bounds()));
-    Stroke(*context).draw(all, true);
+    drawFigures(*context, {{all, true}});
     return TRUE_;
 }
 
@@ -189,7 +210,7 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
     const CallBrush brush(handle);
     if (!context || !rect || !brush.get()) return FALSE_;
     if (context->recorder) context->recorder->fill(*rect, *brush.get());
-    Painter(*context, *brush.get(), rop3Of(PATCOPY)).fill(ordered(context->toSurface(*rect)));
+    Painter(*context, *brush.get(), rop3Of(PATCOPY)).fill(patternBox(*context, *rect));
     return TRUE_;
 }
 
@@ -198,7 +219,7 @@ int FrameRect(HDC dc, const RECT* rect, HBRUSH handle) {
     const CallBrush brush(handle);
     if (!context || !rect || !brush.get() || isEmpty(*rect)) return FALSE_;
     if (context->recorder) context->recorder->frame(*rect, *brush.get());
-    fillFrame(Painter(*context, *brush.get(), rop3Of(PATCOPY)), ordered(context->toSurface(*rect)));
+    fillFrame(*context, Painter(*context, *brush.get(), rop3Of(PATCOPY)), *rect);
     return TRUE_;
 }
 
@@ -206,7 +227,7 @@ BOOL InvertRect(HDC dc, const RECT* rect) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || !rect) return FALSE_;
     if (context->recorder) context->recorder->patternBlit(*rect, DSTINVERT);
-    Painter(*context, 0u, rop3Of(DSTINVERT)).fill(ordered(context->toSurface(*rect)));
+    Painter(*context, 0u, rop3Of(DSTINVERT)).fill(patternBox(*context, *rect));
     return TRUE_;
 }
 
@@ -252,11 +273,8 @@ BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || usesSource(rop3Of(rop))) return FALSE_;
     if (context->recorder) context->recorder->patternBlit({x, y, x + width, y + height}, rop);
-    RECT r = context->toSurface(
-        RECT{x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)});
-    // An extent to the left or upwards counts from the given corner, which then belongs to the area.
-    if (r.right < r.left) r = {r.right + 1, r.top, r.left + 1, r.bottom};
-    if (r.bottom < r.top) r = {r.left, r.bottom + 1, r.right, r.top + 1};
+    const RECT r = patternBox(*context, {x, y, boundedCoordinate(std::int64_t{x} + width),
+                                         boundedCoordinate(std::int64_t{y} + height)});
     const Painter painter(*context, context->brush(), rop3Of(rop));
     painter.fill(r);
     return TRUE_;

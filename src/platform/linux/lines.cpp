@@ -2,7 +2,6 @@
 
 #include "platform/linux/colors.h"
 #include "platform/linux/painter.h"
-#include "platform/linux/polygons.h"
 #include "platform/linux/rows.h"
 
 #include <algorithm>
@@ -13,25 +12,62 @@ namespace platform::driver {
 
 namespace {
 
-constexpr std::uint8_t dash[] = {18, 6};
-constexpr std::uint8_t dot[] = {3, 3};
-constexpr std::uint8_t dashDot[] = {9, 6, 3, 6};
-constexpr std::uint8_t alternate[] = {1, 1};
-constexpr std::uint8_t dashDotDot[] = {9, 3, 3, 3, 3, 3};
-
-std::span<const std::uint8_t> dashesOf(int style) {
-    switch (style) {
+/// Lengths of dashes and gaps in pixels.
+Dashes dashesOf(const Pen& pen) {
+    switch (static_cast<int>(pen.data.lopnStyle)) {
     case PS_DASH:
-        return dash;
+        return {18, 6};
     case PS_DOT:
-        return dot;
+        return {3, 3};
     case PS_DASHDOT:
-        return dashDot;
+        return {9, 6, 3, 6};
     case PS_DASHDOTDOT:
-        return dashDotDot;
+        return {9, 3, 3, 3, 3, 3};
+    case PS_ALTERNATE:
+        return {1, 1};
+    case PS_USERSTYLE:
+        return {pen.dashes.begin(), pen.dashes.end()};
     default:
         return {};
     }
+}
+
+/// The dashes of a geometric pen are counted in its width.
+Dashes geometricDashesOf(const Pen& pen, int width) {
+    Dashes dashes;
+    switch (static_cast<int>(pen.data.lopnStyle)) {
+    case PS_DASH:
+        dashes = {3, 1};
+        break;
+    case PS_DOT:
+        dashes = {1, 1};
+        break;
+    case PS_DASHDOT:
+        dashes = {3, 1, 1, 1};
+        break;
+    case PS_DASHDOTDOT:
+        dashes = {3, 1, 1, 1, 1, 1};
+        break;
+    case PS_USERSTYLE:
+        return {pen.dashes.begin(), pen.dashes.end()};
+    default:
+        break;
+    }
+    // Caps take from the gaps what they add to the dashes.
+    const bool hasCaps = width > 1 && (pen.form & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
+    for (std::size_t i = 0; i < dashes.size(); ++i)
+        dashes[i] = (dashes[i] + (hasCaps ? i % 2 == 0 ? -1 : 1 : 0)) * width;
+    return dashes;
+}
+
+PenShape shapeOf(const Pen& pen, int width, float miterLimit) {
+    PenShape shape;
+    shape.width = width;
+    shape.cap = pen.form & PS_ENDCAP_MASK;
+    shape.joint = pen.form & PS_JOIN_MASK;
+    shape.miterLimit = miterLimit;
+    if (pen.isGeometric()) shape.dashes = geometricDashesOf(pen, width);
+    return shape;
 }
 
 /// The steps of a slanted line from its start: the longer axis moves by one each time, the shorter one by the
@@ -74,7 +110,9 @@ Stroke::Stroke(DeviceContext& context) : context_(context) {
     const Rop3 rop = rop3OfMode(state.rop2);
     ink_ = masksOf(rop, pixelOf(context, isDcPen ? state.dcPenColor : pen.data.lopnColor));
     gap_ = state.backMode == OPAQUE ? masksOf(rop, backPixelOf(context)) : leaveAlone;
-    if (width_ == 1) dashes_ = dashesOf(style_);
+    shape_ = shapeOf(pen, width_, state.miterLimit);
+    takesLastPixel_ = pen.isGeometric();
+    if (width_ == 1) dashes_ = pen.isGeometric() ? shape_.dashes : dashesOf(pen);
     dashLength_ = std::accumulate(dashes_.begin(), dashes_.end(), 0);
 }
 
@@ -82,9 +120,10 @@ Stroke Stroke::dotted(DeviceContext& context, Masks ink) {
     Stroke stroke(context);
     stroke.style_ = PS_DOT;
     stroke.width_ = 1;
+    stroke.takesLastPixel_ = false;
     stroke.ink_ = ink;
     stroke.gap_ = leaveAlone;
-    stroke.dashes_ = alternate;
+    stroke.dashes_ = {1, 1};
     stroke.dashLength_ = 2;
     return stroke;
 }
@@ -93,17 +132,38 @@ void Stroke::draw(std::span<const POINT> points, bool closed) {
     if (paintsNothing() || points.empty()) return;
     dashStart_ = 0;
     if (width_ > 1) {
-        paint(wideOutline(points, closed, width_, context_.drawable().bounds()));
+        paint(wideRegion(points, closed, shape_, context_.drawable().bounds()));
         return;
     }
     for (std::size_t i = 1; i < points.size(); ++i)
         drawThin(points[i - 1], points[i]);
-    if (closed) drawThin(points.back(), points.front());
+    if (closed) {
+        drawThin(points.back(), points.front());
+    } else if (takesLastPixel_ && dashes_.empty() && points.size() > 1) {
+        drawLastPixel(points[points.size() - 2], points.back());
+    }
+}
+
+void Stroke::drawLastPixel(POINT from, POINT to) {
+    const bool isSlanted = from.x != to.x && from.y != to.y;
+    if (isSlanted) drawThin(to, {to.x + 1, to.y});
 }
 
 void Stroke::draw(const std::vector<Figure>& figures) {
+    if (paintsNothing()) return;
+    if (width_ > 1) {
+        paint(area(figures));
+        return;
+    }
     for (const Figure& figure : figures)
         draw(figure.points, figure.closed);
+}
+
+Region Stroke::area(const std::vector<Figure>& figures) const {
+    Region all;
+    for (const Figure& figure : figures)
+        all = all.united(wideRegion(figure.points, figure.closed, shape_, context_.drawable().bounds()));
+    return all;
 }
 
 std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
@@ -173,8 +233,17 @@ void Stroke::plot(int x, int y, std::int64_t step) const {
 }
 
 void Stroke::paint(const Region& region) const {
+    const Pen& pen = context_.pen();
+    if (!pen.isGeometric()) {
+        for (const RECT& r : region.rectangles())
+            straight(r);
+        return;
+    }
+    Brush brush;
+    brush.data = pen.brush;
+    const Painter painter(context_, brush, rop3OfMode(context_.state.rop2));
     for (const RECT& r : region.rectangles())
-        straight(r);
+        painter.fill(r);
 }
 
 } // namespace platform::driver

@@ -3,6 +3,7 @@
 
 #include "platform/linux/device_context.h"
 #include "platform/linux/rop.h"
+#include "platform/linux/wide_lines.h"
 
 #include <span>
 
@@ -25,11 +26,15 @@ public:
     /// The same for several lines; dashes begin anew with each.
     void draw(const std::vector<Figure>& figures);
 
+    /// What a wide pen paints.
+    Region area(const std::vector<Figure>& figures) const;
+
     /// The lines around what the pen would paint.
     std::vector<Figure> outlines(const std::vector<Figure>& figures) const;
 
 private:
     void drawThin(POINT from, POINT to);
+    void drawLastPixel(POINT from, POINT to);
     void paint(const Region& region) const;
     void straight(const RECT& r) const;
     void slanted(POINT from, POINT to, const RECT& clip) const;
@@ -41,7 +46,9 @@ private:
     int width_ = 1;
     Masks ink_;
     Masks gap_;
-    std::span<const std::uint8_t> dashes_; ///< Lengths of dash and gap in turn; empty for a solid line
+    PenShape shape_;
+    bool takesLastPixel_ = false; ///< Of a slanted line: geometric pens one pixel wide
+    Dashes dashes_;               ///< In pixels along the longer axis; empty for a solid or a wide line
     int dashLength_ = 0;
     std::int64_t dashStart_ = 0;
 };

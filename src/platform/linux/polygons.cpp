@@ -81,35 +81,6 @@ double chord(double height, double radius) {
     return share >= 1 ? 0 : std::sqrt(1 - share * share);
 }
 
-/// The four corners of a straight piece of a wide line.
-void addSegment(POINT from, POINT to, int width, const RECT& bounds, Region& out) {
-    const int before = width / 2;
-    if (from.x == to.x) {
-        const RECT r{from.x - before, std::min(from.y, to.y), from.x - before + width,
-                     std::max(from.y, to.y)};
-        out = out.united(Region(intersection(r, bounds)));
-        return;
-    }
-    if (from.y == to.y) {
-        const RECT r{std::min(from.x, to.x), from.y - before, std::max(from.x, to.x),
-                     from.y - before + width};
-        out = out.united(Region(intersection(r, bounds)));
-        return;
-    }
-    // The side to the right gets what the middle line does not share out evenly.
-    const double dx = to.x - from.x;
-    const double dy = to.y - from.y;
-    const double length = std::hypot(dx, dy);
-    const double acrossX = width * std::abs(dy) / length / 2;
-    const double acrossY = width * std::abs(dx) / length / 2;
-    const int up = (dx > 0) == (dy > 0) ? -1 : 1;
-    const POINT right{static_cast<LONG>(std::ceil(acrossX)), up * static_cast<LONG>(std::ceil(acrossY))};
-    const POINT left{-static_cast<LONG>(acrossX + half), -up * static_cast<LONG>(acrossY + half)};
-    const auto corner = [](POINT p, POINT offset) { return POINT{p.x + offset.x, p.y + offset.y}; };
-    const POINT corners[] = {corner(from, right), corner(to, right), corner(to, left), corner(from, left)};
-    out = out.united(polygonRegion(corners, ALTERNATE, bounds));
-}
-
 } // namespace
 
 Region polygonRegion(std::span<const POINT> points, int fillMode, const RECT& bounds) {
@@ -153,19 +124,6 @@ Region ellipseRegion(const RECT& box, const RECT& bounds) {
         rows.add(box.left + inset, y, box.right - inset);
     }
     return rows.take();
-}
-
-Region wideOutline(std::span<const POINT> points, bool closed, int width, const RECT& bounds) {
-    Region outline;
-    const int before = width / 2;
-    for (const POINT& p : points) {
-        const RECT cap{p.x - before, p.y - before, p.x - before + width, p.y - before + width};
-        if (!isEmpty(intersection(cap, bounds))) outline = outline.united(ellipseRegion(cap, bounds));
-    }
-    for (std::size_t i = 1; i < points.size(); ++i)
-        addSegment(points[i - 1], points[i], width, bounds, outline);
-    if (closed) addSegment(points.back(), points.front(), width, bounds, outline);
-    return outline;
 }
 
 } // namespace platform::driver

@@ -1,5 +1,5 @@
 #pragma once
-// The pixels inside polygons, ellipses and wide lines, as regions.
+// The pixels inside polygons and ellipses, as regions.
 
 #include "platform/linux/device_context.h"
 
@@ -16,8 +16,5 @@ Region polygonsRegion(std::span<const std::vector<POINT>> polygons, int fillMode
 
 /// The ellipse that touches the four sides of a rectangle.
 Region ellipseRegion(const RECT& box, const RECT& bounds);
-
-/// Lines `width` pixels across with round ends and joints.
-Region wideOutline(std::span<const POINT> points, bool closed, int width, const RECT& bounds);
 
 } // namespace platform::driver

@@ -1,7 +1,7 @@
 #pragma once
 // What the calls for lines, shapes and paths have in common.
 
-#include "platform/linux/device_context.h"
+#include "platform/linux/lines.h"
 
 namespace platform::driver {
 
@@ -10,6 +10,13 @@ void fillWithBrush(DeviceContext& context, const Region& region);
 
 /// The inside of figures by a fill mode; open ones count as closed.
 Region figuresRegion(const std::vector<Figure>& figures, int fillMode, const RECT& bounds);
+
+/// Fills what lies inside with the brush, but for what a wide pen will paint along the outlines.
+void fillInside(DeviceContext& context, const Region& inside, const Stroke& stroke,
+                const std::vector<Figure>& outlines);
+
+/// Closed figures in brush and pen.
+void drawFigures(DeviceContext& context, const std::vector<Figure>& figures);
 
 /// Fills the inside of figures with the context's brush.
 void fillFigures(DeviceContext& context, const std::vector<Figure>& figures);

@@ -1,0 +1,241 @@
+#include "platform/linux/wide_lines.h"
+
+#include "platform/linux/polygons.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace platform::driver {
+
+namespace {
+
+constexpr double half = 0.5;
+
+POINT sum(POINT a, POINT b) {
+    return {a.x + b.x, a.y + b.y};
+}
+
+/// A straight piece: its four corners and how far a cap reaches out at its ends. The side to the right gets
+/// what the middle line does not share out evenly.
+struct Piece {
+    POINT from;
+    POINT to;
+    POINT fromRight;
+    POINT toRight;
+    POINT toLeft;
+    POINT fromLeft;
+    POINT beforeFrom; ///< From the start backwards
+    POINT afterTo;    ///< From the end onwards
+
+    Piece(POINT a, POINT b, int width) : from(a), to(b) {
+        POINT right;
+        POINT left;
+        if (a.x == b.x || a.y == b.y) {
+            setStraight(width, right, left);
+        } else {
+            setSlanted(width, right, left);
+        }
+        fromRight = sum(from, right);
+        toRight = sum(to, right);
+        toLeft = sum(to, left);
+        fromLeft = sum(from, left);
+    }
+
+private:
+    void setStraight(int width, POINT& right, POINT& left) {
+        const int before = width / 2;
+        const int after = width - before;
+        const int directionX = to.x > from.x ? 1 : to.x < from.x ? -1 : 0;
+        const int directionY = to.y > from.y ? 1 : to.y < from.y ? -1 : 0;
+        // Whatever the direction, the greater share lies below or to the right.
+        right = from.y == to.y ? POINT{0, directionX > 0 ? after : -before}
+                               : POINT{directionY > 0 ? -before : after, 0};
+        left = from.y == to.y ? POINT{0, directionX > 0 ? -before : after}
+                              : POINT{directionY > 0 ? after : -before, 0};
+        beforeFrom = {-directionX * before, -directionY * before};
+        afterTo = {directionX * before, directionY * before};
+    }
+
+    void setSlanted(int width, POINT& right, POINT& left) {
+        const double dx = to.x - from.x;
+        const double dy = to.y - from.y;
+        const double length = std::hypot(dx, dy);
+        const double acrossX = width * std::abs(dy) / length / 2;
+        const double acrossY = width * std::abs(dx) / length / 2;
+        const POINT greater{static_cast<LONG>(acrossX) + 1, static_cast<LONG>(acrossY) + 1};
+        const POINT lesser{static_cast<LONG>(acrossX + half), static_cast<LONG>(acrossY + half)};
+        const int up = (dx > 0) == (dy > 0) ? -1 : 1;
+        right = {greater.x, up * greater.y};
+        left = {-lesser.x, -up * lesser.y};
+        // Along the line it is the lower end that gets the greater share.
+        const POINT& atStart = dy > 0 ? lesser : greater;
+        const POINT& atEnd = dy > 0 ? greater : lesser;
+        const int directionX = dx > 0 ? 1 : -1;
+        const int directionY = dy > 0 ? 1 : -1;
+        beforeFrom = {-directionX * atStart.y, -directionY * atStart.x};
+        afterTo = {directionX * atEnd.y, directionY * atEnd.x};
+    }
+};
+
+/// Collects the parts of one line.
+class Outline {
+public:
+    Outline(const PenShape& shape, const RECT& bounds) : shape_(shape), bounds_(bounds) {}
+
+    void add(std::span<const POINT> points, bool closed) {
+        std::vector<Piece> pieces;
+        const std::size_t count = points.size() - (closed ? 0 : 1);
+        for (std::size_t i = 0; i < count; ++i) {
+            const POINT& next = points[(i + 1) % points.size()];
+            if (points[i] != next) pieces.emplace_back(points[i], next, shape_.width);
+        }
+        if (pieces.empty()) {
+            if (shape_.cap == PS_ENDCAP_ROUND) addCircle(points.front());
+            return;
+        }
+        for (std::size_t i = 0; i < pieces.size(); ++i)
+            addPiece(pieces[i], !closed && i == 0, !closed && i + 1 == pieces.size());
+        for (std::size_t i = 1; i < pieces.size(); ++i)
+            addJoint(pieces[i - 1], pieces[i]);
+        if (closed) addJoint(pieces.back(), pieces.front());
+    }
+
+    Region take() { return std::move(region_); }
+
+private:
+    void addPolygon(std::span<const POINT> corners) {
+        region_ = region_.united(polygonRegion(corners, WINDING, bounds_));
+    }
+    template <std::size_t count>
+    void addPolygon(const POINT (&corners)[count]) {
+        addPolygon(std::span<const POINT>(corners));
+    }
+
+    void addCircle(POINT centre) {
+        const int before = shape_.width / 2;
+        const RECT box{centre.x - before, centre.y - before, centre.x - before + shape_.width,
+                       centre.y - before + shape_.width};
+        if (!isEmpty(intersection(box, bounds_))) region_ = region_.united(ellipseRegion(box, bounds_));
+    }
+
+    /// A piece with its caps, where it has ends.
+    void addPiece(const Piece& piece, bool isFirst, bool isLast) {
+        const bool isSquare = shape_.cap == PS_ENDCAP_SQUARE;
+        const POINT before = isFirst && isSquare ? piece.beforeFrom : POINT{};
+        const POINT after = isLast && isSquare ? piece.afterTo : POINT{};
+        addPolygon({sum(piece.fromRight, before), sum(piece.toRight, after), sum(piece.toLeft, after),
+                    sum(piece.fromLeft, before)});
+        if (shape_.cap != PS_ENDCAP_ROUND) return;
+        if (isFirst) addCircle(piece.from);
+        if (isLast) addCircle(piece.to);
+    }
+
+    void addJoint(const Piece& a, const Piece& b) {
+        if (shape_.joint == PS_JOIN_ROUND) {
+            addCircle(b.from);
+            return;
+        }
+        const std::int64_t turn = (std::int64_t{a.to.x} - a.from.x) * (b.to.y - b.from.y) -
+                                  (std::int64_t{a.to.y} - a.from.y) * (b.to.x - b.from.x);
+        if (turn == 0) return;
+        // The gap opens on the outer side of the turn.
+        const bool outerIsLeft = leftIsOuter(a, turn);
+        const POINT outerA = outerIsLeft ? a.toLeft : a.toRight;
+        const POINT outerB = leftIsOuter(b, turn) ? b.fromLeft : b.fromRight;
+        const POINT innerA = outerIsLeft ? a.toRight : a.toLeft;
+        const POINT innerB = leftIsOuter(b, turn) ? b.fromRight : b.fromLeft;
+        addPolygon({b.from, outerA, outerB});
+        addPolygon({innerA, outerA, outerB, innerB});
+        if (shape_.joint == PS_JOIN_MITER) addPoint(a, b, outerA, outerB);
+    }
+
+    /// Whether the side called left lies away from where the line turns to.
+    static bool leftIsOuter(const Piece& piece, std::int64_t turn) {
+        const std::int64_t side =
+            (std::int64_t{piece.to.x} - piece.from.x) * (piece.fromLeft.y - piece.from.y) -
+            (std::int64_t{piece.to.y} - piece.from.y) * (piece.fromLeft.x - piece.from.x);
+        return (side > 0) != (turn > 0);
+    }
+
+    /// The point of a joint, where the outer edges meet, unless that lies too far out.
+    void addPoint(const Piece& a, const Piece& b, POINT outerA, POINT outerB) {
+        const double ax = a.to.x - a.from.x;
+        const double ay = a.to.y - a.from.y;
+        const double bx = b.to.x - b.from.x;
+        const double by = b.to.y - b.from.y;
+        const double along = ((outerB.x - outerA.x) * by - (outerB.y - outerA.y) * bx) / (ax * by - ay * bx);
+        const POINT tip{static_cast<LONG>(std::floor(outerA.x + along * ax + half)),
+                        static_cast<LONG>(std::floor(outerA.y + along * ay + half))};
+        const double reach = std::hypot(tip.x - b.from.x, tip.y - b.from.y);
+        if (reach <= shape_.miterLimit * shape_.width / 2) addPolygon({b.from, outerA, tip, outerB});
+    }
+
+    const PenShape& shape_;
+    RECT bounds_;
+    Region region_;
+};
+
+/// Cuts a line into its dashes.
+class Dasher {
+public:
+    explicit Dasher(const Dashes& dashes) : dashes_(dashes), left_(dashes.front()) {}
+
+    std::vector<std::vector<POINT>> cut(std::span<const POINT> points, bool closed) {
+        begin(points.front());
+        for (std::size_t i = 1; i < points.size(); ++i)
+            go(points[i - 1], points[i]);
+        if (closed) go(points.back(), points.front());
+        finish();
+        return std::move(result_);
+    }
+
+private:
+    bool isDash() const { return index_ % 2 == 0; }
+    void begin(POINT p) { current_ = {p}; }
+    void finish() {
+        if (isDash() && current_.size() > 1) result_.push_back(std::move(current_));
+        current_.clear();
+    }
+
+    void go(POINT from, POINT to) {
+        const double dx = to.x - from.x;
+        const double dy = to.y - from.y;
+        const double length = std::hypot(dx, dy);
+        double done = 0;
+        while (length - done > left_) {
+            done += left_;
+            const POINT p{from.x + static_cast<LONG>(dx * done / length),
+                          from.y + static_cast<LONG>(dy * done / length)};
+            current_.push_back(p);
+            finish();
+            index_ = (index_ + 1) % (dashes_.size() % 2 == 0 ? dashes_.size() : dashes_.size() * 2);
+            left_ = dashes_[index_ % dashes_.size()];
+            begin(p);
+        }
+        left_ -= length - done;
+        current_.push_back(to);
+    }
+
+    const Dashes& dashes_;
+    std::size_t index_ = 0;
+    double left_; ///< Of the dash or gap that is being drawn
+    std::vector<POINT> current_;
+    std::vector<std::vector<POINT>> result_;
+};
+
+} // namespace
+
+Region wideRegion(std::span<const POINT> points, bool closed, const PenShape& shape, const RECT& bounds) {
+    Outline outline(shape, bounds);
+    if (points.empty() || isEmpty(bounds)) return {};
+    if (shape.dashes.empty()) {
+        outline.add(points, closed);
+    } else {
+        for (const std::vector<POINT>& dash : Dasher(shape.dashes).cut(points, closed))
+            outline.add(dash, false);
+    }
+    return outline.take();
+}
+
+} // namespace platform::driver
