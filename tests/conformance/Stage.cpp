@@ -2,6 +2,7 @@
 
 #include "conformance/Words.h"
 #include "conformance/calls.h"
+#include "drawing/cCanvas.h"
 
 namespace conformance {
 
@@ -71,6 +72,7 @@ Stage::Stage() {
 }
 
 Stage::~Stage() {
+    canvases_.clear();
     surfaces_.clear();
     for (const std::uint32_t object : owned_)
         DeleteObject(HGDIOBJ(object));

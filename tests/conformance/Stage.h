@@ -1,6 +1,7 @@
 #pragma once
 // Where a script plays: its surfaces, the objects that it names, and what it shows.
 
+#include "automation/Ref.h"
 #include "conformance/Picture.h"
 #include "conformance/Script.h"
 #include "platform/gdi.h"
@@ -9,6 +10,10 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+namespace tesela {
+class cCanvas;
+}
 
 namespace conformance {
 
@@ -47,6 +52,8 @@ public:
 
     // For the calls
     platform::HDC dc() const { return current_->dc(); }
+    /// The canvas that draws on the current surface.
+    tesela::cCanvas& canvas();
     /// A handle by the name of a surface or object, or a number; 0 is no handle.
     std::uint32_t handle(const std::string& word) const;
     /// Keeps an object for later lines and for its end.
@@ -57,6 +64,7 @@ private:
     void addSurface(const std::vector<std::string>& words);
 
     std::vector<std::unique_ptr<StageSurface>> surfaces_;
+    std::vector<automation::Ref<tesela::cCanvas>> canvases_;
     StageSurface* current_ = nullptr;
     std::map<std::string, std::uint32_t> objects_;
     std::vector<std::uint32_t> owned_;

@@ -6,6 +6,7 @@
 #include "conformance/RandomScript.h"
 #include "conformance/Script.h"
 #include "conformance/Stage.h"
+#include "frame/Globales.h"
 
 #include <fstream>
 #include <iostream>
@@ -71,6 +72,7 @@ int run(const std::vector<std::string>& arguments) {
 
 int main(int argc, char** argv) {
     try {
+        tesela::ProcedimientoInicio();
         return conformance::run({argv + 1, argv + argc});
     } catch (const std::exception& problem) {
         std::cerr << "conformance: " << problem.what() << '\n';

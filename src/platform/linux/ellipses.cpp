@@ -127,6 +127,8 @@ public:
         takesEqual_ = isUpper;
     }
 
+    bool pointsRight() const { return y_ == 0 && x_ > 0; }
+
     /// Whether a pixel lies against the clock from the ray, up to half a turn.
     bool isPassedBy(POINT p) const {
         const std::int64_t turn = y_ * (p.x - origin_.x) - x_ * (p.y - origin_.y);
@@ -164,6 +166,8 @@ std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End);
     const std::size_t first = firstBehind(start, whole);
     std::size_t last = firstBehind(end, whole);
+    // Two rays to the right are one, wherever their ends lie.
+    if (start.pointsRight() && end.pointsRight()) last = first;
     if (last <= first) last += whole.size();
     std::vector<POINT> points;
     points.reserve(last - first);

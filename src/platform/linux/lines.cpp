@@ -167,7 +167,15 @@ Region Stroke::area(const std::vector<Figure>& figures) const {
 }
 
 std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
-    return figures;
+    constexpr RECT everywhere{-0x8000, -0x8000, 0x8000, 0x8000};
+    Region all;
+    for (const Figure& figure : figures)
+        all = all.united(wideRegion(figure.points, figure.closed, shape_, everywhere));
+    std::vector<Figure> result;
+    for (const RECT& r : all.rectangles())
+        result.push_back(
+            {{{r.left, r.top}, {r.right, r.top}, {r.right, r.bottom}, {r.left, r.bottom}}, true});
+    return result;
 }
 
 void Stroke::drawThin(POINT from, POINT to) {

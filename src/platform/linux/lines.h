@@ -29,7 +29,7 @@ public:
     /// What a wide pen paints.
     Region area(const std::vector<Figure>& figures) const;
 
-    /// The lines around what the pen would paint.
+    /// The lines around what the pen would paint: of the rectangles that it consists of.
     std::vector<Figure> outlines(const std::vector<Figure>& figures) const;
 
 private:
