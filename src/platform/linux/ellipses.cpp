@@ -166,9 +166,8 @@ std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End);
     const std::size_t first = firstBehind(start, whole);
     std::size_t last = firstBehind(end, whole);
-    // Two rays to the right are one, wherever their ends lie.
-    if (start.pointsRight() && end.pointsRight()) last = first;
-    if (last <= first) last += whole.size();
+    const bool isWhole = start.pointsRight() && end.pointsRight();
+    if (isWhole || last <= first) last += whole.size();
     std::vector<POINT> points;
     points.reserve(last - first);
     for (std::size_t i = first; i < last; ++i)

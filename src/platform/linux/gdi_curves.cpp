@@ -161,7 +161,9 @@ BOOL drawRound(HDC dc, const RECT& logical, std::optional<SIZE> corner) {
         paintRound(*context, box, size);
         return TRUE_;
     }
-    const RoundCurves curves = corner ? roundRectCurves(inclusive(box), size) : ellipseCurves(inclusive(box));
+    RoundCurves curves = corner ? roundRectCurves(inclusive(box), size) : ellipseCurves(inclusive(box));
+    // The way back has the same kinds of points in the same order.
+    if (context->state.arcDirection == AD_CLOCKWISE) std::reverse(curves.points.begin(), curves.points.end());
     context->state.path.add(curves.points, curves.types);
     return TRUE_;
 }
