@@ -320,7 +320,8 @@ public:
     /// 2 a cursor, else a bitmap. Nothing if there is none.
     automation::Ref<host::Picture> GetResPicture(const automation::Variant& xResourceID,
                                                  std::int32_t nType = 1, platform::HINSTANCE nHInstance = {});
-    /// The same of the system's own pictures.
+    /// One of the system's own pictures by its number. Where the system has none, the icons of message boxes
+    /// (32513 to 32516) are the library's.
     automation::Ref<host::Picture> GetSysPicture(const automation::Variant& nID, std::int32_t nType = 0);
 
     // Clipping, origin and paths: cCanvas_clipping.cpp
@@ -380,8 +381,6 @@ private:
     void makeStandardFont(platform::HFONT& font, automation::String typeface, std::int32_t deciPoints);
     void paintBitmap(platform::HBITMAP bitmap, const PictureArea& area, platform::DWORD rasterOp);
     void paintScaledIcon(platform::HICON icon, const PictureArea& area);
-    automation::Ref<host::Picture> loadPicture(const automation::Variant& id, std::int32_t type,
-                                               platform::HINSTANCE module);
 
     DCProviderConstants nHDC_Provider = DCProvider_Auto;
     platform::HDC nTargetDC;     ///< Of a canvas that isn't static: the screen's, already given back

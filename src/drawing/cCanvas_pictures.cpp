@@ -5,6 +5,7 @@
 #include "automation/Conversions.h"
 #include "drawing/memory_surface.h"
 #include "drawing/rounding.h"
+#include "host/DialogIcons.h"
 #include "platform/processes.h"
 #include "platform/resources.h"
 
@@ -22,6 +23,15 @@ constexpr std::int32_t iconImage = 1, cursorImage = 2;
 
 std::int32_t orOwn(std::int32_t given, std::int32_t own) {
     return given == 0 ? own : given;
+}
+
+platform::ResourceType resourceType(std::int32_t type) {
+    if (type == iconImage) return platform::ResourceType::Icon;
+    return type == cursorImage ? platform::ResourceType::Cursor : platform::ResourceType::Bitmap;
+}
+
+platform::WORD resourceNumber(const automation::Variant& id) {
+    return static_cast<platform::WORD>(automation::CLng(id));
 }
 
 /// A bitmap with the same pixels.
@@ -135,19 +145,16 @@ Ref<Picture> cCanvas::Bytes2Picture(const automation::Array& aBytes) {
     }
 }
 
-Ref<Picture> cCanvas::loadPicture(const automation::Variant& id, std::int32_t type,
-                                  platform::HINSTANCE module) {
-    auto kind = platform::ResourceType::Bitmap;
-    if (type == iconImage) kind = platform::ResourceType::Icon;
-    if (type == cursorImage) kind = platform::ResourceType::Cursor;
-    const automation::Variant plain = id.dereferenced();
-    const bool named = plain.isString();
-    const automation::String name = named ? plain.asString() : automation::String();
+Ref<Picture> cCanvas::GetResPicture(const automation::Variant& xResourceID, std::int32_t nType,
+                                    platform::HINSTANCE nHInstance) {
+    const automation::Variant id = xResourceID.dereferenced();
+    const bool named = id.isString();
+    const automation::String name = named ? id.asString() : automation::String();
     if (named && name.empty()) return {};
     const platform::ResourceName resource =
-        named ? platform::ResourceName(name.view())
-              : platform::ResourceName(static_cast<platform::WORD>(automation::CLng(plain)));
-    std::vector<std::uint8_t> bytes = platform::resourceBytes(module, kind, resource);
+        named ? platform::ResourceName(name.view()) : platform::ResourceName(resourceNumber(id));
+    const platform::HINSTANCE module = nHInstance ? nHInstance : platform::moduleInstance();
+    std::vector<std::uint8_t> bytes = platform::resourceBytes(module, resourceType(nType), resource);
     if (bytes.empty()) return {};
     try {
         return Picture::fromBytes(std::move(bytes));
@@ -156,13 +163,13 @@ Ref<Picture> cCanvas::loadPicture(const automation::Variant& id, std::int32_t ty
     }
 }
 
-Ref<Picture> cCanvas::GetResPicture(const automation::Variant& xResourceID, std::int32_t nType,
-                                    platform::HINSTANCE nHInstance) {
-    return loadPicture(xResourceID, nType, nHInstance ? nHInstance : platform::moduleInstance());
-}
-
 Ref<Picture> cCanvas::GetSysPicture(const automation::Variant& nID, std::int32_t nType) {
-    return loadPicture(nID, nType, {});
+    const automation::Variant id = nID.dereferenced();
+    if (id.isString()) return {}; // the system's have numbers only
+    const platform::WORD number = resourceNumber(id);
+    if (const std::uint32_t handle = platform::systemImage(resourceType(nType), number))
+        return BitMap2Picture(platform::HGDIOBJ(handle), {}, nType);
+    return nType == iconImage ? host::stockIcon(number) : Ref<Picture>();
 }
 
 } // namespace tesela

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace host {
 
@@ -106,19 +107,37 @@ std::optional<Color> exclamation(Point p) {
     return bar || dot ? Black : Yellow;
 }
 
-std::uint32_t pixel(Sampler sampler, int x, int y, Color background) {
+/// The mean colour of a pixel and how much of it the picture covers. Without a background the colour is that
+/// of the covered part alone.
+std::uint32_t pixel(Sampler sampler, int x, int y, std::optional<Color> background) {
     Color sum{0, 0, 0};
+    int covered = 0;
     for (int i = 0; i < Samples * Samples; ++i) {
         const int column = i % Samples;
         const int row = i / Samples;
         const Point at{x + (column + 0.5) / Samples, y + (row + 0.5) / Samples};
-        const Color color = sampler(at).value_or(background);
-        sum = {sum.red + color.red, sum.green + color.green, sum.blue + color.blue};
+        std::optional<Color> color = sampler(at);
+        if (!color) color = background;
+        if (!color) continue;
+        ++covered;
+        sum = {sum.red + color->red, sum.green + color->green, sum.blue + color->blue};
     }
-    const auto mean = [](double total) {
-        return static_cast<std::uint32_t>(std::lround(total / (Samples * Samples)));
-    };
-    return 0xFF000000u | mean(sum.red) << 16 | mean(sum.green) << 8 | mean(sum.blue);
+    if (covered == 0) return 0;
+    const auto mean = [&](double total) { return static_cast<std::uint32_t>(std::lround(total / covered)); };
+    constexpr int Opaque = 255;
+    const auto alpha = static_cast<std::uint32_t>(covered * Opaque / (Samples * Samples));
+    return alpha << 24 | mean(sum.red) << 16 | mean(sum.green) << 8 | mean(sum.blue);
+}
+
+platform::PictureData painted(Sampler sampler, std::optional<Color> background) {
+    platform::PictureData data;
+    data.width = DialogIconSize;
+    data.height = DialogIconSize;
+    for (int y = 0; y < DialogIconSize; ++y) {
+        for (int x = 0; x < DialogIconSize; ++x)
+            data.argb.push_back(pixel(sampler, x, y, background));
+    }
+    return data;
 }
 
 Sampler samplerOf(MsgBoxStyle style) {
@@ -145,14 +164,18 @@ automation::Ref<Picture> dialogIcon(MsgBoxStyle style, platform::COLORREF backgr
     constexpr std::uint32_t Channel = 0xFF;
     const Color behind{double(background & Channel), double(background >> 8 & Channel),
                        double(background >> 16 & Channel)};
-    platform::PictureData data;
+    platform::PictureData data = painted(sampler, behind);
     data.format = platform::PictureFormat::Bmp;
-    data.width = DialogIconSize;
-    data.height = DialogIconSize;
-    for (int y = 0; y < DialogIconSize; ++y) {
-        for (int x = 0; x < DialogIconSize; ++x)
-            data.argb.push_back(pixel(sampler, x, y, behind));
-    }
+    return automation::make<Picture>(data);
+}
+
+automation::Ref<Picture> stockIcon(std::int32_t number) {
+    constexpr std::int32_t Hand = 32513;
+    constexpr Sampler InOrder[] = {critical, question, exclamation, information};
+    if (number < Hand || number >= Hand + static_cast<std::int32_t>(std::size(InOrder))) return {};
+    platform::PictureData data = painted(InOrder[number - Hand], std::nullopt);
+    data.format = platform::PictureFormat::Ico;
+    data.hasAlpha = true;
     return automation::make<Picture>(data);
 }
 

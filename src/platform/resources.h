@@ -38,4 +38,8 @@ private:
 /// ERROR_RESOURCE_TYPE_NOT_FOUND or ERROR_RESOURCE_NAME_NOT_FOUND, when the module has none.
 std::vector<std::uint8_t> resourceBytes(HINSTANCE module, ResourceType type, const ResourceName& name);
 
+/// One of the system's own bitmaps, icons and cursors by its number (OBM_, OIC_, OCR_), in its own size: the
+/// value of a handle that the caller ends. 0 where there is none, which on Linux is always so.
+std::uint32_t systemImage(ResourceType type, WORD number);
+
 } // namespace platform

@@ -191,17 +191,3 @@ TEST_F(cCanvas_Objects, ADisplayOfFewColoursGetsOneHalftonePalette) {
     expectObjects(before - 2);
     globales().lHighColor = true;
 }
-
-TEST_F(cCanvas_Report, OfAPaletteWithoutAContext) {
-    globales().lHighColor = false;
-    const auto unconfigured = automation::make<cCanvas>();
-    unconfigured->Configure({}, 0, 0, 1, 1);
-    const platform::HPALETTE palette = platform::CreateHalftonePalette({});
-    if (palette) {
-        platform::DeleteObject(palette);
-        GTEST_SKIP() << "this system makes one for no context";
-    }
-    expectReport(u"Error de G.D.I. en ComprobarPaletaSemitonos",
-                 [&] { unconfigured->ComprobarPaletaSemitonos(); });
-    globales().lHighColor = true;
-}

@@ -180,3 +180,19 @@ TEST_F(cCanvas_Pictures, ResourcesAreFoundByNumberNameAndType) {
     EXPECT_FALSE(canvas->GetResPicture(Variant(u"BANDERA")));
     EXPECT_FALSE(canvas->GetResPicture(Variant(u"")));
 }
+
+TEST_F(cCanvas_Pictures, TheSystemHasIconsByTheirNumbers) {
+    for (const std::int32_t number : {32513, 32514, 32515, 32516}) {
+        const auto icon = canvas->GetSysPicture(number, iconType);
+        ASSERT_TRUE(icon) << number;
+        EXPECT_EQ(PictureType::Icon, icon->Type());
+        EXPECT_EQ(32, icon->pixels().cx);
+        canvas->FillBox(0, 0, 23, 15, yellow);
+        canvas->PaintPicture(icon, 0, 0, 16, 16);
+        EXPECT_LT(count(yellow), 24u * 16) << number;
+        EXPECT_EQ(yellow, at(0, 0)) << "the corner shows what lies under it";
+    }
+    EXPECT_FALSE(canvas->GetSysPicture(std::int32_t{1}, iconType));
+    EXPECT_FALSE(canvas->GetSysPicture(std::int32_t{1}));
+    EXPECT_FALSE(canvas->GetSysPicture(Variant(u"HAND"), iconType));
+}

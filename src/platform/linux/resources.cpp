@@ -43,4 +43,9 @@ std::vector<std::uint8_t> resourceBytes(HINSTANCE, ResourceType type, const Reso
     return {};
 }
 
+std::uint32_t systemImage(ResourceType, WORD) {
+    SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+    return 0;
+}
+
 } // namespace platform

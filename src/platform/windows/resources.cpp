@@ -120,4 +120,11 @@ std::vector<std::uint8_t> resourceBytes(HINSTANCE module, ResourceType type, con
     return {bytes.begin(), bytes.end()};
 }
 
+std::uint32_t systemImage(ResourceType type, WORD number) {
+    ::UINT kind = IMAGE_BITMAP;
+    if (type == ResourceType::Icon) kind = IMAGE_ICON;
+    if (type == ResourceType::Cursor) kind = IMAGE_CURSOR;
+    return driver::handleValue(::LoadImageW(nullptr, numbered(number), kind, 0, 0, 0));
+}
+
 } // namespace platform
