@@ -3,7 +3,7 @@
 packages_for() {
   case $1 in
     build) echo build-essential cmake ninja-build ccache pkg-config libfreetype-dev libfontconfig-dev libicu-dev \
-      libsqlite3-dev libx11-dev libxext-dev libxrandr-dev libsdl2-dev libpng-dev libjpeg-dev libgif-dev googletest fonts-wine fonts-liberation fonts-dejavu-core ;;
+      libsqlite3-dev libx11-dev libxext-dev libxrandr-dev libsdl2-dev libpng-dev libjpeg-dev libgif-dev googletest fonts-wine fonts-liberation fonts-dejavu ;;
     test) echo git ;;
     demo) echo fonts-liberation ;;
     sanitized) echo clang "$(first_known libclang-rt-14-dev libclang-rt-dev)" ;;
