@@ -1,5 +1,6 @@
 #include "platform/gdi.h"
 #include "support/Canvas.h"
+#include "support/Selected.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 
 using namespace platform;
 using test::Canvas;
+using test::Selected;
 
 namespace {
 
@@ -17,23 +19,6 @@ constexpr COLORREF black = RGB(0, 0, 0);
 HBRUSH stockBrush(int index) {
     return HBRUSH(GetStockObject(index).value);
 }
-
-/// A brush or pen that is selected while the test runs.
-class Selected {
-public:
-    Selected(HDC dc, HGDIOBJ object) : dc_(dc), object_(object), previous_(SelectObject(dc, object)) {}
-    ~Selected() {
-        SelectObject(dc_, previous_);
-        DeleteObject(object_);
-    }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC dc_;
-    HGDIOBJ object_;
-    HGDIOBJ previous_;
-};
 
 } // namespace
 

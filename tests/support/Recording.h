@@ -3,6 +3,7 @@
 
 #include "platform/metafiles.h"
 #include "support/Canvas.h"
+#include "support/Selected.h"
 
 #include <gtest/gtest.h>
 
@@ -85,22 +86,5 @@ void expectSamePicture(const Draw& draw) {
     EXPECT_EQ(played.text(), direct.text());
     EXPECT_NE(direct.text().find_first_not_of("#\n"), std::string::npos) << "nothing was drawn";
 }
-
-/// Selects an object for the length of a scope and deletes it.
-class Selected {
-public:
-    Selected(HDC dc, HGDIOBJ object) : dc_(dc), object_(object), former_(SelectObject(dc, object)) {}
-    ~Selected() {
-        SelectObject(dc_, former_);
-        DeleteObject(object_);
-    }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-
-private:
-    HDC dc_;
-    HGDIOBJ object_;
-    HGDIOBJ former_;
-};
 
 } // namespace test

@@ -11,6 +11,21 @@
 
 namespace support {
 
+/// The bytes of a file; empty for one that is not there.
+inline std::string fileBytes(const std::u16string& path) {
+    using namespace platform;
+    const HANDLE in = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, HANDLE());
+    if (in == INVALID_HANDLE_VALUE) return {};
+    LONGLONG size = 0;
+    GetFileSizeEx(in, &size);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    DWORD moved = 0;
+    ReadFile(in, bytes.data(), static_cast<DWORD>(size), &moved, nullptr);
+    CloseHandle(in);
+    return bytes;
+}
+
 class TemporaryFolder {
 public:
     TemporaryFolder() {
@@ -56,19 +71,7 @@ public:
     }
 
     /// The bytes of a file; empty for one that is not there.
-    std::string read(std::u16string_view name) const {
-        using namespace platform;
-        const HANDLE in = CreateFileW(file(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, HANDLE());
-        if (in == INVALID_HANDLE_VALUE) return {};
-        LONGLONG size = 0;
-        GetFileSizeEx(in, &size);
-        std::string bytes(static_cast<std::size_t>(size), '\0');
-        DWORD moved = 0;
-        ReadFile(in, bytes.data(), static_cast<DWORD>(size), &moved, nullptr);
-        CloseHandle(in);
-        return bytes;
-    }
+    std::string read(std::u16string_view name) const { return fileBytes(file(name)); }
 
 private:
     std::u16string path_;

@@ -134,6 +134,7 @@ TEST(CraftedMetafile, NothingIsLeftOfStatesThatAreNotRestored) {
 
 TEST(CraftedMetafile, PicturesThatLieAboutTheirSizeTakeNoMemory) {
     const Canvas canvas(100, 100);
+    const auto before = driver::handleCount();
     Crafted crafted;
     for (int i = 0; i < 100; ++i) {
         std::vector<DWORD> bits(18 + 10 + 2);
@@ -149,11 +150,15 @@ TEST(CraftedMetafile, PicturesThatLieAboutTheirSizeTakeNoMemory) {
         crafted.record(81, bits);
     }
     play(crafted, canvas);
-    SUCCEED();
+    EXPECT_EQ(driver::handleCount(), before) << driver::describeHandles();
+    EXPECT_EQ(canvas.at(50, 50), 0u) << "nothing was painted";
+    canvas.set(99, 99, red);
+    EXPECT_EQ(canvas.at(99, 99), red) << "the context is as it was";
 }
 
 TEST(CraftedMetafile, NumbersWithoutBoundsAreHeldOnTheSheet) {
     const Canvas canvas(100, 100);
+    const auto before = driver::handleCount();
     Crafted crafted;
     crafted.record(17, {8})
         .record(9, {1, 1})
@@ -163,7 +168,9 @@ TEST(CraftedMetafile, NumbersWithoutBoundsAreHeldOnTheSheet) {
         .record(45, {0, 0, 0x7FFFFFFF, 0x7FFFFFFF, 1, 1, 2, 2})
         .record(54, {0x7FFFFFFF, 0x80000000});
     play(crafted, canvas);
-    SUCCEED();
+    EXPECT_EQ(driver::handleCount(), before) << driver::describeHandles();
+    canvas.set(99, 99, red);
+    EXPECT_EQ(canvas.at(99, 99), red) << "the context is as it was";
 }
 
 // The system plays these with other pixels at some sizes of the screen.
