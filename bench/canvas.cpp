@@ -18,7 +18,6 @@
 namespace {
 
 using namespace platform;
-using bench::Candidate;
 
 constexpr int width = 1280;
 constexpr int height = 800;
