@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,6 +15,11 @@ namespace bench {
 inline double seconds() {
     using namespace std::chrono;
     return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+/// Of this process, so that what else runs on the machine does not count.
+inline double processorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
 inline double median(std::vector<double> values) {
@@ -33,14 +39,17 @@ struct Candidate {
     std::function<void()> work;
 };
 
-/// Runs the candidates in turn, `rounds` times each; gives the median seconds of a run of each.
+/// Runs the candidates once unmeasured, then in turn, `rounds` times each; gives the median seconds of a run
+/// of each.
 inline std::vector<double> interleaved(const std::vector<Candidate>& candidates, int rounds) {
     std::vector<std::vector<double>> times(candidates.size());
+    for (const Candidate& candidate : candidates)
+        candidate.work(); // memory and caches are made now
     for (int round = 0; round < rounds; ++round)
         for (std::size_t i = 0; i < candidates.size(); ++i) {
-            const double start = seconds();
+            const double start = processorSeconds();
             candidates[i].work();
-            times[i].push_back(seconds() - start);
+            times[i].push_back(processorSeconds() - start);
         }
     std::vector<double> medians;
     medians.reserve(times.size());
@@ -52,6 +61,12 @@ inline std::vector<double> interleaved(const std::vector<Candidate>& candidates,
 /// One figure: the peer's time divided by ours; above 1 we are ahead.
 inline void ratio(const std::string& name, const std::string& peer, double ours, double theirs) {
     std::printf("ratio\t%s\t%s\t%.2f\n", name.c_str(), peer.c_str(), theirs / ours);
+    std::fflush(stdout);
+}
+
+/// The time of one operation of ours, for the eye: it is the machine's as much as ours.
+inline void time(const std::string& name, double oneCall) {
+    std::printf("time\t%s\t%.1f ns\n", name.c_str(), oneCall * 1e9);
     std::fflush(stdout);
 }
 
