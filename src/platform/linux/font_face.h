@@ -10,6 +10,10 @@
 
 namespace platform::driver {
 
+/// A quality of the driver's own for fonts on displays of few colours: without smoothing, and measured as
+/// drawn. A program's NONANTIALIASED_QUALITY is measured as if it were smoothed.
+inline constexpr BYTE fewColorsQuality = 0x80;
+
 /// Coverage runs from 0 to fullCoverage.
 inline constexpr int fullCoverage = 16;
 

@@ -105,7 +105,8 @@ void OutlineFace::chooseSize(const LOGFONTW& request) {
 }
 
 void OutlineFace::chooseSmoothing(BYTE quality) {
-    smooth_ = quality != NONANTIALIASED_QUALITY;
+    measuresAsDrawn_ = quality == fewColorsQuality;
+    smooth_ = quality != NONANTIALIASED_QUALITY && !measuresAsDrawn_;
     const FT_Int advice = FT_Get_Gasp(face_.get(), static_cast<FT_UInt>(pixelsPerEm_));
     // The font's advice is for its upright letters.
     if (advice != FT_GASP_NO_TABLE && (advice & FT_GASP_DO_GRAY) == 0 && !slant_) smooth_ = false;
@@ -183,6 +184,7 @@ int OutlineFace::loadedAdvance() const {
 }
 
 int OutlineFace::measure(char16_t character) {
+    if (measuresAsDrawn_) return glyph(character).advance;
     return load(character, FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP) ? loadedAdvance() : 0;
 }
 

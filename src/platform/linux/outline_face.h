@@ -41,6 +41,7 @@ private:
     double cos_ = 1;        ///< Of the angle by which the letters lean
     double sin_ = 0;
     bool smooth_ = true;
+    bool measuresAsDrawn_ = false;
     bool isSymbol_ = false;
     int pixelsPerEm_ = 1;
     int ascentUnits_ = 0;

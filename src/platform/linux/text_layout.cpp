@@ -1,5 +1,6 @@
 #include "platform/linux/text_layout.h"
 
+#include "platform/linux/display_colors.h"
 #include "platform/linux/text_painter.h"
 
 #include <cmath>
@@ -24,7 +25,18 @@ LOGFONTW requestOf(const DeviceContext& context) {
     return request;
 }
 
+/// On a display of few colours text is measured without smoothing too, so that it lies as wide as it was
+/// measured. Masks, bitmaps of 1 bit on a display of many colours, measure as that display does.
+bool measuresAsDrawn(const DeviceContext& context) {
+    return context.surface && !canSmooth(*context.surface) && !canSmooth(displayDepth());
+}
+
 std::shared_ptr<FontFace> levelFaceOf(DeviceContext& context) {
+    if (measuresAsDrawn(context)) {
+        LOGFONTW request = requestOf(context);
+        request.lfQuality = fewColorsQuality;
+        return FontFace::get(request);
+    }
     if (!context.state.mapping.isUnscaled()) return FontFace::get(requestOf(context));
     Font& font = context.font();
     if (!font.face) font.face = FontFace::get(requestOf(context));
@@ -52,7 +64,7 @@ std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context) {
     if (smooths && font.lfEscapement == 0) return levelFaceOf(context);
     LOGFONTW request = requestOf(context);
     request.lfEscapement = request.lfOrientation = font.lfEscapement;
-    if (!smooths) request.lfQuality = NONANTIALIASED_QUALITY;
+    if (!smooths) request.lfQuality = measuresAsDrawn(context) ? fewColorsQuality : NONANTIALIASED_QUALITY;
     return FontFace::get(request);
 }
 

@@ -29,9 +29,13 @@ int blendedComponent(int under, int text, int low, int high) {
 
 } // namespace
 
-bool canSmooth(const Surface& surface) {
+bool canSmooth(int bitsPerPixel) {
     constexpr int mostTableBits = 8;
-    return surface.bitsPerPixel > mostTableBits;
+    return bitsPerPixel > mostTableBits;
+}
+
+bool canSmooth(const Surface& surface) {
+    return canSmooth(surface.bitsPerPixel);
 }
 
 TextPainter::TextPainter(DeviceContext& context, const RECT* clip)

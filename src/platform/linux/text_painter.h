@@ -8,6 +8,8 @@ namespace platform::driver {
 
 /// Whether the surface has colours enough for smoothed edges.
 bool canSmooth(const Surface& surface);
+/// The same for pixels of so many bits.
+bool canSmooth(int bitsPerPixel);
 
 /// Draws glyphs in the context's text colour.
 class TextPainter {

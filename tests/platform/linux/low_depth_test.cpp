@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
 #include <set>
+#include <vector>
 
 using namespace platform;
 
@@ -125,6 +128,46 @@ TEST(PaletteDisplay, ShowsCopiesOfTrueColoursInWhatItHas) {
     EXPECT_EQ(GetPixel(screen.dc(), 1, 0), RGB(0, 255, 0));
     EXPECT_EQ(GetPixel(screen.dc(), 2, 0), RGB(128, 128, 128));
     EXPECT_EQ(GetPixel(screen.dc(), 3, 0), RGB(0, 0, 255));
+}
+
+/// Where the pixels of a colour are in a row of text painted black on white.
+std::vector<POINT> inkOf(HDC dc, int width, int height) {
+    std::vector<POINT> ink;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            if (GetPixel(dc, x, y) == RGB(0, 0, 0)) ink.push_back({x, y});
+    return ink;
+}
+
+bool samePoints(const std::vector<POINT>& a, const std::vector<POINT>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const POINT& p, const POINT& q) { return p.x == q.x && p.y == q.y; });
+}
+
+TEST(PaletteDisplay, MeasuresTextAsItIsDrawn) {
+    constexpr int width = 200;
+    constexpr int height = 20;
+    const Screen screen("8");
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen.dc(), width, height);
+    const HGDIOBJ previous = SelectObject(screen.dc(), bitmap);
+    const HFONT font =
+        CreateFontA(-11, 0, 0, 0, FW_BOLD, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "DejaVu Sans");
+    const HGDIOBJ previousFont = SelectObject(screen.dc(), font);
+    const auto paint = [&](const char* first, const char* second) {
+        PatBlt(screen.dc(), 0, 0, width, height, WHITENESS);
+        SIZE extent;
+        GetTextExtentPoint32A(screen.dc(), first, static_cast<int>(std::strlen(first)), &extent);
+        TextOutA(screen.dc(), 0, 0, first, static_cast<int>(std::strlen(first)));
+        TextOutA(screen.dc(), extent.cx, 0, second, static_cast<int>(std::strlen(second)));
+        return inkOf(screen.dc(), width, height);
+    };
+    const std::vector<POINT> whole = paint("entre palabras donde", "");
+    EXPECT_FALSE(whole.empty());
+    EXPECT_TRUE(samePoints(paint("entre palabras ", "donde"), whole));
+    SelectObject(screen.dc(), previousFont);
+    SelectObject(screen.dc(), previous);
+    DeleteObject(font);
+    DeleteObject(bitmap);
 }
 
 TEST(HighColourDisplay, KeepsFiveOrSixBitsOfAComponent) {
