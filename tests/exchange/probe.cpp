@@ -76,19 +76,43 @@ void drawText(HDC dc, int x, int y, int size, int angle, const char* text) {
     DeleteObject(SelectObject(dc, former));
 }
 
+/// A picture of 40 by 40 pixels: once larger, and once blended into what lies there.
 void drawPicture(HDC dc) {
+    constexpr BLENDFUNCTION half{AC_SRC_OVER, 0, 128, 0};
     const HDC source = CreateCompatibleDC({});
     const HBITMAP bitmap = CreateBitmap(40, 40, 1, 32, nullptr);
     const HGDIOBJ former = SelectObject(source, bitmap);
     inPenAndBrush(source, RGB(0, 0, 0), RGB(255, 160, 0), [&] { Rectangle(source, 0, 0, 40, 20); });
     inPenAndBrush(source, RGB(0, 0, 0), RGB(0, 160, 255), [&] { Rectangle(source, 0, 20, 40, 40); });
     StretchBlt(dc, 310, 210, 80, 80, source, 0, 0, 40, 40, SRCCOPY);
+    AlphaBlend(dc, 180, 30, 40, 40, source, 0, 0, 40, 40, half);
     SelectObject(source, former);
     DeleteObject(bitmap);
     DeleteDC(source);
 }
 
-/// Something of every kind: shapes, a path, a clip, text, a picture.
+/// A clip that is no rectangle.
+void drawRoundClip(HDC dc) {
+    SaveDC(dc);
+    const HRGN round = CreateEllipticRgn(230, 220, 290, 280);
+    SelectClipRgn(dc, round);
+    DeleteObject(round);
+    inPenAndBrush(dc, RGB(0, 80, 0), RGB(0, 160, 0), [&] { Rectangle(dc, 220, 210, 270, 300); });
+    RestoreDC(dc, -1);
+}
+
+/// A wide line, which ends at its own corners, in dashes.
+void drawWideLine(HDC dc) {
+    const LOGBRUSH brush{BS_SOLID, RGB(200, 30, 30), 0};
+    const HPEN pen =
+        ExtCreatePen(PS_GEOMETRIC | PS_DASH | PS_ENDCAP_FLAT | PS_JOIN_MITER, 6, &brush, 0, nullptr);
+    const HGDIOBJ former = SelectObject(dc, pen);
+    const POINT line[] = {{10, 290}, {50, 270}, {90, 290}};
+    Polyline(dc, line, 3);
+    DeleteObject(SelectObject(dc, former));
+}
+
+/// Something of every kind: shapes, a path, clips, text, pictures, wide lines.
 void drawSheet(HDC dc) {
     inPenAndBrush(dc, RGB(0, 0, 0), RGB(255, 220, 0), [&] {
         Rectangle(dc, 10, 10, 110, 80);
@@ -112,6 +136,8 @@ void drawSheet(HDC dc) {
     RestoreDC(dc, -1);
     drawText(dc, 95, 200, 24, 0, "Metarchivo");
     drawText(dc, 110, 295, 20, 200, "sube");
+    drawRoundClip(dc);
+    drawWideLine(dc);
     drawPicture(dc);
 }
 

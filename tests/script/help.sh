@@ -9,7 +9,7 @@ cp "$out" "$work/help"
 for word in demo test bench shot fuzz golden package build; do
     prints "help tells of $word" "./tesela $word"
 done
-for suite in native sanitized windows desktop script conformance style all; do
+for suite in native sanitized windows desktop script conformance exchange style all; do
     prints "help tells of the suite $suite" "   $suite  "
 done
 for way in -h --help ""; do
@@ -29,7 +29,7 @@ exits "an unknown word" failing
 complains "an unknown word: it says what there is" "'frobnicate' is not something ./tesela does. './tesela help' tells"
 run "$tesela" test frobnicate
 exits "an unknown suite" failing
-complains "an unknown suite: it says which there are" "Suites: native sanitized windows desktop script conformance style all."
+complains "an unknown suite: it says which there are" "Suites: native sanitized windows desktop script conformance exchange style all."
 run "$tesela" build frobnicate
 exits "an unknown preset" failing
 complains "an unknown preset: it says which there are" "Presets: native sanitized windows-32 windows-64 bench."

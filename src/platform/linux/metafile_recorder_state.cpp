@@ -90,19 +90,21 @@ void MetafileRecorder::writeClip() {
     const std::optional<Region>& now = context_.state.clip;
     if (written_.clip == now) return;
     written_.clip = now;
+    record(RecordType::ExtSelectClipRgn).value(DWORD{0}).value(DWORD{RGN_COPY});
+    if (!now) return;
     const Mapping& mapping = context_.state.mapping;
-    if (now && now->rectangles().size() == 1 && mapping.isUnscaled()) {
+    if (now->rectangles().size() == 1 && mapping.isUnscaled()) {
         // A rectangle has a record of its own, which more programs know than that of a region.
-        record(RecordType::ExtSelectClipRgn).value(DWORD{0}).value(DWORD{RGN_COPY});
         const RECT& r = now->rectangles().front();
         const POINT topLeft = mapping.toLogical(POINT{r.left, r.top});
         record(RecordType::IntersectClipRect)
             .value(RECT{topLeft.x, topLeft.y, topLeft.x + r.right - r.left, topLeft.y + r.bottom - r.top});
         return;
     }
+    // Some programs take a region only as one that narrows the clipping.
     RecordWriter writer = record(RecordType::ExtSelectClipRgn);
-    writer.value(static_cast<DWORD>(now ? regionSize(*now) : 0)).value(DWORD{RGN_COPY});
-    if (now) writeRegion(writer, *now);
+    writer.value(static_cast<DWORD>(regionSize(*now))).value(DWORD{RGN_AND});
+    writeRegion(writer, *now);
 }
 
 void MetafileRecorder::writePosition() {
