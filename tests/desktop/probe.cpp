@@ -3,6 +3,7 @@
 
 #include "platform/gdi.h"
 #include "platform/locale.h"
+#include "platform/metafiles.h"
 #include "platform/windows.h"
 
 #include <cstdio>
@@ -52,9 +53,81 @@ void tellPasted(const std::u16string& text) {
         tellText("pasted", text);
 }
 
+/// The picture that is copied: blue, with an orange mark in its upper left corner.
+void drawPicture(HDC dc) {
+    const auto fill = [&](RECT r, COLORREF color) {
+        const HBRUSH brush = CreateSolidBrush(color);
+        FillRect(dc, &r, brush);
+        DeleteObject(brush);
+    };
+    fill({0, 0, 320, 200}, RGB(0, 100, 200));
+    fill({0, 0, 20, 10}, RGB(255, 160, 0));
+}
+
+void copyPicture() {
+    const HDC screen = GetDC({});
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 320, 200);
+    const HGDIOBJ former = SelectObject(dc, bitmap);
+    drawPicture(dc);
+    SelectObject(dc, former);
+    DeleteDC(dc);
+    ReleaseDC({}, screen);
+    OpenClipboard({});
+    EmptyClipboard();
+    SetClipboardData(CF_BITMAP, HANDLE(bitmap.value));
+    CloseClipboard();
+    tell("copied picture");
+}
+
+void copyMetafile() {
+    const HDC dc = CreateEnhMetaFileA({}, nullptr, nullptr, nullptr);
+    drawPicture(dc);
+    OpenClipboard({});
+    EmptyClipboard();
+    SetClipboardData(CF_ENHMETAFILE, HANDLE(CloseEnhMetaFile(dc).value));
+    CloseClipboard();
+    tell("copied metafile");
+}
+
+/// The size of the picture on the clipboard and its first pixel.
+void tellPastedPicture(HBITMAP bitmap) {
+    BITMAP about;
+    GetObjectBitmap(bitmap, &about);
+    const HDC dc = CreateCompatibleDC({});
+    const HGDIOBJ former = SelectObject(dc, bitmap);
+    const COLORREF color = GetPixel(dc, 0, 0);
+    SelectObject(dc, former);
+    DeleteDC(dc);
+    std::printf("pasted picture %d %d #%02X%02X%02X\n", about.bmWidth, about.bmHeight, color & 0xFF,
+                color >> 8 & 0xFF, color >> 16 & 0xFF);
+    std::fflush(stdout);
+}
+
+/// How many records the metafile on the clipboard has.
+void tellPastedMetafile(HENHMETAFILE metafile) {
+    ENHMETAHEADER header;
+    GetEnhMetaFileHeader(metafile, sizeof header, &header);
+    tell("pasted metafile", static_cast<long>(header.nRecords));
+}
+
+void tellPictureOnClipboard() {
+    OpenClipboard({});
+    if (IsClipboardFormatAvailable(CF_ENHMETAFILE))
+        tellPastedMetafile(HENHMETAFILE(GetClipboardData(CF_ENHMETAFILE).value));
+    else if (const HANDLE bitmap = GetClipboardData(CF_BITMAP); bitmap)
+        tellPastedPicture(HBITMAP(bitmap.value));
+    else
+        tell("no picture");
+    CloseClipboard();
+}
+
 /// Ctrl+C copies what was typed, Ctrl+L a text that is longer than what X servers take at once, Ctrl+V tells
-/// what is on the clipboard.
+/// what is on the clipboard. Ctrl+B copies a bitmap, Ctrl+E a metafile, Ctrl+P tells of the picture there.
 void character(HWND, WPARAM byte) {
+    constexpr WPARAM ControlB = 2;
+    constexpr WPARAM ControlE = 5;
+    constexpr WPARAM ControlP = 16;
     constexpr WPARAM ControlC = 3;
     constexpr WPARAM ControlL = 12;
     constexpr WPARAM ControlV = 22;
@@ -68,6 +141,12 @@ void character(HWND, WPARAM byte) {
         tell("copied long");
     } else if (byte == ControlV) {
         tellPasted(clipboardText());
+    } else if (byte == ControlB) {
+        copyPicture();
+    } else if (byte == ControlE) {
+        copyMetafile();
+    } else if (byte == ControlP) {
+        tellPictureOnClipboard();
     } else if (byte == Enter) {
         tellText("typed", wideFromAnsi(typedText));
     } else {
