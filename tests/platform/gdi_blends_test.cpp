@@ -94,6 +94,15 @@ TEST(TransparentBltTest, LeavesOutOneColour) {
     EXPECT_FALSE(TransparentBlt(to.dc(), 0, 0, -3, 1, from.dc(), 0, 0, 3, 1, 0));
 }
 
+TEST(TransparentBltTest, OntoItsOwnPictureIsAsIfTheSourceWereApart) {
+    const Canvas canvas(6, 2);
+    canvas.set(0, 0, RGB(255, 255, 255));
+    canvas.set(2, 1, RGB(255, 255, 255));
+    EXPECT_TRUE(TransparentBlt(canvas.dc(), 1, 0, 4, 2, canvas.dc(), 0, 0, 4, 2, RGB(0, 0, 0)));
+    EXPECT_EQ(canvas.text(), "##....\n"
+                             "..##..\n");
+}
+
 TEST(MaskBltTest, CopiesWhereTheMaskIsSetAndDoesSomethingElseElsewhere) {
     const Canvas from(4, 1);
     PatBlt(from.dc(), 0, 0, 4, 1, WHITENESS);

@@ -140,10 +140,6 @@ private:
     std::vector<std::uint8_t> patternBits_;
 };
 
-bool onSamePixels(const Surface& a, const Surface& b) {
-    return a.bits == b.bits;
-}
-
 /// A copy of part of a surface, for copies onto itself.
 std::unique_ptr<Bitmap> excerpt(const Surface& from, const RECT& r) {
     auto copy = makeBitmapLike(from, r.right - r.left, r.bottom - r.top);
@@ -153,32 +149,39 @@ std::unique_ptr<Bitmap> excerpt(const Surface& from, const RECT& r) {
     return copy;
 }
 
-void copyOntoItself(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop) {
-    const RECT wanted = intersection(moved(area, source.offset), source.valid);
-    if (isEmpty(wanted)) return;
-    const std::unique_ptr<Bitmap> copy = excerpt(*source.surface, wanted);
-    if (!copy) return;
-    SourcePixels apart = source;
-    apart.surface = &copy->surface;
-    apart.offset = {source.offset.x - wanted.left, source.offset.y - wanted.top};
-    apart.valid = {0, 0, copy->surface.width, copy->surface.height};
-    copyPixels(target, area, apart, rop);
+/// Moves an area of a surface, first the rows that others come to lie on.
+void moveRows(const Surface& surface, const RECT& area, POINT offset) {
+    const int height = area.bottom - area.top;
+    for (int i = 0; i < height; ++i) {
+        const int y = offset.y < 0 ? area.bottom - 1 - i : area.top + i;
+        copyRow(surface, area.left + offset.x, y + offset.y, surface, area.left, y, area.right - area.left);
+    }
+}
+
+void copyOntoItself(DeviceContext& target, const RECT& area, SourcePixels source, Rop3 rop) {
+    const bool isMoved = rop == rop3Of(SRCCOPY) && target.surface->bitsPerPixel >= 8;
+    if (isMoved && target.drawable().rectangles().size() == 1) {
+        const RECT part = intersection(area, moved(source.valid, {-source.offset.x, -source.offset.y}));
+        moveRows(*target.surface, part, source.offset);
+    } else if (const std::unique_ptr<Bitmap> apart = takeApart(source, area)) {
+        copyPixels(target, area, source, rop);
+    }
 }
 
 /// Copies words to words. Whole pictures are one row.
-void copyWords(const Surface& target, const RECT& r, const SourcePixels& source, Rop3 rop) {
-    const Surface& from = *source.surface;
+void copyWords(WordBlocks blocks, Rop3 rop) {
     const Span span = spanFor(rop);
-    std::size_t count = static_cast<std::size_t>(r.right - r.left);
-    int rows = r.bottom - r.top;
-    const int rowSize = 4 * (r.right - r.left);
-    if (target.stride == rowSize && from.stride == rowSize) {
+    std::size_t count = static_cast<std::size_t>(blocks.width);
+    int rows = blocks.height;
+    if (blocks.targetStride == blocks.width && blocks.sourceStride == blocks.width) {
         count *= static_cast<std::size_t>(rows);
         rows = 1;
     }
-    for (int i = 0; i < rows; ++i)
-        span(row32(target, r.top + i) + r.left,
-             row32(from, r.top + i + source.offset.y) + r.left + source.offset.x, nullptr, count, rop);
+    for (; rows > 0; --rows) {
+        span(blocks.target, blocks.source, nullptr, count, rop);
+        blocks.target += blocks.targetStride;
+        blocks.source += blocks.sourceStride;
+    }
 }
 
 /// On 1 bit a gradient is dithered.
@@ -226,6 +229,32 @@ SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, 
     return pixels;
 }
 
+WordBlocks wordBlocks(const Surface& target, const RECT& area, const SourcePixels& source) {
+    constexpr int wordSize = 4;
+    const Surface& from = *source.surface;
+    return {row32(target, area.top) + area.left,
+            target.stride / wordSize,
+            row32(from, area.top + source.offset.y) + area.left + source.offset.x,
+            from.stride / wordSize,
+            area.right - area.left,
+            area.bottom - area.top};
+}
+
+bool overlaps(const Surface& target, const RECT& area, const SourcePixels& source) {
+    return target.bits == source.surface->bits && !isEmpty(intersection(area, moved(area, source.offset)));
+}
+
+std::unique_ptr<Bitmap> takeApart(SourcePixels& source, const RECT& area) {
+    const RECT wanted = intersection(moved(area, source.offset), source.valid);
+    if (isEmpty(wanted)) return nullptr;
+    std::unique_ptr<Bitmap> picture = excerpt(*source.surface, wanted);
+    if (!picture) return nullptr;
+    source.surface = &picture->surface;
+    source.offset = {source.offset.x - wanted.left, source.offset.y - wanted.top};
+    source.valid = {0, 0, picture->surface.width, picture->surface.height};
+    return picture;
+}
+
 void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop) {
     const RECT reachable = intersection(area, moved(source.valid, {-source.offset.x, -source.offset.y}));
     if (isEmpty(reachable)) return;
@@ -234,7 +263,7 @@ void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& sou
         const RECT r = intersection(reachable, clip);
         if (isEmpty(r)) continue;
         if (isDirect) {
-            copyWords(*target.surface, r, source, rop);
+            copyWords(wordBlocks(*target.surface, r, source), rop);
             continue;
         }
         Copier copier(target, source, rop, r.right - r.left);
@@ -247,9 +276,7 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
     const SourcePixels pixels = sourceOf(target, source, {from.x - area.left, from.y - area.top});
     const RECT clipped = intersection(area, target.drawable().bounds());
     if (isEmpty(clipped)) return;
-    const bool overlaps = onSamePixels(*target.surface, *source.surface) &&
-                          !isEmpty(intersection(clipped, moved(clipped, pixels.offset)));
-    if (overlaps) {
+    if (overlaps(*target.surface, clipped, pixels)) {
         copyOntoItself(target, clipped, pixels, rop);
     } else {
         copyPixels(target, clipped, pixels, rop);

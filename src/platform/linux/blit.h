@@ -3,6 +3,7 @@
 
 #include "platform/linux/device_context.h"
 #include "platform/linux/rop.h"
+#include "platform/linux/word_rows.h"
 
 namespace platform::driver {
 
@@ -30,6 +31,16 @@ bool becomesMask(const Surface& target, const SourcePixels& source);
 
 /// What a context offers as the source of a copy to `target`.
 SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, POINT offset);
+
+/// The words of an area of a surface and those that a copy takes for them; both have 32 bits.
+WordBlocks wordBlocks(const Surface& target, const RECT& area, const SourcePixels& source);
+
+/// Whether a copy to `area` changes pixels that it takes.
+bool overlaps(const Surface& target, const RECT& area, const SourcePixels& source);
+
+/// Lets a copy to `area` take its pixels from a picture of them, which is given; null when there are none or
+/// memory does not suffice.
+std::unique_ptr<Bitmap> takeApart(SourcePixels& source, const RECT& area);
 
 /// Copies the pixels of `area` (on the target's surface) that the source has.
 void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop);

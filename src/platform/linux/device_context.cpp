@@ -10,13 +10,6 @@ namespace platform::driver {
 
 namespace {
 
-/// The platform's own bound on device coordinates: 27 bits and a sign.
-constexpr std::int64_t coordinateLimit = (1 << 27) - 1;
-
-int moved(LONG value, LONG fromOrigin, LONG toOrigin) {
-    return boundedCoordinate(std::int64_t{value} - fromOrigin + toOrigin);
-}
-
 int rounded(double value) {
     constexpr auto limit = static_cast<double>(coordinateLimit);
     return boundedCoordinate(static_cast<std::int64_t>(std::floor(std::clamp(value, -limit, limit) + 0.5)));
@@ -80,28 +73,13 @@ void releaseSelection(const ContextState& state) {
 
 } // namespace
 
-int boundedCoordinate(std::int64_t value) {
-    return static_cast<int>(std::clamp(value, -coordinateLimit, coordinateLimit));
-}
-
 RECT ordered(RECT r) {
     if (r.left > r.right) std::swap(r.left, r.right);
     if (r.top > r.bottom) std::swap(r.top, r.bottom);
     return r;
 }
 
-RECT intersection(const RECT& a, const RECT& b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
-}
-
-bool isEmpty(const RECT& r) {
-    return r.left >= r.right || r.top >= r.bottom;
-}
-
-POINT Mapping::toDevice(POINT p) const {
-    if (isUnscaled())
-        return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
+POINT Mapping::scaled(POINT p) const {
     return {horizontal(*this).apply(p.x), vertical(*this).apply(p.y)};
 }
 
@@ -140,32 +118,15 @@ DeviceContext::~DeviceContext() {
     }
 }
 
-const Region& DeviceContext::drawable() {
-    if (!drawableKnown_) {
-        needPixels();
-        drawable_ = recorder ? Region() : visible;
-        if (state.clip) {
-            Region clip = *state.clip;
-            clip.translate(origin.x, origin.y);
-            drawable_ = drawable_.intersected(clip);
-        }
-        drawableKnown_ = true;
+void DeviceContext::findDrawable() {
+    needPixels();
+    drawable_ = recorder ? Region() : visible;
+    if (state.clip) {
+        Region clip = *state.clip;
+        clip.translate(origin.x, origin.y);
+        drawable_ = drawable_.intersected(clip);
     }
-    return drawable_;
-}
-
-POINT DeviceContext::deviceToSurface(POINT p) const {
-    return {boundedCoordinate(std::int64_t{p.x} + origin.x), boundedCoordinate(std::int64_t{p.y} + origin.y)};
-}
-
-POINT DeviceContext::toSurface(POINT logical) const {
-    return deviceToSurface(state.mapping.toDevice(logical));
-}
-
-RECT DeviceContext::toSurface(const RECT& r) const {
-    const POINT topLeft = toSurface(POINT{r.left, r.top});
-    const POINT bottomRight = toSurface(POINT{r.right, r.bottom});
-    return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+    drawableKnown_ = true;
 }
 
 std::unique_ptr<DeviceContext> makeContext() {

@@ -4,11 +4,33 @@
 #include "platform/linux/gdi_objects.h"
 #include "platform/linux/path.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <utility>
 
 namespace platform::driver {
+
+/// The platform's own bound on device coordinates: 27 bits and a sign.
+inline constexpr std::int64_t coordinateLimit = (1 << 27) - 1;
+
+/// The sum held within the range of a coordinate, far from its ends, so that differences of two never
+/// overflow.
+constexpr int boundedCoordinate(std::int64_t value) {
+    return static_cast<int>(std::clamp(value, -coordinateLimit, coordinateLimit));
+}
+
+constexpr RECT intersection(const RECT& a, const RECT& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
+constexpr bool isEmpty(const RECT& r) {
+    return r.left >= r.right || r.top >= r.bottom;
+}
+
+/// The rectangle with left <= right and top <= bottom.
+RECT ordered(RECT r);
 
 /// How logical coordinates become device coordinates.
 struct Mapping {
@@ -20,13 +42,22 @@ struct Mapping {
 
     /// True when a logical unit is a pixel, to the right and down.
     bool isUnscaled() const { return windowExtent == viewportExtent; }
-    POINT toDevice(POINT logical) const;
+    POINT toDevice(POINT p) const {
+        if (!isUnscaled()) return scaled(p);
+        return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
+    }
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;
     /// Pixels of a length along one axis, rounded; not negative.
     int widthOnDevice(int logical) const;
     int heightOnDevice(int logical) const;
+
+private:
+    static int moved(LONG value, LONG fromOrigin, LONG toOrigin) {
+        return boundedCoordinate(std::int64_t{value} - fromOrigin + toOrigin);
+    }
+    POINT scaled(POINT p) const;
 };
 
 /// Everything that SaveDC pushes and RestoreDC brings back.
@@ -84,26 +115,29 @@ struct DeviceContext : Object {
     }
 
     /// What may be drawn on, in surface coordinates.
-    const Region& drawable();
+    const Region& drawable() {
+        if (!drawableKnown_) findDrawable();
+        return drawable_;
+    }
     void clipChanged() { drawableKnown_ = false; }
 
-    RECT toSurface(const RECT& logical) const;
-    POINT toSurface(POINT logical) const;
-    POINT deviceToSurface(POINT device) const;
+    POINT deviceToSurface(POINT p) const {
+        return {boundedCoordinate(std::int64_t{p.x} + origin.x),
+                boundedCoordinate(std::int64_t{p.y} + origin.y)};
+    }
+    POINT toSurface(POINT logical) const { return deviceToSurface(state.mapping.toDevice(logical)); }
+    RECT toSurface(const RECT& r) const {
+        const POINT topLeft = toSurface(POINT{r.left, r.top});
+        const POINT bottomRight = toSurface(POINT{r.right, r.bottom});
+        return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+    }
 
 private:
+    void findDrawable();
+
     Region drawable_;
     bool drawableKnown_ = false;
 };
-
-/// The rectangle with left <= right and top <= bottom.
-RECT ordered(RECT r);
-RECT intersection(const RECT& a, const RECT& b);
-bool isEmpty(const RECT& r);
-
-/// The sum held within the range of a coordinate, far from its ends, so that differences of two never
-/// overflow.
-int boundedCoordinate(std::int64_t value);
 
 /// A context in its initial state, with its stock objects selected; drawing on nothing yet.
 std::unique_ptr<DeviceContext> makeContext();

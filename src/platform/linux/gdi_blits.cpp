@@ -56,7 +56,11 @@ public:
         pixels_ =
             sourceOf(to, from, {stretch.from.left - stretch.to.left, stretch.from.top - stretch.to.top});
         pixels_.bits = blackAndWhite;
-        if (!stretch.changesSize() || driver::isEmpty(part)) return;
+        if (driver::isEmpty(part)) return;
+        if (!stretch.changesSize()) {
+            if (overlaps(*to.surface, part, pixels_)) picture_ = takeApart(pixels_, part);
+            return;
+        }
         picture_ = stretched(*from.surface, stretch, part, mode);
         if (!picture_) return;
         pixels_.surface = &picture_->surface;
@@ -78,42 +82,48 @@ void copyOrStretch(DeviceContext& to, DeviceContext& from, const Stretch& stretc
     }
 }
 
-void copyOpaqueWords(const Surface& target, const RECT& r, const SourcePixels& source,
-                     std::uint32_t transparent) {
-    for (int y = r.top; y < r.bottom; ++y) {
-        const std::uint32_t* from = row32(*source.surface, y + source.offset.y) + source.offset.x;
-        std::uint32_t* to = row32(target, y);
-        for (int x = r.left; x < r.right; ++x)
-            to[x] = (from[x] & colorBits) != transparent ? from[x] : to[x];
+/// Copies what is not of one colour, a row at a time through buffers.
+class OpaqueCopier {
+public:
+    OpaqueCopier(const DeviceContext& target, const SourcePixels& source, std::uint32_t transparent,
+                 int width)
+        : surface_(*target.surface), source_(source), transparent_(transparent), finder_(target),
+          colors_(static_cast<std::size_t>(width)), values_(static_cast<std::size_t>(width)) {}
+
+    void row(int x, int y, int count) {
+        readRow(*source_.surface, x + source_.offset.x, y + source_.offset.y, count, source_.bits,
+                colors_.data());
+        readValues(surface_, x, y, count, values_.data());
+        for (std::size_t i = 0; i < colors_.size(); ++i)
+            if ((colors_[i] & colorBits) != transparent_)
+                values_[i] = isPlain32(surface_) ? colors_[i] : finder_.valueOf(colors_[i] & colorBits);
+        writeValues(surface_, x, y, count, values_.data());
     }
-}
+
+private:
+    const Surface& surface_;
+    const SourcePixels& source_;
+    std::uint32_t transparent_;
+    ValueFinder finder_;
+    std::vector<std::uint32_t> colors_;
+    std::vector<std::uint32_t> values_;
+};
 
 /// Copies what is not of one colour.
 void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& source,
                 std::uint32_t transparent) {
-    ValueFinder finder(target);
-    std::vector<std::uint32_t> colors;
-    std::vector<std::uint32_t> values;
-    for (const RECT& clip : target.drawable().rectangles()) {
+    const Region& drawable = target.drawable();
+    const bool isDirect = isPlain32(*target.surface) && isPlain32(*source.surface);
+    for (const RECT& clip : drawable.rectangles()) {
         const RECT r = intersection(area, clip);
         if (isEmpty(r)) continue;
-        const int count = r.right - r.left;
-        if (isPlain32(*target.surface) && isPlain32(*source.surface)) {
-            copyOpaqueWords(*target.surface, r, source, transparent);
+        if (isDirect) {
+            wordRows().copyOpaque(wordBlocks(*target.surface, r, source), transparent);
             continue;
         }
-        colors.resize(static_cast<std::size_t>(count));
-        values.resize(static_cast<std::size_t>(count));
-        for (int y = r.top; y < r.bottom; ++y) {
-            readRow(*source.surface, r.left + source.offset.x, y + source.offset.y, count, source.bits,
-                    colors.data());
-            readValues(*target.surface, r.left, y, count, values.data());
-            for (std::size_t i = 0; i < colors.size(); ++i)
-                if ((colors[i] & colorBits) != transparent)
-                    values[i] =
-                        isPlain32(*target.surface) ? colors[i] : finder.valueOf(colors[i] & colorBits);
-            writeValues(*target.surface, r.left, y, count, values.data());
-        }
+        OpaqueCopier copier(target, source, transparent, r.right - r.left);
+        for (int y = r.top; y < r.bottom; ++y)
+            copier.row(r.left, y, r.right - r.left);
     }
 }
 
@@ -398,11 +408,9 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
         to->recorder->blend(RecordType::TransparentBlt, areas.target(), {*from, areas.source()}, transparent);
     const Stretch stretch = areas.between(*to, *from);
     const FittedSource fitted(*to, *from, stretch, BLACKONWHITE);
-    RECT area = stretch.to;
-    if (!stretch.changesSize())
-        area = intersection(
-            area, moved(fitted.pixels().valid, {-fitted.pixels().offset.x, -fitted.pixels().offset.y}));
-    copyOpaque(*to, area, fitted.pixels(), pixelOfColor(transparent) & colorBits);
+    const SourcePixels& pixels = fitted.pixels();
+    const RECT area = intersection(stretch.to, moved(pixels.valid, {-pixels.offset.x, -pixels.offset.y}));
+    copyOpaque(*to, area, pixels, pixelOfColor(transparent) & colorBits);
     return TRUE_;
 }
 

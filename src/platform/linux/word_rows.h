@@ -1,0 +1,48 @@
+#pragma once
+// Changing rectangles of 32-bit words by others, many words at once where the processor can.
+
+#include <cstddef>
+#include <cstdint>
+
+namespace platform::driver {
+
+/// A rectangle of words and another of the same size that it takes from. The two do not overlap.
+struct WordBlocks {
+    std::uint32_t* target;
+    std::ptrdiff_t targetStride; ///< Words from one row to the next
+    const std::uint32_t* source;
+    std::ptrdiff_t sourceStride;
+    int width; ///< Words of a row
+    int height;
+
+    void nextRow() {
+        target += targetStride;
+        source += sourceStride;
+    }
+};
+
+/// What can be done with such rectangles.
+struct WordRows {
+    /// Mixes all four bytes of the words alike: the source's by `alpha`, up to 255, the target's by the rest,
+    /// divided by 255 to the nearest.
+    void (*blendConstant)(const WordBlocks& blocks, unsigned alpha);
+    /// Puts words over others that show through by what each word's highest byte, its alpha, leaves. The
+    /// other bytes are multiplied by it already; all four are first multiplied by `alpha`, up to 255.
+    void (*blendAlpha)(const WordBlocks& blocks, unsigned alpha);
+    /// Copies the words whose lower three bytes are not those of `transparent`.
+    void (*copyOpaque)(const WordBlocks& blocks, std::uint32_t transparent);
+};
+
+/// For every processor.
+const WordRows& plainWordRows();
+
+/// For the one that the program runs on if it has AVX2, null otherwise.
+const WordRows* avx2WordRows();
+
+/// The fastest for this processor.
+inline const WordRows& wordRows() {
+    static const WordRows& rows = avx2WordRows() ? *avx2WordRows() : plainWordRows();
+    return rows;
+}
+
+} // namespace platform::driver

@@ -1,0 +1,125 @@
+// Both kinds of word rows against the plain formula, for every width around the number of words that are
+// changed at once.
+
+#include "platform/linux/word_rows.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace platform::driver;
+
+namespace {
+
+constexpr int stride = 48;
+constexpr int rows = 5;
+constexpr unsigned full = 255;
+
+/// Words in which all bytes vary, the same in each run.
+std::vector<std::uint32_t> words(std::uint32_t seed) {
+    std::vector<std::uint32_t> result(stride * rows);
+    for (std::uint32_t& word : result) {
+        seed = seed * 1664525u + 1013904223u;
+        word = seed ^ seed >> 15;
+    }
+    return result;
+}
+
+/// The target's words after a change of its middle rows from the second word on.
+template <class Change>
+std::vector<std::uint32_t> changed(int width, Change change) {
+    std::vector<std::uint32_t> target = words(1);
+    const std::vector<std::uint32_t> source = words(2);
+    change(WordBlocks{target.data() + stride + 1, stride, source.data() + 3, stride, width, rows - 2});
+    return target;
+}
+
+/// The same change word by word.
+template <class Formula>
+std::vector<std::uint32_t> expected(int width, Formula formula) {
+    return changed(width, [&](WordBlocks blocks) {
+        for (int y = 0; y < blocks.height; ++y, blocks.nextRow())
+            for (int x = 0; x < blocks.width; ++x)
+                blocks.target[x] = formula(blocks.target[x], blocks.source[x]);
+    });
+}
+
+/// What `mix` makes of the four bytes of two words.
+template <class Mix>
+std::uint32_t bytewise(std::uint32_t a, std::uint32_t b, Mix mix) {
+    std::uint32_t result = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        result |= static_cast<std::uint32_t>(mix(a >> shift & full, b >> shift & full)) << shift;
+    return result;
+}
+
+std::uint32_t divided(std::uint32_t product) {
+    return (product + full / 2) / full;
+}
+
+class WordRowsTest : public testing::TestWithParam<const WordRows*> {
+protected:
+    void SetUp() override {
+        if (!GetParam()) GTEST_SKIP() << "this processor has no AVX2";
+    }
+};
+
+} // namespace
+
+TEST_P(WordRowsTest, BlendsBothByOneAlphaToTheNearest) {
+    for (int width = 0; width <= 40; ++width)
+        for (const unsigned alpha : {0u, 1u, 77u, 127u, 128u, 254u, 255u}) {
+            const auto over = [&](WordBlocks blocks) { GetParam()->blendConstant(blocks, alpha); };
+            const auto formula = [&](std::uint32_t to, std::uint32_t from) {
+                return bytewise(to, from, [&](std::uint32_t t, std::uint32_t s) {
+                    return divided(s * alpha + t * (full - alpha));
+                });
+            };
+            ASSERT_EQ(changed(width, over), expected(width, formula)) << width << " words, alpha " << alpha;
+        }
+}
+
+TEST_P(WordRowsTest, BlendsEveryPairOfBytesByEveryAlpha) {
+    std::vector<std::uint32_t> source(256);
+    for (std::uint32_t value = 0; value < 256; ++value)
+        source[value] = value * 0x01010101u;
+    for (unsigned alpha = 0; alpha <= full; ++alpha)
+        for (std::uint32_t under = 0; under <= full; ++under) {
+            std::vector<std::uint32_t> target(256, under * 0x01010101u);
+            GetParam()->blendConstant({target.data(), 0, source.data(), 0, 256, 1}, alpha);
+            for (std::uint32_t value = 0; value < 256; ++value)
+                ASSERT_EQ(target[value], divided(value * alpha + under * (full - alpha)) * 0x01010101u)
+                    << value << " over " << under << " by " << alpha;
+        }
+}
+
+TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
+    for (int width = 0; width <= 40; ++width)
+        for (const unsigned alpha : {0u, 1u, 128u, 255u}) {
+            const auto over = [&](WordBlocks blocks) { GetParam()->blendAlpha(blocks, alpha); };
+            const auto formula = [&](std::uint32_t to, std::uint32_t from) {
+                const auto scaled = [](std::uint32_t word, std::uint32_t factor) {
+                    return bytewise(
+                        word, 0, [&](std::uint32_t byte, std::uint32_t) { return divided(byte * factor); });
+                };
+                const std::uint32_t weighed = scaled(from, alpha);
+                return weighed + scaled(to, full - (weighed >> 24));
+            };
+            ASSERT_EQ(changed(width, over), expected(width, formula)) << width << " words, alpha " << alpha;
+        }
+}
+
+TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte) {
+    for (int width = 0; width <= 40; ++width)
+        for (const std::uint32_t word : {words(2)[4], words(2)[9]}) {
+            const std::uint32_t transparent = word & 0xFFFFFF;
+            const auto copy = [&](WordBlocks blocks) { GetParam()->copyOpaque(blocks, transparent); };
+            const auto formula = [&](std::uint32_t to, std::uint32_t from) {
+                return (from & 0xFFFFFF) == transparent ? to : from;
+            };
+            ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
+        }
+}
+
+INSTANTIATE_TEST_SUITE_P(Plain, WordRowsTest, testing::Values(&plainWordRows()));
+INSTANTIATE_TEST_SUITE_P(Avx2, WordRowsTest, testing::Values(avx2WordRows()));
