@@ -190,7 +190,7 @@ BOOL FillRgn(HDC dc, HRGN handle, HBRUSH brush) {
     const Brush* with = find<Brush>(brush);
     if (!context || !object || !with) return FALSE_;
     if (context->recorder) context->recorder->region(RecordType::FillRgn, object->region, with);
-    fillLogical(*context, object->region, Painter(*context, *with, rop3OfMode(context->state.rop2)));
+    fillLogical(*context, object->region, Painter(*context, *with));
     return TRUE_;
 }
 
@@ -199,8 +199,7 @@ BOOL PaintRgn(HDC dc, HRGN handle) {
     const RegionObject* object = find<RegionObject>(handle);
     if (!context || !object) return FALSE_;
     if (context->recorder) context->recorder->region(RecordType::PaintRgn, object->region, nullptr);
-    fillLogical(*context, object->region,
-                Painter(*context, context->brush(), rop3OfMode(context->state.rop2)));
+    fillLogical(*context, object->region, Painter(*context, context->brush()));
     return TRUE_;
 }
 
@@ -211,8 +210,7 @@ BOOL FrameRgn(HDC dc, HRGN handle, HBRUSH brush, int width, int height) {
     if (!context || !object || !with || width <= 0 || height <= 0) return FALSE_;
     if (context->recorder)
         context->recorder->region(RecordType::FrameRgn, object->region, with, {width, height});
-    fillLogical(*context, frameOf(object->region, width, height),
-                Painter(*context, *with, rop3OfMode(context->state.rop2)));
+    fillLogical(*context, frameOf(object->region, width, height), Painter(*context, *with));
     return TRUE_;
 }
 

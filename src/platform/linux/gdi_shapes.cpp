@@ -73,7 +73,7 @@ void fillFrame(const DeviceContext& context, const Painter& painter, const RECT&
 } // namespace
 
 void fillWithBrush(DeviceContext& context, const Region& region) {
-    const Painter painter(context, context.brush(), rop3OfMode(context.state.rop2));
+    const Painter painter(context, context.brush());
     if (painter.paintsNothing()) return;
     for (const RECT& r : region.rectangles())
         painter.fill(r);
@@ -89,8 +89,8 @@ Region figuresRegion(const std::vector<Figure>& figures, int fillMode, const REC
 
 void fillInside(DeviceContext& context, const Region& inside, const Stroke& stroke,
                 const std::vector<Figure>& outlines) {
-    const bool isWide = !stroke.paintsNothing() && stroke.width() > 1;
-    fillWithBrush(context, isWide ? inside.subtracted(stroke.area(outlines)) : inside);
+    const bool sparesOutline = !stroke.paintsNothing() && stroke.paintsAtOnce();
+    fillWithBrush(context, sparesOutline ? inside.subtracted(stroke.area(outlines)) : inside);
 }
 
 void drawFigures(DeviceContext& context, const std::vector<Figure>& figures) {
@@ -200,7 +200,7 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
              r.bottom - (stroke.width() - 1) / 2};
     }
     const std::array<POINT, 4> corners = cornersOf(r);
-    Painter(*context, context->brush(), rop3OfMode(context->state.rop2)).fill(insideOf(r, stroke));
+    Painter(*context, context->brush()).fill(insideOf(r, stroke));
     stroke.draw(corners, true);
     return TRUE_;
 }

@@ -99,6 +99,33 @@ Range offsetsWithin(int start, int direction, int low, int high) {
     return {std::int64_t{start} - high + 1, std::int64_t{start} - low + 1};
 }
 
+/// Visits the pixels of a line that lie in `clip`, without the last one: visit(x, y, step), steps counted
+/// from the start along the longer axis.
+template <class Visit>
+void walk(POINT from, POINT to, const RECT& clip, Visit visit) {
+    const int dx = std::abs(to.x - from.x);
+    const int dy = std::abs(to.y - from.y);
+    const int stepX = to.x >= from.x ? 1 : -1;
+    const int stepY = to.y >= from.y ? 1 : -1;
+    const bool wide = dx >= dy;
+    const Steps steps{wide ? dx : dy, wide ? dy : dx, (wide ? stepY : stepX) > 0 ? 1 : 0};
+    if (steps.major == 0) return;
+    const Range inX = offsetsWithin(from.x, stepX, clip.left, clip.right);
+    const Range inY = offsetsWithin(from.y, stepY, clip.top, clip.bottom);
+    const Range major = wide ? inX : inY;
+    const Range minor = wide ? inY : inX;
+    if (minor.last <= 0) return;
+    const std::int64_t first = std::max({std::int64_t{0}, major.first, steps.firstAt(minor.first)});
+    const std::int64_t last = std::min(steps.major, major.last);
+    for (std::int64_t i = first; i < last; ++i) {
+        const std::int64_t across = steps.minorAt(i);
+        if (across >= minor.last) break;
+        const int along = static_cast<int>(i);
+        const int side = static_cast<int>(across);
+        visit(from.x + stepX * (wide ? along : side), from.y + stepY * (wide ? side : along), i);
+    }
+}
+
 } // namespace
 
 Stroke::Stroke(DeviceContext& context) : context_(context) {
@@ -108,10 +135,14 @@ Stroke::Stroke(DeviceContext& context) : context_(context) {
     width_ = std::max(1, state.mapping.widthOnDevice(pen.data.lopnWidth.x));
     const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
     const Rop3 rop = rop3OfMode(state.rop2);
-    ink_ = masksOf(rop, pixelOf(context, isDcPen ? state.dcPenColor : pen.data.lopnColor));
-    gap_ = state.backMode == OPAQUE ? masksOf(rop, backPixelOf(context)) : leaveAlone;
+    const COLORREF color = isDcPen ? state.dcPenColor : pen.data.lopnColor;
+    const std::uint32_t ink = pixelOf(context, color);
+    // On 1 bit the gaps show the other colour, also where the background is nearer to the pen's.
+    const bool isOther = context.surface->bitsPerPixel == 1 && color != state.backColor;
+    ink_ = masksOf(rop, ink);
+    gap_ = state.backMode == OPAQUE ? masksOf(rop, isOther ? ~ink : backPixelOf(context)) : leaveAlone;
     shape_ = shapeOf(pen, width_, state.miterLimit);
-    takesLastPixel_ = pen.isGeometric();
+    paintsAtOnce_ = pen.isGeometric() || width_ > 1;
     if (width_ == 1) dashes_ = pen.isGeometric() ? shape_.dashes : dashesOf(pen);
     dashLength_ = std::accumulate(dashes_.begin(), dashes_.end(), 0);
 }
@@ -120,7 +151,7 @@ Stroke Stroke::dotted(DeviceContext& context, Masks ink) {
     Stroke stroke(context);
     stroke.style_ = PS_DOT;
     stroke.width_ = 1;
-    stroke.takesLastPixel_ = false;
+    stroke.paintsAtOnce_ = false;
     stroke.ink_ = ink;
     stroke.gap_ = leaveAlone;
     stroke.dashes_ = {1, 1};
@@ -130,28 +161,19 @@ Stroke Stroke::dotted(DeviceContext& context, Masks ink) {
 
 void Stroke::draw(std::span<const POINT> points, bool closed) {
     if (paintsNothing() || points.empty()) return;
-    dashStart_ = 0;
-    if (width_ > 1) {
-        paint(wideRegion(points, closed, shape_, context_.drawable().bounds()));
+    if (paintsAtOnce_) {
+        paint(regionOf(points, closed));
         return;
     }
+    dashStart_ = 0;
     for (std::size_t i = 1; i < points.size(); ++i)
         drawThin(points[i - 1], points[i]);
-    if (closed) {
-        drawThin(points.back(), points.front());
-    } else if (takesLastPixel_ && dashes_.empty() && points.size() > 1) {
-        drawLastPixel(points[points.size() - 2], points.back());
-    }
-}
-
-void Stroke::drawLastPixel(POINT from, POINT to) {
-    const bool isSlanted = from.x != to.x && from.y != to.y;
-    if (isSlanted) drawThin(to, {to.x + 1, to.y});
+    if (closed) drawThin(points.back(), points.front());
 }
 
 void Stroke::draw(const std::vector<Figure>& figures) {
     if (paintsNothing()) return;
-    if (width_ > 1) {
+    if (paintsAtOnce_) {
         paint(area(figures));
         return;
     }
@@ -162,8 +184,36 @@ void Stroke::draw(const std::vector<Figure>& figures) {
 Region Stroke::area(const std::vector<Figure>& figures) const {
     Region all;
     for (const Figure& figure : figures)
-        all = all.united(wideRegion(figure.points, figure.closed, shape_, context_.drawable().bounds()));
+        all = all.united(regionOf(figure.points, figure.closed));
     return all;
+}
+
+Region Stroke::regionOf(std::span<const POINT> points, bool closed) const {
+    return width_ > 1 ? wideRegion(points, closed, shape_, context_.drawable().bounds())
+                      : thinRegion(points, closed);
+}
+
+Region Stroke::thinRegion(std::span<const POINT> points, bool closed) const {
+    std::vector<RECT> pixels;
+    const RECT bounds = context_.drawable().bounds();
+    std::int64_t length = 0;
+    const auto add = [&](POINT from, POINT to) {
+        walk(from, to, bounds, [&](int x, int y, std::int64_t step) {
+            if (isInk(length + step)) pixels.push_back({x, y, x + 1, y + 1});
+        });
+        length += std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
+    };
+    for (std::size_t i = 1; i < points.size(); ++i)
+        add(points[i - 1], points[i]);
+    if (closed) {
+        add(points.back(), points.front());
+    } else if (dashes_.empty() && points.size() > 1) {
+        // Only a slanted line of these pens has its last pixel.
+        const POINT& end = points.back();
+        const POINT& before = points[points.size() - 2];
+        if (before.x != end.x && before.y != end.y) add(end, {end.x + 1, end.y});
+    }
+    return Region::ofRows(std::move(pixels));
 }
 
 std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
@@ -204,40 +254,18 @@ void Stroke::straight(const RECT& r) const {
 }
 
 void Stroke::slanted(POINT from, POINT to, const RECT& clip) const {
-    const int dx = std::abs(to.x - from.x);
-    const int dy = std::abs(to.y - from.y);
-    const int stepX = to.x >= from.x ? 1 : -1;
-    const int stepY = to.y >= from.y ? 1 : -1;
-    const bool wide = dx >= dy;
-    const Steps steps{wide ? dx : dy, wide ? dy : dx, (wide ? stepY : stepX) > 0 ? 1 : 0};
-    if (steps.major == 0) return;
-    const Range inX = offsetsWithin(from.x, stepX, clip.left, clip.right);
-    const Range inY = offsetsWithin(from.y, stepY, clip.top, clip.bottom);
-    const Range major = wide ? inX : inY;
-    const Range minor = wide ? inY : inX;
-    if (minor.last <= 0) return;
-    const std::int64_t first = std::max({std::int64_t{0}, major.first, steps.firstAt(minor.first)});
-    const std::int64_t last = std::min(steps.major, major.last);
-    for (std::int64_t i = first; i < last; ++i) {
-        const std::int64_t across = steps.minorAt(i);
-        if (across >= minor.last) break;
-        const int along = static_cast<int>(i);
-        const int side = static_cast<int>(across);
-        plot(from.x + stepX * (wide ? along : side), from.y + stepY * (wide ? side : along), i);
-    }
+    walk(from, to, clip, [this](int x, int y, std::int64_t step) {
+        maskPixel(*context_.surface, x, y, isInk(dashStart_ + step) ? ink_ : gap_);
+    });
 }
 
-const Masks& Stroke::inkAt(std::int64_t step) const {
-    if (dashes_.empty()) return ink_;
-    int rest = static_cast<int>((dashStart_ + step) % dashLength_);
+bool Stroke::isInk(std::int64_t length) const {
+    if (dashes_.empty()) return true;
+    int rest = static_cast<int>(length % dashLength_);
     std::size_t index = 0;
     while (rest >= dashes_[index])
         rest -= dashes_[index++];
-    return index % 2 == 0 ? ink_ : gap_;
-}
-
-void Stroke::plot(int x, int y, std::int64_t step) const {
-    maskPixel(*context_.surface, x, y, inkAt(step));
+    return index % 2 == 0;
 }
 
 void Stroke::paint(const Region& region) const {
@@ -249,7 +277,7 @@ void Stroke::paint(const Region& region) const {
     }
     Brush brush;
     brush.data = pen.brush;
-    const Painter painter(context_, brush, rop3OfMode(context_.state.rop2));
+    const Painter painter(context_, brush);
     for (const RECT& r : region.rectangles())
         painter.fill(r);
 }

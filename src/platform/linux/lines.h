@@ -26,7 +26,10 @@ public:
     /// The same for several lines; dashes begin anew with each.
     void draw(const std::vector<Figure>& figures);
 
-    /// What a wide pen paints.
+    /// Whether the pen paints each pixel of a drawing once, however often its lines cross: a wide or a
+    /// geometric one.
+    bool paintsAtOnce() const { return paintsAtOnce_; }
+    /// What such a pen paints.
     Region area(const std::vector<Figure>& figures) const;
 
     /// The lines around what the pen would paint: of the rectangles that it consists of.
@@ -34,12 +37,13 @@ public:
 
 private:
     void drawThin(POINT from, POINT to);
-    void drawLastPixel(POINT from, POINT to);
     void paint(const Region& region) const;
     void straight(const RECT& r) const;
     void slanted(POINT from, POINT to, const RECT& clip) const;
-    void plot(int x, int y, std::int64_t step) const;
-    const Masks& inkAt(std::int64_t step) const;
+    /// Whether a pixel at a length from the first point belongs to a dash.
+    bool isInk(std::int64_t length) const;
+    Region regionOf(std::span<const POINT> points, bool closed) const;
+    Region thinRegion(std::span<const POINT> points, bool closed) const;
 
     DeviceContext& context_;
     int style_ = PS_SOLID;
@@ -47,8 +51,8 @@ private:
     Masks ink_;
     Masks gap_;
     PenShape shape_;
-    bool takesLastPixel_ = false; ///< Of a slanted line: geometric pens one pixel wide
-    Dashes dashes_;               ///< In pixels along the longer axis; empty for a solid or a wide line
+    bool paintsAtOnce_ = false;
+    Dashes dashes_; ///< In pixels along the longer axis; empty for a solid or a wide line
     int dashLength_ = 0;
     std::int64_t dashStart_ = 0;
 };

@@ -40,14 +40,24 @@ BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
 } // namespace
 
 Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context_(context) {
-    if (!usesPattern(rop)) {
+    if (usesPattern(rop)) {
+        paintPattern(brush, rop);
+    } else {
         masks_ = masksOf(rop, 0);
-    } else if (brush.data.lbStyle == BS_NULL) {
+    }
+}
+
+Painter::Painter(DeviceContext& context, const Brush& brush) : context_(context) {
+    paintPattern(brush, rop3OfMode(context.state.rop2));
+}
+
+void Painter::paintPattern(const Brush& brush, Rop3 rop) {
+    if (brush.data.lbStyle == BS_NULL) {
         masks_ = leaveAlone;
-    } else if (isTiled(context, brush)) {
+    } else if (isTiled(context_, brush)) {
         makeTile(brush, rop);
     } else {
-        masks_ = masksOf(rop, pixelOf(context, solidColor(context, brush)));
+        masks_ = masksOf(rop, pixelOf(context_, solidColor(context_, brush)));
     }
 }
 

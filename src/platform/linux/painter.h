@@ -10,6 +10,8 @@ namespace platform::driver {
 class Painter {
 public:
     Painter(DeviceContext& context, const Brush& brush, Rop3 rop);
+    /// Under the context's drawing mode: what a brush leaves alone stays, whatever the mode does without it.
+    Painter(DeviceContext& context, const Brush& brush);
     /// A plain colour, given as the surface's pixel.
     Painter(DeviceContext& context, std::uint32_t pixel, Rop3 rop);
 
@@ -28,6 +30,7 @@ private:
         std::vector<Masks> masks;
     };
 
+    void paintPattern(const Brush& brush, Rop3 rop);
     void makeTile(const Brush& brush, Rop3 rop);
     void fillClipped(const RECT& r) const;
     void fillTiled(const RECT& r) const;

@@ -27,6 +27,7 @@ struct Piece {
     POINT fromLeft;
     POINT beforeFrom; ///< From the start backwards
     POINT afterTo;    ///< From the end onwards
+    POINT heldBack;   ///< From the end to where a joint begins: the last pixel of a straight piece
 
     Piece(POINT a, POINT b, int width) : from(a), to(b) {
         POINT right;
@@ -55,6 +56,7 @@ private:
                               : POINT{directionY > 0 ? after : -before, 0};
         beforeFrom = {-directionX * before, -directionY * before};
         afterTo = {directionX * before, directionY * before};
+        heldBack = {-directionX, -directionY};
     }
 
     void setSlanted(int width, POINT& right, POINT& left) {
@@ -141,9 +143,9 @@ private:
         if (turn == 0) return;
         // The gap opens on the outer side of the turn.
         const bool outerIsLeft = leftIsOuter(a, turn);
-        const POINT outerA = outerIsLeft ? a.toLeft : a.toRight;
+        const POINT outerA = sum(outerIsLeft ? a.toLeft : a.toRight, a.heldBack);
         const POINT outerB = leftIsOuter(b, turn) ? b.fromLeft : b.fromRight;
-        const POINT innerA = outerIsLeft ? a.toRight : a.toLeft;
+        const POINT innerA = sum(outerIsLeft ? a.toRight : a.toLeft, a.heldBack);
         const POINT innerB = leftIsOuter(b, turn) ? b.fromRight : b.fromLeft;
         addPolygon({b.from, outerA, outerB});
         addPolygon({innerA, outerA, outerB, innerB});
