@@ -147,9 +147,11 @@ private:
         const POINT outerB = leftIsOuter(b, turn) ? b.fromLeft : b.fromRight;
         const POINT innerA = sum(outerIsLeft ? a.toRight : a.toLeft, a.heldBack);
         const POINT innerB = leftIsOuter(b, turn) ? b.fromRight : b.fromLeft;
-        addPolygon({b.from, outerA, outerB});
-        addPolygon({innerA, outerA, outerB, innerB});
-        if (shape_.joint == PS_JOIN_MITER) addPoint(a, b, outerA, outerB);
+        // From the inner corners straight to the outer ones: the platform's order, in which two sides cross.
+        std::vector<POINT> corners{innerA, innerB, outerA};
+        if (shape_.joint == PS_JOIN_MITER) addTip(a, b, corners, outerB);
+        corners.push_back(outerB);
+        addPolygon(corners);
     }
 
     /// Whether the side called left lies away from where the line turns to.
@@ -161,7 +163,8 @@ private:
     }
 
     /// The point of a joint, where the outer edges meet, unless that lies too far out.
-    void addPoint(const Piece& a, const Piece& b, POINT outerA, POINT outerB) {
+    void addTip(const Piece& a, const Piece& b, std::vector<POINT>& corners, POINT outerB) {
+        const POINT outerA = corners.back();
         const double ax = a.to.x - a.from.x;
         const double ay = a.to.y - a.from.y;
         const double bx = b.to.x - b.from.x;
@@ -170,7 +173,7 @@ private:
         const POINT tip{static_cast<LONG>(std::floor(outerA.x + along * ax + half)),
                         static_cast<LONG>(std::floor(outerA.y + along * ay + half))};
         const double reach = std::hypot(tip.x - b.from.x, tip.y - b.from.y);
-        if (reach <= shape_.miterLimit * shape_.width / 2) addPolygon({b.from, outerA, tip, outerB});
+        if (reach <= shape_.miterLimit * shape_.width / 2) corners.push_back(tip);
     }
 
     const PenShape& shape_;
