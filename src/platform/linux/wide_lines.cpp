@@ -170,10 +170,12 @@ private:
         const double bx = b.to.x - b.from.x;
         const double by = b.to.y - b.from.y;
         const double along = ((outerB.x - outerA.x) * by - (outerB.y - outerA.y) * bx) / (ax * by - ay * bx);
-        const POINT tip{static_cast<LONG>(std::floor(outerA.x + along * ax + half)),
-                        static_cast<LONG>(std::floor(outerA.y + along * ay + half))};
-        const double reach = std::hypot(tip.x - b.from.x, tip.y - b.from.y);
-        if (reach <= shape_.miterLimit * shape_.width / 2) corners.push_back(tip);
+        const double x = outerA.x + along * ax;
+        const double y = outerA.y + along * ay;
+        const double reach = std::hypot(x - b.from.x, y - b.from.y);
+        if (reach <= shape_.miterLimit * shape_.width / 2)
+            corners.push_back(
+                {static_cast<LONG>(std::floor(x + half)), static_cast<LONG>(std::floor(y + half))});
     }
 
     const PenShape& shape_;
