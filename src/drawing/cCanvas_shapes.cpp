@@ -117,10 +117,7 @@ void cCanvas::DrawBox(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::in
 
 void cCanvas::FillBox(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
                       host::OLE_COLOR nRGB) {
-    const platform::RECT box = inclusive(x1, y1, x2, y2);
-    const platform::HBRUSH brush = platform::CreateSolidBrush(colorRef(nRGB));
-    platform::FillRect(nPaintDC, &box, brush);
-    platform::DeleteObject(brush);
+    platform::fillSolidRect(nPaintDC, inclusive(x1, y1, x2, y2), colorRef(nRGB));
 }
 
 std::int32_t cCanvas::FillRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
@@ -146,9 +143,7 @@ std::int32_t cCanvas::FloodFill(std::int32_t X, std::int32_t Y, host::OLE_COLOR 
 }
 
 void cCanvas::Clear() {
-    const platform::HBRUSH brush = platform::CreateSolidBrush(colorRef(nClearColor));
-    platform::FillRect(nPaintDC, &xPaintRect, brush);
-    platform::DeleteObject(brush);
+    platform::fillSolidRect(nPaintDC, xPaintRect, colorRef(nClearColor));
 }
 
 // --- Shapes ----------------------------------------------------------------------------------------

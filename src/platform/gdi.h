@@ -200,6 +200,8 @@ BOOL Polygon(HDC dc, const POINT* points, int count);
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
 /// Fills with a brush, without outline. A brush value up to COLOR_... + 1 stands for that system colour.
 int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
+/// The same with a solid brush that is made for this call.
+BOOL fillSolidRect(HDC dc, const RECT& rect, COLORREF color);
 /// An outline one pixel wide in a brush.
 int FrameRect(HDC dc, const RECT* rect, HBRUSH brush);
 BOOL InvertRect(HDC dc, const RECT* rect);

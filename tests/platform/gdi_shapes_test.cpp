@@ -192,6 +192,44 @@ TEST(Fills, LeaveOutTheRightAndBottomEdge) {
                              ".....\n");
 }
 
+TEST(Fills, OfEveryWidthTouchNothingBesideThem) {
+    constexpr int widest = 70, left = 3;
+    const Canvas canvas(widest + 2 * left, 4);
+    for (int width = 1; width <= widest; ++width) {
+        PatBlt(canvas.dc(), 0, 0, canvas.width(), canvas.height(), BLACKNESS);
+        ASSERT_TRUE(fillSolidRect(canvas.dc(), {left, 1, left + width, 3}, white));
+        for (int y = 0; y < canvas.height(); ++y)
+            for (int x = 0; x < canvas.width(); ++x) {
+                const bool inside = x >= left && x < left + width && y >= 1 && y < 3;
+                ASSERT_EQ(canvas.at(x, y), inside ? white : black) << width << ": " << x << ", " << y;
+            }
+    }
+}
+
+TEST(Fills, InAPlainColourAreThoseOfASolidBrush) {
+    constexpr COLORREF colors[] = {black, white, RGB(10, 200, 30), RGB(128, 128, 128), PALETTEINDEX(3)};
+    for (const int depth : {1, 4, 8, 16, 24, 32}) {
+        for (const COLORREF color : colors) {
+            const Canvas filled(9, 9, depth), expected(9, 9, depth);
+            const RECT box{7, 1, 2, 6}; // to the left
+            const HBRUSH brush = CreateSolidBrush(color);
+            EXPECT_EQ(fillSolidRect(filled.dc(), box, color), FillRect(expected.dc(), &box, brush));
+            DeleteObject(brush);
+            for (int y = 0; y < 9; ++y)
+                for (int x = 0; x < 9; ++x)
+                    ASSERT_EQ(filled.at(x, y), expected.at(x, y)) << depth << ": " << x << ", " << y;
+        }
+    }
+    EXPECT_FALSE(fillSolidRect(HDC(), {0, 0, 1, 1}, white));
+}
+
+TEST(Fills, InAPlainColourKeepNoBrush) {
+    const Canvas canvas(4, 4);
+    const DWORD before = GetGuiResources(GR_GDIOBJECTS);
+    fillSolidRect(canvas.dc(), {0, 0, 4, 4}, white);
+    EXPECT_EQ(GetGuiResources(GR_GDIOBJECTS), before);
+}
+
 TEST(Fills, FramesAreOnePixelWide) {
     const Canvas canvas(6, 5);
     const RECT rect{1, 1, 5, 4};

@@ -147,6 +147,7 @@ TEST(MetafilePlayed, FillsOperationsAndPixelsLookAsDrawn) {
         const RECT inner{10, 10, 50, 20};
         InvertRect(dc, &inner);
         FrameRect(dc, &inner, HBRUSH(GetStockObject(BLACK_BRUSH).value));
+        fillSolidRect(dc, {42, 4, 60, 12}, RGB(200, 100, 50));
         SetROP2(dc, R2_NOTXORPEN);
         Rectangle(dc, 20, 15, 60, 40);
         SetPixel(dc, 62, 46, RGB(1, 2, 3));

@@ -18,8 +18,7 @@ std::uint32_t nearestPixel(const DeviceContext& context, std::uint32_t color) {
 
 } // namespace
 
-std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color) {
-    if (isPlain32(*context.surface) && color <= colorBits) return pixelOfColor(color);
+std::uint32_t searchedPixelOf(const DeviceContext& context, COLORREF color) {
     return nearestPixel(context, pixelOfColor(plainColor(context, color)));
 }
 

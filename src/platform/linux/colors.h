@@ -2,6 +2,7 @@
 // From colours to the pixels of a context's surface and back.
 
 #include "platform/linux/device_context.h"
+#include "platform/linux/rows.h"
 
 namespace platform::driver {
 
@@ -17,8 +18,15 @@ constexpr COLORREF colorOfPixel32(std::uint32_t pixel) {
 /// colour of the table that matches, else the one that the background colour does not have.
 std::uint32_t pixelOf(const DeviceContext& context, COLORREF color);
 
+/// The nearest colour on a surface of any kind.
+std::uint32_t searchedPixelOf(const DeviceContext& context, COLORREF color);
+
 /// The same without regard to the background: the nearest colour that the context can draw with.
-std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color);
+inline std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color) {
+    constexpr COLORREF lastPlain = 0x00FFFFFF;
+    if (isPlain32(*context.surface) && color <= lastPlain) return pixelOfColor(color);
+    return searchedPixelOf(context, color);
+}
 
 /// The nearest pixel of the background colour.
 std::uint32_t backPixelOf(const DeviceContext& context);

@@ -1,6 +1,7 @@
 // Lines, rectangles, polygons and single pixels.
 
 #include "platform/gdi.h"
+#include "platform/linux/brush_pixels.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/lines.h"
 #include "platform/linux/metafile_recorder.h"
@@ -60,6 +61,17 @@ RECT insideOf(RECT r, const Stroke& stroke) {
 /// The way round an outline, on which dashes begin at the top right and run to the left.
 std::array<POINT, 4> cornersOf(const RECT& r) {
     return {POINT{r.right, r.top}, {r.left, r.top}, {r.left, r.bottom}, {r.right, r.bottom}};
+}
+
+/// Sets a pixel and gives its value; nothing outside the clipping.
+std::optional<std::uint32_t> setPixel(DeviceContext& context, POINT at, COLORREF color) {
+    if (context.recorder) context.recorder->pixel(at, color);
+    const POINT p = context.toSurface(at);
+    if (!context.drawable().contains(p)) return {};
+    const std::uint32_t pixel = nearestPixelOf(context, color);
+    // The drawing mode counts as for a pen.
+    maskPixel(*context.surface, p.x, p.y, masksOfMode(context.state.rop2, pixel));
+    return pixel;
 }
 
 /// Fills the frame of one logical unit inside a rectangle.
@@ -128,7 +140,12 @@ BOOL GetCurrentPositionEx(HDC dc, POINT* position) {
 
 BOOL LineTo(HDC dc, int x, int y) {
     const POINT end{x, y};
-    return PolylineTo(dc, &end, 1);
+    DeviceContext* context = find<DeviceContext>(dc);
+    const std::optional<Masks> ink = context ? plainInk(*context) : std::nullopt;
+    if (!ink) return PolylineTo(dc, &end, 1);
+    drawPlainLine(*context, context->toSurface(context->state.position), context->toSurface(end), *ink);
+    context->state.position = end;
+    return TRUE_;
 }
 
 BOOL Polyline(HDC dc, const POINT* points, int count) {
@@ -214,6 +231,19 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
     return TRUE_;
 }
 
+BOOL fillSolidRect(HDC dc, const RECT& rect, COLORREF color) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    if (context->recorder || isDithered(*context, color)) {
+        const HBRUSH brush = CreateSolidBrush(color);
+        const BOOL filled = FillRect(dc, &rect, brush);
+        DeleteObject(brush);
+        return filled;
+    }
+    maskClipped(*context, patternBox(*context, rect), {0, pixelOf(*context, color)});
+    return TRUE_;
+}
+
 int FrameRect(HDC dc, const RECT* rect, HBRUSH handle) {
     DeviceContext* context = find<DeviceContext>(dc);
     const CallBrush brush(handle);
@@ -246,18 +276,14 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect) {
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return CLR_INVALID;
-    if (context->recorder) context->recorder->pixel({x, y}, color);
-    const POINT p = context->toSurface(POINT{x, y});
-    if (!context->drawable().contains(p)) return CLR_INVALID;
-    const std::uint32_t pixel = nearestPixelOf(*context, color);
-    // The drawing mode counts as for a pen.
-    maskPixel(*context->surface, p.x, p.y, masksOf(rop3OfMode(context->state.rop2), pixel));
-    return colorOfPixel(*context, pixel);
+    const std::optional<std::uint32_t> pixel = setPixel(*context, {x, y}, color);
+    return pixel ? colorOfPixel(*context, *pixel) : CLR_INVALID;
 }
 
 BOOL SetPixelV(HDC dc, int x, int y, COLORREF color) {
-    if (!find<DeviceContext>(dc)) return FALSE_;
-    SetPixel(dc, x, y, color);
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return FALSE_;
+    setPixel(*context, {x, y}, color);
     return TRUE_;
 }
 

@@ -1,80 +1,73 @@
 #include "platform/linux/handle_table.h"
 
 #include <array>
-#include <deque>
-#include <vector>
 
 namespace platform::driver {
 
+constinit std::array<Object*, slotLimit> slotObjects{};
+
 namespace {
 
-constexpr std::uint32_t slotBits = 16;
-constexpr std::uint32_t slotMask = (1u << slotBits) - 1;
-constexpr std::size_t slotLimit = 1u << slotBits;
-constexpr std::size_t minimumFreeSlots = 256; ///< Freed slots rest so long that generations wrap slowly
+constexpr std::uint32_t slotMask = slotLimit - 1;
+constexpr std::uint32_t minimumFreeSlots = 256; ///< Freed slots rest so long that generations wrap slowly
 constexpr std::size_t kindCount = static_cast<std::size_t>(HandleKind::Icon) + 1;
 
 constexpr std::array<const char*, kindCount> kindNames = {
     "None", "DeviceContext", "Bitmap", "Brush", "Pen", "Font", "Region", "Palette", "MetaFile", "Icon"};
 
-struct Slot {
-    std::unique_ptr<Object> object;
-    std::uint16_t generation = 1;
-};
-
-struct Table {
-    std::vector<Slot> slots;
-    std::deque<std::uint32_t> freeSlots;
-    std::array<std::uint32_t, kindCount> counts{};
-};
-
-Table& table() {
-    // Never destroyed: contexts of windows may be released during the program's last moments.
-    static Table* const instance = new Table;
-    return *instance;
-}
-
-std::uint32_t takeSlot(Table& t) {
-    if (t.slots.size() < slotLimit && t.freeSlots.size() < minimumFreeSlots) {
-        t.slots.emplace_back();
-        return static_cast<std::uint32_t>(t.slots.size() - 1);
+/// The freed slots in the order in which they were freed.
+class FreeSlots {
+public:
+    std::uint32_t count() const { return count_; }
+    void add(std::uint32_t slot) {
+        slots_[(first_ + count_++) & slotMask] = static_cast<std::uint16_t>(slot);
     }
-    if (t.freeSlots.empty()) return slotLimit;
-    const std::uint32_t slot = t.freeSlots.front();
-    t.freeSlots.pop_front();
-    return slot;
+    std::uint32_t take() {
+        --count_;
+        return slots_[first_++ & slotMask];
+    }
+
+private:
+    std::array<std::uint16_t, slotLimit> slots_{};
+    std::uint32_t first_ = 0;
+    std::uint32_t count_ = 0;
+};
+
+constinit std::uint32_t usedSlots = 0; ///< Those that ever had an object
+constinit FreeSlots freeSlots;
+constinit std::array<std::uint16_t, slotLimit> lastGenerations{};
+constinit std::array<std::uint32_t, kindCount> counts{};
+
+std::uint32_t takeSlot() {
+    if (usedSlots < slotLimit && freeSlots.count() < minimumFreeSlots) return usedSlots++;
+    return freeSlots.count() == 0 ? slotLimit : freeSlots.take();
 }
 
-void destroy(Object& object) {
-    Table& t = table();
-    const std::uint32_t index = object.handle & slotMask;
-    Slot& slot = t.slots[index];
-    --t.counts[static_cast<std::size_t>(object.kind)];
-    if (++slot.generation == 0) slot.generation = 1;
-    t.freeSlots.push_back(index);
-    // The destructor may release other objects and so change the table; the slot is done with by then.
-    const std::unique_ptr<Object> last = std::move(slot.object);
+/// The slot's next generation, which is never 0.
+std::uint32_t nextGeneration(std::uint32_t slot) {
+    std::uint16_t& generation = lastGenerations[slot];
+    if (++generation == 0) generation = 1;
+    return generation;
 }
 
 } // namespace
 
 std::uint32_t addObject(std::unique_ptr<Object> object) {
-    Table& t = table();
-    const std::uint32_t index = takeSlot(t);
-    if (index == slotLimit) return 0;
-    Slot& slot = t.slots[index];
-    object->handle = static_cast<std::uint32_t>(slot.generation) << slotBits | index;
-    if (!object->stock) ++t.counts[static_cast<std::size_t>(object->kind)];
-    slot.object = std::move(object);
-    return slot.object->handle;
+    const std::uint32_t slot = takeSlot();
+    if (slot == slotLimit) return 0;
+    object->handle = nextGeneration(slot) << slotBits | slot;
+    if (!object->stock) ++counts[static_cast<std::size_t>(object->kind)];
+    slotObjects[slot] = object.release();
+    return slotObjects[slot]->handle;
 }
 
-Object* findObject(std::uint32_t handle) {
-    Table& t = table();
-    const std::uint32_t index = handle & slotMask;
-    if (index >= t.slots.size()) return nullptr;
-    Slot& slot = t.slots[index];
-    return slot.object && slot.object->handle == handle ? slot.object.get() : nullptr;
+void destroyObject(Object& object) {
+    const std::uint32_t slot = object.handle & slotMask;
+    --counts[static_cast<std::size_t>(object.kind)];
+    slotObjects[slot] = nullptr;
+    freeSlots.add(slot);
+    // The destructor may end other objects; this one's slot is done with by then.
+    const std::unique_ptr<Object> last(&object);
 }
 
 void deleteObject(Object& object) {
@@ -82,25 +75,17 @@ void deleteObject(Object& object) {
     if (object.selections > 0) {
         object.dying = true;
     } else {
-        destroy(object);
+        destroyObject(object);
     }
 }
 
-void retainObject(Object& object) {
-    ++object.selections;
-}
-
-void releaseObject(Object& object) {
-    if (--object.selections == 0 && object.dying) destroy(object);
-}
-
 std::uint32_t handleCount(HandleKind kind) {
-    return table().counts[static_cast<std::size_t>(kind)];
+    return counts[static_cast<std::size_t>(kind)];
 }
 
 std::uint32_t handleCount() {
     std::uint32_t sum = 0;
-    for (const std::uint32_t count : table().counts)
+    for (const std::uint32_t count : counts)
         sum += count;
     return sum;
 }
@@ -108,7 +93,7 @@ std::uint32_t handleCount() {
 std::string describeHandles() {
     std::string text;
     for (std::size_t kind = 0; kind < kindCount; ++kind) {
-        const std::uint32_t count = table().counts[kind];
+        const std::uint32_t count = counts[kind];
         if (count == 0) continue;
         if (!text.empty()) text += ", ";
         text += std::string(kindNames[kind]) + " " + std::to_string(count);

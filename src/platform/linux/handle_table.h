@@ -6,6 +6,7 @@
 #include "platform/linux/handles.h"
 #include "platform/types.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -58,8 +59,18 @@ private:
 /// Enters an object; 0 when the table is full.
 std::uint32_t addObject(std::unique_ptr<Object> object);
 
+inline constexpr std::uint32_t slotBits = 16;
+inline constexpr std::uint32_t slotLimit = 1u << slotBits;
+
+/// The objects by their slots; null where there is none. Every handle names a slot of these, so that looking
+/// one up takes no test of its range.
+extern std::array<Object*, slotLimit> slotObjects;
+
 /// The object of a live handle, or null.
-Object* findObject(std::uint32_t handle);
+inline Object* findObject(std::uint32_t handle) {
+    Object* object = slotObjects[handle & (slotLimit - 1)];
+    return object && object->handle == handle ? object : nullptr;
+}
 
 /// The object of a live handle of the right kind, or null.
 template <class Type, class Kind>
@@ -71,8 +82,15 @@ Type* find(Handle<Kind> handle) {
 /// Deletes the object now, or marks it when it is selected. Stock objects stay.
 void deleteObject(Object& object);
 
+/// Ends an object that nothing selects any more.
+void destroyObject(Object& object);
+
 /// Counts a selection, and ends one: a dying object goes with its last selection.
-void retainObject(Object& object);
-void releaseObject(Object& object);
+inline void retainObject(Object& object) {
+    ++object.selections;
+}
+inline void releaseObject(Object& object) {
+    if (--object.selections == 0 && object.dying) destroyObject(object);
+}
 
 } // namespace platform::driver

@@ -99,48 +99,143 @@ Range offsetsWithin(int start, int direction, int low, int high) {
     return {std::int64_t{start} - high + 1, std::int64_t{start} - low + 1};
 }
 
-/// Visits the pixels of a line that lie in `clip`, without the last one: visit(x, y, step), steps counted
-/// from the start along the longer axis.
-template <class Visit>
-void walk(POINT from, POINT to, const RECT& clip, Visit visit) {
-    const int dx = std::abs(to.x - from.x);
-    const int dy = std::abs(to.y - from.y);
-    const int stepX = to.x >= from.x ? 1 : -1;
-    const int stepY = to.y >= from.y ? 1 : -1;
-    const bool wide = dx >= dy;
-    const Steps steps{wide ? dx : dy, wide ? dy : dx, (wide ? stepY : stepX) > 0 ? 1 : 0};
-    if (steps.major == 0) return;
-    const Range inX = offsetsWithin(from.x, stepX, clip.left, clip.right);
-    const Range inY = offsetsWithin(from.y, stepY, clip.top, clip.bottom);
-    const Range major = wide ? inX : inY;
-    const Range minor = wide ? inY : inX;
-    if (minor.last <= 0) return;
-    const std::int64_t first = std::max({std::int64_t{0}, major.first, steps.firstAt(minor.first)});
-    const std::int64_t last = std::min(steps.major, major.last);
-    for (std::int64_t i = first; i < last; ++i) {
-        const std::int64_t across = steps.minorAt(i);
-        if (across >= minor.last) break;
-        const int along = static_cast<int>(i);
-        const int side = static_cast<int>(across);
-        visit(from.x + stepX * (wide ? along : side), from.y + stepY * (wide ? side : along), i);
+/// The pixels of a line inside a clip, without its last one: a range of its steps along the longer axis.
+class SteppedLine {
+public:
+    SteppedLine(POINT from, POINT to, const RECT& clip) : from_(from) {
+        const int dx = std::abs(to.x - from.x);
+        const int dy = std::abs(to.y - from.y);
+        stepX_ = to.x >= from.x ? 1 : -1;
+        stepY_ = to.y >= from.y ? 1 : -1;
+        wide_ = dx >= dy;
+        steps_ = {wide_ ? dx : dy, wide_ ? dy : dx, (wide_ ? stepY_ : stepX_) > 0 ? 1 : 0};
+        if (steps_.major == 0) return;
+        const Range inX = offsetsWithin(from.x, stepX_, clip.left, clip.right);
+        const Range inY = offsetsWithin(from.y, stepY_, clip.top, clip.bottom);
+        const Range major = wide_ ? inX : inY;
+        const Range minor = wide_ ? inY : inX;
+        if (minor.last <= 0) return;
+        first_ = std::max({std::int64_t{0}, major.first, steps_.firstAt(minor.first)});
+        last_ = std::min(steps_.major, major.last);
+        if (steps_.minor > 0) last_ = std::min(last_, steps_.firstAt(minor.last));
+    }
+
+    /// Calls `plot(x, y, step)` for each pixel.
+    template <class Plot>
+    void each(Plot plot) const {
+        if (first_ >= last_) return;
+        const std::int64_t whole = 2 * steps_.major;
+        std::int64_t side = steps_.minorAt(first_);
+        std::int64_t rest = 2 * steps_.minor * first_ + steps_.major - steps_.tie - side * whole;
+        for (std::int64_t step = first_; step < last_; ++step) {
+            const int along = static_cast<int>(step);
+            const int across = static_cast<int>(side);
+            plot(from_.x + stepX_ * (wide_ ? along : across), from_.y + stepY_ * (wide_ ? across : along),
+                 step);
+            rest += 2 * steps_.minor;
+            if (rest >= whole) {
+                rest -= whole;
+                ++side;
+            }
+        }
+    }
+
+    /// Sets the pixels of a surface of 32 bits.
+    void fill32(const Surface& surface, std::uint32_t value) const {
+        if (first_ >= last_) return;
+        const std::int64_t side = steps_.minorAt(first_);
+        const std::ptrdiff_t pixel = std::ptrdiff_t{4} * stepX_;
+        const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(surface.stride) * stepY_;
+        const std::ptrdiff_t along = wide_ ? pixel : row;
+        const std::ptrdiff_t across = wide_ ? row : pixel;
+        std::uint8_t* at = surface.bits + (std::ptrdiff_t{surface.stride} * from_.y +
+                                           std::ptrdiff_t{4} * from_.x + along * first_ + across * side);
+        // Coordinates are bounded so that these fit.
+        const int whole = static_cast<int>(2 * steps_.major);
+        const int part = static_cast<int>(2 * steps_.minor);
+        int rest = static_cast<int>(2 * steps_.minor * first_ + steps_.major - steps_.tie - side * whole);
+        for (std::int64_t left = last_ - first_; left > 0; --left) {
+            *reinterpret_cast<std::uint32_t*>(at) = value;
+            rest += part;
+            const bool over = rest >= whole;
+            at += along + (over ? across : 0);
+            rest -= over ? whole : 0;
+        }
+    }
+
+private:
+    POINT from_;
+    int stepX_ = 1;
+    int stepY_ = 1;
+    bool wide_ = true; ///< The longer axis is x
+    Steps steps_{0, 0, 0};
+    std::int64_t first_ = 0;
+    std::int64_t last_ = 0; ///< Not included
+};
+
+/// The box of a line with both ends.
+RECT boxOf(POINT from, POINT to) {
+    return {std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
+            std::max(from.y, to.y) + 1};
+}
+
+void drawSlanted(DeviceContext& context, POINT from, POINT to, Masks ink) {
+    const Surface& surface = *context.surface;
+    const bool isSet = surface.bitsPerPixel == 32 && ink.keep == 0;
+    const RECT box = boxOf(from, to);
+    for (const RECT& clip : context.drawable().rectangles()) {
+        if (isEmpty(intersection(box, clip))) continue;
+        const SteppedLine line(from, to, clip);
+        if (isSet) {
+            line.fill32(surface, ink.flip);
+        } else {
+            line.each([&](int x, int y, std::int64_t) { maskPixel(surface, x, y, ink); });
+        }
     }
 }
 
+COLORREF penColor(const DeviceContext& context, const Pen& pen) {
+    const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
+    return isDcPen ? context.state.dcPenColor : pen.data.lopnColor;
+}
+
 } // namespace
+
+std::optional<Masks> plainInk(const DeviceContext& context) {
+    const Pen& pen = context.pen();
+    const bool isPlain = pen.data.lopnStyle == static_cast<UINT>(PS_SOLID) && !pen.extended &&
+                         !context.recorder && !context.state.path.isOpen();
+    if (!isPlain) return {};
+    const LONG width = pen.data.lopnWidth.x;
+    const Mapping& mapping = context.state.mapping;
+    const bool isThin = width == 0 || (mapping.isUnscaled() ? width == 1 : mapping.widthOnDevice(width) <= 1);
+    if (!isThin) return {};
+    return masksOfMode(context.state.rop2, pixelOf(context, penColor(context, pen)));
+}
+
+void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
+    if (from.y == to.y) {
+        const auto [left, right] = to.x > from.x ? std::pair(from.x, to.x) : std::pair(to.x + 1, from.x + 1);
+        maskClipped(context, {left, from.y, right, from.y + 1}, ink);
+    } else if (from.x == to.x) {
+        const auto [top, bottom] = to.y > from.y ? std::pair(from.y, to.y) : std::pair(to.y + 1, from.y + 1);
+        maskClipped(context, {from.x, top, from.x + 1, bottom}, ink);
+    } else {
+        drawSlanted(context, from, to, ink);
+    }
+}
 
 Stroke::Stroke(DeviceContext& context) : context_(context) {
     const Pen& pen = context.pen();
     const ContextState& state = context.state;
     style_ = static_cast<int>(pen.data.lopnStyle);
     width_ = std::max(1, state.mapping.widthOnDevice(pen.data.lopnWidth.x));
-    const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
-    const Rop3 rop = rop3OfMode(state.rop2);
-    const COLORREF color = isDcPen ? state.dcPenColor : pen.data.lopnColor;
-    const std::uint32_t ink = pixelOf(context, color);
+    const std::uint32_t ink = pixelOf(context, penColor(context, pen));
     // On 1 bit the gaps show the other colour, also where the background is nearer to the pen's.
-    const bool isOther = context.surface->bitsPerPixel == 1 && color != state.backColor;
-    ink_ = masksOf(rop, ink);
-    gap_ = state.backMode == OPAQUE ? masksOf(rop, isOther ? ~ink : backPixelOf(context)) : leaveAlone;
+    const bool isOther = context.surface->bitsPerPixel == 1 && penColor(context, pen) != state.backColor;
+    ink_ = masksOfMode(state.rop2, ink);
+    gap_ = state.backMode == OPAQUE ? masksOfMode(state.rop2, isOther ? ~ink : backPixelOf(context))
+                                    : leaveAlone;
     shape_ = shapeOf(pen, width_, state.miterLimit);
     paintsAtOnce_ = pen.isGeometric() || width_ > 1;
     if (width_ == 1) dashes_ = pen.isGeometric() ? shape_.dashes : dashesOf(pen);
@@ -198,7 +293,7 @@ Region Stroke::thinRegion(std::span<const POINT> points, bool closed) const {
     const RECT bounds = context_.drawable().bounds();
     std::int64_t length = 0;
     const auto add = [&](POINT from, POINT to) {
-        walk(from, to, bounds, [&](int x, int y, std::int64_t step) {
+        SteppedLine(from, to, bounds).each([&](int x, int y, std::int64_t step) {
             if (isInk(length + step)) pixels.push_back({x, y, x + 1, y + 1});
         });
         length += std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
@@ -229,32 +324,18 @@ std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
 }
 
 void Stroke::drawThin(POINT from, POINT to) {
-    const int dx = std::abs(to.x - from.x);
-    const int dy = std::abs(to.y - from.y);
-    const RECT box{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
-                   std::max(from.y, to.y) + 1};
-    const bool isStraight = (dx == 0 || dy == 0) && dashes_.empty();
-    if (isStraight && (dx > 0 || dy > 0)) {
-        RECT r = box;
-        if (dy == 0) (to.x > from.x ? r.right : r.left) += to.x > from.x ? -1 : 1;
-        if (dx == 0) (to.y > from.y ? r.bottom : r.top) += to.y > from.y ? -1 : 1;
-        straight(r);
-    } else if (!isStraight) {
-        for (const RECT& clip : context_.drawable().rectangles())
-            if (!isEmpty(intersection(box, clip))) slanted(from, to, clip);
+    if (dashes_.empty()) {
+        drawPlainLine(context_, from, to, ink_);
+        return;
     }
-    dashStart_ += std::max(dx, dy);
+    const RECT box = boxOf(from, to);
+    for (const RECT& clip : context_.drawable().rectangles())
+        if (!isEmpty(intersection(box, clip))) drawDashed(from, to, clip);
+    dashStart_ += std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
 }
 
-void Stroke::straight(const RECT& r) const {
-    for (const RECT& clip : context_.drawable().rectangles()) {
-        const RECT part = intersection(r, clip);
-        if (!isEmpty(part)) maskRectangle(*context_.surface, part, ink_);
-    }
-}
-
-void Stroke::slanted(POINT from, POINT to, const RECT& clip) const {
-    walk(from, to, clip, [this](int x, int y, std::int64_t step) {
+void Stroke::drawDashed(POINT from, POINT to, const RECT& clip) const {
+    SteppedLine(from, to, clip).each([this](int x, int y, std::int64_t step) {
         maskPixel(*context_.surface, x, y, isInk(dashStart_ + step) ? ink_ : gap_);
     });
 }
@@ -272,7 +353,7 @@ void Stroke::paint(const Region& region) const {
     const Pen& pen = context_.pen();
     if (!pen.isGeometric()) {
         for (const RECT& r : region.rectangles())
-            straight(r);
+            maskClipped(context_, r, ink_);
         return;
     }
     Brush brush;

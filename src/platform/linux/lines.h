@@ -9,6 +9,13 @@
 
 namespace platform::driver {
 
+/// What the current pen does to pixels when a drawing of lines can do with that: it is solid and a pixel
+/// wide, as most are, and no path or metafile takes the lines. Nothing for all others.
+std::optional<Masks> plainInk(const DeviceContext& context);
+
+/// A line of such ink in surface coordinates, without its last pixel.
+void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink);
+
 /// A pen made ready for one drawing: its colour as masks, its dashes and its width.
 class Stroke {
 public:
@@ -38,8 +45,7 @@ public:
 private:
     void drawThin(POINT from, POINT to);
     void paint(const Region& region) const;
-    void straight(const RECT& r) const;
-    void slanted(POINT from, POINT to, const RECT& clip) const;
+    void drawDashed(POINT from, POINT to, const RECT& clip) const;
     /// Whether a pixel at a length from the first point belongs to a dash.
     bool isInk(std::int64_t length) const;
     Region regionOf(std::span<const POINT> points, bool closed) const;

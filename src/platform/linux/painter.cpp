@@ -39,6 +39,13 @@ BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
 
 } // namespace
 
+void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
+    for (const RECT& clip : context.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        if (!isEmpty(part)) maskRectangle(*context.surface, part, masks);
+    }
+}
+
 Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context_(context) {
     if (usesPattern(rop)) {
         paintPattern(brush, rop);
@@ -79,19 +86,15 @@ void Painter::makeTile(const Brush& brush, Rop3 rop) {
 }
 
 void Painter::fill(const RECT& r) const {
-    if (isEmpty(r) || paintsNothing()) return;
-    for (const RECT& clip : context_.drawable().rectangles()) {
-        const RECT part = intersection(r, clip);
-        if (!isEmpty(part)) fillClipped(part);
-    }
-}
-
-void Painter::fillClipped(const RECT& r) const {
-    if (tile_) {
-        fillTiled(r);
+    if (paintsNothing()) return;
+    if (!tile_) {
+        maskClipped(context_, r, masks_);
         return;
     }
-    maskRectangle(*context_.surface, r, masks_);
+    for (const RECT& clip : context_.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        if (!isEmpty(part)) fillTiled(part);
+    }
 }
 
 void Painter::fillTiled(const RECT& r) const {

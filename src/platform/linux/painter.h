@@ -6,6 +6,9 @@
 
 namespace platform::driver {
 
+/// Changes a rectangle of the context's surface by masks, as far as it may be drawn on.
+void maskClipped(DeviceContext& context, const RECT& r, Masks masks);
+
 /// A brush made ready for the surface of one context and one operation without source.
 class Painter {
 public:
@@ -32,7 +35,6 @@ private:
 
     void paintPattern(const Brush& brush, Rop3 rop);
     void makeTile(const Brush& brush, Rop3 rop);
-    void fillClipped(const RECT& r) const;
     void fillTiled(const RECT& r) const;
 
     DeviceContext& context_;

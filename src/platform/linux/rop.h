@@ -40,6 +40,11 @@ inline constexpr Masks leaveAlone{};
 /// The masks of an operation without source for one pattern pixel.
 Masks masksOf(Rop3 rop, std::uint32_t pattern);
 
+/// The same for a drawing mode R2_...
+inline Masks masksOfMode(int rop2, std::uint32_t pattern) {
+    return rop2 == R2_COPYPEN ? Masks{0, pattern} : masksOf(rop3OfMode(rop2), pattern);
+}
+
 /// Applies masks to a row of 32-bit pixels, or to the bits `from` to `to` (not included) of a 1-bit row.
 void applyMasks(std::uint32_t* row, std::size_t count, Masks masks);
 void applyMasksToBits(std::uint8_t* row, int from, int to, Masks masks);

@@ -1,5 +1,7 @@
 #include "platform/linux/rows.h"
 
+#include "platform/linux/fill32.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -78,16 +80,6 @@ void putValue(std::uint8_t* row, int bitsPerPixel, int x, std::uint32_t value) {
     }
 }
 
-/// Fills one row and copies it to the others, which is the fastest at any width.
-void fillRectangle(const Surface& surface, const RECT& r, std::uint32_t value) {
-    if (r.top >= r.bottom) return;
-    const std::size_t count = static_cast<std::size_t>(r.right - r.left);
-    const std::uint32_t* first = row32(surface, r.top) + r.left;
-    std::fill_n(row32(surface, r.top) + r.left, count, value);
-    for (int y = r.top + 1; y < r.bottom; ++y)
-        std::memcpy(row32(surface, y) + r.left, first, count * sizeof *first);
-}
-
 /// The last colour of a row is mostly the next one too: it is translated once.
 template <class Translate>
 void translateRow(std::uint32_t* pixels, int count, Translate translate) {
@@ -136,7 +128,9 @@ void writeValues(const Surface& surface, int x, int y, int count, const std::uin
 
 void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
     if (surface.bitsPerPixel == 32 && masks.keep == 0) {
-        fillRectangle(surface, r, masks.flip);
+        if (r.top < r.bottom)
+            fillPixels(row32(surface, r.top) + r.left, surface.stride, r.right - r.left, r.bottom - r.top,
+                       masks.flip);
         return;
     }
     for (int y = r.top; y < r.bottom; ++y) {
@@ -156,6 +150,11 @@ void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
 
 void maskPixel(const Surface& surface, int x, int y, Masks masks) {
     std::uint8_t* row = rowOf(surface, y);
+    if (surface.bitsPerPixel == 32) {
+        std::uint32_t& pixel = reinterpret_cast<std::uint32_t*>(row)[x];
+        pixel = (pixel & masks.keep) ^ masks.flip;
+        return;
+    }
     const std::uint32_t value = valueIn(row, surface.bitsPerPixel, x);
     putValue(row, surface.bitsPerPixel, x, (value & masks.keep) ^ masks.flip);
 }

@@ -41,6 +41,13 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
     return ::FillRect(native(dc), as<::RECT>(rect), native(brush));
 }
 
+BOOL fillSolidRect(HDC dc, const RECT& rect, COLORREF color) {
+    const HBRUSH brush = CreateSolidBrush(color);
+    const BOOL filled = FillRect(dc, &rect, brush);
+    DeleteObject(brush);
+    return filled;
+}
+
 int FrameRect(HDC dc, const RECT* rect, HBRUSH brush) {
     return ::FrameRect(native(dc), as<::RECT>(rect), native(brush));
 }
