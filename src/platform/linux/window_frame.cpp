@@ -80,8 +80,9 @@ int hitSizingEdge(const RECT& frame, POINT p, int border) {
     return Hits[row][column];
 }
 
+/// In one colour that the display has: lines of a pixel and letters would be lost in a mixture.
 void fill(HDC dc, const RECT& r, COLORREF color) {
-    const HBRUSH brush = CreateSolidBrush(color);
+    const HBRUSH brush = CreateSolidBrush(GetNearestColor(dc, color));
     FillRect(dc, &r, brush);
     DeleteObject(brush);
 }
