@@ -97,16 +97,15 @@ bool cCanvas::makeSurface(platform::HDC reference) {
 
 bool cCanvas::Configure(platform::HDC newTargetDC, std::int32_t left, std::int32_t top, std::int32_t width,
                         std::int32_t height, DCProviderConstants provider, bool isStatic) {
-    const bool ownedSurface = nHDC_Provider == DCProvider_Auto;
     noteSize(width, height);
     nLeft = left;
     nTop = top;
-    nHDC_Provider = provider;
     lStatic_HDC_Target = isStatic;
     const platform::HDC reference = isStatic ? newTargetDC : platform::GetDC({});
-    // A control may set its canvas up before it has a window.
+    // A control may set its canvas up before it has a window. The context stays what it was, and whose.
     if (!reference) return true;
-    if (ownedSurface) releaseSurface();
+    if (nHDC_Provider == DCProvider_Auto) releaseSurface();
+    nHDC_Provider = provider;
     nTargetDC = reference;
     lPaintDCReleased = false;
     bool made = true;

@@ -142,8 +142,9 @@ std::int32_t cCanvas::AlphaBlend(platform::HDC nHSourceDC, std::int32_t nX, std:
     const platform::BLENDFUNCTION blend{platform::AC_SRC_OVER, 0, nTransparencia, 0};
     const std::int32_t sourceWidth = nSrcWidth ? nSrcWidth : width;
     const std::int32_t sourceHeight = nSrcHeight ? nSrcHeight : height;
-    return platform::AlphaBlend(nPaintDC, nX, nY, width - 1, height - 1, nHSourceDC, nXSrc, nYSrc,
-                                sourceWidth - 1, sourceHeight - 1, blend);
+    const auto withoutLast = [](std::int32_t size) { return saturatingSum(size, -1); };
+    return platform::AlphaBlend(nPaintDC, nX, nY, withoutLast(width), withoutLast(height), nHSourceDC, nXSrc,
+                                nYSrc, withoutLast(sourceWidth), withoutLast(sourceHeight), blend);
 }
 
 host::OLE_COLOR cCanvas::CalculateColorMix(host::OLE_COLOR nColor1, host::OLE_COLOR nColor2,

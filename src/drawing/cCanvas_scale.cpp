@@ -21,8 +21,8 @@ int placeOf(std::int32_t unit) {
 
 using Converter = double (*)(double v, double P);
 
-/// A length `v` at `P` pixels per inch. The first five units of millimetres and centimetres, and pixels and
-/// points of himetric, are reckoned through pixels without being divided back: applications count on it.
+/// A length `v` at `P` pixels per inch. Millimetres and centimetres become twips and points by way of pixels,
+/// himetric becomes points so, and are not divided back: applications count on it.
 constexpr Converter table[unitCount][unitCount] = {
     // twips
     {[](double v, double) { return v; }, //

@@ -191,7 +191,8 @@ void cCanvas::TextOutWithBorder(std::int32_t nX, std::int32_t nY, const String& 
     const AnsiText text(cText);
     SetTextColor(nBorderColor);
     for (const platform::POINT& neighbour : neighbours)
-        platform::TextOutA(nPaintDC, nX + neighbour.x, nY + neighbour.y, text.data(), text.length());
+        platform::TextOutA(nPaintDC, saturatingSum(nX, neighbour.x), saturatingSum(nY, neighbour.y),
+                           text.data(), text.length());
     SetTextColor(nTextColor);
     platform::TextOutA(nPaintDC, nX, nY, text.data(), text.length());
 }

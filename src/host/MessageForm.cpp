@@ -31,6 +31,15 @@ const std::vector<MsgBoxResult>& buttonSet(MsgBoxStyle style) {
     return Sets[set < std::size(Sets) ? set : 0];
 }
 
+/// The sign beside the text. A message that there is no memory for its sign is shown without.
+automation::Ref<Picture> signOf(MsgBoxStyle style, platform::COLORREF ground) {
+    try {
+        return dialogIcon(style, ground);
+    } catch (const automation::Error&) {
+        return {};
+    }
+}
+
 std::size_t defaultButton(MsgBoxStyle style) {
     constexpr int DefaultShift = 8;
     constexpr int DefaultBits = 3;
@@ -46,7 +55,7 @@ MessageForm::MessageForm(const automation::String& prompt, MsgBoxStyle style, co
     StartUpPosition(host::StartUpPosition::CenterScreen);
     ScaleMode(host::ScaleMode::Pixels);
     KeyPreview(true);
-    sign_ = dialogIcon(style, rgbFromOle(BackColor()));
+    sign_ = signOf(style, rgbFromOle(BackColor()));
     text_ = &add<Label>(u"Text");
     for (const MsgBoxResult result : buttonSet(style)) {
         auto& button = add<DialogButton>(u"Button", static_cast<short>(choices_.size()));

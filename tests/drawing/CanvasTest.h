@@ -23,6 +23,11 @@ protected:
 
     std::int32_t at(std::int32_t x, std::int32_t y) const { return canvas->GetPixel(x, y); }
 
+    /// What the canvas's context has selected.
+    platform::HGDIOBJ current(platform::DWORD kind) const {
+        return platform::GetCurrentObject(canvas->GetPaintDC(), kind);
+    }
+
     /// A part of the canvas: "." black, "#" white, "R", "G", "B" and "Y" for the colours above, "+" others.
     std::string picture(std::int32_t width, std::int32_t height) const {
         std::string result;

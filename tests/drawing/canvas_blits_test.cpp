@@ -7,6 +7,8 @@
 #include "support/Canvas.h"
 #include "support/LibraryLog.h"
 
+#include <limits>
+
 using namespace tesela;
 using namespace tests;
 using platform::HDC;
@@ -55,7 +57,7 @@ TEST_F(cCanvas_Blits, StretchBltTakesTheTargetsSizeForAMissingSourceSize) {
 }
 
 TEST_F(cCanvas_Blits, DibStretchBltPaintsThroughItsBits) {
-    for (const int bits : {32, 1}) {
+    for (const int bits : {32, 24, 16, 8, 4, 1}) {
         const test::Canvas picture1(9, 5, bits);
         for (int y = 0; y < 5; ++y)
             for (int x = 0; x < 9; ++x)
@@ -118,11 +120,30 @@ TEST_F(cCanvas_Blits, AlphaBlendMixesAllButTheLastRowAndColumn) {
     EXPECT_EQ(128, at(0, 0)) << "half by default";
 }
 
+TEST_F(cCanvas_Blits, AlphaBlendStretchesBothAreasWithoutTheirLast) {
+    canvas->AlphaBlend(source.dc(), 0, 0, 7, 7, 0, 0, 4, 4, 255);
+    EXPECT_EQ("RRRRGG.\n", picture(7, 1)) << "three columns on six";
+    EXPECT_EQ("BBBB##.\n.......\n", picture(7, 7).substr(40));
+}
+
+TEST_F(cCanvas_Blits, SizesAtTheEndsOfLongDoNotWrapRound) {
+    constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min(),
+                           most = std::numeric_limits<std::int32_t>::max();
+    for (const std::int32_t size : {least, least + 1}) {
+        EXPECT_EQ(0, canvas->AlphaBlend(source.dc(), 0, 0, size, size, 0, 0, 4, 4)) << size;
+        EXPECT_EQ(0, canvas->AlphaBlend(source.dc(), 0, 0, 4, 4, 0, 0, size, size)) << size;
+    }
+    canvas->RectangleTranslucency(least, least, most, most, red, 255);
+    canvas->RectangleTranslucency(most, most, least, least, red, 255);
+    EXPECT_EQ("....\n", picture(4, 1));
+}
+
 TEST_F(cCanvas_Blits, ColoursAreMixedChannelByChannel) {
     const std::int32_t c1 = 0x204060, c2 = 0xE0A010;
     EXPECT_EQ(c1, canvas->CalculateColorMix(c1, c2, 255));
     // 32 + 191.25, 64 + 95.625, 96 - 79.6875: just short of the second colour.
     EXPECT_EQ(0xDFA010, canvas->CalculateColorMix(c1, c2, 0));
+    EXPECT_EQ(254, canvas->CalculateColorMix(black, 255, 0)) << "of 256";
     EXPECT_EQ(CalculateColorMix(c1, c2, 100), canvas->CalculateColorMix(c1, c2, 100));
     const std::int32_t system = host::colorButtonFace;
     EXPECT_EQ(15, canvas->CalculateColorMix(system, system, 128)) << "not resolved";
@@ -152,8 +173,13 @@ TEST_F(cCanvas_Blits, TheOpeningFrameTakesItsTimeAndLeavesNothing) {
     };
     const std::string before = look();
     const platform::DWORD start = platform::GetTickCount();
-    const auto desktop = automation::make<cCanvas>();
+    const std::int32_t objects = gdiObjects();
+    auto desktop = automation::make<cCanvas>();
     desktop->ExplodingRect(5, 5, 10, 10, 20, 20, 90, 80);
+    EXPECT_EQ(5 + 70, desktop->Width()) << "as wide as both rectangles together";
+    EXPECT_EQ(5 + 60, desktop->Height());
+    desktop.reset();
+    expectObjects(objects);
     constexpr platform::DWORD clockStep = 16; // the system's tick count moves in steps
     EXPECT_GE(platform::GetTickCount() - start, 180u - clockStep) << "two passes of nine steps of 10 ms";
     EXPECT_EQ(before, look());

@@ -1,9 +1,11 @@
 // The canvas called by name, as programs of other languages call it.
 #include "CanvasTest.h"
 #include "automation/ClassTable.h"
+#include "automation/Conversions.h"
 #include "platform/windows.h"
 #include "support/Canvas.h"
 
+#include <map>
 #include <set>
 
 using namespace tesela;
@@ -12,6 +14,7 @@ using automation::Array;
 using automation::callMethod;
 using automation::getProperty;
 using automation::Member;
+using automation::MemberKind;
 using automation::Ref;
 using automation::String;
 using automation::Variant;
@@ -32,6 +35,22 @@ protected:
 
 std::int32_t asLong(platform::HDC dc) {
     return static_cast<std::int32_t>(dc.value);
+}
+
+/// What an argument that is left out counts as, as text.
+std::string defaultOf(const automation::Parameter& parameter) {
+    const Variant& value = parameter.defaultValue;
+    if (!value.isMissing())
+        return value.type() == automation::VT_BOOL ? (value.asBoolean() ? "True" : "False")
+                                                   : automation::CStr(value).utf8();
+    switch (parameter.type.tag) { // nothing stated: the type's own zero
+    case automation::VT_BSTR:
+        return "";
+    case automation::VT_BOOL:
+        return "False";
+    default:
+        return "0";
+    }
 }
 
 constexpr const char16_t* inOrder[] = {
@@ -168,6 +187,67 @@ TEST(cCanvas_Table, HasItsMembersInOrder) {
     for (std::size_t i = 0; i < members.size(); ++i)
         EXPECT_EQ(inOrder[i], members[i].name) << i;
     EXPECT_EQ(u"cCanvas", cCanvas::table().name());
+}
+
+TEST(cCanvas_Table, SaysWhatMayBeLeftOutAndWhatThenCounts) {
+    const std::map<std::string, std::string> expected = {
+        {"Configure", "nHDC_Provider=0 lStatic_HDC_Target=True"},
+        {"Resize", "nNewCompatDC=0"},
+        {"ScaleX", "nFrom=3 nTo=3"},
+        {"ScaleY", "nFrom=3 nTo=3"},
+        {"CreateInPictureBox", "lCopyPicture=False"},
+        {"BeginRecordMetafile", "cFileName= cAplicacion= cDescripcion="},
+        {"EndRecordMetafile", "lPlayToTargetDC=True"},
+        {"PlayMetafile", "nWidth=0 nHeight=0"},
+        {"DrawLine", "x2=-32767 y2=-32767 nRGB=-1"},
+        {"DrawBox", "nRGB=-1 nRGB_Shadow=-1"},
+        {"FillRect", "nHBrush=-1"},
+        {"DrawTriangle", "nAngle=270"},
+        {"CreateFont", "nHeight=0 nWidth=0 lItalic=False lUnderline=False lStrikeOut=False nEscapement=0 "
+                       "nOrientation=0 nWeight=400 nCharSet=1 nOutputPrecision=0 nClipPrecision=0 nQuality=0 "
+                       "nPitchAndFamily=0"},
+        {"SelectFont", "nHeight=0 nWidth=0 lItalic=False lUnderline=False lStrikeOut=False nEscapement=0 "
+                       "nOrientation=0 nWeight=400 nCharSet=1 nOutputPrecision=0 nClipPrecision=0 nQuality=0 "
+                       "nPitchAndFamily=0"},
+        {"CreateSimpleFont", "nSizeDeciPuntos=0 nStyle=0 nAngle=0 nQuality=0"},
+        {"SelectSimpleFont", "nSizeDeciPuntos=0 nStyle=0 nAngle=0 nQuality=0"},
+        {"SelectVBStdFont", "nStyle=0 nAngle=0 nQuality=0 nWidthFactor=0"},
+        {"CreateStandardFonts", "lUseScaleForForms=False nFactorAmpliacion=0"},
+        {"GetTextFitInExtent", "nWidth=0 nHeight=0"},
+        {"DIB_StretchBlt", "nXSrc=0 nYSrc=0 nSrcWidth=0 nSrcHeight=0 nRasterOp=13369376"},
+        {"BitBlt", "nXSrc=0 nYSrc=0 nRasterOp=13369376"},
+        {"StretchBlt", "nXSrc=0 nYSrc=0 nSrcWidth=0 nSrcHeight=0 nRasterOp=13369376"},
+        {"TransparentBlt", "nXSrc=0 nYSrc=0 nSrcWidth=0 nSrcHeight=0 nTransparentColor=16777215"},
+        {"AlphaBlend", "nXSrc=0 nYSrc=0 nSrcWidth=0 nSrcHeight=0 nTransparencia=128"},
+        {"PaintPicture", "nWidth=0 nHeight=0 nXSrc=0 nYSrc=0 nWidthSrc=0 nHeightScr=0 nRasterOp=13369376"},
+        {"BitMap2Picture", "hBitmap=0 hPalette=0 nType=0"},
+        {"GetResPicture", "nType=1 nHInstance=0"},
+        {"GetSysPicture", "nType=0"},
+        {"Paint", "nActualDC=0 nOffsetXSource=0 nOffsetYSource=0 nOffsetXTarget=0 nOffsetYTarget=0 "
+                  "nWidthSource=0 nHeightSource=0"},
+        {"ClearClipping", "lZero=False"},
+        {"SetClippingRect", "lZero=False"},
+        {"CopyToClipboard", "nHEMF=0"},
+    };
+    std::map<std::string, std::string> found;
+    for (const Member& member : cCanvas::table().members())
+        for (const auto& parameter : member.parameters) {
+            if (!parameter.optional) continue;
+            std::string& list = found[member.name.utf8()];
+            if (!list.empty()) list += ' ';
+            list += parameter.name.utf8() + '=' + defaultOf(parameter);
+        }
+    EXPECT_EQ(expected, found);
+}
+
+TEST(cCanvas_Table, SaysWhatIsReadAndWrittenLikeAValue) {
+    std::string kinds;
+    for (const Member& member : cCanvas::table().members()) {
+        if (member.kind == MemberKind::Get) kinds += "get " + member.name.utf8() + "; ";
+        if (member.kind == MemberKind::Let) kinds += "let " + member.name.utf8() + "; ";
+    }
+    EXPECT_EQ("get Width; get Height; get TextAlign; let TextAlign; get GlobalCtlCfg; let GlobalCtlCfg; ",
+              kinds);
 }
 
 TEST(cCanvas_Table, MarksWhatComesBackThroughItsArguments) {

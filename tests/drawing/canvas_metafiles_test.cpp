@@ -91,6 +91,24 @@ TEST_F(cCanvas_Metafiles, TheHeaderTellsTheFrameAndWhoMadeIt) {
     canvas->DeleteMetafile(metafile);
 }
 
+TEST_F(cCanvas_Metafiles, ThePixelsOfTheCanvasAreMappedToTheirLengthOnTheDevice) {
+    ASSERT_TRUE(canvas->BeginRecordMetafile());
+    const platform::HDC dc = canvas->GetPaintDC();
+    EXPECT_EQ(platform::MM_ANISOTROPIC, platform::GetMapMode(dc));
+    platform::SIZE window, viewport;
+    platform::GetWindowExtEx(dc, &window);
+    platform::GetViewportExtEx(dc, &viewport);
+    EXPECT_EQ((platform::SIZE{40, 30}), window);
+    const auto caps = [this](int index) { return platform::GetDeviceCaps(screen, index); };
+    EXPECT_EQ(roundToLong(40.0 / caps(platform::LOGPIXELSX) * 25.4 * caps(platform::HORZRES) /
+                          caps(platform::HORZSIZE)),
+              viewport.cx);
+    EXPECT_EQ(roundToLong(30.0 / caps(platform::LOGPIXELSY) * 25.4 * caps(platform::VERTRES) /
+                          caps(platform::VERTSIZE)),
+              viewport.cy);
+    canvas->DeleteMetafile(canvas->EndRecordMetafile(false));
+}
+
 TEST_F(cCanvas_Metafiles, ARecordGoesToAFile) {
     const support::TemporaryFolder folder;
     const std::u16string file = folder.file(u"dibujo.emf");

@@ -1,10 +1,8 @@
 // Pens, brushes, palettes and the state of the context: what is created, selected, owned and reported.
-#include "CanvasTest.h"
+#include "CanvasReport.h"
 #include "frame/Globales.h"
 #include "platform/windows.h"
 #include "support/Canvas.h"
-#include "support/Desk.h"
-#include "support/MsgBoxAnswer.h"
 
 using namespace tesela;
 using namespace tests;
@@ -14,9 +12,6 @@ namespace {
 
 class cCanvas_Objects : public CanvasTest {
 protected:
-    HGDIOBJ current(platform::DWORD kind) const {
-        return platform::GetCurrentObject(canvas->GetPaintDC(), kind);
-    }
     platform::LOGPEN pen() const {
         platform::LOGPEN data;
         platform::GetObjectPen(platform::HPEN(current(platform::OBJ_PEN).value), &data);
@@ -29,19 +24,7 @@ protected:
     }
 };
 
-/// The error report that comes while an action fails.
-class cCanvas_Report : public cCanvas_Objects {
-protected:
-    template <class Action>
-    void expectReport(const char16_t* text, Action action) {
-        support::Desk desk;
-        support::MsgBoxAnswer answer(desk, platform::VK_RETURN);
-        action();
-        EXPECT_EQ(1, answer.shown());
-        EXPECT_EQ(u"Error gráfico G.D.I.", answer.title());
-        EXPECT_EQ(text, answer.text());
-    }
-};
+class cCanvas_Report : public CanvasReport {};
 
 } // namespace
 
@@ -169,6 +152,25 @@ TEST_F(cCanvas_Report, OfABrushWithoutItsHatch) {
 TEST_F(cCanvas_Report, OfABrushWithoutItsPattern) {
     expectReport(u"Error de GDI en SelectPatternBrush",
                  [this] { canvas->SelectPatternBrush(platform::HBITMAP(0x7FFF1234)); });
+}
+
+TEST_F(cCanvas_Objects, ASystemColourIsChangedForAll) {
+    const std::int32_t before = canvas->GetVBSysColor(host::colorButtonFace);
+    EXPECT_EQ(1, canvas->SetVBSysColor(SystemColor_BtnFace, red));
+    EXPECT_EQ(red, canvas->GetVBSysColor(host::colorButtonFace));
+    canvas->Clear();
+    EXPECT_EQ(red, at(0, 0));
+    EXPECT_EQ(1, canvas->SetVBSysColor(SystemColor_BtnFace, before));
+    EXPECT_EQ(before, canvas->GetVBSysColor(host::colorButtonFace));
+}
+
+TEST_F(cCanvas_Objects, AStandardFontInUseEndsWithTheOthers) {
+    const std::int32_t before = gdiObjects();
+    canvas->CreateStandardFonts();
+    canvas->SelectStdFont(tslStdFont_Fixed);
+    canvas->Minimize_GDI_UsedResources();
+    canvas->SelectObject(canvas->GetStockObject(GDIStockObjects_SystemFont));
+    expectObjects(before);
 }
 
 TEST_F(cCanvas_Objects, ADisplayOfManyColoursNeedsNoPalette) {

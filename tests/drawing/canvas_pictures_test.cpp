@@ -73,6 +73,27 @@ TEST_F(cCanvas_Pictures, NothingAndTheEmptyPicturePaintNothing) {
     EXPECT_EQ(24u * 16, count(black));
 }
 
+TEST_F(cCanvas_Pictures, OlderMetafilesAreNotPainted) {
+    // Half an inch square, all of it inverted.
+    std::vector<std::uint8_t> bytes;
+    const auto add = [&](std::initializer_list<int> words) {
+        for (const int word : words) {
+            bytes.push_back(static_cast<std::uint8_t>(word));
+            bytes.push_back(static_cast<std::uint8_t>(word >> 8));
+        }
+    };
+    add({0xCDD7, 0x9AC6, 0, 0, 0, 720, 720, 1440, 0, 0, 0xCDD7 ^ 0x9AC6 ^ 720 ^ 720 ^ 1440});
+    add({1, 9, 0x0300, 26, 0, 0, 9, 0, 0});
+    add({5, 0, 0x020C, 20, 20});                     // the window's extent
+    add({9, 0, 0x061D, 0x0009, 0x55, 20, 20, 0, 0}); // the rectangle inverted
+    add({3, 0, 0});
+    const auto older = canvas->Bytes2Picture(Array::ofBytes(bytes));
+    ASSERT_TRUE(older);
+    ASSERT_EQ(PictureType::Metafile, older->Type());
+    canvas->PaintPicture(older, 0, 0, 10, 10);
+    EXPECT_EQ(24u * 16, count(black));
+}
+
 TEST_F(cCanvas_Pictures, AnIconIsPaintedAtTheGivenSize) {
     const auto icon = canvas->GetResPicture(std::int32_t{125});
     ASSERT_TRUE(icon);
@@ -98,6 +119,21 @@ TEST_F(cCanvas_Pictures, AnIconWithASourceSizeIsScaledWithWhatLiesUnderIt) {
     EXPECT_EQ(platform::COLORONCOLOR, platform::GetStretchBltMode(canvas->GetPaintDC()));
 }
 
+TEST_F(cCanvas_Pictures, AScaledIconTakesItsOwnSizeForWhatIsLeftOut) {
+    const auto icon = canvas->GetResPicture(std::int32_t{125});
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    canvas->PaintPicture(icon, 0, 0, 0, 0, 0, 0, 8);
+    EXPECT_EQ(red, at(15, 15)) << "on sixteen pixels";
+    EXPECT_EQ(yellow, at(16, 15));
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    canvas->PaintPicture(icon, 0, 0, 4, 4, 0, 0, 1, 0);
+    EXPECT_EQ(red, at(3, 3));
+    EXPECT_EQ(yellow, at(4, 4));
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    canvas->PaintPicture(icon, 0, 0, 6, 6, 0, 0, 6, 32);
+    EXPECT_EQ(36u, count(red)) << "of the same width: drawn at once";
+}
+
 TEST_F(cCanvas_Pictures, AWrappedBitmapBelongsToItsPicture) {
     const std::int32_t before = gdiObjects();
     auto picture1 = canvas->BitMap2Picture(bitmap(10, 6, red));
@@ -106,6 +142,15 @@ TEST_F(cCanvas_Pictures, AWrappedBitmapBelongsToItsPicture) {
     expectObjects(before + 1);
     picture1.reset();
     expectObjects(before);
+}
+
+TEST_F(cCanvas_Pictures, AWrappedBitmapKeepsItsPalette) {
+    const platform::HPALETTE palette = platform::CreateHalftonePalette(canvas->GetPaintDC());
+    const auto picture1 = canvas->BitMap2Picture(bitmap(4, 3, red), palette, 77);
+    ASSERT_TRUE(picture1);
+    EXPECT_EQ(PictureType::Bitmap, picture1->Type()) << "another type is a bitmap";
+    EXPECT_EQ(static_cast<std::int32_t>(palette.value), picture1->hPal());
+    platform::DeleteObject(palette);
 }
 
 TEST_F(cCanvas_Pictures, AWrappedIconBelongsToItsPicture) {

@@ -124,6 +124,36 @@ TEST_F(cCanvas_Shapes, AFrameOfOneColourHasItsLastCornerSet) {
     EXPECT_EQ("RRR\nR.R\nRRR\n", picture(3, 3));
 }
 
+TEST_F(cCanvas_Shapes, LinesFramesAndArrowheadsResolveSystemColours) {
+    const std::int32_t highlight = canvas->GetVBSysColor(host::systemColor(platform::COLOR_HIGHLIGHT));
+    canvas->DrawLine(0, 0, 3, 0, host::systemColor(platform::COLOR_HIGHLIGHT));
+    EXPECT_EQ(highlight, at(1, 0));
+    EXPECT_EQ(highlight, at(3, 0)) << "its last pixel";
+    canvas->DrawBox(0, 2, 4, 6, host::systemColor(platform::COLOR_HIGHLIGHT), red);
+    EXPECT_EQ(highlight, at(0, 2));
+    canvas->DrawBox(6, 2, 10, 6, red, host::systemColor(platform::COLOR_HIGHLIGHT));
+    EXPECT_EQ(highlight, at(10, 4));
+    EXPECT_EQ(highlight, at(6, 6)) << "its corner";
+    canvas->DrawTriangle(15, 5, 3, host::systemColor(platform::COLOR_HIGHLIGHT));
+    EXPECT_EQ(highlight, at(15, 6)) << "its tip";
+    EXPECT_EQ(highlight, at(14, 5));
+    canvas->SelectSolidBrush(yellow);
+    canvas->FillBox(0, 10, 5, 15, host::systemColor(platform::COLOR_HIGHLIGHT));
+    canvas->FloodFill(2, 12, host::systemColor(platform::COLOR_HIGHLIGHT), true);
+    EXPECT_EQ(yellow, at(5, 15));
+}
+
+TEST_F(cCanvas_Shapes, AColouredLineLeavesItsPenInUse) {
+    canvas->DrawLine(0, 0, 3, 0, blue);
+    platform::LOGPEN pen;
+    platform::GetObjectPen(platform::HPEN(current(platform::OBJ_PEN).value), &pen);
+    EXPECT_EQ(static_cast<platform::UINT>(platform::PS_SOLID), pen.lopnStyle);
+    EXPECT_EQ(0, pen.lopnWidth.x);
+    EXPECT_EQ(static_cast<platform::COLORREF>(blue), pen.lopnColor);
+    canvas->DrawLine(0, 2, 3, 2);
+    EXPECT_EQ("BBB.\n", picture(4, 3).substr(10));
+}
+
 TEST_F(cCanvas_Shapes, FillsCoverTheirLastRowAndColumn) {
     canvas->FillBox(0, 0, 0, 0, red);
     EXPECT_EQ("R..\n...\n", picture(3, 2));
@@ -163,6 +193,16 @@ TEST_F(cCanvas_Shapes, GradientsRunAcrossOrDown) {
     EXPECT_EQ(at(8, 0), at(8, 3));
     EXPECT_EQ(at(0, 8), at(15, 8));
     EXPECT_LT(at(0, 15) & 0xFF00, at(0, 8) & 0xFF00);
+}
+
+TEST_F(cCanvas_Shapes, GradientsStartInTheirFirstColour) {
+    for (const std::int32_t color : {0x123456, 0xFEDCBA, 0x80FF01}) {
+        canvas->GradientFillRect(0, 0, 8, 4, true, color, color);
+        EXPECT_EQ(color, at(3, 2));
+        canvas->GradientFillRect(0, 4, 8, 8, false, color, black);
+        EXPECT_EQ(color, at(3, 4));
+        EXPECT_EQ(at(0, 6), at(7, 6)) << "down";
+    }
 }
 
 TEST_F(cCanvas_Shapes, GradientsDoNotResolveSystemColours) {

@@ -1,5 +1,6 @@
 // The canvas's surface: configuration, the life of its context and its bitmap, painting on a target.
 #include "CanvasTest.h"
+#include "automation/ClassTable.h"
 #include "frame/Globales.h"
 #include "host/Form.h"
 #include "host/PictureBox.h"
@@ -8,6 +9,8 @@
 #include "support/Desk.h"
 #include "support/LibraryLog.h"
 #include "support/MsgBoxAnswer.h"
+
+#include <cmath>
 
 using namespace tesela;
 using namespace tests;
@@ -135,6 +138,36 @@ TEST_F(cCanvas_Surface, TheUsersContextIsDrawnOnItself) {
     EXPECT_EQ(platform::TRANSPARENT, platform::GetBkMode(target.dc()));
 }
 
+TEST_F(cCanvas_Surface, TheUsersContextOutlivesTheCanvas) {
+    const test::Canvas target(10, 10);
+    auto users = automation::make<cCanvas>();
+    users->Configure(target.dc(), 0, 0, 8, 8, DCProvider_User);
+    EXPECT_TRUE(users->Configure({}, 0, 0, 8, 8)) << "no target: nothing changes but the size";
+    EXPECT_EQ(target.dc(), users->GetPaintDC());
+    users.reset();
+    EXPECT_EQ(static_cast<platform::DWORD>(platform::OBJ_MEMDC), platform::GetObjectType(target.dc()));
+}
+
+TEST_F(cCanvas_Surface, AContextOfItsOwnEndsWhateverWasAskedForLater) {
+    const std::int32_t before = gdiObjects();
+    auto own = automation::make<cCanvas>();
+    own->Configure({}, 0, 0, 8, 8, DCProvider_Auto, false);
+    EXPECT_TRUE(own->Configure({}, 0, 0, 9, 9, DCProvider_User));
+    EXPECT_EQ(9, own->Width());
+    own.reset();
+    expectObjects(before);
+}
+
+TEST_F(cCanvas_Surface, ACanvasNeverConfiguredHasNothingToOpenOrClose) {
+    const auto bare = automation::make<cCanvas>();
+    bare->EndPaint();
+    bare->BeginPaint();
+    EXPECT_FALSE(bare->GetPaintDC());
+    EXPECT_TRUE(bare->Resize(5, 6));
+    EXPECT_EQ(5, bare->Width());
+    EXPECT_EQ(6, bare->Height());
+}
+
 TEST_F(cCanvas_Surface, ABitmapThatCannotBeMadeLeavesTheContextValid) {
     const test::Canvas target(10, 10);
     const auto large = automation::make<cCanvas>();
@@ -161,6 +194,16 @@ TEST_F(cCanvas_Surface, ResizeMakesAnEmptyBitmapOfTheNewSize) {
     EXPECT_EQ(black, own->GetPixel(0, 0));
     own->FillBox(11, 8, 11, 8, green);
     EXPECT_EQ(green, own->GetPixel(11, 8));
+}
+
+TEST_F(cCanvas_Surface, ResizeOfAStaticCanvasStaysWithItsTarget) {
+    const test::Canvas target(10, 10), mono(1, 1, 1);
+    const auto own = automation::make<cCanvas>();
+    own->Configure(target.dc(), 0, 0, 4, 4);
+    EXPECT_TRUE(own->Resize(6, 6, mono.dc()));
+    own->FillBox(0, 0, 5, 5, red);
+    EXPECT_EQ(red, own->GetPixel(5, 5));
+    EXPECT_EQ(target.dc(), own->GetTargetDC());
 }
 
 TEST_F(cCanvas_Surface, ResizeOfABorrowingCanvasTakesTheNewContext) {
@@ -403,6 +446,48 @@ TEST_F(cCanvas_Surface, IsNotMadeOfAnIconAndSaysTrue) {
     Ref<automation::Object> empty(automation::make<host::Picture>());
     EXPECT_TRUE(made->CreateFromPicture(empty, target.dc()));
     EXPECT_FALSE(made->GetPaintDC());
+}
+
+namespace {
+
+/// What answers as a picture of a kind, and is none.
+class Claim : public automation::Object {
+public:
+    explicit Claim(std::int32_t kind, std::int32_t width = 2540) : kind_(kind), width_(width) {}
+    std::int32_t Type() const { return kind_; }
+    std::int32_t Width() const { return width_; }
+    std::int32_t Height() const { return 1280; }
+
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table = automation::ClassTable::of<Claim>("Claim")
+                                                        .get("Type", &Claim::Type)
+                                                        .get("Width", &Claim::Width)
+                                                        .get("Height", &Claim::Height);
+        return table;
+    }
+
+private:
+    std::int32_t kind_, width_;
+};
+
+} // namespace
+
+TEST_F(cCanvas_Surface, TheKindOfAPictureDecidesWhetherACanvasIsMade) {
+    const test::Canvas target(4, 4);
+    const std::int32_t P = canvas->GetDevCaps(GDIDeviceCaps_LogPixelsX);
+    for (std::int32_t kind = 0; kind <= 5; ++kind) {
+        const auto made = automation::make<cCanvas>();
+        Ref<automation::Object> picture(automation::make<Claim>(kind));
+        EXPECT_TRUE(made->CreateFromPicture(picture, target.dc()));
+        const bool hasImage = kind == 1 || kind == 2 || kind == 4;
+        EXPECT_EQ(hasImage ? P : 0, made->Width()) << kind;
+        EXPECT_EQ(hasImage ? static_cast<std::int32_t>(std::nearbyint(1280.0 * P / 2540)) : 0, made->Height())
+            << kind;
+    }
+    constexpr std::int32_t bitmap = 1;
+    Ref<automation::Object> picture(automation::make<Claim>(bitmap, 0x7FFFFFFF));
+    EXPECT_FALSE(automation::make<cCanvas>()->CreateFromPicture(picture, target.dc()))
+        << "too wide for a bitmap";
 }
 
 TEST_F(cCanvas_Surface, FaultsOfThePictureAreIgnored) {

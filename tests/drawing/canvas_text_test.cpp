@@ -5,6 +5,7 @@
 #include "support/Canvas.h"
 
 #include <cmath>
+#include <limits>
 
 using namespace tesela;
 using namespace tests;
@@ -21,9 +22,7 @@ protected:
     }
     platform::LOGFONTW font() const {
         platform::LOGFONTW data;
-        platform::GetObjectFont(
-            platform::HFONT(platform::GetCurrentObject(canvas->GetPaintDC(), platform::OBJ_FONT).value),
-            &data);
+        platform::GetObjectFont(platform::HFONT(current(platform::OBJ_FONT).value), &data);
         return data;
     }
     static platform::LOGFONTW dataOf(platform::HFONT handle) {
@@ -293,6 +292,16 @@ TEST_F(cCanvas_Text, ABorderSurroundsTheText) {
     EXPECT_EQ(pixels(), together);
     EXPECT_NE(std::string::npos, together.find('R'));
     EXPECT_NE(std::string::npos, together.find('G'));
+}
+
+TEST_F(cCanvas_Text, ABorderAtTheEndsOfLongDoesNotWrapRound) {
+    constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min(),
+                           most = std::numeric_limits<std::int32_t>::max();
+    canvas->SelectFont(u"Verdana", -16);
+    const std::string before = pixels();
+    canvas->TextOutWithBorder(least, least, u"abc", red, green);
+    canvas->TextOutWithBorder(most, most, u"abc", red, green);
+    EXPECT_EQ(before, pixels());
 }
 
 TEST_F(cCanvas_Text, ATextIsCentredOnAPointWhateverItsAngle) {

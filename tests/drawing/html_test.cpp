@@ -8,6 +8,7 @@
 
 using namespace tesela;
 using namespace tests;
+using automation::Object;
 using automation::Ref;
 using automation::String;
 using automation::Variant;
@@ -173,6 +174,35 @@ TEST_F(cHTML_, OnlyTheApostropheEndsAValue) {
     expectAlike("yet a number ends where it ends");
 }
 
+TEST_F(cHTML_, AValueBeginsBehindTheQuoteThatIsExpected) {
+    selectExpected(40);
+    write(margin, margin, u"x");
+    render(u"<FONT SIZE=14>x");
+    expectAlike("the first digit stands where the quote should");
+}
+
+TEST_F(cHTML_, SizesAreRoundedToTheEvenNumber) {
+    for (const auto& [size, points] : {std::pair{u"8.5", 8}, {u"9.5", 10}, {u"11.4", 11}}) {
+        wipe(expected);
+        selectExpected(points * 10);
+        write(margin, margin, u"x");
+        render(String(u"<FONT SIZE='") + size + u"'>x");
+        expectAlike(String(size).utf8().c_str());
+    }
+    constexpr std::int32_t overflow = 6;
+    EXPECT_EQ(overflow, errorOf([this] { render(u"<FONT SIZE='1E20'>x"); }));
+}
+
+TEST_F(cHTML_, AFontTagRightBehindABracketIsOpenedTwice) {
+    std::int32_t x = write(margin, margin, u"a>");
+    expected->SetTextColor(0x00FF00);
+    x = write(x, margin, u"b");
+    expected->SetTextColor(0);
+    write(x, margin, u"c");
+    render(u"a><FONT COLOR='00FF00'>b</FONT></FONT>c");
+    expectAlike("and closed twice without an error");
+}
+
 TEST_F(cHTML_, UnknownTagsArePlainText) {
     for (const char16_t* text : {u"uno <p> dos", u"uno <> dos", u"<IMG> a", u"a </p> b", u"a <strong> b"}) {
         wipe(expected);
@@ -207,6 +237,15 @@ TEST_F(cHTML_, AClosingTagTooManyIsWrittenAndRenderingGoesOn) {
     wipe(expected);
     write(margin, margin, u"Error en texto HTML");
     expectAlike("written when only measuring, too");
+}
+
+TEST_F(cHTML_, WhatIsLeftOfATagThatAnErrorCutIsDropped) {
+    // The ten characters that are dropped reach into the break at the end of the text.
+    for (const char16_t* text : {u"a</B>bcd", u"a</B>bcde", u"a</B>bcdef"}) {
+        measure(text);
+        EXPECT_EQ(margin + rowHeight, maxY) << "the line that has begun counts";
+        EXPECT_EQ(extentOf(u"a").cx, maxX);
+    }
 }
 
 TEST_F(cHTML_, AHundredAndOneTagsAreTooManyAtOnce) {
@@ -256,6 +295,16 @@ TEST_F(cHTML_, LinesWrapAtTheFirstSeparatorOfFiveThatFits) {
     expectAlike("a blank before all others");
 }
 
+TEST_F(cHTML_, TheWidthOfAWrappedPieceCountsFromItsOwnBeginning) {
+    const std::int32_t limit = margin + extentOf(u"aaa").cx + extentOf(u" bb c").cx;
+    html->SetMargenes(margin, margin, limit);
+    measure(u"aaa<I></I> bb ccc");
+    const std::int32_t aaa = extentOf(u"aaa").cx, piece = extentOf(u" bb ").cx, rest = extentOf(u"ccc").cx;
+    EXPECT_EQ(std::max(aaa, std::max(piece, rest)), maxX) << "not the line's whole width";
+    EXPECT_LT(maxX, aaa + piece);
+    EXPECT_EQ(margin + 2 * rowHeight, maxY);
+}
+
 TEST_F(cHTML_, AWordLongerThanTheLineIsCut) {
     const std::int32_t limit = margin + extentOf(u"abcde").cx;
     html->SetMargenes(margin, margin, limit);
@@ -274,6 +323,12 @@ TEST_F(cHTML_, AWordThatWouldFitAloneGoesToTheNextLine) {
     write(margin, margin + rowHeight, u"def");
     render(u"abc<B>def</B>");
     expectAlike();
+    EXPECT_EQ(margin + 2 * rowHeight, maxY);
+    selectExpected(160);
+    const std::int32_t large = extentOf(u"def").cy;
+    html->SetMargenes(margin, margin, margin + extentOf(u"def").cx);
+    measure(u"abc<FONT SIZE='16'>def</FONT>");
+    EXPECT_EQ(margin + 2 * large, maxY) << "its height was the first line's, too, when it was measured";
 }
 
 TEST_F(cHTML_, WhereNotOneCharacterFitsTheWholeIsWritten) {
@@ -428,6 +483,49 @@ TEST_F(cHTML_, RendersOverAPictureBox) {
                          static_cast<platform::COLORREF>(expected->GetPixel(x, y));
     EXPECT_EQ(0, different);
     form->unload();
+}
+
+TEST_F(cHTML_, WrapsInAPictureBoxWithinItsMargins) {
+    support::Desk desk;
+    const auto form = automation::make<host::Form>(u"Form1");
+    form->SetClientSize(4000, 3000);
+    form->Show();
+    auto& box = form->add<host::PictureBox>(u"PBox1");
+    box.Extender().Move(0, 0, 1500, 1500);
+    box.AutoRedraw(true);
+    box.BackColor(white);
+    box.Cls();
+    box.ScaleMode(host::ScaleMode::Pixels);
+    const auto inner = static_cast<std::int32_t>(box.ScaleWidth());
+    constexpr std::int32_t left = 7, top = 5;
+    const String text = u"un texto que se parte en varias";
+    html->SetMargenes(left, top, 3); // the right limit is the box's
+    Ref<Object> object(&box);
+    html->RenderInPBox(object, text);
+    const auto cell = automation::make<cCanvas>();
+    cell->Configure({}, 0, 0, inner, static_cast<std::int32_t>(box.ScaleHeight()), DCProvider_Auto, false);
+    cell->FillBox(0, 0, inner, cell->Height(), white);
+    const auto other = automation::make<cHTML>();
+    other->Canvas(cell);
+    other->HTMLText(text);
+    other->SetMargenes(left, top, inner - 2 * left);
+    other->Render(false, maxX, maxY);
+    EXPECT_GT(maxY, top + rowHeight) << "it wraps";
+    int different = 0;
+    for (std::int32_t y = 0; y < cell->Height(); ++y)
+        for (std::int32_t x = 0; x < inner; ++x)
+            different +=
+                platform::GetPixel(box.hDC(), x, y) != static_cast<platform::COLORREF>(cell->GetPixel(x, y));
+    EXPECT_EQ(0, different);
+    form->unload();
+}
+
+TEST_F(cHTML_, LeavesWhatIsNoPictureBoxAlone) {
+    Ref<Object> nothing;
+    constexpr std::int32_t objectNotSet = 91, noMember = 438;
+    EXPECT_EQ(objectNotSet, errorOf([&] { html->RenderInPBox(nothing, u"x"); }));
+    Ref<Object> other(drawn);
+    EXPECT_EQ(noMember, errorOf([&] { html->RenderInPBox(other, u"x"); })) << "it can't be told to redraw";
 }
 
 TEST_F(cHTML_, IsCalledByName) {

@@ -324,11 +324,12 @@ HDC BeginPaint(HWND handle, PAINTSTRUCT* paint) {
     Region area = screenRegion(*window, window->update);
     area = area.intersected(visibleRegion(*window, false, window->is(WS_CLIPCHILDREN)));
     const HDC dc = openContext(*window, clientOrigin(*window), area);
-    if (!dc) return {};
     *paint = {};
     paint->hdc = dc;
     paint->rcPaint = window->update.empty() ? RECT{} : clientRegion(*window, area).bounds();
-    window->update = {};
+    window
+        ->update = {}; // without a context, too: asking for the paint again and again would keep all else out
+    if (!dc) return {};
     paint->fErase = !prepare(handle, dc);
     if (Window* still = findWindow(handle)) still->eraseDue = false;
     return dc;
