@@ -257,6 +257,36 @@ TEST(Icons, TheirMaskLetsTheGroundThrough) {
     EXPECT_FALSE(DrawIconEx(canvas.dc(), 0, 0, icon, 0, 0, 0, HBRUSH(), DI_NORMAL));
 }
 
+TEST(Icons, LookTheSameEachTimeAtChangingSizes) {
+    const Canvas mask(3, 4, 1); // the AND mask above, the XOR mask below it
+    mask.set(0, 0, white);
+    mask.set(2, 1, white);
+    mask.set(1, 2, white);
+    mask.set(2, 3, white);
+    ICONINFO info;
+    info.hbmMask = mask.bitmap();
+    const HICON icon = CreateIconIndirect(&info);
+    const auto drawn = [&](int width, int height) {
+        const Canvas canvas(6, 4);
+        PatBlt(canvas.dc(), 0, 0, 6, 1, WHITENESS);
+        EXPECT_TRUE(DrawIconEx(canvas.dc(), 0, 0, icon, width, height, 0, HBRUSH(), DI_NORMAL));
+        return canvas.text();
+    };
+    const std::string small = drawn(3, 2);
+    EXPECT_EQ(small, "##.###\n"
+                     "..#...\n"
+                     "......\n"
+                     "......\n");
+    const std::string large = drawn(6, 4);
+    EXPECT_EQ(large, "####..\n"
+                     "..##..\n"
+                     "....##\n"
+                     "....##\n");
+    EXPECT_EQ(drawn(3, 2), small);
+    EXPECT_EQ(drawn(6, 4), large);
+    EXPECT_TRUE(DestroyIcon(icon));
+}
+
 TEST(Icons, GiveBackTheirBitmapsAsCopies) {
     const Canvas mask(4, 6, 1);
     const Canvas picture(4, 6);

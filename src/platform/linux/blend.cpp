@@ -6,11 +6,6 @@ namespace platform::driver {
 
 namespace {
 
-void blendWords(const WordBlocks& blocks, BLENDFUNCTION blend) {
-    const bool hasAlpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
-    (hasAlpha ? wordRows().blendAlpha : wordRows().blendConstant)(blocks, blend.SourceConstantAlpha);
-}
-
 /// Blends rows of one rectangle through buffers, for pixels that are no plain words.
 class Blender {
 public:
@@ -39,6 +34,11 @@ private:
 };
 
 } // namespace
+
+void blendWords(const WordBlocks& blocks, BLENDFUNCTION blend) {
+    const bool hasAlpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
+    (hasAlpha ? wordRows().blendAlpha : wordRows().blendConstant)(blocks, blend.SourceConstantAlpha);
+}
 
 void blendPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, BLENDFUNCTION blend) {
     const Region& drawable = target.drawable();

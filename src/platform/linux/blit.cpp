@@ -7,6 +7,7 @@
 #include "platform/linux/rows.h"
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 
 namespace platform::driver {
@@ -14,6 +15,7 @@ namespace platform::driver {
 namespace {
 
 constexpr std::uint32_t colorBits = 0x00FFFFFF;
+constexpr int wordSize = 4;
 
 /// Copies one rectangle row by row; everything that stays the same is found out once.
 class Copier {
@@ -168,20 +170,13 @@ void copyOntoItself(DeviceContext& target, const RECT& area, SourcePixels source
     }
 }
 
-/// Copies words to words. Whole pictures are one row.
-void copyWords(WordBlocks blocks, Rop3 rop) {
-    const Span span = spanFor(rop);
-    std::size_t count = static_cast<std::size_t>(blocks.width);
-    int rows = blocks.height;
-    if (blocks.targetStride == blocks.width && blocks.sourceStride == blocks.width) {
-        count *= static_cast<std::size_t>(rows);
-        rows = 1;
-    }
-    for (; rows > 0; --rows) {
-        span(blocks.target, blocks.source, nullptr, count, rop);
-        blocks.target += blocks.targetStride;
-        blocks.source += blocks.sourceStride;
-    }
+WordBlocks blocksAt(const Surface& to, POINT at, const Surface& from, POINT fromAt, int width, int height) {
+    return {row32(to, at.y) + at.x,
+            to.stride / wordSize,
+            row32(from, fromAt.y) + fromAt.x,
+            from.stride / wordSize,
+            width,
+            height};
 }
 
 /// On 1 bit a gradient is dithered.
@@ -230,14 +225,9 @@ SourcePixels sourceOf(const DeviceContext& target, const DeviceContext& source, 
 }
 
 WordBlocks wordBlocks(const Surface& target, const RECT& area, const SourcePixels& source) {
-    constexpr int wordSize = 4;
-    const Surface& from = *source.surface;
-    return {row32(target, area.top) + area.left,
-            target.stride / wordSize,
-            row32(from, area.top + source.offset.y) + area.left + source.offset.x,
-            from.stride / wordSize,
-            area.right - area.left,
-            area.bottom - area.top};
+    return blocksAt(target, {area.left, area.top}, *source.surface,
+                    {area.left + source.offset.x, area.top + source.offset.y}, area.right - area.left,
+                    area.bottom - area.top);
 }
 
 bool overlaps(const Surface& target, const RECT& area, const SourcePixels& source) {
@@ -253,6 +243,42 @@ std::unique_ptr<Bitmap> takeApart(SourcePixels& source, const RECT& area) {
     source.offset = {source.offset.x - wanted.left, source.offset.y - wanted.top};
     source.valid = {0, 0, picture->surface.width, picture->surface.height};
     return picture;
+}
+
+std::optional<WordBlocks> plainBlocks(DeviceContext& target, const DeviceContext& source,
+                                      const CopyPlaces& places) {
+    const bool isUnscaled = target.state.mapping.isUnscaled() && source.state.mapping.isUnscaled();
+    const std::vector<RECT>& clips = target.drawable().rectangles();
+    if (!isUnscaled || clips.size() != 1 || !source.isMemory) return {};
+    const Surface& to = *target.surface;
+    const Surface& from = *source.surface;
+    const bool areApart = to.bits != from.bits;
+    if (!areApart || !isPlain32(to) || !isPlain32(from) || places.width <= 0 || places.height <= 0) return {};
+    const std::int64_t left = places.x + target.shiftAcross();
+    const std::int64_t top = places.y + target.shiftDown();
+    const std::int64_t fromLeft = places.xSource + source.shiftAcross();
+    const std::int64_t fromTop = places.ySource + source.shiftDown();
+    const bool isSeen = left >= clips[0].left && left + places.width <= clips[0].right &&
+                        top >= clips[0].top && top + places.height <= clips[0].bottom;
+    const bool isThere = fromLeft >= 0 && fromLeft + places.width <= from.width && fromTop >= 0 &&
+                         fromTop + places.height <= from.height;
+    if (!isSeen || !isThere) return {};
+    return blocksAt(to, {static_cast<LONG>(left), static_cast<LONG>(top)}, from,
+                    {static_cast<LONG>(fromLeft), static_cast<LONG>(fromTop)}, places.width, places.height);
+}
+
+void copyWords(const WordBlocks& blocks, Rop3 rop) {
+    const std::size_t count = static_cast<std::size_t>(blocks.width);
+    const bool isWhole = blocks.targetStride == blocks.width && blocks.sourceStride == blocks.width;
+    if (rop == rop3Of(SRCCOPY) && isWhole) {
+        std::memcpy(blocks.target, blocks.source, count * static_cast<std::size_t>(blocks.height) * wordSize);
+    } else if (rop == rop3Of(SRCCOPY)) {
+        wordRows().copy(blocks);
+    } else {
+        const Span span = spanFor(rop);
+        for (WordBlocks rest = blocks; rest.height > 0; --rest.height, rest.nextRow())
+            span(rest.target, rest.source, nullptr, count, rop);
+    }
 }
 
 void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop) {

@@ -5,6 +5,8 @@
 #include "platform/linux/rop.h"
 #include "platform/linux/word_rows.h"
 
+#include <optional>
+
 namespace platform::driver {
 
 /// Where the pixels of a copy come from, and what they mean to a target of another depth.
@@ -41,6 +43,20 @@ bool overlaps(const Surface& target, const RECT& area, const SourcePixels& sourc
 /// Lets a copy to `area` take its pixels from a picture of them, which is given; null when there are none or
 /// memory does not suffice.
 std::unique_ptr<Bitmap> takeApart(SourcePixels& source, const RECT& area);
+
+/// The places in logical coordinates, and the size, of a copy that does not change it.
+struct CopyPlaces {
+    int x, y, width, height;
+    int xSource, ySource;
+};
+
+/// The words of a copy in the most frequent case: from plain words of a bitmap to others, all of them there
+/// and to be seen. It leaves nothing to clip; none in other cases.
+std::optional<WordBlocks> plainBlocks(DeviceContext& target, const DeviceContext& source,
+                                      const CopyPlaces& places);
+
+/// Combines words by an operation without pattern.
+void copyWords(const WordBlocks& blocks, Rop3 rop);
 
 /// Copies the pixels of `area` (on the target's surface) that the source has.
 void copyPixels(DeviceContext& target, const RECT& area, const SourcePixels& source, Rop3 rop);

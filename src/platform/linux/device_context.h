@@ -125,6 +125,13 @@ struct DeviceContext : Object {
         return {boundedCoordinate(std::int64_t{p.x} + origin.x),
                 boundedCoordinate(std::int64_t{p.y} + origin.y)};
     }
+    /// From logical coordinates to the surface when a logical unit is a pixel.
+    std::int64_t shiftAcross() const {
+        return std::int64_t{state.mapping.viewportOrigin.x} - state.mapping.windowOrigin.x + origin.x;
+    }
+    std::int64_t shiftDown() const {
+        return std::int64_t{state.mapping.viewportOrigin.y} - state.mapping.windowOrigin.y + origin.y;
+    }
     POINT toSurface(POINT logical) const { return deviceToSurface(state.mapping.toDevice(logical)); }
     RECT toSurface(const RECT& r) const {
         const POINT topLeft = toSurface(POINT{r.left, r.top});

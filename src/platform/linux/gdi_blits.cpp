@@ -28,6 +28,10 @@ struct CopyAreas {
     Stretch between(const DeviceContext& to, const DeviceContext& from) const {
         return Stretch::between(to.toSurface(target()), from.toSurface(source()));
     }
+    std::optional<WordBlocks> plainBlocks(DeviceContext& to, const DeviceContext& from) const {
+        if (width != widthSource || height != heightSource) return {};
+        return driver::plainBlocks(to, from, {x, y, width, height, xSource, ySource});
+    }
     RECT target() const { return rectOf(x, y, width, height); }
     RECT source() const { return rectOf(xSource, ySource, widthSource, heightSource); }
     /// The blends take no mirrored areas.
@@ -324,6 +328,11 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource
     DeviceContext* to = find<DeviceContext>(dc);
     DeviceContext* from = find<DeviceContext>(source);
     if (!to || !from) return FALSE_;
+    if (const auto blocks = plainBlocks(*to, *from, {x, y, width, height, xSource, ySource});
+        blocks && !usesPattern(rop3Of(rop))) {
+        copyWords(*blocks, rop3Of(rop));
+        return TRUE_;
+    }
     const CopyAreas areas{x, y, width, height, xSource, ySource, width, height};
     if (to->recorder) to->recorder->blit(areas.target(), {*from, areas.source()}, rop);
     copyOrStretch(*to, *from, areas.between(*to, *from), rop3Of(rop));
@@ -404,6 +413,10 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
     const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
     if (!to || !from || areas.isBackwards()) return FALSE_;
     if (areas.isEmpty()) return TRUE_;
+    if (const auto blocks = areas.plainBlocks(*to, *from)) {
+        wordRows().copyOpaque(*blocks, pixelOfColor(transparent) & colorBits);
+        return TRUE_;
+    }
     if (to->recorder)
         to->recorder->blend(RecordType::TransparentBlt, areas.target(), {*from, areas.source()}, transparent);
     const Stretch stretch = areas.between(*to, *from);
@@ -421,6 +434,10 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSo
     const CopyAreas areas{x, y, width, height, xSource, ySource, widthSource, heightSource};
     if (!to || !from || areas.isBackwards()) return FALSE_;
     if (areas.isEmpty()) return TRUE_;
+    if (const auto blocks = areas.plainBlocks(*to, *from)) {
+        blendWords(*blocks, blend);
+        return TRUE_;
+    }
     const Stretch stretch = areas.between(*to, *from);
     const bool overlaps = to == from && !isEmpty(intersection(stretch.to, stretch.from));
     if (overlaps || !liesIn(stretch.from, sourceOf(*to, *from, {}).valid)) return FALSE_;

@@ -70,40 +70,81 @@ void put(DeviceContext& context, const RECT& area, const Bitmap& picture, DWORD 
     copyPixels(context, area, pixelsOf(picture, {area.left, area.top}), rop3Of(rop));
 }
 
-void blendIcon(DeviceContext& context, const Bitmap& picture, const RECT& area) {
-    constexpr BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-    const POINT at{area.left, area.top};
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
-    if (width == picture.surface.width && height == picture.surface.height) {
-        blendPixels(context, area, pixelsOf(picture, at), blend);
-    } else if (const auto stretchedPicture =
-                   fitted(picture, {0, 0, picture.surface.width, picture.surface.height}, width, height)) {
-        blendPixels(context, area, pixelsOf(*stretchedPicture, at), blend);
+void blend(DeviceContext& context, const RECT& area, const Bitmap& picture) {
+    constexpr BLENDFUNCTION byAlpha{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    blendPixels(context, area, pixelsOf(picture, {area.left, area.top}), byAlpha);
+}
+
+/// The icon's AND mask, and its colours or its XOR mask, brought to a size.
+std::unique_ptr<Bitmap> fittedMask(const Icon& icon, int width, int height) {
+    return fitted(*icon.mask, {0, 0, icon.mask->surface.width, heightOf(icon)}, width, height);
+}
+
+std::unique_ptr<Bitmap> fittedImage(const Icon& icon, int width, int height) {
+    const RECT all{0, 0, icon.mask->surface.width, heightOf(icon)};
+    if (icon.color) return fitted(*icon.color, all, width, height);
+    return fitted(*icon.mask, {all.left, all.bottom, all.right, 2 * all.bottom}, width, height);
+}
+
+std::unique_ptr<Bitmap> fittedBlend(const Icon& icon, int width, int height) {
+    const Surface& picture = icon.blend->surface;
+    return fitted(*icon.blend, {0, 0, picture.width, picture.height}, width, height);
+}
+
+/// Draws the parts that are asked for; either may be missing for want of memory.
+void drawParts(DeviceContext& context, const RECT& area, const Bitmap* mask, const Bitmap* image,
+               UINT flags) {
+    const bool drawsImage = (flags & DI_IMAGE) != 0;
+    const bool drawsMask = (flags & DI_MASK) != 0;
+    if (drawsMask && mask) put(context, area, *mask, drawsImage ? SRCAND : SRCCOPY);
+    if (drawsImage && image) put(context, area, *image, drawsMask ? SRCINVERT : SRCCOPY);
+}
+
+std::unique_ptr<Bitmap> asWords(const DeviceContext& context, std::unique_ptr<Bitmap> picture) {
+    if (!picture || isPlain32(picture->surface)) return picture;
+    auto words = makeBitmap(picture->surface.width, picture->surface.height, 32);
+    if (!words) return nullptr;
+    put(*makeContextOver(*words, context), {0, 0, words->surface.width, words->surface.height}, *picture,
+        SRCCOPY);
+    return words;
+}
+
+bool haveSize(const IconWords& words, int width, int height) {
+    return words.image && words.image->surface.width == width && words.image->surface.height == height;
+}
+
+/// Icons are mostly drawn again and again at one size.
+const IconWords& wordsOf(Icon& icon, const DeviceContext& context, int width, int height) {
+    if (haveSize(icon.words, width, height)) return icon.words;
+    icon.words = {};
+    if (icon.blend) {
+        icon.words.image = fittedBlend(icon, width, height);
+    } else {
+        icon.words.mask = asWords(context, fittedMask(icon, width, height));
+        icon.words.image = asWords(context, fittedImage(icon, width, height));
     }
+    return icon.words;
 }
 
 void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) {
+    constexpr int largestKept = 256; ///< Sides of icons that are kept as words
+    context.needPixels();
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
-    const int ownWidth = icon.mask->surface.width;
-    const int ownHeight = heightOf(icon);
-    const RECT all{0, 0, ownWidth, ownHeight};
-    const bool drawsImage = (flags & DI_IMAGE) != 0;
-    const bool drawsMask = (flags & DI_MASK) != 0;
-    if (drawsImage && icon.blend && context.surface->bitsPerPixel != 1) {
-        blendIcon(context, *icon.blend, area);
-        return;
-    }
-    if (drawsMask) {
-        const auto mask = fitted(*icon.mask, all, width, height);
-        if (mask) put(context, area, *mask, drawsImage ? SRCAND : SRCCOPY);
-    }
-    if (drawsImage) {
-        const RECT lower{0, ownHeight, ownWidth, 2 * ownHeight};
-        const auto picture =
-            icon.color ? fitted(*icon.color, all, width, height) : fitted(*icon.mask, lower, width, height);
-        if (picture) put(context, area, *picture, drawsMask ? SRCINVERT : SRCCOPY);
+    const bool blends = (flags & DI_IMAGE) != 0 && icon.blend && context.surface->bitsPerPixel != 1;
+    const bool isKept = isPlain32(*context.surface) && width <= largestKept && height <= largestKept;
+    if (isKept && (blends || !icon.blend)) {
+        const IconWords& words = wordsOf(icon, context, width, height);
+        if (!blends) {
+            drawParts(context, area, words.mask.get(), words.image.get(), flags);
+        } else if (words.image) {
+            blend(context, area, *words.image);
+        }
+    } else if (!blends) {
+        drawParts(context, area, fittedMask(icon, width, height).get(),
+                  fittedImage(icon, width, height).get(), flags);
+    } else if (const auto picture = fittedBlend(icon, width, height)) {
+        blend(context, area, *picture);
     }
 }
 

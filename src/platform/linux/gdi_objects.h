@@ -86,6 +86,12 @@ struct Palette : Object {
     bool realised = false; ///< Since its entries last changed
 };
 
+/// An icon as it is drawn on plain words at one size.
+struct IconWords {
+    std::unique_ptr<Bitmap> mask;  ///< What stays of the ground; null when there is alpha
+    std::unique_ptr<Bitmap> image; ///< What is mixed with that; with alpha, multiplied by it
+};
+
 struct Icon : Object {
     static constexpr HandleKind objectKind = HandleKind::Icon;
     Icon() : Object(objectKind) {}
@@ -96,6 +102,7 @@ struct Icon : Object {
     std::unique_ptr<Bitmap> mask;  ///< AND mask; with the XOR mask below it when there are no colours
     std::unique_ptr<Bitmap> color; ///< May be null
     std::unique_ptr<Bitmap> blend; ///< Colours multiplied by their alpha, when there is any
+    IconWords words;               ///< Of the size at which it was last drawn on plain words
 };
 
 /// The stock's number of the bitmap that a new memory context holds, after those that programs may ask for.

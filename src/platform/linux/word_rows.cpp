@@ -1,5 +1,7 @@
 #include "platform/linux/word_rows.h"
 
+#include <cstring>
+
 namespace platform::driver {
 
 namespace {
@@ -34,6 +36,12 @@ void changeWords(WordBlocks blocks, Change change) {
         changeRow(blocks.target, blocks.source, blocks.width, change);
 }
 
+void copy(const WordBlocks& blocks) {
+    const std::size_t bytes = static_cast<std::size_t>(blocks.width) * sizeof *blocks.target;
+    for (WordBlocks rest = blocks; rest.height > 0; --rest.height, rest.nextRow())
+        std::memcpy(rest.target, rest.source, bytes);
+}
+
 /// Sums stay within 16 bits, so that the compiler mixes many bytes at once.
 void blendBytes(std::uint8_t* __restrict target, const std::uint8_t* __restrict source, int count,
                 unsigned alpha) {
@@ -65,7 +73,7 @@ void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     });
 }
 
-constexpr WordRows plainRows{blendConstant, blendAlpha, copyOpaque};
+constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque};
 
 } // namespace
 

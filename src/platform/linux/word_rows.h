@@ -23,6 +23,7 @@ struct WordBlocks {
 
 /// What can be done with such rectangles.
 struct WordRows {
+    void (*copy)(const WordBlocks& blocks);
     /// Mixes all four bytes of the words alike: the source's by `alpha`, up to 255, the target's by the rest,
     /// divided by 255 to the nearest.
     void (*blendConstant)(const WordBlocks& blocks, unsigned alpha);

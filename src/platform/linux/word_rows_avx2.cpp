@@ -65,6 +65,10 @@ WITH_AVX2 inline __m256i scaled(__m256i words, __m256i factors) {
                            _mm256_slli_epi16(dividedBy255(_mm256_mullo_epi16(odd, factors)), 8));
 }
 
+struct Copy {
+    WITH_AVX2 __m256i operator()(__m256i, __m256i source) const { return source; }
+};
+
 /// Mixes source and target with one multiplication for both. It takes factors without sign and bytes with
 /// one: the bytes lie 128 too low in it, and the sums, whose factors make 255 together, 255 times as much.
 struct ConstantBlend {
@@ -115,6 +119,14 @@ struct OpaqueCopy {
     }
 };
 
+WITH_AVX2 void copy(const WordBlocks& blocks) {
+    if (blocks.width < wordsAtOnce) {
+        plainWordRows().copy(blocks);
+    } else {
+        changeWords(blocks, Copy());
+    }
+}
+
 WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows().blendConstant(blocks, alpha);
@@ -141,7 +153,7 @@ WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     }
 }
 
-constexpr WordRows avx2Rows{blendConstant, blendAlpha, copyOpaque};
+constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque};
 
 } // namespace
 

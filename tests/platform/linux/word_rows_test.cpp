@@ -66,6 +66,14 @@ protected:
 
 } // namespace
 
+TEST_P(WordRowsTest, CopiesWhatLiesInTheRectangle) {
+    for (int width = 0; width <= 40; ++width) {
+        const auto copy = [&](WordBlocks blocks) { GetParam()->copy(blocks); };
+        const auto formula = [](std::uint32_t, std::uint32_t from) { return from; };
+        ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
+    }
+}
+
 TEST_P(WordRowsTest, BlendsBothByOneAlphaToTheNearest) {
     for (int width = 0; width <= 40; ++width)
         for (const unsigned alpha : {0u, 1u, 77u, 127u, 128u, 254u, 255u}) {
