@@ -1,5 +1,7 @@
 #include "conformance/RandomScript.h"
 
+#include "conformance/Dice.h"
+#include "conformance/RandomPixels.h"
 #include "platform/gdi_types.h"
 
 #include <array>
@@ -12,32 +14,6 @@ namespace conformance {
 using namespace platform;
 
 namespace {
-
-/// Numbers that depend on nothing but the seed (SplitMix64).
-class Dice {
-public:
-    explicit Dice(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15ull + 0x1234567ull) {}
-
-    /// From `low` to `high`, both included.
-    int between(int low, int high) {
-        state_ += 0x9E3779B97F4A7C15ull;
-        std::uint64_t z = state_;
-        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
-        z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
-        z ^= z >> 31;
-        const auto span = static_cast<std::uint64_t>(high - low + 1);
-        return low + static_cast<int>((z >> 8) % span);
-    }
-    bool oneIn(int count) { return between(1, count) == 1; }
-
-    template <class T>
-    T of(std::initializer_list<T> choices) {
-        return choices.begin()[between(0, static_cast<int>(choices.size()) - 1)];
-    }
-
-private:
-    std::uint64_t state_;
-};
 
 /// Writes a script line by line. Every choice is one statement, so that the order in which the dice fall is
 /// the same with every compiler.
@@ -551,17 +527,25 @@ constexpr Subject subjects[] = {
 
 constexpr int subjectCount = static_cast<int>(std::size(subjects));
 
+/// From here on the scripts are about pixels and text.
+constexpr int firstOfPixels = 10500;
+
 const Subject& subjectOf(int number) {
     return subjects[number % subjectCount];
+}
+
+std::string subjectName(int number) {
+    return number < firstOfPixels ? subjectOf(number).name : pixelSubject(number);
 }
 
 } // namespace
 
 std::string randomName(int number) {
-    return "random/" + std::string(subjectOf(number).name) + "/" + std::to_string(number);
+    return "random/" + subjectName(number) + "/" + std::to_string(number);
 }
 
 std::string randomScript(int number) {
+    if (number >= firstOfPixels) return pixelScript(number);
     Writer writer(number);
     subjectOf(number).write(writer);
     return writer.text;

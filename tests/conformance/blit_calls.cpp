@@ -134,11 +134,45 @@ BOOL gradientTriangle(HDC dc, int x1, int y1, COLORREF color1, int x2, int y2, C
     return GradientFill(dc, corners, 3, &mesh, 1, GRADIENT_FILL_TRIANGLE);
 }
 
+BOOL gradientMesh(HDC dc, int mode, int seed, int count) {
+    constexpr int cornerCount = 6;
+    Bytes bytes(seed);
+    const auto word = [&bytes] {
+        const int high = bytes.next();
+        return static_cast<WORD>(high << 8 | bytes.next());
+    };
+    TRIVERTEX corners[cornerCount];
+    for (TRIVERTEX& corner : corners) {
+        corner.x = bytes.next() % 80 - 8;
+        corner.y = bytes.next() % 80 - 8;
+        corner.Red = word();
+        corner.Green = word();
+        corner.Blue = word();
+        corner.Alpha = word();
+    }
+    const int perMesh = mode == static_cast<int>(GRADIENT_FILL_TRIANGLE) ? 3 : 2;
+    std::vector<DWORD> indices;
+    for (int i = 0; i < count * perMesh; ++i)
+        indices.push_back(bytes.next() % DWORD{cornerCount});
+    return GradientFill(dc, corners, cornerCount, indices.data(), static_cast<DWORD>(count),
+                        static_cast<DWORD>(mode));
+}
+
 BOOL maskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource, int seed,
              int xMask, int yMask, DWORD rop) {
     const HBITMAP mask = noiseMask(maskSide, maskSide, seed);
     const BOOL done = MaskBlt(dc, x, y, width, height, source, xSource, ySource, mask, xMask, yMask, rop);
     DeleteObject(mask);
+    return done;
+}
+
+BOOL plgBlt(HDC dc, int x1, int y1, int x2, int y2, int x3, int y3, HDC source, int xSource, int ySource,
+            int widthSource, int heightSource, int seed, int xMask, int yMask) {
+    const POINT corners[] = {{x1, y1}, {x2, y2}, {x3, y3}};
+    const HBITMAP mask = seed ? noiseMask(maskSide, maskSide, seed) : HBITMAP();
+    const BOOL done =
+        PlgBlt(dc, corners, source, xSource, ySource, widthSource, heightSource, mask, xMask, yMask);
+    if (mask) DeleteObject(mask);
     return done;
 }
 

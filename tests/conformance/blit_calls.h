@@ -19,9 +19,17 @@ platform::BOOL gradientRectangle(platform::HDC dc, int mode, int x1, int y1, pla
 platform::BOOL gradientTriangle(platform::HDC dc, int x1, int y1, platform::COLORREF color1, int x2, int y2,
                                 platform::COLORREF color2, int x3, int y3, platform::COLORREF color3);
 
-/// With a mask of the given size made of the seed.
+/// Six corners and so many rectangles or triangles between some of them, all made of the seed.
+platform::BOOL gradientMesh(platform::HDC dc, int mode, int seed, int count);
+
+/// With a mask of 32 by 32 made of the seed.
 platform::BOOL maskBlt(platform::HDC dc, int x, int y, int width, int height, platform::HDC source,
                        int xSource, int ySource, int seed, int xMask, int yMask, platform::DWORD rop);
+
+/// A seed of 0 is no mask.
+platform::BOOL plgBlt(platform::HDC dc, int x1, int y1, int x2, int y2, int x3, int y3, platform::HDC source,
+                      int xSource, int ySource, int widthSource, int heightSource, int seed, int xMask,
+                      int yMask);
 
 /// Device-independent pixels, 24 by 16, bottom row first, of 1 to 32 bits.
 int stretchDib(platform::HDC dc, int bits, int seed, int x, int y, int width, int height, int xSource,

@@ -5,6 +5,7 @@
 #include "conformance/Words.h"
 #include "conformance/blit_calls.h"
 #include "conformance/calls.h"
+#include "conformance/text_calls.h"
 
 #include <functional>
 #include <map>
@@ -94,6 +95,13 @@ std::string text(const RECT& r) {
     return text(POINT{r.left, r.top}) + text(POINT{r.right, r.bottom});
 }
 
+std::string text(const std::vector<int>& numbers) {
+    std::string result;
+    for (const int number : numbers)
+        result += " " + std::to_string(number);
+    return result;
+}
+
 /// An argument on its way into a call.
 template <class A>
 struct Held {
@@ -131,6 +139,18 @@ struct Held<const RECT*> {
     RECT value;
 };
 
+/// Text between quotes.
+template <>
+struct Held<const std::string&> {
+    Held(Stage&, Words& words) : value(words.next()) {
+        if (value[0] != '"') throw std::runtime_error("'" + value + "' is no text");
+        value.erase(0, 1);
+    }
+    const std::string& get() { return value; }
+    std::string told() const { return {}; }
+    std::string value;
+};
+
 /// What the function writes.
 template <class A>
 struct Written {
@@ -149,6 +169,10 @@ struct Held<SIZE*> : Written<SIZE> {
 };
 template <>
 struct Held<RECT*> : Written<RECT> {
+    using Written::Written;
+};
+template <>
+struct Held<std::vector<int>*> : Written<std::vector<int>> {
     using Written::Written;
 };
 
@@ -367,12 +391,25 @@ const std::map<std::string, Call>& calls() {
         {"AlphaBlend", onSurface(alphaBlend)},
         {"TransparentBlt", onSurface(TransparentBlt)},
         {"MaskBlt", onSurface(maskBlt)},
+        {"PlgBlt", onSurface(plgBlt)},
         {"GradientRectangle", onSurface(gradientRectangle)},
         {"GradientTriangle", onSurface(gradientTriangle)},
+        {"GradientMesh", onSurface(gradientMesh)},
         {"StretchDib", onSurface(stretchDib)},
         {"DibToDevice", onSurface(dibToDevice)},
         {"SetDib", onSurface(setDib)},
         {"DrawIcon", onSurface(drawIcon)},
+        // Text
+        {"CreateFont", plain(createFont)},
+        {"SetTextAlign", onSurface(SetTextAlign)},
+        {"SetTextCharacterExtra", onSurface(SetTextCharacterExtra)},
+        {"SetTextJustification", onSurface(SetTextJustification)},
+        {"TextOut", onSurface(textOut)},
+        {"ExtTextOut", onSurface(extTextOut)},
+        {"DrawText", onSurface(drawText)},
+        {"TextExtent", onSurface(textExtent)},
+        {"TextFit", onSurface(textFit)},
+        {"TextMetrics", onSurface(textMetrics)},
         // Paths
         {"BeginPath", onSurface(BeginPath)},
         {"EndPath", onSurface(EndPath)},

@@ -179,12 +179,6 @@ WordBlocks blocksAt(const Surface& to, POINT at, const Surface& from, POINT from
             height};
 }
 
-/// On 1 bit a gradient is dithered.
-std::uint32_t gradientValue(const Surface& surface, ValueFinder& finder, std::uint32_t color, int x, int y) {
-    if (surface.bitsPerPixel == 1) return isDitheredWhite(colorOfPixel32(color & colorBits), x, y) ? ~0u : 0u;
-    return finder.valueOf(color & colorBits);
-}
-
 } // namespace
 
 RECT rectOf(int x, int y, int width, int height) {
@@ -326,29 +320,6 @@ std::uint32_t ValueFinder::valueOf(std::uint32_t color) {
     Known& known = known_[color * spread >> shift];
     if (known.color != color) known = {color, paletteValueOf(target_, color)};
     return known.value;
-}
-
-void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::uint32_t>& pixels,
-                 bool across) {
-    const Surface& surface = *context.surface;
-    ValueFinder finder(context);
-    for (int y = r.top; y < r.bottom; ++y) {
-        const std::uint32_t column = across ? 0 : pixels[static_cast<std::size_t>(y - r.top)];
-        if (isPlain32(surface)) {
-            std::uint32_t* row = row32(surface, y) + r.left;
-            if (across) {
-                std::copy(pixels.begin(), pixels.end(), row);
-            } else {
-                std::fill_n(row, r.right - r.left, column);
-            }
-            continue;
-        }
-        for (int x = r.left; x < r.right; ++x) {
-            const std::uint32_t color = across ? pixels[static_cast<std::size_t>(x - r.left)] : column;
-            const std::uint32_t value = gradientValue(surface, finder, color, x, y);
-            writeValues(surface, x, y, 1, &value);
-        }
-    }
 }
 
 } // namespace platform::driver

@@ -82,8 +82,4 @@ private:
     std::vector<Known> known_; ///< Answers of the display's palette, which take long to find
 };
 
-/// Fills a rectangle with one row (`across`) or one column of colours, repeated.
-void putGradient(DeviceContext& context, const RECT& r, const std::vector<std::uint32_t>& pixels,
-                 bool across);
-
 } // namespace platform::driver

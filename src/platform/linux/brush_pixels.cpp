@@ -3,6 +3,7 @@
 #include "platform/linux/blit.h"
 #include "platform/linux/colors.h"
 #include "platform/linux/display_colors.h"
+#include "platform/linux/dither.h"
 #include "platform/linux/rows.h"
 
 namespace platform::driver {
@@ -18,13 +19,7 @@ constexpr std::uint8_t hatches[6][hatchSize] = {
     {0x08, 0x08, 0x08, 0xFF, 0x08, 0x08, 0x08, 0x08}, {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81},
 };
 
-/// The order in which the pixels of a tile turn white as a colour gets lighter.
 constexpr int ditherSize = 8;
-constexpr std::uint8_t ditherOrder[ditherSize][ditherSize] = {
-    {63, 31, 55, 23, 61, 29, 53, 21}, {15, 47, 7, 39, 13, 45, 5, 37},   {51, 19, 59, 27, 49, 17, 57, 25},
-    {3, 35, 11, 43, 1, 33, 9, 41},    {60, 28, 52, 20, 62, 30, 54, 22}, {12, 44, 4, 36, 14, 46, 6, 38},
-    {48, 16, 56, 24, 50, 18, 58, 26}, {0, 32, 8, 40, 2, 34, 10, 42},
-};
 
 /// From 0 to 255, as the eye weighs the three components.
 int brightness(COLORREF color) {
@@ -49,10 +44,12 @@ BrushPixels hatchPixels(const DeviceContext& context, const Brush& brush) {
     return result;
 }
 
-/// A pixel of a coloured pattern on 1 bit without colours of its own: dithered by its place in the pattern.
+/// A pixel of a coloured pattern on 1 bit without colours of its own: dithered by its place in the pattern,
+/// in finer steps than a plain colour.
 std::optional<std::uint32_t> ditheredBit(const DeviceContext& context, COLORREF color, int x, int y) {
     if (context.surface->bitsPerPixel != 1 || !isDithered(context, color)) return {};
-    return isDitheredWhite(color, x, y) ? ~0u : 0u;
+    constexpr int white = 256;
+    return brightness(color) + ditherRank(x, y) >= white ? ~0u : 0u;
 }
 
 BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
@@ -79,7 +76,7 @@ BrushPixels patternPixels(const DeviceContext& context, const Bitmap& pattern) {
 
 /// The order of a tile's pixel, 0 to 63, in which it turns to the other colour.
 int ditherOrderAt(int x, int y) {
-    return ditherOrder[y & (ditherSize - 1)][x & (ditherSize - 1)];
+    return ditherSize * ditherSize - 1 - (ditherRank(x, y) >> 2);
 }
 
 /// A colour that is not among those of a display with palette, as a pattern of two that are.

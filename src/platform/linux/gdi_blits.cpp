@@ -1,4 +1,4 @@
-// Copies between contexts, straight and stretched, and gradients.
+// Copies between contexts, straight and stretched.
 
 #include "platform/gdi.h"
 #include "platform/linux/blend.h"
@@ -18,7 +18,6 @@ namespace platform::driver {
 namespace {
 
 constexpr std::uint32_t colorBits = 0x00FFFFFF;
-constexpr int colorScale = 256; ///< A vertex's components have eight bits more than a pixel's
 
 /// The two areas of a stretched copy between contexts.
 struct CopyAreas {
@@ -174,33 +173,6 @@ bool isMask(const Bitmap* bitmap) {
     return bitmap && bitmap->surface.bitsPerPixel == 1;
 }
 
-std::uint32_t mixed(const TRIVERTEX& a, const TRIVERTEX& b, std::int64_t position, std::int64_t length) {
-    const auto component = [&](WORD from, WORD to) {
-        const std::int64_t sum = from * (length - position) + to * position;
-        return static_cast<std::uint32_t>(sum / length / colorScale);
-    };
-    return component(a.Alpha, b.Alpha) << 24 | component(a.Red, b.Red) << 16 |
-           component(a.Green, b.Green) << 8 | component(a.Blue, b.Blue);
-}
-
-/// Paints one rectangle of a gradient a line of equal colour at a time.
-void fillGradient(DeviceContext& context, TRIVERTEX a, TRIVERTEX b, bool across) {
-    if (across ? a.x > b.x : a.y > b.y) std::swap(a, b);
-    const POINT first = context.toSurface(POINT{a.x, a.y});
-    const POINT second = context.toSurface(POINT{b.x, b.y});
-    const RECT area = ordered({first.x, first.y, second.x, second.y});
-    const std::int64_t start = across ? area.left : area.top;
-    const std::int64_t length = (across ? area.right : area.bottom) - start;
-    for (const RECT& clip : context.drawable().rectangles()) {
-        const RECT r = intersection(area, clip);
-        if (isEmpty(r)) continue;
-        std::vector<std::uint32_t> pixels;
-        for (LONG i = across ? r.left : r.top; i < (across ? r.right : r.bottom); ++i)
-            pixels.push_back(mixed(a, b, i - start, length));
-        putGradient(context, r, pixels, across);
-    }
-}
-
 /// Where PlgBlt paints: three corners, the fourth being what they leave.
 struct Parallelogram {
     POINT topLeft;
@@ -250,69 +222,6 @@ void copyPixel(DeviceContext& target, POINT to, const SourcePixels& source, POIN
         value = becomesMask(*target.surface, source) ? (isBack ? ~0u : 0u) : finder.valueOf(color);
     }
     writeValues(*target.surface, to.x, to.y, 1, &value);
-}
-
-/// The span of a row between two edges of a triangle.
-struct TriangleRow {
-    int left = 0;
-    int right = 0;
-};
-
-/// Where the edge from a to b, which do not lie at the same height, crosses a row.
-int crossing(const TRIVERTEX& a, const TRIVERTEX& b, int y) {
-    const std::int64_t sum = std::int64_t{b.x - a.x} * (y - a.y);
-    return static_cast<int>(a.x + sum / (b.y - a.y));
-}
-
-/// For vertices from top to bottom.
-TriangleRow triangleRow(const std::array<TRIVERTEX, 3>& v, int y) {
-    const int longSide = crossing(v[0], v[2], y);
-    const int shortSide = y < v[1].y ? crossing(v[0], v[1], y) : crossing(v[1], v[2], y);
-    return {std::min(longSide, shortSide), std::max(longSide, shortSide)};
-}
-
-/// The colour at a point as the three corners weigh there.
-std::uint32_t weighted(const std::array<TRIVERTEX, 3>& v, std::int64_t area, int x, int y) {
-    const auto doubleArea = [&](const TRIVERTEX& a, const TRIVERTEX& b) {
-        return std::int64_t{b.x - a.x} * (y - a.y) - std::int64_t{b.y - a.y} * (x - a.x);
-    };
-    const std::int64_t weights[3] = {doubleArea(v[1], v[2]), doubleArea(v[2], v[0]), doubleArea(v[0], v[1])};
-    const auto component = [&](WORD TRIVERTEX::*part) {
-        std::int64_t sum = 0;
-        for (std::size_t i = 0; i < 3; ++i)
-            sum += weights[i] * (v[i].*part);
-        return static_cast<std::uint32_t>(std::clamp<std::int64_t>(sum / area / colorScale, 0, 255));
-    };
-    return component(&TRIVERTEX::Alpha) << 24 | component(&TRIVERTEX::Red) << 16 |
-           component(&TRIVERTEX::Green) << 8 | component(&TRIVERTEX::Blue);
-}
-
-void fillGradientTriangle(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b,
-                          const TRIVERTEX& c) {
-    std::array<TRIVERTEX, 3> v = {a, b, c};
-    for (TRIVERTEX& vertex : v) {
-        const POINT p = context.toSurface(POINT{vertex.x, vertex.y});
-        vertex.x = p.x;
-        vertex.y = p.y;
-    }
-    std::sort(v.begin(), v.end(), [](const TRIVERTEX& one, const TRIVERTEX& other) {
-        return one.y != other.y ? one.y < other.y : one.x < other.x;
-    });
-    const std::int64_t area =
-        std::int64_t{v[1].x - v[0].x} * (v[2].y - v[0].y) - std::int64_t{v[1].y - v[0].y} * (v[2].x - v[0].x);
-    if (area == 0) return;
-    std::vector<std::uint32_t> pixels;
-    for (const RECT& clip : context.drawable().rectangles()) {
-        for (int y = std::max(clip.top, v[0].y); y < std::min(clip.bottom, v[2].y); ++y) {
-            const TriangleRow row = triangleRow(v, y);
-            const RECT r = intersection({row.left, y, row.right, y + 1}, clip);
-            if (isEmpty(r)) continue;
-            pixels.clear();
-            for (int x = r.left; x < r.right; ++x)
-                pixels.push_back(weighted(v, area, x, y));
-            putGradient(context, r, pixels, true);
-        }
-    }
 }
 
 } // namespace
@@ -447,28 +356,6 @@ BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSo
         to->recorder->blend(RecordType::AlphaBlend, areas.target(), {*from, areas.source()}, wordOf(blend));
     const FittedSource fitted(*to, *from, stretch, COLORONCOLOR);
     blendPixels(*to, stretch.to, fitted.pixels(), blend);
-    return TRUE_;
-}
-
-BOOL GradientFill(HDC dc, const TRIVERTEX* vertices, DWORD vertexCount, const void* meshes, DWORD meshCount,
-                  DWORD mode) {
-    DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || !vertices || !meshes || vertexCount == 0 || meshCount == 0) return FALSE_;
-    if (mode > GRADIENT_FILL_TRIANGLE) return FALSE_;
-    const DWORD corners = mode == GRADIENT_FILL_TRIANGLE ? 3 : 2;
-    const auto* indices = static_cast<const DWORD*>(meshes);
-    const DWORD* const end = indices + std::size_t{meshCount} * corners;
-    if (std::any_of(indices, end, [&](DWORD index) { return index >= vertexCount; })) return FALSE_;
-    if (context->recorder) context->recorder->gradient({vertices, vertexCount}, meshes, meshCount, mode);
-    for (; indices != end; indices += corners) {
-        const TRIVERTEX& first = vertices[indices[0]];
-        const TRIVERTEX& second = vertices[indices[1]];
-        if (mode == GRADIENT_FILL_TRIANGLE) {
-            fillGradientTriangle(*context, first, second, vertices[indices[2]]);
-        } else {
-            fillGradient(*context, first, second, mode == GRADIENT_FILL_RECT_H);
-        }
-    }
     return TRUE_;
 }
 
