@@ -99,7 +99,7 @@ struct MetafilePicture {
 };
 
 /// Reads the bytes of an .emf file, or of a .wmf file with a placeable header; no handle for others, a size
-/// of nothing included.
+/// of nothing included. The platform loads no .wmf file without that header either, whatever extents it sets.
 MetafilePicture readMetafilePicture(std::span<const BYTE> file);
 
 /// Puts bytes of the program's own among the records.

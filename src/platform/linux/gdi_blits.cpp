@@ -4,6 +4,7 @@
 #include "platform/linux/blend.h"
 #include "platform/linux/blit.h"
 #include "platform/linux/colors.h"
+#include "platform/linux/mask_region.h"
 #include "platform/linux/metafile_recorder.h"
 #include "platform/linux/rows.h"
 #include "platform/linux/stretch.h"
@@ -130,23 +131,6 @@ void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& sou
     }
 }
 
-/// The pixels of a mask of 1 bit that are set, as a region whose (0, 0) is the mask's pixel `from`.
-Region regionOf(const Bitmap& mask, POINT from, int width, int height) {
-    Region region;
-    for (int y = 0; y < height; ++y) {
-        Region row;
-        for (int x = 0; x < width;) {
-            int end = x;
-            while (end < width && valueAt(mask.surface, from.x + end, from.y + y) != 0)
-                ++end;
-            if (end > x) row = row.united(Region(RECT{x, y, end, y + 1}));
-            x = end + 1;
-        }
-        region = region.united(row);
-    }
-    return region;
-}
-
 /// Narrows a context's clipping for one drawing.
 class ClipScope {
 public:
@@ -202,12 +186,20 @@ struct Parallelogram {
         const double across =
             (x * (bottomLeft.y - topLeft.y) - y * (bottomLeft.x - topLeft.x)) / size * width;
         const double down = (y * (topRight.x - topLeft.x) - x * (topRight.y - topLeft.y)) / size * height;
-        return {static_cast<LONG>(std::floor(across)), static_cast<LONG>(std::floor(down))};
+        const auto whole = [](double value) {
+            constexpr double farthest = 0x7FFFFFFF;
+            return static_cast<LONG>(std::floor(std::clamp(value, -1.0, farthest)));
+        };
+        return {whole(across), whole(down)};
     }
 };
 
 bool contains(const RECT& r, POINT p) {
     return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+}
+
+POINT sumOf(POINT a, POINT b) {
+    return {boundedCoordinate(std::int64_t{a.x} + b.x), boundedCoordinate(std::int64_t{a.y} + b.y)};
 }
 
 bool holds(const Surface& surface, POINT p) {
@@ -265,35 +257,45 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSo
 
 BOOL MaskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
              HBITMAP maskHandle, int xMask, int yMask, DWORD rop) {
-    constexpr DWORD foregroundBits = 0x00FFFFFF;
-    const DWORD background = rop >> 8 & 0x00FF0000;
-    if (!maskHandle) return BitBlt(dc, x, y, width, height, source, xSource, ySource, rop & foregroundBits);
+    const DWORD foreground = foregroundOf(rop);
+    const DWORD background = backgroundOf(rop);
+    if (!maskHandle) return BitBlt(dc, x, y, width, height, source, xSource, ySource, foreground);
     DeviceContext* context = find<DeviceContext>(dc);
     const Bitmap* mask = find<Bitmap>(maskHandle);
-    if (!context || !isMask(mask) || width < 0 || height < 0) return FALSE_;
-    if (!liesIn({xMask, yMask, boundedCoordinate(std::int64_t{xMask} + width),
-                 boundedCoordinate(std::int64_t{yMask} + height)},
-                {0, 0, mask->surface.width, mask->surface.height}))
-        return FALSE_;
+    const RECT part = rectOf(xMask, yMask, width, height);
+    if (!context || !isMask(mask) || !isPartOf(part, mask->surface)) return FALSE_;
+    if (context->recorder) {
+        DeviceContext* from = find<DeviceContext>(source);
+        if (!from && (usesSource(rop3Of(foreground)) || usesSource(rop3Of(background)))) return FALSE_;
+        const RECT sourceArea = rectOf(xSource, ySource, width, height);
+        context->recorder->maskedBlit(rectOf(x, y, width, height), from, sourceArea, *mask, {xMask, yMask},
+                                      rop);
+        return TRUE_;
+    }
     const RECT area = areaOf(context->toSurface(rectOf(x, y, width, height)));
-    Region set = regionOf(*mask, {xMask, yMask}, width, height);
+    Region set = maskRegion(mask->surface, part);
     set.translate(area.left, area.top);
     const auto copyWithin = [&](const Region& region, DWORD operation) {
         const ClipScope clip(*context, region);
         return BitBlt(dc, x, y, width, height, source, xSource, ySource, operation);
     };
-    return copyWithin(set, rop & foregroundBits) && copyWithin(Region(area).subtracted(set), background);
+    return copyWithin(set, foreground) && copyWithin(Region(area).subtracted(set), background);
 }
 
 BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, int widthSource,
             int heightSource, HBITMAP maskHandle, int xMask, int yMask) {
     DeviceContext* to = find<DeviceContext>(dc);
-    const DeviceContext* from = find<DeviceContext>(source);
+    DeviceContext* from = find<DeviceContext>(source);
     const Bitmap* mask = find<Bitmap>(maskHandle);
     if (!to || !from || !points || (maskHandle && !isMask(mask))) return FALSE_;
     const POINT start = from->toSurface(POINT{xSource, ySource});
     const Parallelogram target{to->toSurface(points[0]), to->toSurface(points[1]), to->toSurface(points[2])};
     if (target.isFlat() || widthSource <= 0 || heightSource <= 0) return FALSE_;
+    if (to->recorder) {
+        const RECT area = rectOf(xSource, ySource, widthSource, heightSource);
+        to->recorder->parallelogram(points, {*from, area}, mask, {xMask, yMask});
+        return TRUE_;
+    }
     const SourcePixels pixels = sourceOf(*to, *from, {});
     ValueFinder finder(*to);
     for (const RECT& clip : to->drawable().rectangles()) {
@@ -302,11 +304,11 @@ BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, i
             for (int x = r.left; x < r.right; ++x) {
                 POINT at = target.inside({x, y}, widthSource, heightSource);
                 if (at.x < 0 || at.y < 0 || at.x >= widthSource || at.y >= heightSource) continue;
-                const POINT onMask{at.x + xMask, at.y + yMask};
+                const POINT onMask = sumOf(at, {xMask, yMask});
                 if (mask &&
                     (!holds(mask->surface, onMask) || valueAt(mask->surface, onMask.x, onMask.y) == 0))
                     continue;
-                at = {at.x + start.x, at.y + start.y};
+                at = sumOf(at, start);
                 if (!contains(pixels.valid, at)) continue;
                 copyPixel(*to, {x, y}, pixels, at, finder);
             }

@@ -8,6 +8,7 @@
 #include "platform/linux/device_context.h"
 #include "platform/linux/metafile.h"
 #include "platform/linux/metafile_transform.h"
+#include "platform/pictures.h"
 
 #include <variant>
 
@@ -145,6 +146,8 @@ private:
 
     // Pictures: metafile_player_blits.cpp.
     void bitBlt(RecordReader&);
+    void maskBlt(RecordReader&);
+    void plgBlt(RecordReader&);
     template <class Draw>
     void readStretch(RecordReader& reader, const Draw& draw);
     void stretchBlt(RecordReader&);
@@ -154,6 +157,13 @@ private:
     void stretchDIBits(RecordReader&);
     void fillGradient(RecordReader&);
     void blit(const RECT& target, const Picture& picture, const RECT& source, DWORD rop);
+    void fillBox(const RECT& target, DWORD rop);
+    std::optional<PictureData> pictureAt(RecordReader& reader, const BitsPlace& place);
+    /// A bitmap of 1 bit, the caller's; none when it is broken.
+    HBITMAP maskAt(RecordReader& reader, const BitsPlace& place);
+    Region maskedArea(POINT at, const Bitmap& mask, const RECT& part) const;
+    template <class Draw>
+    void drawWithin(const Region& region, const Draw& draw);
     static BitsPlace readPlace(RecordReader&);
 
     void setEntry(DWORD index, Entry entry);

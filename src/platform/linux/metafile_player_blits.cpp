@@ -1,9 +1,12 @@
 // Pictures and gradients of a metafile that is played.
 
+#include "platform/linux/mask_region.h"
 #include "platform/linux/metafile_bits.h"
 #include "platform/linux/metafile_player.h"
+#include "platform/linux/shapes.h"
 
 #include <algorithm>
+#include <array>
 
 namespace platform::driver {
 
@@ -33,6 +36,21 @@ private:
 
 namespace {
 
+/// A bitmap that ends with its scope; it may be none.
+class OwnBitmap {
+public:
+    explicit OwnBitmap(HBITMAP handle) : handle_(handle) {}
+    ~OwnBitmap() { DeleteObject(handle_); }
+    OwnBitmap(const OwnBitmap&) = delete;
+    OwnBitmap& operator=(const OwnBitmap&) = delete;
+
+    HBITMAP handle() const { return handle_; }
+    const Bitmap* get() const { return find<Bitmap>(handle_); }
+
+private:
+    HBITMAP handle_;
+};
+
 RECT rectOf(LONG x, LONG y, LONG width, LONG height) {
     return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
 }
@@ -49,6 +67,18 @@ void MetafilePlayer::blit(const RECT& target, const Picture& picture, const RECT
                source.right - source.left, source.bottom - source.top, rop);
 }
 
+void MetafilePlayer::fillBox(const RECT& target, DWORD rop) {
+    const RECT r = toTarget(target);
+    PatBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, rop);
+}
+
+std::optional<PictureData> MetafilePlayer::pictureAt(RecordReader& reader, const BitsPlace& place) {
+    auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
+                          reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
+    if (reader.failed()) return std::nullopt;
+    return data;
+}
+
 void MetafilePlayer::bitBlt(RecordReader& reader) {
     reader.skip(sizeof(RECT));
     const POINT at = reader.value<POINT>();
@@ -60,14 +90,99 @@ void MetafilePlayer::bitBlt(RecordReader& reader) {
     if (reader.failed()) return;
     const RECT target = rectOf(at.x, at.y, size.cx, size.cy);
     if (place.bitsSize == 0) {
-        const RECT r = toTarget(target);
-        PatBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, rop);
+        fillBox(target, rop);
+    } else if (const auto data = pictureAt(reader, place)) {
+        blit(target, Picture(dc_, *data), rectOf(from.x, from.y, size.cx, size.cy), rop);
+    }
+}
+
+HBITMAP MetafilePlayer::maskAt(RecordReader& reader, const BitsPlace& place) {
+    const HBITMAP mask =
+        monoBitmapOf(reader.at(place.headerAt, place.headerSize), reader.at(place.bitsAt, place.bitsSize));
+    if (BITMAP about; GetObjectBitmap(mask, &about)) {
+        pixelsLeft_ -= std::int64_t{about.bmWidth} * about.bmHeight;
+        if (pixelsLeft_ >= 0) return mask;
+        DeleteObject(mask);
+    }
+    reader.fail();
+    return {};
+}
+
+Region MetafilePlayer::maskedArea(POINT at, const Bitmap& mask, const RECT& part) const {
+    Region set = maskRegion(mask.surface, part);
+    set.translate(at.x, at.y);
+    std::vector<RECT> rows;
+    for (const RECT& r : set.rectangles())
+        rows.push_back(ordered(toTarget(r)));
+    return Region::ofRows(std::move(rows));
+}
+
+template <class Draw>
+void MetafilePlayer::drawWithin(const Region& region, const Draw& draw) {
+    const HRGN handle = addRegion(region);
+    SaveDC(dc_);
+    ExtSelectClipRgn(dc_, handle, RGN_AND);
+    draw();
+    RestoreDC(dc_, -1);
+    DeleteObject(handle);
+}
+
+void MetafilePlayer::maskBlt(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    const POINT at = reader.value<POINT>();
+    const SIZE size = reader.value<SIZE>();
+    const DWORD rop = reader.number();
+    const POINT from = reader.value<POINT>();
+    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
+    const BitsPlace place = readPlace(reader);
+    const POINT maskFrom = reader.value<POINT>();
+    const BitsPlace maskPlace = readPlace(reader);
+    if (reader.failed()) return;
+    const RECT target = rectOf(at.x, at.y, size.cx, size.cy);
+    const RECT source = rectOf(from.x, from.y, size.cx, size.cy);
+    const std::optional<PictureData> data =
+        place.bitsSize > 0 ? pictureAt(reader, place) : std::optional<PictureData>();
+    std::optional<Picture> picture;
+    if (data) picture.emplace(dc_, *data);
+    const auto copy = [&](DWORD operation) {
+        if (picture)
+            blit(target, *picture, source, operation);
+        else
+            fillBox(target, operation); // refuses operations that have a source
+    };
+    if (maskPlace.bitsSize == 0) {
+        copy(foregroundOf(rop));
         return;
     }
-    const auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
-                                reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
-    if (reader.failed() || !data) return;
-    blit(target, Picture(dc_, *data), rectOf(from.x, from.y, size.cx, size.cy), rop);
+    const OwnBitmap mask(maskAt(reader, maskPlace));
+    const RECT part = rectOf(maskFrom.x, maskFrom.y, size.cx, size.cy);
+    if (!mask.get() || !isPartOf(part, mask.get()->surface)) {
+        reader.fail();
+        return;
+    }
+    const Region set = maskedArea(at, *mask.get(), part);
+    drawWithin(set, [&] { copy(foregroundOf(rop)); });
+    drawWithin(Region(ordered(toTarget(target))).subtracted(set), [&] { copy(backgroundOf(rop)); });
+}
+
+void MetafilePlayer::plgBlt(RecordReader& reader) {
+    reader.skip(sizeof(RECT));
+    auto corners = reader.value<std::array<POINT, 3>>();
+    const POINT from = reader.value<POINT>();
+    const SIZE size = reader.value<SIZE>();
+    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
+    const BitsPlace place = readPlace(reader);
+    const POINT maskFrom = reader.value<POINT>();
+    const BitsPlace maskPlace = readPlace(reader);
+    const std::optional<PictureData> data = pictureAt(reader, place);
+    if (!data) return;
+    const OwnBitmap mask(maskPlace.bitsSize > 0 ? maskAt(reader, maskPlace) : HBITMAP());
+    if (reader.failed()) return;
+    for (POINT& corner : corners)
+        corner = toTarget(corner);
+    const Picture picture(dc_, *data);
+    PlgBlt(dc_, corners.data(), picture.dc(), from.x, from.y, size.cx, size.cy, mask.handle(), maskFrom.x,
+           maskFrom.y);
 }
 
 template <class Draw>
@@ -80,9 +195,8 @@ void MetafilePlayer::readStretch(RecordReader& reader, const Draw& draw) {
     reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
     const BitsPlace place = readPlace(reader);
     const SIZE fromSize = reader.value<SIZE>();
-    const auto data = pictureOf(reader.at(place.headerAt, place.headerSize),
-                                reader.at(place.bitsAt, place.bitsSize), pixelsLeft_);
-    if (reader.failed() || !data) return;
+    const auto data = pictureAt(reader, place);
+    if (!data) return;
     draw(rectOf(at.x, at.y, size.cx, size.cy), Picture(dc_, *data),
          rectOf(from.x, from.y, fromSize.cx, fromSize.cy), parameter);
 }

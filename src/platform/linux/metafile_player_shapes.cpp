@@ -314,10 +314,10 @@ void MetafilePlayer::drawText(RecordReader& reader, bool isWide) {
         return;
     }
     const std::span<const BYTE> bytes = reader.at(textAt, std::uint64_t{length} * (isWide ? 2 : 1));
-    std::u16string text(isWide ? length : 0, u' ');
-    if (isWide)
+    std::u16string text(isWide ? bytes.size() / sizeof(char16_t) : 0, u' ');
+    if (!text.empty())
         std::memcpy(text.data(), bytes.data(), bytes.size());
-    else
+    else if (!isWide)
         text = wideFromAnsi({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     const std::size_t step = (options & pairedAdvances) != 0 ? 2 : 1;
     std::vector<LONG> advances;
@@ -432,6 +432,8 @@ const MetafilePlayer::Binding MetafilePlayer::bindings[] = {
     {RecordType::ExtSelectClipRgn, &MetafilePlayer::selectClipRegion},
     {RecordType::BitBlt, &MetafilePlayer::bitBlt},
     {RecordType::StretchBlt, &MetafilePlayer::stretchBlt},
+    {RecordType::MaskBlt, &MetafilePlayer::maskBlt},
+    {RecordType::PlgBlt, &MetafilePlayer::plgBlt},
     {RecordType::SetDIBitsToDevice, &MetafilePlayer::setDIBitsToDevice},
     {RecordType::StretchDIBits, &MetafilePlayer::stretchDIBits},
     {RecordType::ExtCreateFontIndirectW, &MetafilePlayer::createFont},

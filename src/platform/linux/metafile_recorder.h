@@ -59,6 +59,11 @@ public:
     void region(RecordType type, const Region& region, const Brush* brush, SIZE frame = {});
 
     void blit(const RECT& target, const BlitSource& source, DWORD rop);
+    /// A copy under MAKEROP4; `source` is null where neither operation has one.
+    void maskedBlit(const RECT& target, DeviceContext* source, const RECT& sourceArea, const Bitmap& mask,
+                    POINT maskFrom, DWORD rop);
+    /// PlgBlt, with its three corners.
+    void parallelogram(const POINT* corners, const BlitSource& source, const Bitmap* mask, POINT maskFrom);
     /// AlphaBlend, whose `parameter` is the blend function, or TransparentBlt, where it is the colour.
     void blend(RecordType type, const RECT& target, const BlitSource& source, DWORD parameter);
     void gradient(std::span<const TRIVERTEX> vertices, const void* meshes, DWORD meshCount, DWORD mode);
@@ -73,6 +78,12 @@ private:
         int width = 0;
         int height = 0;
         std::vector<std::uint32_t> words;
+    };
+
+    /// A device-independent bitmap as it goes into a record.
+    struct Dib {
+        std::vector<BYTE> header; ///< With its colours
+        std::vector<BYTE> bits;
     };
 
     /// The state as the records written so far have left it.
@@ -101,6 +112,8 @@ private:
     /// A record that begins with its bounds.
     RecordWriter drawing(RecordType type, const RECT& bounds);
     static void writeBits(RecordWriter& writer, std::size_t offsets, const Pixels& pixels);
+    static void writeDib(RecordWriter& writer, std::size_t offsets, const Dib& dib);
+    Dib dibOf(const Bitmap& bitmap, int depth) const;
     void number(RecordType type, DWORD value);
     template <class Value>
     void changed(Value& written, Value value, RecordType type);

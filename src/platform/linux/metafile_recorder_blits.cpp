@@ -3,6 +3,9 @@
 #include "platform/linux/metafile_recorder.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
 
 namespace platform::driver {
 
@@ -55,6 +58,9 @@ BITMAPINFOHEADER headerOf(int width, int height, int bitsPerPixel) {
     return header;
 }
 
+/// Where the bits of a picture lie that there is not, or that are still to be written.
+constexpr std::array<DWORD, 4> noBits{};
+
 bool hasAlpha(const std::vector<std::uint32_t>& words) {
     return std::any_of(words.begin(), words.end(), [](std::uint32_t word) { return word >> 24 != 0; });
 }
@@ -83,31 +89,39 @@ void MetafileRecorder::writeBits(RecordWriter& writer, std::size_t offsets, cons
     writer.put(offsets + 12, static_cast<DWORD>(pixels.words.size() * sizeof(DWORD)));
 }
 
-void MetafileRecorder::writePatternBrush(DWORD entry, const Bitmap& pattern) {
-    constexpr std::size_t offsets = 16;
-    const int width = pattern.surface.width;
-    const int height = pattern.surface.height;
-    const bool isMono = pattern.surface.bitsPerPixel == 1 && !pattern.surface.format;
-    const int depth = isMono ? 1 : wordBits;
-    const std::size_t headerSize = sizeof(BITMAPINFOHEADER) + (isMono ? 2 * sizeof(RGBQUAD) : 0);
+void MetafileRecorder::writeDib(RecordWriter& writer, std::size_t offsets, const Dib& dib) {
+    const std::size_t at = writer.size();
+    writer.block(dib.header.data(), dib.header.size()).block(dib.bits.data(), dib.bits.size());
+    writer.put(offsets, static_cast<DWORD>(at));
+    writer.put(offsets + 4, static_cast<DWORD>(dib.header.size()));
+    writer.put(offsets + 8, static_cast<DWORD>(at + dib.header.size()));
+    writer.put(offsets + 12, static_cast<DWORD>(dib.bits.size()));
+}
+
+MetafileRecorder::Dib MetafileRecorder::dibOf(const Bitmap& bitmap, int depth) const {
+    const int width = bitmap.surface.width;
+    const int height = bitmap.surface.height;
+    const std::size_t headerSize = sizeof(BITMAPINFOHEADER) + (depth == 1 ? 2 * sizeof(RGBQUAD) : 0);
     const std::size_t stride =
         (static_cast<std::size_t>(width) * static_cast<std::size_t>(depth) + 31) / 32 * 4;
-    std::vector<BYTE> bits(stride * static_cast<std::size_t>(height));
+    Dib dib{std::vector<BYTE>(headerSize), std::vector<BYTE>(stride * static_cast<std::size_t>(height))};
     BITMAPINFO info;
     info.bmiHeader = headerOf(width, height, depth);
-    const HBITMAP copy(addObject(copyOf(pattern)));
-    GetDIBits(HDC(context_.handle), copy, 0, static_cast<UINT>(height), bits.data(), &info, DIB_RGB_COLORS);
+    const HBITMAP copy(addObject(copyOf(bitmap)));
+    GetDIBits(HDC(context_.handle), copy, 0, static_cast<UINT>(height), dib.bits.data(), &info,
+              DIB_RGB_COLORS);
     DeleteObject(copy);
+    std::memcpy(dib.header.data(), &info, headerSize);
+    return dib;
+}
+
+void MetafileRecorder::writePatternBrush(DWORD entry, const Bitmap& pattern) {
+    constexpr std::size_t offsets = 16;
+    const bool isMono = pattern.surface.bitsPerPixel == 1 && !pattern.surface.format;
+    const Dib dib = dibOf(pattern, isMono ? 1 : wordBits);
     RecordWriter writer = record(isMono ? RecordType::CreateMonoBrush : RecordType::CreateDibPatternBrushPt);
-    writer.value(entry).value(DWORD{DIB_RGB_COLORS});
-    for (int i = 0; i < 4; ++i)
-        writer.value(DWORD{0});
-    const std::size_t at = writer.size();
-    writer.block(&info, headerSize).block(bits.data(), bits.size());
-    writer.put(offsets, static_cast<DWORD>(at));
-    writer.put(offsets + 4, static_cast<DWORD>(headerSize));
-    writer.put(offsets + 8, static_cast<DWORD>(at + headerSize));
-    writer.put(offsets + 12, static_cast<DWORD>(bits.size()));
+    writer.value(entry).value(DWORD{DIB_RGB_COLORS}).value(noBits);
+    writeDib(writer, offsets, dib);
 }
 
 void MetafileRecorder::patternBlit(const RECT& r, DWORD rop) {
@@ -116,8 +130,7 @@ void MetafileRecorder::patternBlit(const RECT& r, DWORD rop) {
     RecordWriter writer = drawing(RecordType::BitBlt, bounds);
     writer.value(r.left).value(r.top).value(widthOf(r)).value(heightOf(r)).value(rop);
     writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
-    for (int i = 0; i < 4; ++i)
-        writer.value(DWORD{0});
+    writer.value(noBits);
 }
 
 void MetafileRecorder::fill(const RECT& r, const Brush& brush, DWORD rop) {
@@ -203,8 +216,7 @@ void MetafileRecorder::writeBlit(RecordType type, const RECT& target, const Pixe
         .value(heightOf(target))
         .value(parameter);
     writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
-    for (int i = 0; i < 4; ++i)
-        writer.value(DWORD{0});
+    writer.value(noBits);
     if (type != RecordType::BitBlt) writer.value(SIZE{pixels.width, pixels.height});
     writeBits(writer, offsets, pixels);
 }
@@ -214,6 +226,61 @@ void MetafileRecorder::blit(const RECT& target, const BlitSource& source, DWORD 
     const Pixels pixels = pixelsOf(source, shrunk);
     const bool isSameSize = widthOf(shrunk) == pixels.width && heightOf(shrunk) == pixels.height;
     writeBlit(isSameSize ? RecordType::BitBlt : RecordType::StretchBlt, shrunk, pixels, rop);
+}
+
+void MetafileRecorder::maskedBlit(const RECT& target, DeviceContext* source, const RECT& sourceArea,
+                                  const Bitmap& mask, POINT maskFrom, DWORD rop) {
+    constexpr std::size_t offsets = 84;
+    constexpr std::size_t maskOffsets = 112;
+    RECT shrunk = target;
+    Pixels pixels;
+    if (source) pixels = pixelsOf({*source, sourceArea}, shrunk);
+    if (source && pixels.words.empty()) return;
+    writeState();
+    const Dib maskDib = dibOf(mask, 1);
+    const RECT bounds = addBounds(shrunk);
+    RecordWriter writer = drawing(RecordType::MaskBlt, bounds);
+    writer.value(shrunk.left).value(shrunk.top).value(widthOf(shrunk)).value(heightOf(shrunk)).value(rop);
+    writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
+    writer.value(noBits);
+    writer.value(POINT{maskFrom.x + shrunk.left - target.left, maskFrom.y + shrunk.top - target.top});
+    writer.value(DWORD{DIB_RGB_COLORS}).value(noBits);
+    if (source) writeBits(writer, offsets, pixels);
+    writeDib(writer, maskOffsets, maskDib);
+}
+
+void MetafileRecorder::parallelogram(const POINT* corners, const BlitSource& source, const Bitmap* mask,
+                                     POINT maskFrom) {
+    constexpr std::size_t offsets = 96;
+    constexpr std::size_t maskOffsets = 124;
+    RECT shrunk = source.area;
+    const Pixels pixels = pixelsOf(source, shrunk);
+    if (pixels.words.empty()) return;
+    // What the source does not have is cut off the parallelogram too.
+    const auto cornerAt = [&](LONG x, LONG y) {
+        const double across = static_cast<double>(x - source.area.left) / widthOf(source.area);
+        const double down = static_cast<double>(y - source.area.top) / heightOf(source.area);
+        const auto along = [&](LONG POINT::*axis) {
+            const double from = corners[0].*axis;
+            return static_cast<LONG>(
+                std::lround(from + across * (corners[1].*axis - from) + down * (corners[2].*axis - from)));
+        };
+        return POINT{along(&POINT::x), along(&POINT::y)};
+    };
+    const std::array<POINT, 3> cut = {cornerAt(shrunk.left, shrunk.top), cornerAt(shrunk.right, shrunk.top),
+                                      cornerAt(shrunk.left, shrunk.bottom)};
+    const POINT fourth = cornerAt(shrunk.right, shrunk.bottom);
+    const std::array<POINT, 4> outline = {cut[0], cut[1], fourth, cut[2]};
+    writeState();
+    const RECT bounds = addBounds(outline.data(), outline.size());
+    RecordWriter writer = drawing(RecordType::PlgBlt, bounds);
+    writer.value(cut).value(POINT{}).value(SIZE{pixels.width, pixels.height});
+    writer.value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS}).value(noBits);
+    writer.value(boundedCoordinate(std::int64_t{maskFrom.x} + shrunk.left - source.area.left))
+        .value(boundedCoordinate(std::int64_t{maskFrom.y} + shrunk.top - source.area.top));
+    writer.value(DWORD{DIB_RGB_COLORS}).value(noBits);
+    writeBits(writer, offsets, pixels);
+    if (mask) writeDib(writer, maskOffsets, dibOf(*mask, 1));
 }
 
 void MetafileRecorder::blend(RecordType type, const RECT& target, const BlitSource& source, DWORD parameter) {

@@ -4,6 +4,7 @@
 #include "platform/gdi.h"
 #include "support/Canvas.h"
 
+#include <limits>
 #include <random>
 
 using namespace platform;
@@ -46,6 +47,15 @@ TEST(LinuxGdi, OverlappingCopiesOfOneBitAreAsIfTheSourceWereApart) {
                     << "round " << round;
         }
     }
+}
+
+TEST(LinuxGdi, PlgBltIsHarmlessBeyondAllMeasure) {
+    constexpr int far = std::numeric_limits<int>::max();
+    const Canvas from(2, 2);
+    const Canvas to(4, 4);
+    const POINT corners[] = {{0, 0}, {4, 0}, {0, 4}};
+    for (const int start : {-far, 0, far})
+        EXPECT_TRUE(PlgBlt(to.dc(), corners, from.dc(), start, start, far, far, HBITMAP(), start, start));
 }
 
 TEST(LinuxGdi, PlgBltTurnsAPicture) {

@@ -104,6 +104,55 @@ TEST(CraftedMetafile, OffsetsBeyondTheRecordAreLeftOut) {
     EXPECT_EQ(canvas.at(7, 7), red);
 }
 
+TEST(CraftedMetafile, TextOfNoLengthIsDrawn) {
+    constexpr DWORD extTextOutW = 84;
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    crafted.record(extTextOutW, std::vector<DWORD>(17)).record(setPixel, {7, 7, red});
+    EXPECT_TRUE(play(crafted, canvas));
+    EXPECT_EQ(canvas.at(7, 7), red);
+}
+
+TEST(CraftedMetafile, MasksThatAreNotInTheRecordAreLeftOut) {
+    constexpr DWORD maskBlt = 78;
+    constexpr DWORD plgBlt = 79;
+    const Canvas canvas(100, 100);
+    Crafted crafted;
+    std::vector<DWORD> masked(30);
+    masked[6] = masked[7] = 50;
+    masked[8] = BLACKNESS;
+    masked[26] = 1000; // where the mask's header should be
+    masked[27] = 48;
+    masked[28] = 2000;
+    masked[29] = 0xFFFFFFFF;
+    std::vector<DWORD> turned(33, 0xFFFFFFF0);
+    crafted.record(maskBlt, masked).record(plgBlt, turned).record(setPixel, {7, 7, red});
+    EXPECT_FALSE(play(crafted, canvas));
+    EXPECT_EQ(canvas.at(7, 7), red);
+}
+
+TEST(CraftedMetafile, AMaskSmallerThanItsPictureIsLeftOut) {
+    constexpr DWORD maskBlt = 78;
+    for (const DWORD width : {8u, 9u, 0xFFFFFFF8u}) {
+        const Canvas canvas(100, 100);
+        PatBlt(canvas.dc(), 0, 0, 100, 100, BLACKNESS);
+        std::vector<DWORD> masked(30);
+        masked[6] = width;
+        masked[7] = 1;
+        masked[8] = MAKEROP4(WHITENESS, WHITENESS);
+        masked[26] = 128;
+        masked[27] = 48;
+        masked[28] = 176;
+        masked[29] = 4;
+        for (const DWORD word : {40u, 8u, 1u, 0x00010001u, 0u, 0u, 0u, 0u, 0u, 0u, 0u, 0xFFFFFFu, 0u})
+            masked.push_back(word);
+        Crafted crafted;
+        crafted.record(maskBlt, masked);
+        EXPECT_EQ(play(crafted, canvas), width == 8u ? TRUE_ : FALSE_);
+        EXPECT_EQ(canvas.at(0, 0), width == 8u ? RGB(255, 255, 255) : 0u) << width;
+    }
+}
+
 TEST(CraftedMetafile, ObjectsOutsideOfTheTableAreLeftOut) {
     const std::uint32_t before = driver::handleCount();
     const Canvas canvas(100, 100);
@@ -217,6 +266,26 @@ TEST(MetafilePlayed, CopiesOfOneBitTakeTheColoursOfTheRecording) {
         SetBkColor(dc, RGB(250, 250, 0));
         BitBlt(dc, 2, 2, 8, 8, source.dc(), 0, 0, SRCCOPY);
     });
+}
+
+TEST(MetafilePlayed, ParallelogramsLookAsDrawn) {
+    const Canvas source(4, 4);
+    PatBlt(source.dc(), 0, 0, 4, 4, WHITENESS);
+    source.set(0, 0, RGB(0, 0, 0));
+    source.set(1, 1, RGB(255, 0, 0));
+    const WORD evenColumns[4] = {0x00A0, 0x00A0, 0x00A0, 0x00A0};
+    const HBITMAP mask = CreateBitmap(4, 4, 1, 1, evenColumns);
+    expectSamePicture([&](HDC dc) {
+        PatBlt(dc, 0, 0, 40, 40, BLACKNESS);
+        const POINT upright[] = {{2, 2}, {10, 2}, {2, 10}};
+        PlgBlt(dc, upright, source.dc(), 0, 0, 4, 4, HBITMAP(), 0, 0);
+        const POINT turned[] = {{28, 2}, {28, 10}, {20, 2}};
+        PlgBlt(dc, turned, source.dc(), 0, 0, 4, 4, mask, 0, 0);
+        // Of this one the source has the lower right quarter.
+        const POINT cut[] = {{2, 20}, {18, 20}, {2, 36}};
+        PlgBlt(dc, cut, source.dc(), -4, -4, 8, 8, HBITMAP(), 0, 0);
+    });
+    DeleteObject(mask);
 }
 
 TEST(MetafilePlayed, OriginsAndExtentsAreRecorded) {
