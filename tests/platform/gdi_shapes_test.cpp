@@ -408,3 +408,46 @@ TEST(Coordinates, OriginsShiftDrawingAndClipping) {
     SelectClipRgn(canvas.dc(), HRGN());
     EXPECT_EQ(canvas.at(3, 4), white);
 }
+
+namespace {
+
+/// Curves and dashed lines that reach far out of the middle of a canvas.
+void drawFarReaching(HDC dc) {
+    Ellipse(dc, -300, 40, 90, 400);
+    RoundRect(dc, 60, 70, 500, 300, 80, 50);
+    Arc(dc, -100, -100, 110, 110, 200, 0, 0, 200);
+    Pie(dc, 20, 20, 600, 500, 600, 20, 20, 500);
+    const POINT line[] = {{-4000, 20}, {70, 60}, {90, 3000}, {100, 100}, {5000, 75}};
+    Polyline(dc, line, 5);
+}
+
+HPEN dashedPen(DWORD style, DWORD width) {
+    const LOGBRUSH brush{BS_SOLID, white, 0};
+    return ExtCreatePen(PS_GEOMETRIC | style, width, &brush, 0, nullptr);
+}
+
+} // namespace
+
+TEST(Clipping, TheVisiblePartOfWhatReachesFarOutIsTheSame) {
+    constexpr int side = 160;
+    constexpr RECT part{50, 50, 110, 110};
+    const auto pens = {
+        CreatePen(PS_SOLID, 0, white), CreatePen(PS_SOLID, 9, white), CreatePen(PS_DASHDOT, 1, white),
+        dashedPen(PS_DASH | PS_ENDCAP_SQUARE | PS_JOIN_MITER, 7), dashedPen(PS_SOLID | PS_JOIN_ROUND, 20)};
+    for (const HPEN pen : pens) {
+        const Canvas whole(side, side);
+        const Canvas clipped(side, side);
+        IntersectClipRect(clipped.dc(), part.left, part.top, part.right, part.bottom);
+        for (const Canvas* canvas : {&whole, &clipped}) {
+            const HGDIOBJ formerPen = SelectObject(canvas->dc(), pen);
+            const HGDIOBJ formerBrush = SelectObject(canvas->dc(), GetStockObject(GRAY_BRUSH));
+            drawFarReaching(canvas->dc());
+            SelectObject(canvas->dc(), formerBrush);
+            SelectObject(canvas->dc(), formerPen);
+        }
+        DeleteObject(pen);
+        for (int y = part.top; y < part.bottom; ++y)
+            for (int x = part.left; x < part.right; ++x)
+                ASSERT_EQ(clipped.at(x, y), whole.at(x, y)) << x << "," << y;
+    }
+}

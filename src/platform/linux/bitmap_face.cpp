@@ -141,11 +141,10 @@ Glyph BitmapFace::makeGlyph(char16_t character) {
         const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * (y / scale_);
         const int shift = slant_ ? (rows - 1 - y) / slantPerRow : 0;
         std::uint8_t* out = glyph.coverage.data() + static_cast<std::ptrdiff_t>(y) * glyph.width + shift;
-        for (int x = 0; x < columns; ++x) {
-            const int column = x / scale_;
+        for (int column = 0; column < static_cast<int>(bitmap.width); ++column) {
             if (!(row[column >> 3] >> (7 - (column & 7)) & 1)) continue;
-            out[x] = fullCoverage;
-            if (embolden_) out[x + 1] = fullCoverage;
+            std::fill_n(out + std::ptrdiff_t{column} * scale_, scale_ + (embolden_ ? 1 : 0),
+                        std::uint8_t{fullCoverage});
         }
     }
     return glyph;

@@ -79,7 +79,7 @@ std::vector<POINT> roundOutline(const RECT& box, SIZE size) {
             {box.right - 1, box.bottom - 1}};
 }
 
-Region roundRegion(const RECT& box, SIZE size) {
+Region roundRegion(const RECT& box, SIZE size, const RECT& within) {
     const SIZE corner = boundedCorner(box, size);
     if (isThin(corner)) return Region(box);
     std::vector<LONG> insets(static_cast<std::size_t>(corner.cy), -1);
@@ -92,14 +92,19 @@ Region roundRegion(const RECT& box, SIZE size) {
     }
     std::vector<RECT> rows;
     const int middle = (corner.cy - 1) / 2;
-    for (int y = first; y <= middle; ++y) {
+    const int firstUpper = std::max(first, within.top - box.top);
+    const int lastUpper = std::min(middle, within.bottom - 1 - box.top);
+    for (int y = firstUpper; y <= lastUpper; ++y) {
         const LONG inset = insets[static_cast<std::size_t>(y)];
         rows.push_back({box.left + inset, box.top + y, box.right - inset, box.top + y + 1});
     }
     const int straight = static_cast<int>(box.bottom - box.top) - 2 * (middle + 1);
     if (straight > 0)
         rows.push_back({box.left, box.top + middle + 1, box.right, box.top + middle + 1 + straight});
-    for (int y = middle; y >= first; --y) {
+    // The lower rows mirror the upper ones.
+    const int firstLower = std::min(middle, box.bottom - 1 - within.top);
+    const int lastLower = std::max(first, box.bottom - within.bottom);
+    for (int y = firstLower; y >= lastLower; --y) {
         const LONG inset = insets[static_cast<std::size_t>(y)];
         rows.push_back({box.left + inset, box.bottom - 1 - y, box.right - inset, box.bottom - y});
     }

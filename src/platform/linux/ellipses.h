@@ -16,8 +16,8 @@ bool isThin(SIZE corner);
 std::vector<POINT> roundOutline(const RECT& box, SIZE corner);
 
 /// What the outline surrounds, itself included. Where the corners are too thin for a curve it is the whole
-/// box.
-Region roundRegion(const RECT& box, SIZE corner);
+/// box. Rows that lie outside of `within` may be left out.
+Region roundRegion(const RECT& box, SIZE corner, const RECT& within);
 
 /// The ellipse that fills a box.
 inline SIZE sizeOf(const RECT& box) {

@@ -48,18 +48,54 @@ RECT turnedRight(const RECT& r) {
     return {edges.left, edges.top, edges.right + 1, edges.bottom + 1};
 }
 
+bool contains(const RECT& r, POINT p) {
+    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+}
+
+/// Where a curve in a box may paint with a pen; and around what can be seen, where a curve may lie that
+/// paints there.
+RECT paintedArea(const RECT& box, const Stroke& stroke) {
+    const int margin = 2 * stroke.width() + 1;
+    return {box.left - margin, box.top - margin, box.right + margin, box.bottom + margin};
+}
+
+/// The parts of a curve, whose lines are short, that come near what can be seen; the whole of it where dashes
+/// depend on what lies before.
+std::vector<Figure> visibleParts(const std::vector<POINT>& outline, bool closed, const Stroke& stroke,
+                                 const RECT& visible) {
+    const RECT near = paintedArea(visible, stroke);
+    const auto isNear = [&](POINT p) { return contains(near, p); };
+    if (stroke.isDashed() || std::all_of(outline.begin(), outline.end(), isNear)) return {{outline, closed}};
+    std::vector<POINT> points = outline;
+    if (closed) points.push_back(points.front());
+    std::vector<Figure> parts;
+    for (auto first = std::find_if(points.begin(), points.end(), isNear); first != points.end();) {
+        const auto last = std::find_if_not(first, points.end(), isNear);
+        // The lines that come in and go out belong to the part.
+        const auto begin = first == points.begin() ? first : first - 1;
+        const auto end = last == points.end() ? last : last + 1;
+        parts.push_back({{begin, end}, false});
+        first = std::find_if(last, points.end(), isNear);
+    }
+    return parts;
+}
+
 /// An ellipse or a rectangle with round corners.
 void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
     Stroke stroke(context);
     const RECT inner = withinFrame(box, context, stroke);
     const RECT r = turnedRight(inner);
+    const RECT visible = context.drawable().bounds();
+    if (isEmpty(intersection(paintedArea(r, stroke), visible))) return;
     if (isEmpty(inner)) corner = {};
     const std::vector<POINT> outline = roundOutline(r, corner);
     // The inside of a rectangle ends before its right and bottom side.
     const bool isRectangle = isThin(corner) || isThin(sizeOf(r));
-    const Region inside = isRectangle ? Region(inclusive(r)) : roundRegion(r, corner);
-    fillInside(context, inside, stroke, {{outline, true}});
-    stroke.draw(outline, true);
+    const Region inside = isRectangle ? Region(inclusive(r)) : roundRegion(r, corner, visible);
+    const std::vector<Figure> outlines =
+        isRectangle ? std::vector<Figure>{{outline, true}} : visibleParts(outline, true, stroke, visible);
+    fillInside(context, inside, stroke, outlines);
+    stroke.draw(outlines);
 }
 
 enum class ArcKind { Open, Chord, Pie };
@@ -114,11 +150,13 @@ void collectArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
 
 void paintArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
     Stroke stroke(context);
+    const RECT visible = context.drawable().bounds();
+    if (isEmpty(intersection(paintedArea(arc.box, stroke), visible))) return;
     DrawnArc drawn = drawnArc(context, arc, stroke);
     if (drawn.points.empty()) return;
     if (kind == ArcKind::Pie) drawn.points.push_back(centreOf(drawn.box));
     if (kind == ArcKind::Open) {
-        stroke.draw(drawn.points, false);
+        stroke.draw(visibleParts(drawn.points, false, stroke, visible));
     } else {
         drawFigures(context, {{drawn.points, true}});
     }

@@ -63,7 +63,8 @@ constexpr RECT everywhere{-0x8000, -0x8000, 0x8000, 0x8000};
 
 /// Ellipses of regions leave out one more pixel on the right and at the bottom.
 HRGN addRound(const RECT& box, SIZE corner) {
-    return addRegion(roundRegion({box.left, box.top, box.right - 1, box.bottom - 1}, corner));
+    const RECT inner{box.left, box.top, box.right - 1, box.bottom - 1};
+    return addRegion(roundRegion(inner, corner, inner));
 }
 
 /// The part of a region less than a width and height from outside of it.

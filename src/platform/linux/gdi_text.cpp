@@ -48,7 +48,12 @@ void drawCharacters(DeviceContext& context, FontFace& face, POINT start, std::u1
                     const RECT* clip) {
     TextPainter painter(context, clip);
     std::int64_t x = start.x;
+    // Letters may lean out of their cells to the left, but not by more than this. What lies behind is not
+    // made.
+    const std::int64_t reach = std::int64_t{face.metrics().tmMaxCharWidth} + face.metrics().tmHeight;
+    const std::int64_t end = context.drawable().bounds().right + reach;
     for (const char16_t c : text) {
+        if (x >= end) return;
         const Glyph& glyph = face.glyph(c);
         painter.draw(glyph, boundedCoordinate(x), start.y);
         x += glyph.advance;

@@ -24,6 +24,7 @@ public:
     static Stroke dotted(DeviceContext& context, Masks ink);
 
     bool paintsNothing() const { return style_ == PS_NULL; }
+    bool isDashed() const { return !dashes_.empty() || !shape_.dashes.empty(); }
     /// Pixels across: 1 for every pen that is not wide.
     int width() const { return width_; }
 

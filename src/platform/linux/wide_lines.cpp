@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 
 namespace platform::driver {
 
@@ -14,6 +15,14 @@ constexpr double half = 0.5;
 
 POINT sum(POINT a, POINT b) {
     return {a.x + b.x, a.y + b.y};
+}
+
+RECT boxOf(std::span<const POINT> points) {
+    RECT box{points.front().x, points.front().y, points.front().x + 1, points.front().y + 1};
+    for (const POINT& p : points)
+        box = {std::min(box.left, p.x), std::min(box.top, p.y), std::max(box.right, p.x + 1),
+               std::max(box.bottom, p.y + 1)};
+    return box;
 }
 
 /// A straight piece: its four corners and how far a cap reaches out at its ends. The side to the right gets
@@ -80,10 +89,40 @@ private:
     }
 };
 
+/// Unites many regions in pairs, so that none takes part in many unions. Once the bounds are full it takes no
+/// more.
+class RegionSum {
+public:
+    explicit RegionSum(const RECT& bounds) : bounds_(bounds) {}
+
+    bool isFull() const { return isFull_; }
+    void add(Region region) {
+        if (isFull_ || region.empty()) return;
+        for (std::size_t weight = ++count_; weight % 2 == 0; weight /= 2) {
+            region = parts_.back().united(region);
+            parts_.pop_back();
+        }
+        isFull_ = region.rectangles().size() == 1 && region.rectangles().front() == bounds_;
+        parts_.push_back(std::move(region));
+    }
+    Region take() {
+        Region all;
+        for (auto part = parts_.rbegin(); part != parts_.rend(); ++part)
+            all = all.united(*part);
+        return all;
+    }
+
+private:
+    RECT bounds_;
+    std::vector<Region> parts_; ///< Of ever fewer regions
+    std::size_t count_ = 0;
+    bool isFull_ = false;
+};
+
 /// Collects the parts of one line.
 class Outline {
 public:
-    Outline(const PenShape& shape, const RECT& bounds) : shape_(shape), bounds_(bounds) {}
+    Outline(const PenShape& shape, const RECT& bounds) : shape_(shape), bounds_(bounds), sum_(bounds) {}
 
     void add(std::span<const POINT> points, bool closed) {
         std::vector<Piece> pieces;
@@ -103,11 +142,12 @@ public:
         if (closed) addJoint(pieces.back(), pieces.front());
     }
 
-    Region take() { return std::move(region_); }
+    Region take() { return sum_.take(); }
 
 private:
     void addPolygon(std::span<const POINT> corners) {
-        region_ = region_.united(polygonRegion(corners, WINDING, bounds_));
+        if (sum_.isFull() || isEmpty(intersection(boxOf(corners), bounds_))) return;
+        sum_.add(polygonRegion(corners, WINDING, bounds_));
     }
     template <std::size_t count>
     void addPolygon(const POINT (&corners)[count]) {
@@ -118,7 +158,7 @@ private:
         const int before = shape_.width / 2;
         const RECT box{centre.x - before, centre.y - before, centre.x - before + shape_.width,
                        centre.y - before + shape_.width};
-        if (!isEmpty(intersection(box, bounds_))) region_ = region_.united(ellipseRegion(box, bounds_));
+        if (!sum_.isFull() && !isEmpty(intersection(box, bounds_))) sum_.add(ellipseRegion(box, bounds_));
     }
 
     /// A piece with its caps, where it has ends.
@@ -180,13 +220,18 @@ private:
 
     const PenShape& shape_;
     RECT bounds_;
-    Region region_;
+    RegionSum sum_;
 };
 
-/// Cuts a line into its dashes.
+/// Cuts a line into its dashes, but for those that can't be seen.
 class Dasher {
 public:
-    explicit Dasher(const Dashes& dashes) : dashes_(dashes), left_(dashes.front()) {}
+    Dasher(const PenShape& shape, const RECT& bounds) : dashes_(shape.dashes), left_(shape.dashes.front()) {
+        // Neither caps nor the points of joints reach farther out.
+        const double reach = std::max(2.0, std::ceil(shape.miterLimit)) * shape.width + 2;
+        const auto margin = static_cast<LONG>(std::min(reach, 0x100000 * 1.0));
+        near_ = {bounds.left - margin, bounds.top - margin, bounds.right + margin, bounds.bottom + margin};
+    }
 
     std::vector<std::vector<POINT>> cut(std::span<const POINT> points, bool closed) {
         begin(points.front());
@@ -201,11 +246,33 @@ private:
     bool isDash() const { return index_ % 2 == 0; }
     void begin(POINT p) { current_ = {p}; }
     void finish() {
-        if (isDash() && current_.size() > 1) result_.push_back(std::move(current_));
+        if (isDash() && current_.size() > 1 && isNear(current_)) result_.push_back(std::move(current_));
         current_.clear();
+    }
+    bool isNear(std::span<const POINT> points) const { return !isEmpty(intersection(boxOf(points), near_)); }
+    void takeNext() {
+        index_ = (index_ + 1) % (dashes_.size() % 2 == 0 ? dashes_.size() : dashes_.size() * 2);
+        left_ = dashes_[index_ % dashes_.size()];
+    }
+
+    /// Goes on along a piece of which nothing can be seen.
+    void pass(POINT from, POINT to) {
+        finish();
+        const double twoRounds = 2.0 * std::accumulate(dashes_.begin(), dashes_.end(), 0LL);
+        double length = std::fmod(std::hypot(to.x - from.x, to.y - from.y), twoRounds);
+        while (length > left_) {
+            length -= left_;
+            takeNext();
+        }
+        left_ -= length;
+        begin(to);
     }
 
     void go(POINT from, POINT to) {
+        if (!isNear(std::array{from, to})) {
+            pass(from, to);
+            return;
+        }
         const double dx = to.x - from.x;
         const double dy = to.y - from.y;
         const double length = std::hypot(dx, dy);
@@ -216,8 +283,7 @@ private:
                           from.y + static_cast<LONG>(dy * done / length)};
             current_.push_back(p);
             finish();
-            index_ = (index_ + 1) % (dashes_.size() % 2 == 0 ? dashes_.size() : dashes_.size() * 2);
-            left_ = dashes_[index_ % dashes_.size()];
+            takeNext();
             begin(p);
         }
         left_ -= length - done;
@@ -225,6 +291,7 @@ private:
     }
 
     const Dashes& dashes_;
+    RECT near_;
     std::size_t index_ = 0;
     double left_; ///< Of the dash or gap that is being drawn
     std::vector<POINT> current_;
@@ -239,7 +306,7 @@ Region wideRegion(std::span<const POINT> points, bool closed, const PenShape& sh
     if (shape.dashes.empty()) {
         outline.add(points, closed);
     } else {
-        for (const std::vector<POINT>& dash : Dasher(shape.dashes).cut(points, closed))
+        for (const std::vector<POINT>& dash : Dasher(shape, bounds).cut(points, closed))
             outline.add(dash, false);
     }
     return outline.take();
