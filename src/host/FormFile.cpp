@@ -10,6 +10,7 @@
 #include "host/PictureBox.h"
 #include "platform/files.h"
 #include "platform/locale.h"
+#include "platform/windows.h"
 
 #include <algorithm>
 #include <limits>
@@ -137,11 +138,38 @@ FormNode controlNode(Control& control) {
     return node;
 }
 
+/// Gives those of the controls that `rearmostFirst` has too its order, at the places that they take together.
+void restack(std::vector<Control*>& controls, const std::vector<Control*>& rearmostFirst) {
+    auto next = rearmostFirst.begin();
+    for (Control*& control : controls)
+        if (std::find(rearmostFirst.begin(), rearmostFirst.end(), control) != rearmostFirst.end())
+            control = *next++;
+}
+
+/// The controls that stand in `container`. Each one is made in front of those before it when the text is
+/// read, so that they come as they are stacked: windows among windows, and behind all of them labels among
+/// labels.
+std::vector<Control*> controlsIn(Form& form, const DrawingWindow& container) {
+    std::vector<Control*> controls;
+    for (Control* control : form.controls())
+        if (control->containerWindow() == &container) controls.push_back(control);
+    std::vector<Control*> windows, labels;
+    for (platform::HWND window = platform::GetWindow(container.hWnd(), platform::GW_CHILD); window;
+         window = platform::GetWindow(window, platform::GW_HWNDNEXT))
+        for (Control* control : controls)
+            if (control->window() == window) windows.push_back(control);
+    std::reverse(windows.begin(), windows.end());
+    for (Label* label : container.labels())
+        if (std::find(controls.begin(), controls.end(), label) != controls.end()) labels.push_back(label);
+    restack(controls, windows);
+    restack(controls, labels);
+    return controls;
+}
+
 /// The controls that stand in `container`, with those inside them.
 std::vector<FormNode> nodesIn(Form& form, const DrawingWindow& container) {
     std::vector<FormNode> nodes;
-    for (Control* control : form.controls()) {
-        if (control->containerWindow() != &container) continue;
+    for (Control* control : controlsIn(form, container)) {
         FormNode node = controlNode(*control);
         if (const auto* inner = dynamic_cast<const DrawingWindow*>(control))
             node.children = nodesIn(form, *inner);

@@ -7,7 +7,8 @@ namespace host {
 
 class Form;
 
-/// A form with its controls, its timers and their properties as a readable text; see FormWriter for its look.
+/// A form with its controls, their stacking, its timers and their properties as a readable text; see
+/// FormWriter for its look.
 class FormFile {
 public:
     /// The form as text.

@@ -80,6 +80,41 @@ TEST_F(FormFileTest, TheTextIsReadable) {
     EXPECT_EQ(text.find("Enabled"), std::string::npos) << "defaults cost nothing";
 }
 
+TEST_F(FormFileTest, WhatCoversWhatIsSavedWithTheForm) {
+    auto form = makeForm(u"pila");
+    auto& box = form->add<PictureBox>(u"caja");
+    for (const char16_t* name : {u"a", u"b", u"c"}) {
+        form->add<Label>(automation::String(u"lbl") + name);
+        probe(*form, name, 0).Extender().TabIndex(0);
+        form->add<Probe>(automation::String(u"dentro") + name, NotInArray, &box);
+    }
+    const automation::String unstacked = FormFile::text(*form);
+    EXPECT_LT(unstacked.utf8().find("\"lbla\""), unstacked.utf8().find("\"a\"")) << "as they were made";
+    form->get<Probe>(u"b").Extender().ZOrder();
+    form->get<Probe>(u"c").Extender().ZOrder(ZOrderPosition::Back);
+    form->get<Probe>(u"dentroa").Extender().ZOrder();
+    form->get<Label>(u"lblc").Extender().ZOrder(ZOrderPosition::Back);
+    const auto stacked = [](Form& of) {
+        std::string names;
+        for (platform::HWND parent : {of.hWnd(), of.get<PictureBox>(u"caja").hWnd()})
+            for (platform::HWND w = platform::GetTopWindow(parent); w;
+                 w = platform::GetWindow(w, platform::GW_HWNDNEXT))
+                for (Control* control : of.controls())
+                    if (control->window() == w) names += control->Extender().Name().utf8() + ' ';
+        for (const Label* label : of.labels())
+            names += label->Extender().Name().utf8() + ' ';
+        return names;
+    };
+    EXPECT_EQ("b a caja c dentroa dentroc dentrob lblc lbla lblb ", stacked(*form));
+    const automation::String text = FormFile::text(*form);
+    auto copy = automation::make<Form>();
+    FormFile::read(*copy, text, classes, u"pila.form");
+    EXPECT_EQ(stacked(*form), stacked(*copy));
+    EXPECT_EQ(copy->get<Probe>(u"c").Extender().TabIndex(), 0)
+        << "the order of the Tab key is another matter";
+    EXPECT_EQ(FormFile::text(*copy).utf8(), text.utf8());
+}
+
 TEST_F(FormFileTest, TimersAreSavedWithTheForm) {
     auto form = makeForm(u"reloj");
     form->addTimer(u"tmrSegundos").Interval(1000);

@@ -4,6 +4,7 @@
 # pixels have 24 bits.
 start_x_server() {
     local depth=${1:-24}
+    rm -f "$work/number" # that of a server before this one
     Xvfb -displayfd 3 -screen 0 "1024x768x$depth" -nolisten tcp -noreset "${@:2}" 3>"$work/number" 2>/dev/null &
     children+=($!)
     until_true test -s "$work/number"
