@@ -63,6 +63,7 @@ void Form::add(const automation::Ref<Control>& control, const automation::String
     tabs_.push_back(site.get());
     try {
         control->enter(*site, &holder, holder.hWnd(), place);
+        site->zOrder(ZOrderPosition::Front); // the platform puts new windows behind their siblings
         if (saved)
             control->readProperties(*saved);
         else

@@ -361,6 +361,7 @@ TEST_F(UserControlTest, ZOrderBringsAControlAboveItsSiblings) {
     below.BackColor(0x0000FF);
     above.BackColor(0x00FF00);
     show(*form);
+    EXPECT_EQ(platform::GetTopWindow(form->hWnd()), above.hWnd()) << "each new one covers those before it";
     above.Extender().ZOrder(ZOrderPosition::Back);
     desk.pump();
     EXPECT_EQ(platform::GetTopWindow(form->hWnd()), below.hWnd());

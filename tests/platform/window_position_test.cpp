@@ -67,8 +67,9 @@ TEST_F(WindowPosition, AWindowCanChangeWhatIsComing) {
 }
 
 TEST_F(WindowPosition, NewChildrenGoBelowTheirSiblings) {
-    EXPECT_EQ(GetWindow(main, GW_CHILD), GetTopWindow(main));
-    EXPECT_EQ(order().size(), 3u);
+    EXPECT_EQ(order(), "abc");
+    EXPECT_EQ(GetWindow(main, GW_CHILD), a);
+    EXPECT_EQ(GetTopWindow(main), a);
 }
 
 TEST_F(WindowPosition, OrderIsChangedByHandle) {

@@ -171,9 +171,7 @@ HWND CreateWindowExA(DWORD exStyle, const char* className, const char* windowNam
     made.sizeMessagesDue = !(style & (WS_CHILD | WS_POPUP));
     if (made.isChild()) {
         made.parent = above;
-        above->children.push_back(&made);
-        unlink(made);
-        linkOnTop(made, *above);
+        above->children.push_back(&made); // below its siblings
     } else {
         Window* owner = above ? topLevelOf(above) : nullptr;
         if (owner) made.owner = owner->handle;
