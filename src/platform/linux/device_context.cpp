@@ -91,12 +91,14 @@ POINT Mapping::toLogical(POINT p) const {
     return {x.inverse(y).apply(p.x), y.inverse(x).apply(p.y)};
 }
 
-int Mapping::widthOnDevice(int logical) const {
-    return horizontal(*this).length(logical);
-}
-
 int Mapping::heightOnDevice(int logical) const {
     return vertical(*this).length(logical);
+}
+
+SIZE Mapping::sizeOnDevice(SIZE logical) const {
+    const POINT start = toDevice(POINT{});
+    const POINT end = toDevice(POINT{logical.cx, logical.cy});
+    return {std::abs(end.x - start.x), std::abs(end.y - start.y)};
 }
 
 RECT Mapping::toDevice(const RECT& r) const {

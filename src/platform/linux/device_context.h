@@ -49,9 +49,11 @@ struct Mapping {
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;
-    /// Pixels of a length along one axis, rounded; not negative.
-    int widthOnDevice(int logical) const;
+    /// Pixels of a length along the vertical axis, rounded; not negative.
     int heightOnDevice(int logical) const;
+    /// Pixels of a size that is measured from the logical origin: each end is rounded by itself, so the
+    /// origins count. Not negative.
+    SIZE sizeOnDevice(SIZE logical) const;
 
 private:
     static int moved(LONG value, LONG fromOrigin, LONG toOrigin) {

@@ -41,7 +41,7 @@ SIZE boundedCorner(const RECT& box, SIZE corner) {
 }
 
 /// All four quarters, with straight lines between them where the corners are smaller than the box.
-std::vector<POINT> curvedOutline(const RECT& box, SIZE corner) {
+std::vector<POINT> curvedOutline(const RECT& box, SIZE corner, bool clockwise) {
     const std::vector<POINT> quarter = quarterOutline(corner.cx, corner.cy);
     std::vector<POINT> points;
     points.reserve(quarter.size() * 4);
@@ -58,6 +58,7 @@ std::vector<POINT> curvedOutline(const RECT& box, SIZE corner) {
         points.push_back({left(p), bottom(p)});
     for (auto p = quarter.rbegin(); p != quarter.rend(); ++p)
         points.push_back({right(*p), bottom(*p)});
+    if (clockwise) std::reverse(points.begin(), points.end());
     // Where an axis runs through pixels two quarters share one.
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() > 1 && points.front() == points.back()) points.pop_back();
@@ -70,13 +71,12 @@ bool isThin(SIZE corner) {
     return corner.cx <= 2 || corner.cy <= 2;
 }
 
-std::vector<POINT> roundOutline(const RECT& box, SIZE size) {
+std::vector<POINT> roundOutline(const RECT& box, SIZE size, bool clockwise) {
     const SIZE corner = boundedCorner(box, size);
-    if (!isThin(corner)) return curvedOutline(box, corner);
-    return {{box.right - 1, box.top},
-            {box.left, box.top},
-            {box.left, box.bottom - 1},
-            {box.right - 1, box.bottom - 1}};
+    if (!isThin(corner)) return curvedOutline(box, corner, clockwise);
+    const LONG first = clockwise ? box.bottom - 1 : box.top;
+    const LONG last = clockwise ? box.top : box.bottom - 1;
+    return {{box.right - 1, first}, {box.left, first}, {box.left, last}, {box.right - 1, last}};
 }
 
 Region roundRegion(const RECT& box, SIZE size, const RECT& within) {
@@ -166,7 +166,7 @@ POINT centreOf(const RECT& box) {
 }
 
 std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
-    const std::vector<POINT> whole = curvedOutline(box, sizeOf(box));
+    const std::vector<POINT> whole = curvedOutline(box, sizeOf(box), false);
     const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start);
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End);
     const std::size_t first = firstBehind(start, whole);

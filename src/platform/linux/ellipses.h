@@ -10,10 +10,10 @@ namespace platform::driver {
 /// True for corners that have no curve: the outline is a rectangle's then, by its corners.
 bool isThin(SIZE corner);
 
-/// The outline pixel by pixel, from the middle of the right side against the clock; every pixel touches the
-/// next. `right` and `bottom` lie outside. `corner` is the size of the ellipse whose quarters the corners
-/// are; the box's own size gives an ellipse.
-std::vector<POINT> roundOutline(const RECT& box, SIZE corner);
+/// The outline pixel by pixel, from the middle of the right side with or against the clock; every pixel
+/// touches the next. `right` and `bottom` lie outside. `corner` is the size of the ellipse whose quarters the
+/// corners are; the box's own size gives an ellipse.
+std::vector<POINT> roundOutline(const RECT& box, SIZE corner, bool clockwise);
 
 /// What the outline surrounds, itself included. Where the corners are too thin for a curve it is the whole
 /// box. Rows that lie outside of `within` may be left out.

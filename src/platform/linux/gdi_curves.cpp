@@ -88,7 +88,7 @@ void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
     const RECT visible = context.drawable().bounds();
     if (isEmpty(intersection(paintedArea(r, stroke), visible))) return;
     if (isEmpty(inner)) corner = {};
-    const std::vector<POINT> outline = roundOutline(r, corner);
+    const std::vector<POINT> outline = roundOutline(r, corner, context.state.arcDirection == AD_CLOCKWISE);
     // The inside of a rectangle ends before its right and bottom side.
     const bool isRectangle = isThin(corner) || isThin(sizeOf(r));
     const Region inside = isRectangle ? Region(inclusive(r)) : roundRegion(r, corner, visible);
@@ -192,9 +192,7 @@ BOOL drawRound(HDC dc, const RECT& logical, std::optional<SIZE> corner) {
     }
     const RECT box = curveBox(*context, logical);
     if (isEmpty(box)) return TRUE_;
-    const Mapping& mapping = context->state.mapping;
-    const SIZE size =
-        corner ? SIZE{mapping.widthOnDevice(corner->cx), mapping.heightOnDevice(corner->cy)} : sizeOf(box);
+    const SIZE size = context->state.mapping.sizeOnDevice(corner ? *corner : sizeOf(logical));
     if (!collects) {
         paintRound(*context, box, size);
         return TRUE_;

@@ -58,9 +58,12 @@ RECT insideOf(RECT r, const Stroke& stroke) {
     return {r.left + after, r.top + after, r.right - before, r.bottom - before};
 }
 
-/// The way round an outline, on which dashes begin at the top right and run to the left.
-std::array<POINT, 4> cornersOf(const RECT& r) {
-    return {POINT{r.right, r.top}, {r.left, r.top}, {r.left, r.bottom}, {r.right, r.bottom}};
+/// The way round an outline: dashes begin at the top right, or clockwise at the bottom right, and run to the
+/// left.
+std::array<POINT, 4> cornersOf(const RECT& r, bool clockwise) {
+    const LONG first = clockwise ? r.bottom : r.top;
+    const LONG last = clockwise ? r.top : r.bottom;
+    return {POINT{r.right, first}, {r.left, first}, {r.left, last}, {r.right, last}};
 }
 
 /// Sets a pixel and gives its value; nothing outside the clipping.
@@ -203,10 +206,9 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
         context->recorder->box(RecordType::Rectangle, {left, top, right, bottom});
     --r.right;
     --r.bottom;
+    const bool isClockwise = context->state.arcDirection == AD_CLOCKWISE;
     if (collects) {
-        std::array<POINT, 4> corners = cornersOf(r);
-        if (context->state.arcDirection == AD_CLOCKWISE) std::reverse(corners.begin(), corners.end());
-        context->state.path.add(corners, PT_LINETO, true);
+        context->state.path.add(cornersOf(r, isClockwise), PT_LINETO, true);
         return TRUE_;
     }
     Stroke stroke(*context);
@@ -216,9 +218,8 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
         r = {r.left + before, r.top + before, r.right - (stroke.width() - 1) / 2,
              r.bottom - (stroke.width() - 1) / 2};
     }
-    const std::array<POINT, 4> corners = cornersOf(r);
     Painter(*context, context->brush()).fill(insideOf(r, stroke));
-    stroke.draw(corners, true);
+    stroke.draw(cornersOf(r, isClockwise), true);
     return TRUE_;
 }
 
@@ -269,7 +270,7 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect) {
     if (context->recorder) context->recorder->focusRect(*rect);
     --r.right;
     --r.bottom;
-    Stroke::dotted(*context, masksOf(rop3Of(DSTINVERT), 0)).draw(cornersOf(r), true);
+    Stroke::dotted(*context, masksOf(rop3Of(DSTINVERT), 0)).draw(cornersOf(r, false), true);
     return TRUE_;
 }
 

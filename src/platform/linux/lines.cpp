@@ -229,7 +229,7 @@ Stroke::Stroke(DeviceContext& context) : context_(context) {
     const Pen& pen = context.pen();
     const ContextState& state = context.state;
     style_ = static_cast<int>(pen.data.lopnStyle);
-    width_ = std::max(1, state.mapping.widthOnDevice(pen.data.lopnWidth.x));
+    width_ = std::max(1, state.mapping.sizeOnDevice({pen.data.lopnWidth.x, 0}).cx);
     const std::uint32_t ink = pixelOf(context, penColor(context, pen));
     // On 1 bit the gaps show the other colour, also where the background is nearer to the pen's.
     const bool isOther = context.surface->bitsPerPixel == 1 && penColor(context, pen) != state.backColor;
