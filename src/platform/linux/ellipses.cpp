@@ -119,14 +119,15 @@ class Ray {
 public:
     enum class Role { Start, End };
 
-    Ray(const RECT& box, POINT through, Role role) {
+    Ray(const RECT& box, POINT through, Role role, bool clockwise) {
         const POINT centre = centreOf(box);
         const POINT mirrored{box.left + box.right - 1 - centre.x, box.top + box.bottom - 1 - centre.y};
         x_ = std::int64_t{through.x} - centre.x;
         y_ = std::int64_t{through.y} - centre.y;
         if (x_ == 0 && y_ == 0) x_ = 1;
-        // Arcs begin above the middle of the right side and end below it.
-        const bool isUpper = y_ < 0 || (y_ == 0 && (x_ < 0 || role == Role::Start));
+        // Arcs begin above the middle of the right side and end below it. The middle of the left side belongs
+        // to the half that the arc comes from.
+        const bool isUpper = y_ < 0 || (y_ == 0 && (x_ < 0 ? !clockwise : role == Role::Start));
         const bool isRight = isUpper ? y_ == 0 ? x_ > 0 : x_ >= 0 : x_ >= 0;
         origin_ = {isRight ? centre.x : mirrored.x, isUpper ? mirrored.y : centre.y};
         takesEqual_ = isUpper;
@@ -136,8 +137,11 @@ public:
 
     /// Whether a pixel lies against the clock from the ray, up to half a turn.
     bool isPassedBy(POINT p) const {
-        const std::int64_t turn = y_ * (p.x - origin_.x) - x_ * (p.y - origin_.y);
-        return takesEqual_ ? turn >= 0 : turn > 0;
+        const std::int64_t x = p.x - origin_.x;
+        const std::int64_t y = p.y - origin_.y;
+        const std::int64_t turn = y_ * x - x_ * y;
+        const bool isOpposite = x_ * x + y_ * y < 0;
+        return turn > 0 || (turn == 0 && takesEqual_ && !isOpposite);
     }
 
 private:
@@ -161,14 +165,14 @@ std::size_t firstBehind(const Ray& ray, const std::vector<POINT>& outline) {
 } // namespace
 
 POINT centreOf(const RECT& box) {
-    return {static_cast<LONG>((std::int64_t{box.left} + box.right) / 2),
-            static_cast<LONG>((std::int64_t{box.top} + box.bottom) / 2)};
+    return {static_cast<LONG>((std::int64_t{box.left} + box.right) >> 1),
+            static_cast<LONG>((std::int64_t{box.top} + box.bottom) >> 1)};
 }
 
 std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
     const std::vector<POINT> whole = curvedOutline(box, sizeOf(box), false);
-    const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start);
-    const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End);
+    const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start, rays.clockwise);
+    const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End, rays.clockwise);
     const std::size_t first = firstBehind(start, whole);
     std::size_t last = firstBehind(end, whole);
     const bool isWhole = start.pointsRight() && end.pointsRight();

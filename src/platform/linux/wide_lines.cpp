@@ -132,7 +132,8 @@ public:
             if (points[i] != next) pieces.emplace_back(points[i], next, shape_.width);
         }
         if (pieces.empty()) {
-            if (shape_.cap == PS_ENDCAP_ROUND) addCircle(points.front());
+            if (closed ? shape_.joint == PS_JOIN_ROUND : shape_.cap == PS_ENDCAP_ROUND)
+                addCircle(points.front());
             return;
         }
         for (std::size_t i = 0; i < pieces.size(); ++i)
