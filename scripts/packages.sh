@@ -10,7 +10,8 @@ packages_for() {
     style) echo clang clang-format clang-tidy ;;
     windows) echo g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 wine xvfb xauth \
       debootstrap ;;
-    desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick openbox ;;
+    desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick openbox \
+      weston ;;
     exchange) echo libreoffice-draw-nogui ;;
     bench) echo xvfb xauth libfltk1.3-dev qtbase5-dev libcairo2-dev ;;
   esac

@@ -17,6 +17,7 @@
 #include <array>
 #include <cstdlib>
 #include <map>
+#include <string_view>
 #include <vector>
 
 namespace platform::driver {
@@ -518,13 +519,14 @@ struct Hint {
     const char* value;
 };
 
-/// A plain window system client: signals and the screen saver stay the program's, pixels go without a
-/// renderer.
-constexpr Hint Hints[] = {
-    {SDL_HINT_NO_SIGNAL_HANDLERS, "1"},           {SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"},
-    {SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1"},      {SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1"},
-    {SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"}, {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"},
-    {SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"},    {SDL_HINT_IME_SHOW_UI, "1"}};
+/// A plain window system client: signals and the screen saver stay the program's.
+constexpr Hint Hints[] = {{SDL_HINT_NO_SIGNAL_HANDLERS, "1"},
+                          {SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1"},
+                          {SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1"},
+                          {SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"},
+                          {SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"},
+                          {SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"},
+                          {SDL_HINT_IME_SHOW_UI, "1"}};
 
 /// Where no session bus is known, looking for one would start one, which takes longer than all the rest.
 class NoBusSearch {
@@ -549,6 +551,12 @@ private:
     const bool quiet_;
 };
 
+/// On X11 pixels go without a renderer, which would take long to start. On Wayland SDL has no other way.
+void chooseWayOfPixels() {
+    const std::string_view driver = sdl().GetCurrentVideoDriver();
+    sdl().SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, driver == "wayland" ? "1" : "0");
+}
+
 bool startVideo(const char* driver) {
     if (driver) sdl().SetHint(SDL_HINT_VIDEODRIVER, driver);
     return sdl().InitSubSystem(SDL_INIT_VIDEO) == 0;
@@ -569,6 +577,7 @@ std::unique_ptr<Display> startSdlDisplay() {
     const bool started = chosen ? startVideo(nullptr) : startVideo("wayland") || startVideo("x11");
     if (!started) return nullptr;
     outliveRefusals();
+    chooseWayOfPixels();
     auto display = std::make_unique<SdlDisplay>();
     display->readLocks();
     sdl().StartTextInput();

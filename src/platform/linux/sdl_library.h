@@ -8,18 +8,19 @@ namespace platform::driver {
 
 #define TESELA_SDL_FUNCTIONS(name)                                                                           \
     name(CaptureMouse) name(CreateRGBSurfaceFrom) name(CreateSystemCursor) name(CreateWindow)                \
-        name(DestroyWindow) name(FreeCursor) name(FreeSurface) name(GetClipboardText) name(GetDisplayBounds) \
-            name(GetDisplayUsableBounds) name(GetKeyboardFocus) name(GetModState) name(GetWindowFlags)       \
-                name(GetWindowFromID) name(GetWindowID) name(GetWindowPosition) name(GetWindowSize)          \
-                    name(GetWindowSurface) name(HasClipboardText) name(HideWindow) name(InitSubSystem)       \
-                        name(MaximizeWindow) name(MinimizeWindow) name(PeepEvents) name(PollEvent)           \
-                            name(QuitSubSystem) name(RaiseWindow) name(RestoreWindow) name(SetClipboardText) \
-                                name(SetCursor) name(SetHint) name(SetMainReady) name(SetWindowInputFocus)   \
-                                    name(SetWindowModalFor) name(SetWindowPosition) name(SetWindowSize)      \
-                                        name(SetWindowTitle) name(ShowCursor) name(ShowWindow)               \
-                                            name(StartTextInput) name(UpdateWindowSurfaceRects)              \
-                                                name(UpperBlit) name(WaitEventTimeout) name(WarpMouseGlobal) \
-                                                    name(free)
+        name(DestroyWindow) name(FreeCursor) name(FreeSurface) name(GetClipboardText)                        \
+            name(GetCurrentVideoDriver) name(GetDisplayBounds) name(GetDisplayUsableBounds)                  \
+                name(GetKeyboardFocus) name(GetModState) name(GetWindowFlags) name(GetWindowFromID)          \
+                    name(GetWindowID) name(GetWindowPosition) name(GetWindowSize) name(GetWindowSurface)     \
+                        name(HasClipboardText) name(HideWindow) name(InitSubSystem) name(MaximizeWindow)     \
+                            name(MinimizeWindow) name(PeepEvents) name(PollEvent) name(QuitSubSystem)        \
+                                name(RaiseWindow) name(RestoreWindow) name(SetClipboardText) name(SetCursor) \
+                                    name(SetHint) name(SetMainReady) name(SetWindowInputFocus)               \
+                                        name(SetWindowModalFor) name(SetWindowPosition) name(SetWindowSize)  \
+                                            name(SetWindowTitle) name(ShowCursor) name(ShowWindow)           \
+                                                name(StartTextInput) name(UpdateWindowSurfaceRects)          \
+                                                    name(UpperBlit) name(WaitEventTimeout)                   \
+                                                        name(WarpMouseGlobal) name(free)
 
 /// SDL's functions under their own names without the prefix.
 struct SdlLibrary {

@@ -1,0 +1,71 @@
+#!/bin/bash
+# Walks through the sample database on a Wayland desktop, which Weston makes in a window of an X server:
+# wayland.sh FICHAS TESELA-SAMPLE. Weston hands on what is typed into its window.
+. "$(dirname "$0")/../support/checks.sh"
+. "$(dirname "$0")/../support/x_server.sh"
+need Xvfb weston xdotool import identify convert compare
+fichas=$1
+sample=$work/muestra.sqlite
+export TESELA_LOCALE=es-ES LC_ALL=C.UTF-8 TMPDIR=$work
+"$2" "$sample" >/dev/null || failed "the sample database is made"
+run env TESELA_DISPLAY=headless "$fichas" "$sample"
+exits "the walk in memory" 0
+mapfile -t pictures <"$out"
+
+# A desktop of one colour, on which windows open anywhere.
+start_x_server
+export XDG_RUNTIME_DIR=$work/run
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+cat >"$work/weston.ini" <<'INI'
+[shell]
+background-image=
+background-color=0xff204060
+panel-position=none
+locking=false
+animation=none
+startup-animation=none
+INI
+weston --backend=x11-backend.so --use-pixman --width=800 --height=600 --idle-time=0 --socket=tesela \
+    --config="$work/weston.ini" >"$work/weston.log" 2>&1 &
+children+=($!)
+find_desktop() { xdotool search --onlyvisible --class '^weston' 2>/dev/null | head -n 1 | grep .; }
+desktop=$(until_true find_desktop)
+[ -n "$desktop" ] || { echo "skipped: Weston does not start: $(tail -n 1 "$work/weston.log")"; exit 77; }
+xdotool windowfocus "$desktop"
+xdotool mousemove 797 597 # where the pointer is seen least
+
+export TESELA_DISPLAY=sdl SDL_VIDEODRIVER=wayland WAYLAND_DISPLAY=tesela
+"$fichas" "$sample" 2>"$err" &
+program=$!
+children+=("$program")
+
+# shows PICTURE WHAT: waits until what is there, as far as a form's colour reaches, is what is inside of the
+# picture, which has the window's frame around it: as wide at the bottom as at the sides.
+formColor='#F5F5F5'
+shows() {
+    if until_true same_pixels "$1"; then passed "$2"; else failed "$2" "$(cat "$work/differing" "$err")"; fi
+}
+same_pixels() {
+    import -window "$desktop" "$work/screen.png" || return
+    local place
+    place=$(convert "$work/screen.png" -fill black +opaque "$formColor" -trim -format %wx%h%O info: 2>/dev/null)
+    local size=${place%%+*}
+    convert "$work/screen.png" -crop "$place" +repage "$work/seen.png" 2>/dev/null || return
+    local frame=$((($(identify -format %w "$1") - ${size%x*}) / 2))
+    local top=$(($(identify -format %h "$1") - ${size#*x} - frame))
+    convert "$1" -crop "$size+$frame+$top" +repage "$work/expected.png" 2>/dev/null &&
+        compare -metric AE "$work/seen.png" "$work/expected.png" null: 2>"$work/differing"
+}
+
+shows "${pictures[0]}" "a window opens and looks as it does in memory"
+xdotool key Down
+shows "${pictures[1]}" "a key goes to the next record"
+xdotool key End
+shows "${pictures[3]}" "and another one to the last"
+xdotool key alt+F4
+gone() { ! kill -0 "$program" 2>/dev/null; }
+holds "the window closes" until_true gone
+wait "$program"
+equal "the program ended well" $? 0
+
+finish_checks
