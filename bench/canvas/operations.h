@@ -31,12 +31,13 @@ inline constexpr const char16_t* paragraph =
     u"Un párrafo con <B>negrita</B>, <I>cursiva</I> y <FONT COLOR='#C00000'>color</FONT> que ocupa varias "
     u"líneas, porque no cabe en el ancho de la celda en que se escribe.";
 
-/// Where the next of many equal drawings goes, and its colour.
+/// Where the next of many equal drawings goes, and its colour. The places are as far apart as on a control
+/// that covers a quarter of the sheet.
 struct Place {
     int number = 0;
 
-    int x() const { return number * 37 % 1000; }
-    int y() const { return number * 53 % 500; }
+    int x() const { return number * 37 % 400; }
+    int y() const { return number * 53 % 280; }
     int red() const { return number * 7 & 0xFF; }
     static constexpr int green = 0x40, blue = 0x80;
 };

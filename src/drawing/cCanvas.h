@@ -398,7 +398,6 @@ private:
     platform::HFONT nFontFixed;
     platform::HFONT nFontNumbers;
     platform::RECT xPaintRect;
-    platform::POINT xLastPoint; ///< Where the current position was before MoveTo
     std::int32_t nWidth = 0;
     std::int32_t nHeight = 0;
     std::int32_t nLeft = 0; ///< Where Paint puts the surface

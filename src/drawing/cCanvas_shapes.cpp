@@ -73,7 +73,7 @@ std::int32_t cCanvas::SetPixel(std::int32_t X, std::int32_t Y, host::OLE_COLOR n
 }
 
 std::int32_t cCanvas::MoveTo(std::int32_t X, std::int32_t Y) {
-    return platform::MoveToEx(nPaintDC, X, Y, &xLastPoint);
+    return platform::MoveToEx(nPaintDC, X, Y, nullptr);
 }
 
 std::int32_t cCanvas::LineTo(std::int32_t X, std::int32_t Y) {

@@ -295,6 +295,35 @@ TEST(Fills, APatternTakesTextAndBackgroundColour) {
     EXPECT_TRUE(DeleteObject(brush));
 }
 
+TEST(RoundShapes, AreTheSameInPartsAsAtOnce) {
+    constexpr int side = 16;
+    const HRGN parts = CreateRectRgn(0, 0, side + 2, side + 2), corner = CreateRectRgn(0, 0, 1, 1);
+    CombineRgn(parts, parts, corner, RGN_DIFF);
+    const auto painted = [&](int width, int height, int pen, int brush, HRGN clip) {
+        const Canvas canvas(side + 2, side + 2);
+        const HDC dc = canvas.dc();
+        SelectClipRgn(dc, clip);
+        SelectObject(dc, GetStockObject(pen));
+        SelectObject(dc, GetStockObject(brush));
+        if (width % 3 == 0) {
+            RoundRect(dc, 1, 1, 1 + width, 1 + height, 7, height / 2);
+        } else {
+            Ellipse(dc, 1, 1, 1 + width, 1 + height);
+        }
+        SelectClipRgn(dc, HRGN());
+        return canvas.text();
+    };
+    for (const int pen : {WHITE_PEN, NULL_PEN})
+        for (const int brush : {GRAY_BRUSH, NULL_BRUSH})
+            for (int width = 1; width <= side; ++width)
+                for (int height = 1; height <= side; ++height)
+                    ASSERT_EQ(painted(width, height, pen, brush, HRGN()),
+                              painted(width, height, pen, brush, parts))
+                        << width << " by " << height << " in pen " << pen << " and brush " << brush;
+    DeleteObject(corner);
+    DeleteObject(parts);
+}
+
 TEST(Polygons, FillByTheChosenRule) {
     // A square inside a square, drawn in the same direction.
     const POINT points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 9}, {1, 1}, {3, 3}, {7, 3}, {7, 7}, {3, 7}, {3, 3}};

@@ -18,7 +18,7 @@ std::uint32_t nearestPixel(const DeviceContext& context, std::uint32_t color) {
 
 } // namespace
 
-std::uint32_t searchedPixelOf(const DeviceContext& context, COLORREF color) {
+std::uint32_t searchedNearestPixelOf(const DeviceContext& context, COLORREF color) {
     return nearestPixel(context, pixelOfColor(plainColor(context, color)));
 }
 
@@ -26,7 +26,7 @@ std::uint32_t backPixelOf(const DeviceContext& context) {
     return nearestPixelOf(context, context.state.backColor);
 }
 
-std::uint32_t pixelOf(const DeviceContext& context, COLORREF color) {
+std::uint32_t searchedPixelOf(const DeviceContext& context, COLORREF color) {
     if (context.surface->bitsPerPixel != 1) return nearestPixelOf(context, color);
     const Surface& surface = *context.surface;
     const std::uint32_t pixel = pixelOfColor(plainColor(context, color));

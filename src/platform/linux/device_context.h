@@ -79,7 +79,7 @@ struct ContextState {
     int characterExtra = 0;
     int breakExtra = 0; ///< Spread over breakCount spaces
     int breakCount = 0;
-    POINT position;
+    alignas(sizeof(POINT)) POINT position; ///< Within one cache line: lines read it when it was just written
     POINT brushOrigin;
     int arcDirection = AD_COUNTERCLOCKWISE;
     float miterLimit = 10;

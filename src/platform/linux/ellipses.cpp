@@ -1,15 +1,18 @@
 #include "platform/linux/ellipses.h"
 
+#include "platform/linux/rows.h"
+
 #include <algorithm>
 
 namespace platform::driver {
 
 namespace {
 
-/// A quarter of the outline of an ellipse in a box at (0, 0): from the middle of the right side upwards. The
-/// midpoint rule steps along the curve by the sign of its equation, kept as an integer. On a box much taller
-/// than wide it ends before the top.
-std::vector<POINT> quarterOutline(int width, int height) {
+/// Visits a quarter of the outline of an ellipse in a box at (0, 0): from the middle of the right side
+/// upwards. The midpoint rule steps along the curve by the sign of its equation, kept as an integer. On a box
+/// much taller than wide it ends before the top.
+template <class Visit>
+void walkQuarter(int width, int height, Visit visit) {
     const std::int64_t a = width - 1;
     const std::int64_t b = height - 1;
     const std::int64_t odd = b & 1;
@@ -17,10 +20,8 @@ std::vector<POINT> quarterOutline(int width, int height) {
     std::int64_t errorY = 4 * (odd + 1) * a * a;
     std::int64_t error = errorX + errorY + odd * a * a;
     POINT at{width - 1, static_cast<LONG>(b / 2)};
-    std::vector<POINT> points;
-    points.reserve(static_cast<std::size_t>(width / 2) + static_cast<std::size_t>(height / 2) + 2);
     while (std::int64_t{2} * at.x >= a) {
-        points.push_back(at);
+        visit(at);
         const std::int64_t twice = 2 * error;
         if (twice >= errorX) {
             errorX += 8 * b * b;
@@ -33,8 +34,73 @@ std::vector<POINT> quarterOutline(int width, int height) {
             --at.y;
         }
     }
+}
+
+std::vector<POINT> quarterOutline(int width, int height) {
+    std::vector<POINT> points;
+    points.reserve(static_cast<std::size_t>(width / 2) + static_cast<std::size_t>(height / 2) + 2);
+    walkQuarter(width, height, [&](POINT p) { points.push_back(p); });
     return points;
 }
+
+/// A row of a round shape, counted from the top of its box or, for its mirror image, from the bottom.
+struct RoundRow {
+    int y;
+    int inset; ///< Pixels outside at either end
+    int edge;  ///< Pixels of the outline at either end
+};
+
+/// Visits the rows with a curve, from the middle to the last, which the outline closes.
+template <class Visit>
+void walkRows(SIZE corner, Visit visit) {
+    RoundRow row{(corner.cy - 1) / 2, 0, 0};
+    walkQuarter(corner.cx, corner.cy, [&](POINT p) {
+        if (p.y != row.y) {
+            visit(row, false);
+            row = {p.y, corner.cx - 1 - p.x, 0};
+        }
+        ++row.edge;
+    });
+    visit(row, true);
+}
+
+/// Sets pixels of one surface of 32 bits.
+class RowPainter {
+public:
+    RowPainter(const Surface& surface, const RECT& box, std::optional<std::uint32_t> inside,
+               std::optional<std::uint32_t> outline)
+        : surface_(surface), box_(box), inside_(inside), outline_(outline) {}
+
+    void paint(const RoundRow& row, bool isLast) const {
+        paintAt(box_.top + row.y, row, isLast);
+        paintAt(box_.bottom - 1 - row.y, row, isLast);
+    }
+
+    /// The part between curves above and below.
+    void paintStraight(int top, int bottom) const {
+        for (int y = top; y < bottom; ++y)
+            paintAt(y, {0, 0, 1}, false);
+    }
+
+private:
+    void paintAt(int y, const RoundRow& row, bool isLast) const {
+        std::uint32_t* const left = row32(surface_, y) + box_.left + row.inset;
+        const int width = static_cast<int>(box_.right - box_.left) - 2 * row.inset;
+        if (isLast && outline_) {
+            fillWords(left, 0, width, 1, *outline_);
+            return;
+        }
+        if (inside_) fillWords(left, 0, width, 1, *inside_);
+        if (!outline_) return;
+        for (int i = 0; i < row.edge; ++i)
+            left[i] = left[width - 1 - i] = *outline_;
+    }
+
+    const Surface& surface_;
+    const RECT& box_;
+    std::optional<std::uint32_t> inside_;
+    std::optional<std::uint32_t> outline_;
+};
 
 SIZE boundedCorner(const RECT& box, SIZE corner) {
     return {std::min(corner.cx, box.right - box.left), std::min(corner.cy, box.bottom - box.top)};
@@ -109,6 +175,15 @@ Region roundRegion(const RECT& box, SIZE size, const RECT& within) {
         rows.push_back({box.left + inset, box.bottom - 1 - y, box.right - inset, box.bottom - y});
     }
     return Region::ofRows(rows);
+}
+
+void paintRound32(const Surface& surface, const RECT& box, SIZE size, std::optional<std::uint32_t> inside,
+                  std::optional<std::uint32_t> outline) {
+    const SIZE corner = boundedCorner(box, size);
+    const RowPainter painter(surface, box, inside, outline);
+    walkRows(corner, [&](const RoundRow& row, bool isLast) { painter.paint(row, isLast); });
+    const int curved = (corner.cy - 1) / 2 + 1;
+    painter.paintStraight(box.top + curved, box.bottom - curved);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 
 #include "platform/linux/surface.h"
 
+#include <optional>
 #include <vector>
 
 namespace platform::driver {
@@ -18,6 +19,11 @@ std::vector<POINT> roundOutline(const RECT& box, SIZE corner, bool clockwise);
 /// What the outline surrounds, itself included. Where the corners are too thin for a curve it is the whole
 /// box. Rows that lie outside of `within` may be left out.
 Region roundRegion(const RECT& box, SIZE corner, const RECT& within);
+
+/// Sets the pixels of such a shape that lies wholly on a surface of 32 bits, its inside first and then its
+/// outline, each if it has a value. The corner has a curve.
+void paintRound32(const Surface& surface, const RECT& box, SIZE corner, std::optional<std::uint32_t> inside,
+                  std::optional<std::uint32_t> outline);
 
 /// The ellipse that fills a box.
 inline SIZE sizeOf(const RECT& box) {

@@ -80,8 +80,38 @@ std::vector<Figure> visibleParts(const std::vector<POINT>& outline, bool closed,
     return parts;
 }
 
+/// What masks set pixels to when they don't look at what was there; true too when they leave all alone.
+bool isPlain(const Masks* masks, std::optional<std::uint32_t>& value) {
+    if (!masks || (masks->keep != 0 && *masks != leaveAlone)) return false;
+    if (masks->keep == 0) value = masks->flip;
+    return true;
+}
+
+bool covers(const Region& region, const RECT& r) {
+    if (region.rectangles().size() != 1) return false;
+    const RECT& all = region.rectangles().front();
+    return r.left >= all.left && r.top >= all.top && r.right <= all.right && r.bottom <= all.bottom;
+}
+
+/// An ellipse or a rectangle with round corners in a plain brush and a thin pen, all of it to be seen: most
+/// are. False for all others, of which nothing is painted.
+bool paintPlainRound(DeviceContext& context, const RECT& box, SIZE corner) {
+    const bool isRound = !isThin(corner) && !isThin(sizeOf(box));
+    if (!isRound || context.surface->bitsPerPixel != 32 || !covers(context.drawable(), box)) return false;
+    const bool hasPen = context.pen().data.lopnStyle != static_cast<UINT>(PS_NULL);
+    const Masks ink = hasPen ? plainInk(context) : leaveAlone;
+    if (hasPen && ink == leaveAlone) return false;
+    const Painter brush(context, context.brush());
+    std::optional<std::uint32_t> inside;
+    std::optional<std::uint32_t> outline;
+    if (!isPlain(brush.plainMasks(), inside) || !isPlain(&ink, outline)) return false;
+    paintRound32(*context.surface, box, corner, inside, outline);
+    return true;
+}
+
 /// An ellipse or a rectangle with round corners.
 void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
+    if (paintPlainRound(context, box, corner)) return;
     Stroke stroke(context);
     const RECT inner = withinFrame(box, context, stroke);
     const RECT r = turnedRight(inner);

@@ -66,15 +66,14 @@ std::array<POINT, 4> cornersOf(const RECT& r, bool clockwise) {
     return {POINT{r.right, first}, {r.left, first}, {r.left, last}, {r.right, last}};
 }
 
-/// Sets a pixel and gives its value; nothing outside the clipping.
-std::optional<std::uint32_t> setPixel(DeviceContext& context, POINT at, COLORREF color) {
+/// Sets a pixel; false outside the clipping.
+bool setPixel(DeviceContext& context, POINT at, COLORREF color) {
     if (context.recorder) context.recorder->pixel(at, color);
     const POINT p = context.toSurface(at);
-    if (!context.drawable().contains(p)) return {};
-    const std::uint32_t pixel = nearestPixelOf(context, color);
+    if (!context.drawable().contains(p)) return false;
     // The drawing mode counts as for a pen.
-    maskPixel(*context.surface, p.x, p.y, masksOfMode(context.state.rop2, pixel));
-    return pixel;
+    maskPixel(*context.surface, p.x, p.y, masksOfMode(context.state.rop2, nearestPixelOf(context, color)));
+    return true;
 }
 
 /// Fills the frame of one logical unit inside a rectangle.
@@ -142,12 +141,15 @@ BOOL GetCurrentPositionEx(HDC dc, POINT* position) {
 }
 
 BOOL LineTo(HDC dc, int x, int y) {
-    const POINT end{x, y};
     DeviceContext* context = find<DeviceContext>(dc);
-    const std::optional<Masks> ink = context ? plainInk(*context) : std::nullopt;
-    if (!ink) return PolylineTo(dc, &end, 1);
-    drawPlainLine(*context, context->toSurface(context->state.position), context->toSurface(end), *ink);
-    context->state.position = end;
+    const Masks ink = context ? plainInk(*context) : leaveAlone;
+    if (ink == leaveAlone) {
+        const POINT end{x, y};
+        return PolylineTo(dc, &end, 1);
+    }
+    drawPlainLine(*context, context->toSurface(context->state.position), context->toSurface(POINT{x, y}),
+                  ink);
+    context->state.position = {x, y};
     return TRUE_;
 }
 
@@ -235,7 +237,8 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH handle) {
 BOOL fillSolidRect(HDC dc, const RECT& rect, COLORREF color) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return FALSE_;
-    if (context->recorder || isDithered(*context, color)) {
+    const bool isPlain = isOwnPixel(*context, color) || !isDithered(*context, color);
+    if (context->recorder || !isPlain) {
         const HBRUSH brush = CreateSolidBrush(color);
         const BOOL filled = FillRect(dc, &rect, brush);
         DeleteObject(brush);
@@ -277,8 +280,8 @@ BOOL DrawFocusRect(HDC dc, const RECT* rect) {
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return CLR_INVALID;
-    const std::optional<std::uint32_t> pixel = setPixel(*context, {x, y}, color);
-    return pixel ? colorOfPixel(*context, *pixel) : CLR_INVALID;
+    if (!setPixel(*context, {x, y}, color)) return CLR_INVALID;
+    return colorOfPixel(*context, nearestPixelOf(*context, color));
 }
 
 BOOL SetPixelV(HDC dc, int x, int y, COLORREF color) {

@@ -201,7 +201,7 @@ COLORREF penColor(const DeviceContext& context, const Pen& pen) {
 
 } // namespace
 
-std::optional<Masks> plainInk(const DeviceContext& context) {
+Masks plainInk(const DeviceContext& context) {
     const Pen& pen = context.pen();
     const bool isPlain = pen.data.lopnStyle == static_cast<UINT>(PS_SOLID) && !pen.extended &&
                          !context.recorder && !context.state.path.isOpen();

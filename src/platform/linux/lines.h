@@ -10,8 +10,8 @@
 namespace platform::driver {
 
 /// What the current pen does to pixels when a drawing of lines can do with that: it is solid and a pixel
-/// wide, as most are, and no path or metafile takes the lines. Nothing for all others.
-std::optional<Masks> plainInk(const DeviceContext& context);
+/// wide, as most are, and no path or metafile takes the lines. For all others what leaves pixels alone.
+Masks plainInk(const DeviceContext& context);
 
 /// A line of such ink in surface coordinates, without its last pixel.
 void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink);

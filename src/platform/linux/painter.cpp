@@ -39,13 +39,6 @@ BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
 
 } // namespace
 
-void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
-    for (const RECT& clip : context.drawable().rectangles()) {
-        const RECT part = intersection(r, clip);
-        if (!isEmpty(part)) maskRectangle(*context.surface, part, masks);
-    }
-}
-
 Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context_(context) {
     if (usesPattern(rop)) {
         paintPattern(brush, rop);

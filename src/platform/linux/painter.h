@@ -2,12 +2,17 @@
 // Filling with a brush or a colour under a raster operation, within a context's clipping.
 
 #include "platform/linux/device_context.h"
-#include "platform/linux/rop.h"
+#include "platform/linux/rows.h"
 
 namespace platform::driver {
 
 /// Changes a rectangle of the context's surface by masks, as far as it may be drawn on.
-void maskClipped(DeviceContext& context, const RECT& r, Masks masks);
+inline void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
+    for (const RECT& clip : context.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        if (!isEmpty(part)) maskRectangle(*context.surface, part, masks);
+    }
+}
 
 /// A brush made ready for the surface of one context and one operation without source.
 class Painter {
@@ -20,6 +25,9 @@ public:
 
     /// True for a brush that leaves everything as it is.
     bool paintsNothing() const { return !tile_ && masks_ == leaveAlone; }
+
+    /// What it does to every pixel; null for a pattern.
+    const Masks* plainMasks() const { return tile_ ? nullptr : &masks_; }
 
     /// Fills a rectangle in surface coordinates.
     void fill(const RECT& r) const;

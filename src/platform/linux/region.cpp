@@ -212,12 +212,6 @@ RECT Region::bounds() const {
     return box;
 }
 
-bool Region::contains(POINT p) const {
-    return std::any_of(rects_.begin(), rects_.end(), [p](const RECT& r) {
-        return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
-    });
-}
-
 void Region::translate(LONG dx, LONG dy) {
     for (RECT& r : rects_) {
         r = {saturatedSum(r.left, dx), saturatedSum(r.top, dy), saturatedSum(r.right, dx),

@@ -1,7 +1,5 @@
 #include "platform/linux/rows.h"
 
-#include "platform/linux/fill32.h"
-
 #include <algorithm>
 #include <cstring>
 
@@ -126,13 +124,7 @@ void writeValues(const Surface& surface, int x, int y, int count, const std::uin
         putValue(row, surface.bitsPerPixel, x + i, in[i]);
 }
 
-void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
-    if (surface.bitsPerPixel == 32 && masks.keep == 0) {
-        if (r.top < r.bottom)
-            fillPixels(row32(surface, r.top) + r.left, surface.stride, r.right - r.left, r.bottom - r.top,
-                       masks.flip);
-        return;
-    }
+void changeRectangle(const Surface& surface, const RECT& r, Masks masks) {
     for (int y = r.top; y < r.bottom; ++y) {
         if (surface.bitsPerPixel == 32) {
             applyMasks(row32(surface, y) + r.left, static_cast<std::size_t>(r.right - r.left), masks);
@@ -148,13 +140,8 @@ void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
     }
 }
 
-void maskPixel(const Surface& surface, int x, int y, Masks masks) {
+void changePixel(const Surface& surface, int x, int y, Masks masks) {
     std::uint8_t* row = rowOf(surface, y);
-    if (surface.bitsPerPixel == 32) {
-        std::uint32_t& pixel = reinterpret_cast<std::uint32_t*>(row)[x];
-        pixel = (pixel & masks.keep) ^ masks.flip;
-        return;
-    }
     const std::uint32_t value = valueIn(row, surface.bitsPerPixel, x);
     putValue(row, surface.bitsPerPixel, x, (value & masks.keep) ^ masks.flip);
 }

@@ -6,6 +6,7 @@
 
 #include "platform/linux/gdi_objects.h"
 #include "platform/linux/rop.h"
+#include "platform/linux/word_rows.h"
 
 #include <cstddef>
 
@@ -43,9 +44,27 @@ std::uint32_t valueAt(const Surface& surface, int x, int y);
 void readValues(const Surface& surface, int x, int y, int count, std::uint32_t* out);
 void writeValues(const Surface& surface, int x, int y, int count, const std::uint32_t* in);
 
-/// Changes values by masks, in a rectangle or at one pixel.
-void maskRectangle(const Surface& surface, const RECT& r, Masks masks);
-void maskPixel(const Surface& surface, int x, int y, Masks masks);
+/// The next two for surfaces and masks of every kind.
+void changeRectangle(const Surface& surface, const RECT& r, Masks masks);
+void changePixel(const Surface& surface, int x, int y, Masks masks);
+
+/// Changes values by masks, in a rectangle or at one pixel. The rectangle is not empty.
+inline void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
+    if (surface.bitsPerPixel == 32 && masks.keep == 0) {
+        fillWords(row32(surface, r.top) + r.left, surface.stride / 4, r.right - r.left, r.bottom - r.top,
+                  masks.flip);
+    } else {
+        changeRectangle(surface, r, masks);
+    }
+}
+inline void maskPixel(const Surface& surface, int x, int y, Masks masks) {
+    if (surface.bitsPerPixel == 32) {
+        std::uint32_t& pixel = row32(surface, y)[x];
+        pixel = (pixel & masks.keep) ^ masks.flip;
+    } else {
+        changePixel(surface, x, y, masks);
+    }
+}
 
 /// Copies `count` pixels between surfaces of the same depth; the areas may overlap within one row.
 void copyRow(const Surface& from, int fromX, int fromY, const Surface& to, int toX, int toY, int count);

@@ -23,7 +23,11 @@ public:
     const std::vector<RECT>& rectangles() const { return rects_; }
     RECT bounds() const;
     bool empty() const { return rects_.empty(); }
-    bool contains(POINT p) const;
+    bool contains(POINT p) const {
+        for (const RECT& r : rects_)
+            if (p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom) return true;
+        return false;
+    }
     void translate(LONG dx, LONG dy);
 
     Region united(const Region& other) const;

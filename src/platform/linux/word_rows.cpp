@@ -73,7 +73,32 @@ void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     });
 }
 
-constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque};
+/// Four words that may lie at any word's address.
+using FourWords __attribute__((vector_size(16), aligned(4), may_alias)) = std::uint32_t;
+constexpr int four = 4;
+
+/// Four words at a time; the last four reach back over what is filled already.
+void fillByFours(std::uint32_t* row, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
+    const FourWords words = {value, value, value, value};
+    for (; height > 0; --height, row += stride) {
+        std::uint32_t* const last = row + width - four;
+        for (std::uint32_t* at = row; at < last; at += four)
+            *reinterpret_cast<FourWords*>(at) = words;
+        *reinterpret_cast<FourWords*>(last) = words;
+    }
+}
+
+void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
+    if (width >= four) {
+        fillByFours(first, stride, width, height, value);
+        return;
+    }
+    for (; height > 0; --height, first += stride)
+        for (int x = 0; x < width; ++x)
+            first[x] = value;
+}
+
+constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, fill};
 
 } // namespace
 

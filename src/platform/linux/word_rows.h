@@ -1,8 +1,9 @@
 #pragma once
-// Changing rectangles of 32-bit words by others, many words at once where the processor can.
+// Filling rectangles of 32-bit words and changing them by others, many words at once where the processor can.
 
 #include <cstddef>
 #include <cstdint>
+#include <cwchar>
 
 namespace platform::driver {
 
@@ -32,6 +33,8 @@ struct WordRows {
     void (*blendAlpha)(const WordBlocks& blocks, unsigned alpha);
     /// Copies the words whose lower three bytes are not those of `transparent`.
     void (*copyOpaque)(const WordBlocks& blocks, std::uint32_t transparent);
+    /// Sets all words of a rectangle. `stride` counts the words from one row to the next.
+    void (*fill)(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value);
 };
 
 /// For every processor.
@@ -44,6 +47,20 @@ const WordRows* avx2WordRows();
 inline const WordRows& wordRows() {
     static const WordRows& rows = avx2WordRows() ? *avx2WordRows() : plainWordRows();
     return rows;
+}
+
+/// Sets all words of a rectangle, which may be empty. Rows that follow each other without a gap are one for
+/// the C library, whose fill suits areas larger than the processor's memory best.
+inline void fillWords(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                      std::uint32_t value) {
+    if (width <= 0 || height <= 0) return;
+    if (stride == width) {
+        static_assert(sizeof(wchar_t) == sizeof value);
+        std::wmemset(reinterpret_cast<wchar_t*>(first), static_cast<wchar_t>(value),
+                     static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    } else {
+        wordRows().fill(first, stride, width, height, value);
+    }
 }
 
 } // namespace platform::driver

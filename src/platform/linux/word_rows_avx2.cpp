@@ -153,7 +153,22 @@ WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     }
 }
 
-constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque};
+/// The last words of a row reach back over what is filled already.
+WITH_AVX2 void fill(std::uint32_t* row, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
+    if (width < wordsAtOnce) {
+        plainWordRows().fill(row, stride, width, height, value);
+        return;
+    }
+    const __m256i words = _mm256_set1_epi32(static_cast<int>(value));
+    for (; height > 0; --height, row += stride) {
+        std::uint32_t* const last = row + width - wordsAtOnce;
+        for (std::uint32_t* at = row; at < last; at += wordsAtOnce)
+            store(at, words);
+        store(last, words);
+    }
+}
+
+constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, fill};
 
 } // namespace
 

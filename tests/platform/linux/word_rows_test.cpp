@@ -129,5 +129,15 @@ TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte
         }
 }
 
+TEST_P(WordRowsTest, FillsEveryWidth) {
+    for (int width = 0; width <= 40; ++width) {
+        const auto fill = [](WordBlocks blocks) {
+            GetParam()->fill(blocks.target, blocks.targetStride, blocks.width, blocks.height, 0x12345678);
+        };
+        const auto formula = [](std::uint32_t, std::uint32_t) { return 0x12345678u; };
+        ASSERT_EQ(changed(width, fill), expected(width, formula)) << width << " words";
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Plain, WordRowsTest, testing::Values(&plainWordRows()));
 INSTANTIATE_TEST_SUITE_P(Avx2, WordRowsTest, testing::Values(avx2WordRows()));
