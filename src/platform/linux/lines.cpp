@@ -208,7 +208,8 @@ Masks plainInk(const DeviceContext& context) {
     if (!isPlain) return {};
     const LONG width = pen.data.lopnWidth.x;
     const Mapping& mapping = context.state.mapping;
-    const bool isThin = width == 0 || (mapping.isUnscaled() ? width == 1 : mapping.sizeOnDevice({width, 0}).cx <= 1);
+    const bool isThin =
+        width == 0 || (mapping.isUnscaled() ? width == 1 : mapping.sizeOnDevice({width, 0}).cx <= 1);
     if (!isThin) return {};
     return masksOfMode(context.state.rop2, pixelOf(context, penColor(context, pen)));
 }
