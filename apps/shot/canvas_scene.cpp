@@ -201,7 +201,7 @@ void fillsAndModes(CanvasSheet& sheet) {
                                     static_cast<std::uint8_t>(60 + i * 60));
     });
     sheet.cell(u"CalculateColorMix", [](cCanvas& c) {
-        for (std::int32_t i = 0; i <= 128; i += 8) {
+        for (std::int32_t i = 0; i < 128; i += 8) {
             const auto share = static_cast<std::uint8_t>(255 - std::min(255, i * 2));
             c.FillBox(i, 0, i + 7, 34, c.CalculateColorMix(red, yellow, share));
             c.FillBox(i, 36, i + 7, 70, c.CalculateColorMix(white, blue, share));
@@ -347,7 +347,7 @@ void copies(CanvasSheet& sheet) {
         c.SelectHatchBrush(HatchStyle_Cross, grey);
         c.FillRect(0, 0, 130, 72);
         c.TransparentBlt(dc, 4, 4, 40, 32, 0, 0, 0, 0, green);
-        c.TransparentBlt(dc, 50, 4, 76, 30, 0, 0, 40, 32, violet);
+        c.TransparentBlt(dc, 50, 4, 76, 32, 0, 0, 40, 32, violet);
         for (std::int32_t i = 0; i < 3; ++i)
             c.AlphaBlend(dc, 4 + i * 42, 40, 40, 32, 0, 0, 0, 0, static_cast<std::uint8_t>(64 + i * 80));
     });
