@@ -1,9 +1,7 @@
 #include "shot/CanvasSheet.h"
 
 #include "frame/Globales.h"
-#include "host/Form.h"
-#include "host/MessageLoop.h"
-#include "platform/linux/headless.h"
+#include "shot/form_picture.h"
 
 namespace shot {
 
@@ -42,18 +40,10 @@ void CanvasSheet::end() {
 }
 
 bool CanvasSheet::save(const automation::String& caption, const std::string& file) {
-    const auto form = automation::make<host::Form>(u"sheet");
-    form->Caption(caption);
-    form->StartUpPosition(host::StartUpPosition::Manual);
-    form->Move(0, 0, 0, 0);
-    form->SetClientSize(static_cast<float>(canvas_->Width()) * twipsPerPixel,
-                        static_cast<float>(canvas_->Height()) * twipsPerPixel);
+    const auto form = sheetForm(caption, static_cast<float>(canvas_->Width()) * twipsPerPixel,
+                                static_cast<float>(canvas_->Height()) * twipsPerPixel);
     form->Paint.join([&] { canvas_->Paint(form->hDC()); });
-    form->Show();
-    host::DoEvents();
-    const bool saved = platform::headless::screenshot(form->hWnd(), file);
-    form->unload();
-    return saved;
+    return savePicture(*form, file);
 }
 
 } // namespace shot

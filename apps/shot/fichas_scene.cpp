@@ -1,9 +1,8 @@
 // The first record of the sample database, as fichas shows it.
 #include "fichas/DataFile.h"
 #include "fichas/window/RecordForm.h"
-#include "host/MessageLoop.h"
-#include "platform/linux/headless.h"
 #include "platform/processes.h"
+#include "shot/form_picture.h"
 #include "shot/scenes.h"
 
 #include <stdexcept>
@@ -15,11 +14,7 @@ bool fichas(const std::string& file) {
     if (sample.empty()) throw std::runtime_error("TESELA_SAMPLE doesn't name the sample database");
     std::shared_ptr<const ::fichas::DataFile> data = ::fichas::openFile(sample);
     const auto form = automation::make<::fichas::RecordForm>(data, data->tables().front());
-    form->Show();
-    host::DoEvents();
-    const bool saved = platform::headless::screenshot(form->hWnd(), file);
-    form->unload();
-    return saved;
+    return savePicture(*form, file);
 }
 
 } // namespace shot

@@ -1,8 +1,6 @@
 // One sheet with every look of the label: how each property changes it, in columns.
 #include "frame/lbl.h"
-#include "host/Form.h"
-#include "host/MessageLoop.h"
-#include "platform/linux/headless.h"
+#include "shot/form_picture.h"
 #include "shot/scenes.h"
 
 namespace shot {
@@ -148,20 +146,12 @@ void schemes(Sheet& sheet) {
 } // namespace
 
 bool label(const std::string& file) {
-    const auto form = automation::make<host::Form>(u"sheet");
-    form->Caption(u"lbl");
-    form->StartUpPosition(host::StartUpPosition::Manual);
-    form->Move(0, 0, 0, 0);
-    form->SetClientSize(3 * columnWidth + margin, 340 * pixel);
+    const auto form = sheetForm(u"lbl", 3 * columnWidth + margin, 340 * pixel);
     Sheet sheet(*form);
     alignments(sheet);
     states(sheet);
     schemes(sheet);
-    form->Show();
-    host::DoEvents();
-    const bool saved = platform::headless::screenshot(form->hWnd(), file);
-    form->unload();
-    return saved;
+    return savePicture(*form, file);
 }
 
 } // namespace shot

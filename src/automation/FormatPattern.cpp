@@ -3,6 +3,7 @@
 #include "automation/DateFunctions.h"
 #include "automation/DateText.h"
 #include "automation/Locale.h"
+#include "automation/PatternLiteral.h"
 #include "automation/TextBuilder.h"
 
 #include "platform/locale.h"
@@ -24,20 +25,6 @@ bool startsWithWord(std::u16string_view pattern, std::u16string_view word) {
     if (pattern.size() < word.size()) return false;
     return std::equal(word.begin(), word.end(), pattern.begin(),
                       [](char16_t wanted, char16_t unit) { return lowered(unit) == wanted; });
-}
-
-std::size_t literalLength(std::u16string_view pattern) {
-    if (pattern[0] == u'\\') return std::min<std::size_t>(2, pattern.size());
-    if (pattern[0] != u'"') return 0;
-    const std::size_t close = pattern.find(u'"', 1);
-    return close == std::u16string_view::npos ? pattern.size() : close + 1;
-}
-
-void writeLiteral(TextBuilder& out, std::u16string_view literal) {
-    if (literal[0] == u'\\') return out.add(literal.substr(1));
-    literal.remove_prefix(1);
-    if (!literal.empty() && literal.back() == u'"') literal.remove_suffix(1);
-    out.add(literal);
 }
 
 /// The marks of the half day that a pattern may ask for.

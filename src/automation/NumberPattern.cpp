@@ -1,6 +1,7 @@
 #include "automation/NumberPattern.h"
 
 #include "automation/Locale.h"
+#include "automation/PatternLiteral.h"
 #include "automation/TextBuilder.h"
 
 #include <algorithm>
@@ -24,21 +25,6 @@ struct Layout {
     bool percent = false;
     bool exponent = false;
 };
-
-/// Length of the quoted or escaped text that starts a pattern, 0 when none does.
-std::size_t literalLength(std::u16string_view pattern) {
-    if (pattern[0] == u'\\') return std::min<std::size_t>(2, pattern.size());
-    if (pattern[0] != u'"') return 0;
-    const std::size_t close = pattern.find(u'"', 1);
-    return close == std::u16string_view::npos ? pattern.size() : close + 1;
-}
-
-void writeLiteral(TextBuilder& out, std::u16string_view literal) {
-    if (literal[0] == u'\\') return out.add(literal.substr(1));
-    literal.remove_prefix(1);
-    if (!literal.empty() && literal.back() == u'"') literal.remove_suffix(1);
-    out.add(literal);
-}
 
 bool startsExponent(std::u16string_view pattern) {
     return (pattern[0] | 0x20) == u'e' && pattern.size() > 1 && (pattern[1] == u'+' || pattern[1] == u'-');

@@ -3,15 +3,7 @@
 . "$(dirname "$0")/../support/checks.sh"
 . "$(dirname "$0")/../support/x_server.sh"
 need Xvfb xdotool xprop import identify convert compare
-fichas=$1
-sample=$work/muestra.sqlite
-export TESELA_LOCALE=es-ES LC_ALL=C.UTF-8 TMPDIR=$work
-"$2" "$sample" >/dev/null || failed "the sample database is made"
-
-# The same walk in memory, for its pictures.
-run env TESELA_DISPLAY=headless "$fichas" "$sample"
-exits "the walk in memory" 0
-mapfile -t pictures <"$out"
+. "$(dirname "$0")/sample_walk.sh"
 start_x_server
 export TESELA_DISPLAY=desktop
 
@@ -31,13 +23,11 @@ shows() {
 }
 
 # looks_like PICTURE WHAT: waits until what is on the screen inside of the window is what is inside of the
-# picture, which has the window's frame around it: as wide at the bottom as at the sides.
+# picture.
 looks_like() {
     local size
     size=$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p;s/^HEIGHT=//p' | paste -sdx)
-    local frame=$((($(identify -format %w "$1") - ${size%x*}) / 2))
-    local top=$(($(identify -format %h "$1") - ${size#*x} - frame))
-    convert "$1" -crop "$size+$frame+$top" +repage "$work/expected.png"
+    inside_of "$1" "$size" "$work/expected.png"
     if until_true same_pixels; then passed "$2"; else failed "$2" "$(cat "$work/differing") pixels differ"; fi
 }
 same_pixels() {

@@ -4,13 +4,7 @@
 . "$(dirname "$0")/../support/checks.sh"
 . "$(dirname "$0")/../support/x_server.sh"
 need Xvfb weston xdotool import identify convert compare
-fichas=$1
-sample=$work/muestra.sqlite
-export TESELA_LOCALE=es-ES LC_ALL=C.UTF-8 TMPDIR=$work
-"$2" "$sample" >/dev/null || failed "the sample database is made"
-run env TESELA_DISPLAY=headless "$fichas" "$sample"
-exits "the walk in memory" 0
-mapfile -t pictures <"$out"
+. "$(dirname "$0")/sample_walk.sh"
 
 # A desktop of one colour, on which windows open anywhere.
 start_x_server
@@ -40,7 +34,7 @@ program=$!
 children+=("$program")
 
 # shows PICTURE WHAT: waits until what is there, as far as a form's colour reaches, is what is inside of the
-# picture, which has the window's frame around it: as wide at the bottom as at the sides.
+# picture.
 formColor='#F5F5F5'
 shows() {
     if until_true same_pixels "$1"; then passed "$2"; else failed "$2" "$(cat "$work/differing" "$err")"; fi
@@ -51,9 +45,7 @@ same_pixels() {
     place=$(convert "$work/screen.png" -fill black +opaque "$formColor" -trim -format %wx%h%O info: 2>/dev/null)
     local size=${place%%+*}
     convert "$work/screen.png" -crop "$place" +repage "$work/seen.png" 2>/dev/null || return
-    local frame=$((($(identify -format %w "$1") - ${size%x*}) / 2))
-    local top=$(($(identify -format %h "$1") - ${size#*x} - frame))
-    convert "$1" -crop "$size+$frame+$top" +repage "$work/expected.png" 2>/dev/null &&
+    inside_of "$1" "$size" "$work/expected.png" &&
         compare -metric AE "$work/seen.png" "$work/expected.png" null: 2>"$work/differing"
 }
 

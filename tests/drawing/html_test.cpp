@@ -458,66 +458,71 @@ TEST_F(cHTML_, RendersIntoACell) {
     expectAlike("a name alone changes nothing");
 }
 
-TEST_F(cHTML_, RendersOverAPictureBox) {
+namespace {
+
+/// A picture box on a form, in one colour.
+class cHTML_InAPictureBox : public cHTML_ {
+protected:
+    void open(float boxWidth, float boxHeight, host::OLE_COLOR color) {
+        form->SetClientSize(4000, 3000);
+        form->Show();
+        box = &form->add<host::PictureBox>(u"PBox1");
+        box->Extender().Move(0, 0, boxWidth, boxHeight);
+        box->AutoRedraw(true);
+        box->BackColor(color);
+        box->Cls();
+        object = Ref<Object>(box);
+    }
+    ~cHTML_InAPictureBox() override { form->unload(); }
+
+    void expectShown(const Ref<cCanvas>& canvas, std::int32_t columns, std::int32_t rows) {
+        int different = 0;
+        for (std::int32_t y = 0; y < rows; ++y)
+            for (std::int32_t x = 0; x < columns; ++x)
+                different += platform::GetPixel(box->hDC(), x, y) !=
+                             static_cast<platform::COLORREF>(canvas->GetPixel(x, y));
+        EXPECT_EQ(0, different);
+    }
+
     support::Desk desk;
-    const auto form = automation::make<host::Form>(u"Form1");
-    form->SetClientSize(4000, 3000);
-    form->Show();
-    auto& box = form->add<host::PictureBox>(u"PBox1");
-    box.Extender().Move(0, 0, 3000, 1500);
-    box.AutoRedraw(true);
-    box.BackColor(yellow);
-    box.Cls();
-    Ref<automation::Object> object(&box);
-    box.Font()->Name(u"Arial");
-    box.Font()->Size(automation::Currency(20));
+    Ref<host::Form> form = automation::make<host::Form>(u"Form1");
+    host::PictureBox* box = nullptr;
+    Ref<Object> object;
+};
+
+} // namespace
+
+TEST_F(cHTML_InAPictureBox, RendersOverWhatItShows) {
+    open(3000, 1500, yellow);
+    box->Font()->Name(u"Arial");
+    box->Font()->Size(automation::Currency(20));
     html->RenderInPBox(object, u"<B>uno</B>", true);
     EXPECT_FALSE(html->Canvas());
     expected->FillBox(0, 0, width, height, yellow);
     expected->SelectFont(u"Arial", 20, 0, false, false, false, 0, 0, 700);
     write(margin, margin, u"uno");
-    int different = 0;
-    for (std::int32_t y = 0; y < 60; ++y)
-        for (std::int32_t x = 0; x < 150; ++x)
-            different += platform::GetPixel(box.hDC(), x, y) !=
-                         static_cast<platform::COLORREF>(expected->GetPixel(x, y));
-    EXPECT_EQ(0, different);
-    form->unload();
+    expectShown(expected, 150, 60);
 }
 
-TEST_F(cHTML_, WrapsInAPictureBoxWithinItsMargins) {
-    support::Desk desk;
-    const auto form = automation::make<host::Form>(u"Form1");
-    form->SetClientSize(4000, 3000);
-    form->Show();
-    auto& box = form->add<host::PictureBox>(u"PBox1");
-    box.Extender().Move(0, 0, 1500, 1500);
-    box.AutoRedraw(true);
-    box.BackColor(white);
-    box.Cls();
-    box.ScaleMode(host::ScaleMode::Pixels);
-    const auto inner = static_cast<std::int32_t>(box.ScaleWidth());
+TEST_F(cHTML_InAPictureBox, WrapsWithinItsMargins) {
+    open(1500, 1500, white);
+    box->ScaleMode(host::ScaleMode::Pixels);
+    const auto columns = static_cast<std::int32_t>(box->ScaleWidth());
+    const auto rows = static_cast<std::int32_t>(box->ScaleHeight());
     constexpr std::int32_t left = 7, top = 5;
     const String text = u"un texto que se parte en varias";
     html->SetMargenes(left, top, 3); // the right limit is the box's
-    Ref<Object> object(&box);
     html->RenderInPBox(object, text);
     const auto cell = automation::make<cCanvas>();
-    cell->Configure({}, 0, 0, inner, static_cast<std::int32_t>(box.ScaleHeight()), DCProvider_Auto, false);
-    cell->FillBox(0, 0, inner, cell->Height(), white);
+    cell->Configure({}, 0, 0, columns, rows, DCProvider_Auto, false);
+    cell->FillBox(0, 0, columns, rows, white);
     const auto other = automation::make<cHTML>();
     other->Canvas(cell);
     other->HTMLText(text);
-    other->SetMargenes(left, top, inner - 2 * left);
+    other->SetMargenes(left, top, columns - 2 * left);
     other->Render(false, maxX, maxY);
     EXPECT_GT(maxY, top + rowHeight) << "it wraps";
-    int different = 0;
-    for (std::int32_t y = 0; y < cell->Height(); ++y)
-        for (std::int32_t x = 0; x < inner; ++x)
-            different +=
-                platform::GetPixel(box.hDC(), x, y) != static_cast<platform::COLORREF>(cell->GetPixel(x, y));
-    EXPECT_EQ(0, different);
-    form->unload();
+    expectShown(cell, columns, rows);
 }
 
 TEST_F(cHTML_, LeavesWhatIsNoPictureBoxAlone) {

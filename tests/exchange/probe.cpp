@@ -6,6 +6,7 @@
 
 #include "platform/files.h"
 #include "platform/linux/png_file.h"
+#include "platform/linux/word_sheet.h"
 #include "platform/metafiles.h"
 #include "platform/pictures.h"
 
@@ -26,36 +27,15 @@ namespace {
 constexpr int width = 400;
 constexpr int height = 300;
 
-/// A white sheet of 32 bits.
-class Sheet {
+/// A white sheet.
+class Sheet : public driver::WordSheet {
 public:
-    Sheet() : dc_(CreateCompatibleDC({})) {
-        BITMAPINFO info;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biBitCount = 32;
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, {}, 0);
-        former_ = SelectObject(dc_, bitmap_);
-        PatBlt(dc_, 0, 0, width, height, WHITENESS);
-    }
-    ~Sheet() {
-        SelectObject(dc_, former_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    Sheet(const Sheet&) = delete;
-    Sheet& operator=(const Sheet&) = delete;
+    Sheet() : WordSheet(width, height) { PatBlt(dc(), 0, 0, width, height, WHITENESS); }
 
-    HDC dc() const { return dc_; }
     bool save(const std::string& file) const {
-        return driver::savePng(file, {width, height, 32, width * 4, static_cast<std::uint8_t*>(bits_)});
+        return driver::savePng(file,
+                               {width, height, 32, width * 4, reinterpret_cast<std::uint8_t*>(words())});
     }
-
-private:
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ former_;
-    void* bits_ = nullptr;
 };
 
 void inPenAndBrush(HDC dc, COLORREF pen, COLORREF brush, const auto& draw) {

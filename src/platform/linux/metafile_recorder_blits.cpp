@@ -1,6 +1,7 @@
 // Fills and pictures of a recorded context.
 
 #include "platform/linux/metafile_recorder.h"
+#include "platform/linux/word_sheet.h"
 
 #include <algorithm>
 #include <array>
@@ -20,35 +21,6 @@ LONG widthOf(const RECT& r) {
 LONG heightOf(const RECT& r) {
     return r.bottom - r.top;
 }
-
-/// A memory context with a bitmap of 32 bits whose words can be read, top row first.
-class Sheet {
-public:
-    Sheet(int width, int height) : dc_(CreateCompatibleDC({})) {
-        BITMAPINFO info;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biBitCount = wordBits;
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, {}, 0);
-        former_ = SelectObject(dc_, bitmap_);
-    }
-    ~Sheet() {
-        SelectObject(dc_, former_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    Sheet(const Sheet&) = delete;
-    Sheet& operator=(const Sheet&) = delete;
-
-    HDC dc() const { return dc_; }
-    const std::uint32_t* words() const { return static_cast<const std::uint32_t*>(bits_); }
-
-private:
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ former_;
-    void* bits_ = nullptr;
-};
 
 BITMAPINFOHEADER headerOf(int width, int height, int bitsPerPixel) {
     BITMAPINFOHEADER header;
@@ -192,7 +164,7 @@ MetafileRecorder::Pixels MetafileRecorder::pixelsOf(const BlitSource& source, RE
         along(wanted.top, whole.top, wanted.bottom, whole.bottom, mirroredY ? area.bottom : area.top);
     target.bottom =
         along(wanted.top, whole.top, wanted.bottom, whole.bottom, mirroredY ? area.top : area.bottom);
-    const Sheet sheet(widthOf(area), heightOf(area));
+    const WordSheet sheet(widthOf(area), heightOf(area));
     SetTextColor(sheet.dc(), context_.state.textColor);
     SetBkColor(sheet.dc(), context_.state.backColor);
     const POINT corner = source.context.state.mapping.toLogical(
@@ -313,7 +285,7 @@ std::optional<MetafileRecorder::Pixels> MetafileRecorder::iconPixels(const Bitma
     const HBITMAP handle(addObject(std::move(copy)));
     const HDC dc = CreateCompatibleDC({});
     const HGDIOBJ former = SelectObject(dc, handle);
-    const Sheet sheet(widthOf(area), heightOf(area));
+    const WordSheet sheet(widthOf(area), heightOf(area));
     BitBlt(sheet.dc(), 0, 0, widthOf(area), heightOf(area), dc, area.left, area.top, SRCCOPY);
     const auto count = static_cast<std::size_t>(widthOf(area)) * static_cast<std::size_t>(heightOf(area));
     Pixels pixels{widthOf(area), heightOf(area), {sheet.words(), sheet.words() + count}};
