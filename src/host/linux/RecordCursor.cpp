@@ -37,6 +37,10 @@ void RecordCursor::select(const std::string& condition, const std::string& order
     moveTo(1);
 }
 
+std::string RecordCursor::conditionOf(const std::vector<std::int64_t>& bookmarks) const {
+    return source_->conditionOf(bookmarks);
+}
+
 void RecordCursor::close() {
     selected_.reset();
     source_.reset();

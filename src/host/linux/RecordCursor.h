@@ -50,6 +50,8 @@ public:
     /// Goes through those rows that meet a condition of SQL, in an order of SQL, from the first one on. Both
     /// empty are all rows as they are.
     void select(const std::string& condition, const std::string& order);
+    /// The condition of SQL for the rows of these bookmarks.
+    std::string conditionOf(const std::vector<std::int64_t>& bookmarks) const;
     void close();
     bool isOpen() const { return source_ != nullptr; }
 

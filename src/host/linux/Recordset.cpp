@@ -26,6 +26,15 @@ std::string pathOf(const String& connection) {
     return connection.substring(start, connection.find(u";", start) - start).utf8();
 }
 
+/// The number that a bookmark is. Error 3001 for a value that is none.
+std::int64_t bookmarkNumber(const Variant& bookmark) {
+    constexpr double largest = 9007199254740992.0; // whole numbers that a Double holds
+    const double number = bookmark.type() == automation::VT_R8 ? bookmark.asDouble() : 0;
+    if (!(number >= 1 && number < largest) || number != std::floor(number))
+        throwRecordsetError(recordsetErrors::InvalidArgument);
+    return static_cast<std::int64_t>(number);
+}
+
 String trimmed(const String& text) {
     const std::u16string_view all = text;
     const std::size_t first = all.find_first_not_of(u" \t\r\n");
@@ -94,7 +103,7 @@ void Recordset::Close() {
     if (!cursor_->isOpen()) throwRecordsetError(recordsetErrors::ObjectClosed);
     cursor_->close();
     database_.reset();
-    filter_ = {};
+    filter_ = adFilterNone;
     sort_ = {};
 }
 
@@ -174,11 +183,7 @@ std::int64_t Recordset::positionOf(const Variant& bookmark) const {
     enum Place : std::int32_t { present = 0, first = 1, last = 2 };
     const Variant plain = automation::value(bookmark);
     if (plain.type() == automation::VT_R8) {
-        const double number = plain.asDouble();
-        constexpr double largest = 9007199254740992.0; // whole numbers that a Double holds
-        if (!(number >= 1 && number < largest) || number != std::floor(number))
-            throwRecordsetError(recordsetErrors::InvalidArgument);
-        const auto position = cursor_->rows().positionOf(static_cast<std::int64_t>(number));
+        const auto position = cursor_->rows().positionOf(bookmarkNumber(plain));
         if (!position) throwRecordsetError(recordsetErrors::InvalidArgument);
         return *position;
     }
@@ -262,12 +267,24 @@ void Recordset::Find(const String& criteria, std::int32_t skipRecords, std::int3
     });
 }
 
-void Recordset::select(String filter, String sort) {
+/// What a filter says, in SQL; empty for none.
+std::string Recordset::conditionOf(const Variant& filter, const std::vector<CriteriaColumn>& columns) const {
+    if (filter.isString()) return filterCondition(filter.asString(), columns);
+    if (!filter.isArray()) return {};
+    const Array& list = filter.asArray();
+    std::vector<std::int64_t> bookmarks;
+    bookmarks.reserve(list.size());
+    for (std::size_t i = 0; i < list.size(); ++i)
+        bookmarks.push_back(bookmarkNumber(automation::value(list.element(i))));
+    return cursor_->conditionOf(bookmarks);
+}
+
+void Recordset::select(Variant filter, String sort) {
     const std::vector<CriteriaColumn> columns = criteriaColumns();
-    const std::string condition = trimmed(filter).empty() ? std::string() : filterCondition(filter, columns);
+    const std::string condition = conditionOf(filter, columns);
     const std::string order = orderTerms(sort, columns);
     // Should SQLite fail, all records are back.
-    filter_ = {};
+    filter_ = adFilterNone;
     sort_ = {};
     withDatabaseErrors([&] { cursor_->select(condition, order); });
     filter_ = std::move(filter);
@@ -276,15 +293,15 @@ void Recordset::select(String filter, String sort) {
 
 Variant Recordset::Filter() const {
     (void)cursor_->rows();
-    if (trimmed(filter_).empty()) return adFilterNone;
     return filter_;
 }
 
 void Recordset::Filter(const Variant& criteria) {
-    const Variant plain = automation::value(criteria);
-    if (!plain.isString() && automation::CLng(plain) != adFilterNone)
+    Variant plain = automation::value(criteria);
+    const bool chooses = plain.isArray() || (plain.isString() && !trimmed(plain.asString()).empty());
+    if (!chooses && !plain.isString() && automation::CLng(plain) != adFilterNone)
         throwRecordsetError(recordsetErrors::InvalidArgument);
-    select(plain.isString() ? plain.asString() : String(), sort_);
+    select(chooses ? std::move(plain) : Variant(adFilterNone), sort_);
 }
 
 void Recordset::Sort(const String& columns) {

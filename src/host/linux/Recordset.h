@@ -85,8 +85,9 @@ public:
     void Find(const automation::String& criteria, std::int32_t skipRecords = 0,
               std::int32_t direction = adSearchForward,
               const automation::Variant& start = automation::Variant::missing());
-    /// The criteria that records must meet to be there, or adFilterNone; see filterCondition. Writing goes to
-    /// the first of those records; the empty text and adFilterNone bring all of them back.
+    /// The criteria that records must meet to be there (see filterCondition), an array of the bookmarks of
+    /// those that are there, or adFilterNone. Writing goes to the first of those records; the empty text and
+    /// adFilterNone bring all of them back. Error 3001 for what is no bookmark.
     automation::Variant Filter() const;
     void Filter(const automation::Variant& criteria);
     /// The columns that order the records, see orderTerms: "ciudad, alta DESC". Writing goes to the first
@@ -112,14 +113,16 @@ public:
 private:
     std::int64_t positionOf(const automation::Variant& bookmark) const;
     std::vector<CriteriaColumn> criteriaColumns() const;
-    void select(automation::String filter, automation::String sort);
+    std::string conditionOf(const automation::Variant& filter,
+                            const std::vector<CriteriaColumn>& columns) const;
+    void select(automation::Variant filter, automation::String sort);
     std::vector<std::size_t> columnsOf(const automation::Variant& fields) const;
 
     std::shared_ptr<RecordCursor> cursor_;
     automation::Ref<host::Fields> fields_;
     automation::String source_;
     automation::String connection_;
-    automation::String filter_;
+    automation::Variant filter_ = adFilterNone;
     automation::String sort_;
     std::unique_ptr<platform::Database> database_;
 };

@@ -22,6 +22,15 @@ std::string joined(const std::vector<std::string>& parts, const std::string& tai
     return text;
 }
 
+/// "n IN (1, 2)".
+std::string among(const std::string& name, const std::vector<std::int64_t>& numbers) {
+    std::vector<std::string> digits;
+    digits.reserve(numbers.size());
+    for (const std::int64_t number : numbers)
+        digits.push_back(std::to_string(number));
+    return name + " IN (" + joined(digits) + ")";
+}
+
 /// "(a, b)" compared with as many parameters: "(a, b) >= (?1, ?2)".
 std::string comparison(const std::vector<std::string>& key, const std::string& operation) {
     const std::vector<std::string> marks(key.size(), "?");
@@ -224,6 +233,19 @@ std::unique_ptr<RowSet> KeyedRows::select(const std::string& condition, const st
 
 // --------------------------------------------------------------------------------------- SpooledRows
 
+/// The bookmark of a row is its place in the order of the keys.
+std::string KeyedRows::conditionOf(const std::vector<std::int64_t>& bookmarks) const {
+    const std::string key = joined(keyColumns_);
+    std::vector<std::string> named, names;
+    for (std::size_t i = 0; i < keyColumns_.size(); ++i) {
+        names.push_back("k" + std::to_string(i));
+        named.push_back(keyColumns_[i] + " AS " + names.back());
+    }
+    return "(" + key + ") IN (SELECT " + joined(names) + " FROM (SELECT " + joined(named) +
+           ", row_number() OVER (ORDER BY " + key + ") AS n FROM " + table_ + " AS t) WHERE " +
+           among("n", bookmarks) + ")";
+}
+
 SpooledRows::SpooledRows(Database database, const std::string& query) : database_(std::move(database)) {
     Statement source = database_.prepare(query);
     if (source.columnCount() == 0)
@@ -291,6 +313,10 @@ std::optional<std::int64_t> SpooledRows::find(std::int64_t position, bool forwar
 std::unique_ptr<RowSet> SpooledRows::select(const std::string& condition, const std::string& order) const {
     return std::make_unique<SelectedRows>(database_, *this, SelectedRows::Source{"temp.filas", {"t.rowid"}},
                                           condition, order);
+}
+
+std::string SpooledRows::conditionOf(const std::vector<std::int64_t>& bookmarks) const {
+    return among("t.rowid", bookmarks);
 }
 
 // ------------------------------------------------------------------------------------------- opening

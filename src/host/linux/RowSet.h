@@ -67,6 +67,9 @@ public:
     /// one; either may be empty. These rows must live as long, and of all of a connection's only one choice
     /// may.
     virtual std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const = 0;
+
+    /// The condition for the rows that these bookmarks stand for.
+    virtual std::string conditionOf(const std::vector<std::int64_t>& bookmarks) const = 0;
 };
 
 /// The rows of a table in the order of its key. Each is found again by its key; the keys at the start of
@@ -87,6 +90,7 @@ public:
     std::optional<std::int64_t> find(std::int64_t position, bool forward,
                                      const std::string& condition) override;
     std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const override;
+    std::string conditionOf(const std::vector<std::int64_t>& bookmarks) const override;
 
 private:
     using Key = std::vector<platform::DatabaseValue>;
@@ -122,6 +126,7 @@ public:
     std::optional<std::int64_t> find(std::int64_t position, bool forward,
                                      const std::string& condition) override;
     std::unique_ptr<RowSet> select(const std::string& condition, const std::string& order) const override;
+    std::string conditionOf(const std::vector<std::int64_t>& bookmarks) const override;
 
 private:
     void copy(platform::Statement& query);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+using automation::Array;
 using automation::String;
 using automation::Variant;
 using host::Recordset;
@@ -287,6 +288,34 @@ TEST_P(CriteriaTest, ABookmarkHoldsUnderAnotherFilterAndOrder) {
     EXPECT_EQ(records.AbsolutePosition(), 1);
     records.Filter(u"id < 3");
     EXPECT_EQ(errorOf([&] { records.Bookmark(bookmark); }), invalidArgument);
+}
+
+TEST_P(CriteriaTest, AnArrayOfBookmarksIsAFilter) {
+    const auto bookmarkOf = [this](const char16_t* criteria) {
+        records.MoveFirst();
+        records.Find(criteria);
+        return records.Bookmark();
+    };
+    records.Filter(u"id > 1");
+    const Variant three = Array::of({bookmarkOf(u"id = 9"), bookmarkOf(u"id = 2"), bookmarkOf(u"id = 5")});
+    records.Filter(three);
+    EXPECT_EQ(all(), "2 5 9");
+    EXPECT_EQ(records.RecordCount(), 3);
+    EXPECT_EQ(records.Filter().asArray().size(), 3u);
+    EXPECT_EQ(by(u"nombre DESC"), "9 2 5") << "an order keeps it";
+    records.Requery();
+    EXPECT_EQ(all(), "9 2 5");
+    records.Filter(Array::of({Variant(1000.0)}));
+    EXPECT_EQ(all(), "") << "no such record";
+    records.Filter(Array());
+    EXPECT_EQ(all(), "");
+    records.Filter(u" ");
+    records.Sort(u"");
+    EXPECT_EQ(all(), "1 2 3 5 8 9");
+    records.Filter(u"id = 1");
+    for (const Variant& wrong : {Variant(0.0), Variant(1.5), Variant(std::int32_t{1}), Variant(u"1")})
+        EXPECT_EQ(errorOf([&] { records.Filter(Array::of({wrong})); }), invalidArgument);
+    EXPECT_EQ(all(), "1") << "the former one stays";
 }
 
 TEST_P(CriteriaTest, ARecordThatOthersDeleteIsMissedWhenItIsRead) {
