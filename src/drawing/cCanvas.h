@@ -320,8 +320,8 @@ public:
     /// 2 a cursor, else a bitmap. Nothing if there is none.
     automation::Ref<host::Picture> GetResPicture(const automation::Variant& xResourceID,
                                                  std::int32_t nType = 1, platform::HINSTANCE nHInstance = {});
-    /// One of the system's own pictures by its number. Where the system has none, the icons of message boxes
-    /// (32513 to 32516) are the library's.
+    /// One of the system's own pictures by its number (OBM_, OIC_, OCR_). On a system without any the library
+    /// draws them.
     automation::Ref<host::Picture> GetSysPicture(const automation::Variant& nID, std::int32_t nType = 0);
 
     // Clipping, origin and paths: cCanvas_clipping.cpp

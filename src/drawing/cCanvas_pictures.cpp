@@ -5,7 +5,7 @@
 #include "automation/Conversions.h"
 #include "drawing/memory_surface.h"
 #include "drawing/rounding.h"
-#include "host/DialogIcons.h"
+#include "host/StockPictures.h"
 #include "platform/processes.h"
 #include "platform/resources.h"
 
@@ -169,7 +169,7 @@ Ref<Picture> cCanvas::GetSysPicture(const automation::Variant& nID, std::int32_t
     const platform::WORD number = resourceNumber(id);
     if (const std::uint32_t handle = platform::systemImage(resourceType(nType), number))
         return BitMap2Picture(platform::HGDIOBJ(handle), {}, nType);
-    return nType == iconImage ? host::stockIcon(number) : Ref<Picture>();
+    return host::stockPicture(resourceType(nType), number);
 }
 
 } // namespace tesela

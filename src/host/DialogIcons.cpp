@@ -1,5 +1,6 @@
 #include "host/DialogIcons.h"
 
+#include "host/SampledArt.h"
 #include "platform/types.h"
 
 #include <array>
@@ -11,19 +12,11 @@ namespace host {
 
 namespace {
 
-struct Point {
-    double x;
-    double y;
-};
+using Point = ArtPoint;
+using Color = ArtColor;
 
-struct Color {
-    double red;
-    double green;
-    double blue;
-};
-
-constexpr Color White{255, 255, 255};
-constexpr Color Black{0, 0, 0};
+constexpr Color White = ArtWhite;
+constexpr Color Black = ArtBlack;
 constexpr Color Red{208, 32, 32};
 constexpr Color DarkRed{128, 0, 0};
 constexpr Color Blue{32, 88, 200};
@@ -31,23 +24,10 @@ constexpr Color DarkBlue{0, 32, 112};
 constexpr Color Yellow{255, 216, 0};
 constexpr Color DarkYellow{96, 80, 0};
 
-constexpr int Samples = 4; ///< Across and down in each pixel
 constexpr Point Centre{16, 16};
 constexpr double DiscRadius = 14.5;
 constexpr double RimWidth = 1.2;
 
-double distance(Point a, Point b) {
-    return std::hypot(a.x - b.x, a.y - b.y);
-}
-
-double distanceToLine(Point p, Point a, Point b) {
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
-    const double along = std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
-    return distance(p, {a.x + along * dx, a.y + along * dy});
-}
-
-/// What a picture shows at a point; empty where the background stays.
 using Sampler = std::optional<Color> (*)(Point);
 
 std::optional<Color> disc(Point p, Color face, Color rim) {
@@ -107,38 +87,43 @@ std::optional<Color> exclamation(Point p) {
     return bar || dot ? Black : Yellow;
 }
 
-/// The mean colour of a pixel and how much of it the picture covers. Without a background the colour is that
-/// of the covered part alone.
-std::uint32_t pixel(Sampler sampler, int x, int y, std::optional<Color> background) {
-    Color sum{0, 0, 0};
-    int covered = 0;
-    for (int i = 0; i < Samples * Samples; ++i) {
-        const int column = i % Samples;
-        const int row = i / Samples;
-        const Point at{x + (column + 0.5) / Samples, y + (row + 0.5) / Samples};
-        std::optional<Color> color = sampler(at);
-        if (!color) color = background;
-        if (!color) continue;
-        ++covered;
-        sum = {sum.red + color->red, sum.green + color->green, sum.blue + color->blue};
-    }
-    if (covered == 0) return 0;
-    const auto mean = [&](double total) { return static_cast<std::uint32_t>(std::lround(total / covered)); };
-    constexpr int Opaque = 255;
-    const auto alpha = static_cast<std::uint32_t>(covered * Opaque / (Samples * Samples));
-    return alpha << 24 | mean(sum.red) << 16 | mean(sum.green) << 8 | mean(sum.blue);
+/// Inside a rectangle with its edges.
+bool within(Point p, double left, double top, double right, double bottom) {
+    return p.x >= left && p.x <= right && p.y >= top && p.y <= bottom;
 }
 
-platform::PictureData painted(Sampler sampler, std::optional<Color> background) {
-    platform::PictureData data;
-    data.width = DialogIconSize;
-    data.height = DialogIconSize;
-    for (int y = 0; y < DialogIconSize; ++y) {
-        for (int x = 0; x < DialogIconSize; ++x)
-            data.argb.push_back(pixel(sampler, x, y, background));
-    }
-    return data;
+/// A window with its title and some lines of text.
+std::optional<Color> window(Point p) {
+    constexpr Color Line{150, 160, 175};
+    if (!within(p, 2, 4, 30, 28)) return {};
+    if (!within(p, 3, 5, 29, 27)) return DarkBlue;
+    if (p.y < 10) return within(p, 25, 6, 28, 9) ? White : Blue;
+    if (p.y < 11) return DarkBlue;
+    for (const double top : {14.0, 18.0, 22.0})
+        if (within(p, 6, top, top > 20 ? 18 : 26, top + 2)) return Line;
+    return White;
 }
+
+/// A shield with a tick: what an administrator must allow.
+std::optional<Color> shield(Point p) {
+    constexpr double HalfWidth = 12;
+    constexpr double Top = 3;
+    constexpr double Shoulder = 14; ///< Down to here the sides are straight, then they meet
+    constexpr double Tip = 30;
+    const auto halfAt = [&](double y) {
+        const double share = std::clamp((y - Shoulder) / (Tip - Shoulder), 0.0, 1.0);
+        return HalfWidth * std::sqrt(1 - share * share);
+    };
+    const double fromAxis = std::abs(p.x - Centre.x);
+    if (p.y < Top || p.y > Tip || fromAxis > halfAt(p.y)) return {};
+    const bool isRim = p.y < Top + RimWidth || fromAxis > halfAt(p.y + RimWidth) - RimWidth;
+    if (isRim) return DarkBlue;
+    const double tick =
+        std::min(distanceToLine(p, {10, 15}, {14.5, 20}), distanceToLine(p, {14.5, 20}, {22.5, 9.5}));
+    return tick < 1.9 ? White : Blue;
+}
+
+constexpr platform::SIZE IconSize{DialogIconSize, DialogIconSize};
 
 Sampler samplerOf(MsgBoxStyle style) {
     constexpr int IconBits = 0x70;
@@ -164,18 +149,17 @@ automation::Ref<Picture> dialogIcon(MsgBoxStyle style, platform::COLORREF backgr
     constexpr std::uint32_t Channel = 0xFF;
     const Color behind{double(background & Channel), double(background >> 8 & Channel),
                        double(background >> 16 & Channel)};
-    platform::PictureData data = painted(sampler, behind);
+    platform::PictureData data = sampled(IconSize, sampler, behind);
     data.format = platform::PictureFormat::Bmp;
     return automation::make<Picture>(data);
 }
 
 automation::Ref<Picture> stockIcon(std::int32_t number) {
-    constexpr std::int32_t Hand = 32513;
-    constexpr Sampler InOrder[] = {critical, question, exclamation, information};
-    if (number < Hand || number >= Hand + static_cast<std::int32_t>(std::size(InOrder))) return {};
-    platform::PictureData data = painted(InOrder[number - Hand], std::nullopt);
+    constexpr std::int32_t First = 32512;
+    constexpr Sampler InOrder[] = {window, critical, question, exclamation, information, window, shield};
+    if (number < First || number >= First + static_cast<std::int32_t>(std::size(InOrder))) return {};
+    platform::PictureData data = sampled(IconSize, InOrder[number - First], std::nullopt);
     data.format = platform::PictureFormat::Ico;
-    data.hasAlpha = true;
     return automation::make<Picture>(data);
 }
 

@@ -131,7 +131,9 @@ void Picture::takePixels(const platform::PictureData& data) {
         return;
     }
     platform::ICONINFO parts;
-    parts.fIcon = platform::TRUE_;
+    parts.fIcon = data.format == platform::PictureFormat::Cur ? platform::FALSE_ : platform::TRUE_;
+    parts.xHotspot = static_cast<platform::DWORD>(data.hotSpot.x);
+    parts.yHotspot = static_cast<platform::DWORD>(data.hotSpot.y);
     parts.hbmMask = maskOf(data);
     parts.hbmColor = bitmapOf(data, data.hasAlpha);
     icon_ = platform::CreateIconIndirect(&parts);

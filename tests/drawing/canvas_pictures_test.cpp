@@ -226,7 +226,7 @@ TEST_F(cCanvas_Pictures, ResourcesAreFoundByNumberNameAndType) {
     EXPECT_FALSE(canvas->GetResPicture(Variant(u"")));
 }
 
-TEST_F(cCanvas_Pictures, TheSystemHasIconsByTheirNumbers) {
+TEST_F(cCanvas_Pictures, TheSystemHasPicturesByTheirNumbers) {
     for (const std::int32_t number : {32513, 32514, 32515, 32516}) {
         const auto icon = canvas->GetSysPicture(number, iconType);
         ASSERT_TRUE(icon) << number;
@@ -239,6 +239,8 @@ TEST_F(cCanvas_Pictures, TheSystemHasIconsByTheirNumbers) {
         EXPECT_LT(count(yellow), 24u * 16) << number;
         EXPECT_EQ(yellow, at(0, 0)) << "the corner shows what lies under it";
     }
+    EXPECT_EQ(17, canvas->GetSysPicture(std::int32_t{32752})->pixels().cx) << "a bitmap";
+    EXPECT_EQ(PictureType::Icon, canvas->GetSysPicture(std::int32_t{32512}, cursorType)->Type());
     EXPECT_FALSE(canvas->GetSysPicture(std::int32_t{1}, iconType));
     EXPECT_FALSE(canvas->GetSysPicture(std::int32_t{1}));
     EXPECT_FALSE(canvas->GetSysPicture(Variant(u"HAND"), iconType));
