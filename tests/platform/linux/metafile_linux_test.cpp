@@ -268,13 +268,56 @@ TEST(MetafilePlayed, CopiesOfOneBitTakeTheColoursOfTheRecording) {
     });
 }
 
-TEST(MetafilePlayed, ParallelogramsLookAsDrawn) {
+namespace {
+
+/// A picture of four by four pixels: white but for a black corner and a coloured middle.
+void paintSmallPicture(const Canvas& canvas) {
+    PatBlt(canvas.dc(), 0, 0, 4, 4, WHITENESS);
+    canvas.set(0, 0, RGB(0, 0, 0));
+    canvas.set(1, 1, RGB(255, 0, 0));
+    canvas.set(2, 2, RGB(0, 0, 255));
+}
+
+/// A mask of four by four bits, of which the even columns are set.
+HBITMAP evenColumns() {
+    const WORD rows[4] = {0x00A0, 0x00A0, 0x00A0, 0x00A0};
+    return CreateBitmap(4, 4, 1, 1, rows);
+}
+
+} // namespace
+
+TEST(MetafilePlayed, MaskedCopiesLookAsDrawn) {
+    const Canvas source(4, 4);
+    paintSmallPicture(source);
+    const HBITMAP mask = evenColumns();
+    expectSamePicture([&](HDC dc) {
+        PatBlt(dc, 0, 0, 30, 30, BLACKNESS);
+        MaskBlt(dc, 3, 3, 4, 4, source.dc(), 0, 0, mask, 0, 0, MAKEROP4(SRCCOPY, SRCINVERT));
+        MaskBlt(dc, 10, 3, 2, 3, source.dc(), 1, 1, mask, 1, 0, MAKEROP4(BLACKNESS, WHITENESS));
+        MaskBlt(dc, 20, 3, 4, 4, source.dc(), 0, 0, HBITMAP(), 0, 0, MAKEROP4(NOTSRCCOPY, SRCCOPY));
+    });
+    DeleteObject(mask);
+}
+
+TEST(MetafilePlayed, MasksGrowWithTheirPicture) {
     const Canvas source(4, 4);
     PatBlt(source.dc(), 0, 0, 4, 4, WHITENESS);
-    source.set(0, 0, RGB(0, 0, 0));
-    source.set(1, 1, RGB(255, 0, 0));
-    const WORD evenColumns[4] = {0x00A0, 0x00A0, 0x00A0, 0x00A0};
-    const HBITMAP mask = CreateBitmap(4, 4, 1, 1, evenColumns);
+    const HBITMAP mask = evenColumns();
+    const RECT size = frameOf(4, 4);
+    const HDC dc = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
+    MaskBlt(dc, 0, 0, 4, 4, source.dc(), 0, 0, mask, 0, 0, MAKEROP4(SRCCOPY, BLACKNESS));
+    const Recorded metafile(CloseEnhMetaFile(dc));
+    DeleteObject(mask);
+    const Canvas canvas(8, 2);
+    const RECT whole{0, 0, 8, 2};
+    EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &whole));
+    EXPECT_EQ(canvas.text(), "##..##..\n##..##..\n");
+}
+
+TEST(MetafilePlayed, ParallelogramsLookAsDrawn) {
+    const Canvas source(4, 4);
+    paintSmallPicture(source);
+    const HBITMAP mask = evenColumns();
     expectSamePicture([&](HDC dc) {
         PatBlt(dc, 0, 0, 40, 40, BLACKNESS);
         const POINT upright[] = {{2, 2}, {10, 2}, {2, 10}};
