@@ -80,13 +80,13 @@ LONG rounded(double value) {
     return static_cast<LONG>(std::floor(value + 0.5));
 }
 
-POINT pointAt(const RECT& box, double x, double y) {
+POINT pointAt(const ExactRect& box, double x, double y) {
     return {rounded(box.left + (box.right - box.left) * (x + 1) / 2),
             rounded(box.top + (box.bottom - box.top) * (y + 1) / 2)};
 }
 
 /// The curve from one angle to another, not more than a quarter apart; the start is left out.
-void addArcPiece(const RECT& box, double from, double to, std::vector<POINT>& out) {
+void addArcPiece(const ExactRect& box, double from, double to, std::vector<POINT>& out) {
     const double half = (to - from) / 2;
     const double reach = std::abs(half) < 1e-9 ? 0 : 4.0 / 3.0 * (1 - std::cos(half)) / std::sin(half);
     out.push_back(
@@ -154,11 +154,11 @@ RoundCurves ellipseCurves(const RECT& box) {
     return result;
 }
 
-POINT pointAtAngle(const RECT& box, double angle) {
+POINT pointAtAngle(const ExactRect& box, double angle) {
     return pointAt(box, std::cos(angle), std::sin(angle));
 }
 
-std::vector<POINT> arcCurves(const RECT& box, ArcAngles angles) {
+std::vector<POINT> arcCurves(const ExactRect& box, ArcAngles angles) {
     std::vector<POINT> points{pointAt(box, std::cos(angles.start), std::sin(angles.start))};
     const double direction = angles.end >= angles.start ? 1 : -1;
     double from = angles.start;

@@ -35,10 +35,18 @@ struct ArcAngles {
     double end;
 };
 
+/// A rectangle whose sides may lie between pixels.
+struct ExactRect {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+};
+
 /// The point of the ellipse in a box at an angle.
-POINT pointAtAngle(const RECT& box, double angle);
+POINT pointAtAngle(const ExactRect& box, double angle);
 
 /// Start and the points of the curves of an arc. `right` and `bottom` belong to the ellipse.
-std::vector<POINT> arcCurves(const RECT& box, ArcAngles angles);
+std::vector<POINT> arcCurves(const ExactRect& box, ArcAngles angles);
 
 } // namespace platform::driver

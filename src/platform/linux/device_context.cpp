@@ -36,7 +36,8 @@ struct Axis {
         return result;
     }
 
-    int apply(LONG value) const { return rounded(static_cast<double>(value) * scale + offset); }
+    double exact(LONG value) const { return static_cast<double>(value) * scale + offset; }
+    int apply(LONG value) const { return rounded(exact(value)); }
     /// Of a length.
     int length(LONG value) const { return std::abs(rounded(static_cast<double>(value) * scale)); }
 };
@@ -81,6 +82,10 @@ RECT ordered(RECT r) {
 
 POINT Mapping::scaled(POINT p) const {
     return {horizontal(*this).apply(p.x), vertical(*this).apply(p.y)};
+}
+
+ExactPoint Mapping::toDeviceExact(POINT p) const {
+    return {horizontal(*this).exact(p.x), vertical(*this).exact(p.y)};
 }
 
 POINT Mapping::toLogical(POINT p) const {

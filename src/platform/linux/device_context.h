@@ -32,6 +32,12 @@ constexpr bool isEmpty(const RECT& r) {
 /// The rectangle with left <= right and top <= bottom.
 RECT ordered(RECT r);
 
+/// A point that lies between pixels too.
+struct ExactPoint {
+    double x = 0;
+    double y = 0;
+};
+
 /// How logical coordinates become device coordinates.
 struct Mapping {
     int mode = MM_TEXT;
@@ -46,6 +52,8 @@ struct Mapping {
         if (!isUnscaled()) return scaled(p);
         return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
     }
+    /// Before it is rounded.
+    ExactPoint toDeviceExact(POINT logical) const;
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;

@@ -22,14 +22,16 @@ RECT inclusive(const RECT& r) {
     return {r.left, r.top, r.right - 1, r.bottom - 1};
 }
 
-/// The box of a curve on the surface. Curves are made whole, so they are held where no surface has pixels any
-/// more.
+/// Curves are made whole, so they are held where no surface has pixels any more.
+template <class Number>
+Number held(Number value) {
+    constexpr Number farthest = 1 << 15;
+    return std::clamp(value, -farthest, farthest);
+}
+
+/// The box of a curve on the surface.
 RECT curveBox(const DeviceContext& context, const RECT& logical) {
     const RECT r = ordered(context.toSurface(logical));
-    const auto held = [](LONG value) {
-        constexpr LONG farthest = 1 << 15;
-        return std::clamp(value, -farthest, farthest);
-    };
     return {held(r.left), held(r.top), held(r.right), held(r.bottom)};
 }
 
@@ -130,29 +132,53 @@ void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
 
 enum class ArcKind { Open, Chord, Pie };
 
+/// An arc's call, in surface coordinates: as it is drawn, and before anything was rounded, which is how it is
+/// collected in a path.
+struct ArcCall {
+    RECT box;
+    ArcRays rays;
+    ExactRect exactBox;
+    ExactPoint exactStart;
+    ExactPoint exactEnd;
+};
+
+ExactPoint exactOnSurface(const DeviceContext& context, POINT logical) {
+    const ExactPoint p = context.state.mapping.toDeviceExact(logical);
+    return {held(p.x + context.origin.x), held(p.y + context.origin.y)};
+}
+
+ExactRect exactCurveBox(const DeviceContext& context, const RECT& logical) {
+    const ExactPoint a = exactOnSurface(context, {logical.left, logical.top});
+    const ExactPoint b = exactOnSurface(context, {logical.right, logical.bottom});
+    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+}
+
+ArcCall arcCall(const DeviceContext& context, const RECT& logical, POINT start, POINT end) {
+    return {curveBox(context, logical),
+            {context.toSurface(start), context.toSurface(end), context.state.arcDirection == AD_CLOCKWISE},
+            exactCurveBox(context, logical),
+            exactOnSurface(context, start),
+            exactOnSurface(context, end)};
+}
+
 /// The angles of an arc that is collected as curves, in its direction.
-ArcAngles anglesOf(const RECT& r, const ArcRays& rays) {
+ArcAngles anglesOf(const ArcCall& arc) {
     constexpr double pi = std::numbers::pi;
-    const auto angle = [&](POINT p) {
+    const ExactRect& r = arc.exactBox;
+    const auto angle = [&](ExactPoint p) {
         const double x = 2.0 * (p.x - r.left) / (r.right - r.left) - 1;
         const double y = 2.0 * (p.y - r.top) / (r.bottom - r.top) - 1;
         return std::atan2(y, x);
     };
-    ArcAngles angles{angle(rays.start), angle(rays.end)};
-    if (rays.clockwise && angles.end <= angles.start) angles.end += 2 * pi;
-    if (!rays.clockwise && angles.end >= angles.start) angles.end -= 2 * pi;
+    ArcAngles angles{angle(arc.exactStart), angle(arc.exactEnd)};
+    if (arc.rays.clockwise && angles.end <= angles.start) angles.end += 2 * pi;
+    if (!arc.rays.clockwise && angles.end >= angles.start) angles.end -= 2 * pi;
     return angles;
 }
 
-/// An arc's call: everything in surface coordinates.
-struct ArcCall {
-    RECT box;
-    ArcRays rays;
-};
-
-ArcCall arcCall(const DeviceContext& context, const RECT& logical, POINT start, POINT end) {
-    return {curveBox(context, logical),
-            {context.toSurface(start), context.toSurface(end), context.state.arcDirection == AD_CLOCKWISE}};
+std::vector<POINT> curvesOf(const ArcCall& arc) {
+    const ExactRect& r = arc.exactBox;
+    return arcCurves({r.left, r.top, r.right - 1, r.bottom - 1}, anglesOf(arc));
 }
 
 /// The pixels of an arc, and the box in which they lie.
@@ -168,11 +194,13 @@ DrawnArc drawnArc(const DeviceContext& context, const ArcCall& arc, const Stroke
 }
 
 void collectArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
-    const std::vector<POINT> curve = arcCurves(inclusive(arc.box), anglesOf(arc.box, arc.rays));
+    const std::vector<POINT> curve = curvesOf(arc);
     Path& path = context.state.path;
     path.add(curve, PT_BEZIERTO, false);
     if (kind == ArcKind::Pie) {
-        const POINT centre = centreOf(inclusive(arc.box));
+        const ExactRect& r = arc.exactBox;
+        const POINT centre{static_cast<LONG>((r.left + r.right - 1) / 2),
+                           static_cast<LONG>((r.top + r.bottom - 1) / 2)};
         path.continueWith(centre, PT_LINETO);
     }
     if (kind != ArcKind::Open) path.closeFigure();
@@ -335,7 +363,7 @@ BOOL ArcTo(HDC dc, int left, int top, int right, int bottom, int xStart, int ySt
     if (isEmpty(arc.box)) return FALSE_;
     const POINT from = context->toSurface(context->state.position);
     if (context->state.path.isOpen()) {
-        const std::vector<POINT> curve = arcCurves(inclusive(arc.box), anglesOf(arc.box, arc.rays));
+        const std::vector<POINT> curve = curvesOf(arc);
         context->state.path.addTo(from, {curve.data(), 1}, PT_LINETO);
         context->state.path.addTo(from, {curve.data() + 1, curve.size() - 1}, PT_BEZIERTO);
     } else {
@@ -348,7 +376,7 @@ BOOL ArcTo(HDC dc, int left, int top, int right, int bottom, int xStart, int ySt
         points.insert(points.begin(), from);
         stroke.draw(points, false);
     }
-    const POINT end = pointAtAngle(arc.box, anglesOf(arc.box, arc.rays).end);
+    const POINT end = pointAtAngle(arc.exactBox, anglesOf(arc).end);
     context->state.position =
         context->state.mapping.toLogical({end.x - context->origin.x, end.y - context->origin.y});
     return TRUE_;
