@@ -147,10 +147,14 @@ ExactPoint exactOnSurface(const DeviceContext& context, POINT logical) {
     return {held(p.x + context.origin.x), held(p.y + context.origin.y)};
 }
 
+/// A side that changes places with the one opposite loses its fraction, as on the platform.
 ExactRect exactCurveBox(const DeviceContext& context, const RECT& logical) {
     const ExactPoint a = exactOnSurface(context, {logical.left, logical.top});
     const ExactPoint b = exactOnSurface(context, {logical.right, logical.bottom});
-    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+    ExactRect box{a.x, a.y, b.x, b.y};
+    if (box.left > box.right) box = {b.x, box.top, std::trunc(a.x), box.bottom};
+    if (box.top > box.bottom) box = {box.left, b.y, box.right, std::trunc(a.y)};
+    return box;
 }
 
 ArcCall arcCall(const DeviceContext& context, const RECT& logical, POINT start, POINT end) {
