@@ -70,3 +70,14 @@ TEST(LinuxGdi, PlgBltTurnsAPicture) {
 }
 
 } // namespace
+
+TEST(LinuxGdi, APathIsNotWidenedByAPenThatPaintsNothing) {
+    const Canvas canvas(8, 8);
+    SelectObject(canvas.dc(), GetStockObject(NULL_PEN));
+    BeginPath(canvas.dc());
+    MoveToEx(canvas.dc(), 1, 1, nullptr);
+    LineTo(canvas.dc(), 5, 1);
+    EndPath(canvas.dc());
+    EXPECT_FALSE(WidenPath(canvas.dc()));
+    EXPECT_EQ(GetPath(canvas.dc(), nullptr, nullptr, 0), 2) << "it stays as it is";
+}

@@ -1,0 +1,158 @@
+#include "platform/gdi.h"
+#include "support/Canvas.h"
+#include "support/Selected.h"
+
+#include <gtest/gtest.h>
+
+using namespace platform;
+using test::Canvas;
+using test::Selected;
+
+namespace {
+
+constexpr LOGBRUSH white{BS_SOLID, RGB(255, 255, 255), 0};
+
+HPEN geometric(DWORD form, DWORD width) {
+    return ExtCreatePen(PS_GEOMETRIC | form, width, &white, 0, nullptr);
+}
+
+} // namespace
+
+TEST(Pens, JointsAreRoundBevelledOrPointed) {
+    const struct {
+        DWORD joint;
+        const char* picture;
+    } cases[] = {
+        {PS_JOIN_BEVEL, "............\n"
+                        ".......####.\n"
+                        ".......####.\n"
+                        "......#####.\n"
+                        ".....######.\n"},
+        {PS_JOIN_MITER, "............\n"
+                        "...########.\n"
+                        "...########.\n"
+                        "...########.\n"
+                        "...########.\n"},
+    };
+    for (const auto& each : cases) {
+        const Canvas canvas(12, 5);
+        const Selected pen(canvas.dc(), geometric(PS_ENDCAP_FLAT | each.joint, 8));
+        const POINT corner[] = {{7, 30}, {7, 5}, {11, 5}};
+        Polyline(canvas.dc(), corner, 3);
+        EXPECT_EQ(canvas.text(), each.picture) << each.joint;
+    }
+}
+
+TEST(Pens, APointedJointThatReachesTooFarIsBevelled) {
+    const POINT turn[] = {{0, 10}, {10, 9}, {0, 8}};
+    const Canvas canvas(40, 20);
+    const Selected pen(canvas.dc(), geometric(PS_ENDCAP_FLAT | PS_JOIN_MITER, 4));
+    Polyline(canvas.dc(), turn, 3);
+    EXPECT_EQ(canvas.at(20, 9), 0u);
+    SetMiterLimit(canvas.dc(), 100, nullptr);
+    Polyline(canvas.dc(), turn, 3);
+    EXPECT_EQ(canvas.at(20, 9), RGB(255, 255, 255));
+}
+
+TEST(Pens, CapsEndALineFlatSquareOrRound) {
+    const struct {
+        DWORD cap;
+        const char* picture;
+    } cases[] = {
+        {PS_ENDCAP_FLAT, "..........\n...####...\n...####...\n...####...\n...####...\n..........\n"},
+        {PS_ENDCAP_SQUARE, "..........\n.########.\n.########.\n.########.\n.########.\n..........\n"},
+        {PS_ENDCAP_ROUND, "..........\n..######..\n.########.\n.########.\n..######..\n..........\n"},
+    };
+    for (const auto& each : cases) {
+        const Canvas canvas(10, 6);
+        const Selected pen(canvas.dc(), geometric(each.cap, 4));
+        MoveToEx(canvas.dc(), 3, 3, nullptr);
+        LineTo(canvas.dc(), 7, 3);
+        EXPECT_EQ(canvas.text(), each.picture) << each.cap;
+    }
+}
+
+TEST(Pens, GeometricOnesPaintACrossingOnce) {
+    const Canvas canvas(5, 5);
+    SetROP2(canvas.dc(), R2_XORPEN);
+    const POINT there[] = {{1, 2}, {4, 2}, {1, 2}};
+    {
+        const Selected pen(canvas.dc(), geometric(0, 1));
+        Polyline(canvas.dc(), there, 3);
+    }
+    EXPECT_EQ(canvas.at(2, 2), RGB(255, 255, 255));
+    const Selected pen(canvas.dc(), CreatePen(PS_SOLID, 1, RGB(255, 255, 255)));
+    Polyline(canvas.dc(), there, 3);
+    EXPECT_EQ(canvas.at(2, 2), RGB(255, 255, 255)) << "a cosmetic one there and back again";
+}
+
+TEST(Pens, ASinglePointIsRoundWhereEndOrJointIs) {
+    const POINT point[] = {{5, 5}, {5, 5}, {5, 5}};
+    const auto paints = [&](DWORD form, bool closed) {
+        const Canvas canvas(10, 10);
+        const Selected pen(canvas.dc(), geometric(form, 6));
+        SelectObject(canvas.dc(), GetStockObject(NULL_BRUSH));
+        closed ? Polygon(canvas.dc(), point, 3) : Polyline(canvas.dc(), point, 3);
+        return canvas.at(4, 4) != 0;
+    };
+    EXPECT_TRUE(paints(PS_ENDCAP_ROUND | PS_JOIN_BEVEL, false));
+    EXPECT_FALSE(paints(PS_ENDCAP_SQUARE | PS_JOIN_ROUND, false));
+    EXPECT_TRUE(paints(PS_ENDCAP_SQUARE | PS_JOIN_ROUND, true));
+    EXPECT_FALSE(paints(PS_ENDCAP_ROUND | PS_JOIN_BEVEL, true));
+}
+
+TEST(Pens, CosmeticOnesAreOnePixelWideAndSolid) {
+    EXPECT_FALSE(ExtCreatePen(PS_COSMETIC, 2, &white, 0, nullptr));
+    const LOGBRUSH hatch{BS_HATCHED, 0, HS_CROSS};
+    EXPECT_FALSE(ExtCreatePen(PS_COSMETIC, 1, &hatch, 0, nullptr));
+    const HPEN pen = ExtCreatePen(PS_COSMETIC | PS_DOT, 1, &white, 0, nullptr);
+    EXPECT_TRUE(pen);
+    DeleteObject(pen);
+}
+
+TEST(Pens, OwnDashesNeedTheirStyle) {
+    const DWORD dashes[] = {4, 2};
+    const HPEN pen = ExtCreatePen(PS_COSMETIC | PS_USERSTYLE, 1, &white, 2, dashes);
+    EXPECT_TRUE(pen);
+    DeleteObject(pen);
+    EXPECT_FALSE(ExtCreatePen(PS_COSMETIC | PS_USERSTYLE, 1, &white, 0, nullptr));
+    EXPECT_FALSE(ExtCreatePen(PS_COSMETIC | PS_SOLID, 1, &white, 2, dashes));
+}
+
+TEST(Pens, DashesOfShapesBeginAtTheRightInTheArcDirection) {
+    const auto painted = [](int direction) {
+        const Canvas canvas(12, 12);
+        const Selected pen(canvas.dc(), CreatePen(PS_DASH, 1, RGB(255, 255, 255)));
+        SelectObject(canvas.dc(), GetStockObject(NULL_BRUSH));
+        SetBkMode(canvas.dc(), TRANSPARENT);
+        SetArcDirection(canvas.dc(), direction);
+        Rectangle(canvas.dc(), 0, 0, 12, 12);
+        return canvas.text();
+    };
+    // 18 pixels of ink and a gap of 6: the first side is whole.
+    EXPECT_EQ(painted(AD_COUNTERCLOCKWISE).substr(0, 12), "############");
+    EXPECT_EQ(painted(AD_CLOCKWISE).substr(11 * 13, 12), "############");
+    EXPECT_NE(painted(AD_CLOCKWISE).substr(0, 12), "############");
+}
+
+TEST(Pens, WidthsAreMeasuredFromTheLogicalOrigin) {
+    // A width of 3 at 1.5 pixels is 4 pixels or 5: its ends at 0 and 3 are rounded one by one.
+    const auto rows = [](int origin) {
+        const Canvas canvas(12, 24);
+        SetMapMode(canvas.dc(), MM_ANISOTROPIC);
+        SetWindowExtEx(canvas.dc(), 2, 2, nullptr);
+        SetViewportExtEx(canvas.dc(), 3, 3, nullptr);
+        SetWindowOrgEx(canvas.dc(), origin, origin, nullptr);
+        const Selected pen(canvas.dc(), CreatePen(PS_SOLID, 3, RGB(255, 255, 255)));
+        MoveToEx(canvas.dc(), 0, 8, nullptr);
+        LineTo(canvas.dc(), 20, 8);
+        SetMapMode(canvas.dc(), MM_TEXT);
+        SetWindowOrgEx(canvas.dc(), 0, 0, nullptr);
+        int count = 0;
+        for (int y = 0; y < 24; ++y)
+            count += canvas.at(6, y) != 0 ? 1 : 0;
+        return count;
+    };
+    EXPECT_EQ(rows(0), 5);
+    EXPECT_EQ(rows(-1), 4);
+}
