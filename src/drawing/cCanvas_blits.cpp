@@ -111,6 +111,11 @@ std::int32_t cCanvas::TransparentBlt(platform::HDC nHSourceDC, std::int32_t nX, 
                                      std::int32_t width, std::int32_t height, std::int32_t /*nXSrc*/,
                                      std::int32_t /*nYSrc*/, std::int32_t nSrcWidth, std::int32_t nSrcHeight,
                                      host::OLE_COLOR nTransparentColor) {
+    const auto leftOut = static_cast<platform::COLORREF>(nTransparentColor);
+    const bool keepsSize =
+        (nSrcWidth == 0 || nSrcWidth == width) && (nSrcHeight == 0 || nSrcHeight == height);
+    if (keepsSize && platform::copyColorsAtOnce(nPaintDC, nX, nY, width, height, nHSourceDC, leftOut))
+        return 1;
     const auto colors = [&] { return platform::CreateCompatibleBitmap(nPaintDC, width, height); };
     const auto mono = [&] { return platform::CreateBitmap(width, height, 1, 1, nullptr); };
     const MemorySurface copy(nPaintDC, colors());
@@ -121,8 +126,7 @@ std::int32_t cCanvas::TransparentBlt(platform::HDC nHSourceDC, std::int32_t nX, 
     platform::StretchBlt(copy, 0, 0, width, height, nHSourceDC, 0, 0, nSrcWidth ? nSrcWidth : width,
                          nSrcHeight ? nSrcHeight : height, platform::SRCCOPY);
     // White where the source is of the transparent colour.
-    const platform::COLORREF back =
-        platform::SetBkColor(copy, static_cast<platform::COLORREF>(nTransparentColor));
+    const platform::COLORREF back = platform::SetBkColor(copy, leftOut);
     platform::BitBlt(mask, 0, 0, width, height, copy, 0, 0, platform::SRCCOPY);
     platform::BitBlt(inverse, 0, 0, width, height, mask, 0, 0, platform::NOTSRCCOPY);
     // What is there now, black where the source goes; the source, black where it is transparent.

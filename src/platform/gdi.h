@@ -298,6 +298,9 @@ BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, i
 /// Stretches what is not of the one colour. Sizes below zero fail.
 BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
                     int widthSource, int heightSource, UINT transparent);
+/// What copying all but one colour through masks of 1 bit comes to, at once: pixels of 32 bits come out with
+/// their highest byte 0. The source begins at its origin. False, with nothing done, where it takes the masks.
+BOOL copyColorsAtOnce(HDC dc, int x, int y, int width, int height, HDC source, COLORREF leftOut);
 /// Stretches and blends. The source must lie wholly on its surface and not overlap the target; sizes below
 /// zero fail. With AC_SRC_ALPHA the source has 32 bits with colours multiplied by their alpha.
 BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,

@@ -102,6 +102,15 @@ TEST_F(cCanvas_Blits, TransparentBltLeavesOneColourOut) {
     EXPECT_EQ("RRYY\nRRYY\nBB##\nBB##\n", picture(4, 4));
 }
 
+TEST_F(cCanvas_Blits, TransparentBltPaintsTheSameWhereItsTargetIsCutOff) {
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    EXPECT_EQ(1, canvas->TransparentBlt(source.dc(), 2, 1, 4, 4, 0, 0, 0, 0, green));
+    EXPECT_EQ(1, canvas->TransparentBlt(source.dc(), 21, 1, 4, 4, 0, 0, 0, 0, green));
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 3; ++x)
+            EXPECT_EQ(at(2 + x, y), at(21 + x, y)) << x << ", " << y;
+}
+
 TEST_F(cCanvas_Blits, TransparentBltReadsItsSourceFromTheCorner) {
     canvas->TransparentBlt(source.dc(), 0, 0, 2, 2, 10, 10, 0, 0, white);
     EXPECT_EQ("RR\nRR\n", picture(2, 2));

@@ -18,9 +18,7 @@ public:
                 sourceWords_.data());
         readRow(surface_, x, y, count, blackAndWhite, targetWords_.data());
         blendWords({targetWords_.data(), 0, sourceWords_.data(), 0, count, 1}, blend_);
-        if (!isPlain32(surface_))
-            for (std::uint32_t& word : targetWords_)
-                word = finder_.valueOf(word & 0x00FFFFFF);
+        if (!isPlain32(surface_)) finder_.valuesOf(targetWords_.data(), targetWords_.size());
         writeValues(surface_, x, y, count, targetWords_.data());
     }
 

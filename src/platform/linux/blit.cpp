@@ -97,10 +97,7 @@ private:
             return;
         }
         readRow(*source_.surface, fromX, fromY, count, source_.bits, sourceWords_.data());
-        for (int i = 0; i < count; ++i) {
-            std::uint32_t& word = sourceWords_[static_cast<std::size_t>(i)];
-            word = finder_.valueOf(word & colorBits);
-        }
+        finder_.valuesOf(sourceWords_.data(), static_cast<std::size_t>(count));
     }
 
     void bitRow(int x, int y, int count) {
@@ -304,22 +301,41 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
 }
 
 ValueFinder::ValueFinder(const DeviceContext& target)
-    : target_(target), showsPalette_(showsDisplayPalette(*target.surface)) {}
+    : target_(target), showsPalette_(showsDisplayPalette(*target.surface)) {
+    constexpr std::size_t sortedColors = 256; // a format of so many finds them by itself
+    const PixelFormat* format = target.surface->format;
+    searches_ = showsPalette_ || target.surface->bitsPerPixel == 1 ||
+                (format && format->hasTable() && format->colors().size() < sortedColors);
+}
+
+std::uint32_t ValueFinder::find(std::uint32_t color) const {
+    const Surface& surface = *target_.surface;
+    if (showsPalette_) return paletteValueOf(target_, color);
+    const bool hasManyEntries = surface.format && surface.bitsPerPixel != 1;
+    return hasManyEntries ? surface.format->copiedValueOf(color)
+                          : valueOfColor(surface, color, blackAndWhite);
+}
 
 std::uint32_t ValueFinder::valueOf(std::uint32_t color) {
-    const Surface& surface = *target_.surface;
-    if (!showsPalette_) {
-        const bool hasManyEntries = surface.format && surface.bitsPerPixel != 1;
-        return hasManyEntries ? surface.format->copiedValueOf(color)
-                              : valueOfColor(surface, color, blackAndWhite);
-    }
+    if (!searches_) return find(color);
     constexpr std::size_t knownCount = 256;
     constexpr std::uint32_t spread = 0x9E3779B1u; // mixes the bits of similar colours
     constexpr int shift = 24;
     if (known_.empty()) known_.resize(knownCount);
     Known& known = known_[color * spread >> shift];
-    if (known.color != color) known = {color, paletteValueOf(target_, color)};
+    if (known.color != color) known = {color, find(color)};
     return known.value;
+}
+
+void ValueFinder::valuesOf(std::uint32_t* words, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i)
+        words[i] &= colorBits;
+    if (searches_) {
+        for (std::size_t i = 0; i < count; ++i)
+            words[i] = valueOf(words[i]);
+    } else if (target_.surface->format) {
+        target_.surface->format->copiedValuesOf(words, count);
+    }
 }
 
 } // namespace platform::driver

@@ -70,8 +70,12 @@ public:
     explicit ValueFinder(const DeviceContext& target);
 
     std::uint32_t valueOf(std::uint32_t color);
+    /// The same for a row of words, in place; their highest bytes do not count.
+    void valuesOf(std::uint32_t* words, std::size_t count);
 
 private:
+    std::uint32_t find(std::uint32_t color) const;
+
     struct Known {
         std::uint32_t color = ~0u;
         std::uint32_t value = 0;
@@ -79,7 +83,8 @@ private:
 
     const DeviceContext& target_;
     bool showsPalette_;
-    std::vector<Known> known_; ///< Answers of the display's palette, which take long to find
+    bool searches_;            ///< Compares a colour with those of a table
+    std::vector<Known> known_; ///< Answers of searches, which take long
 };
 
 } // namespace platform::driver

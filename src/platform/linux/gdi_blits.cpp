@@ -338,6 +338,16 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
     return TRUE_;
 }
 
+BOOL copyColorsAtOnce(HDC dc, int x, int y, int width, int height, HDC source, COLORREF leftOut) {
+    DeviceContext* to = find<DeviceContext>(dc);
+    const DeviceContext* from = find<DeviceContext>(source);
+    if (!to || !from || leftOut > colorBits) return FALSE_;
+    const auto blocks = plainBlocks(*to, *from, {x, y, width, height, 0, 0});
+    if (!blocks) return FALSE_;
+    wordRows().copyColors(*blocks, pixelOfColor(leftOut));
+    return TRUE_;
+}
+
 BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
                 int widthSource, int heightSource, BLENDFUNCTION blend) {
     DeviceContext* to = find<DeviceContext>(dc);

@@ -1,5 +1,6 @@
 #include "platform/linux/pixel_format.h"
 
+#include <algorithm>
 #include <bit>
 #include <utility>
 
@@ -8,6 +9,7 @@ namespace platform::driver {
 namespace {
 
 constexpr int componentBits = 8;
+constexpr int positions[] = {16, 8, 0}; ///< Of red, green and blue in a colour
 constexpr std::size_t largestTable = 256;
 constexpr std::uint32_t cubeSide = 8;
 constexpr int cubeBits = 5;
@@ -59,6 +61,32 @@ std::uint32_t ColorField::place(std::uint32_t value) const {
     return part << shift & mask;
 }
 
+void ColorField::addComponents(const std::uint32_t* values, std::uint32_t* out, std::size_t count,
+                               int position) const {
+    const ColorField field = *this; // nothing that `out` could change
+    const bool isRepeatedOnce = bits >= componentBits / 2 && bits < componentBits;
+    if (!isRepeatedOnce) {
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] |= field.of(values[i]) << position;
+        return;
+    }
+    const int up = componentBits - bits;
+    const int down = bits - up;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t part = (values[i] & field.mask) >> field.shift;
+        out[i] |= (part << up | part >> down) << position;
+    }
+}
+
+void ColorField::addPlaces(const std::uint32_t* colors, std::uint32_t* out, std::size_t count,
+                           int position) const {
+    const ColorField field = *this;
+    const int up = std::max(bits - componentBits, 0);
+    const int down = std::max(componentBits - bits, 0);
+    for (std::size_t i = 0; i < count; ++i)
+        out[i] |= (colors[i] >> position & 0xFF) << up >> down << field.shift & field.mask;
+}
+
 PixelFormat::PixelFormat(std::vector<std::uint32_t> colors) : colors_(std::move(colors)) {}
 
 PixelFormat::PixelFormat(std::uint32_t redMask, std::uint32_t greenMask, std::uint32_t blueMask)
@@ -81,6 +109,41 @@ std::uint32_t PixelFormat::copiedValueOf(std::uint32_t color) const {
     std::int16_t& known = cubes_[cubeOf(color)];
     if (known < 0) known = static_cast<std::int16_t>(valueOf(middleOfCube(color)));
     return static_cast<std::uint32_t>(known);
+}
+
+template <class Add>
+void PixelFormat::joinFields(std::uint32_t* row, std::size_t count, Add add) const {
+    constexpr std::size_t atOnce = 64;
+    while (count > 0) {
+        const std::size_t part = std::min(count, atOnce);
+        std::uint32_t joined[atOnce] = {};
+        for (std::size_t i = 0; i < fields_.size(); ++i)
+            add(fields_[i], row, joined, part, positions[i]);
+        std::copy_n(joined, part, row);
+        row += part;
+        count -= part;
+    }
+}
+
+void PixelFormat::colorsOf(std::uint32_t* values, std::size_t count) const {
+    if (!hasTable()) {
+        joinFields(values, count,
+                   [](const ColorField& field, auto... rest) { field.addComponents(rest...); });
+        return;
+    }
+    const std::uint32_t* const table = colors_.data();
+    const std::size_t size = colors_.size();
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = values[i] < size ? table[values[i]] : 0;
+}
+
+void PixelFormat::copiedValuesOf(std::uint32_t* colors, std::size_t count) const {
+    if (!hasTable()) {
+        joinFields(colors, count, [](const ColorField& field, auto... rest) { field.addPlaces(rest...); });
+        return;
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        colors[i] = copiedValueOf(colors[i]);
 }
 
 bool operator==(const PixelFormat& a, const PixelFormat& b) {

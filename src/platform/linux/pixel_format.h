@@ -17,6 +17,10 @@ struct ColorField {
     /// The component, 0 to 255, of a pixel, and its place in one.
     std::uint32_t of(std::uint32_t value) const;
     std::uint32_t place(std::uint32_t component) const;
+    /// The same for rows, joined with what stands in `out`: the component lies at bit `position` of a colour.
+    void addComponents(const std::uint32_t* values, std::uint32_t* out, std::size_t count,
+                       int position) const;
+    void addPlaces(const std::uint32_t* colors, std::uint32_t* out, std::size_t count, int position) const;
 
     std::uint32_t mask = 0;
     int shift = 0;
@@ -41,10 +45,17 @@ public:
     /// The same as copies between bitmaps find it: with 256 colours, by the nearest to the middle of a cube
     /// of 8x8x8 colours.
     std::uint32_t copiedValueOf(std::uint32_t color) const;
+    /// The same for rows, in place.
+    void colorsOf(std::uint32_t* values, std::size_t count) const;
+    void copiedValuesOf(std::uint32_t* colors, std::size_t count) const;
 
     friend bool operator==(const PixelFormat& a, const PixelFormat& b);
 
 private:
+    /// Gives a row what `add` joins for each of the three fields.
+    template <class Add>
+    void joinFields(std::uint32_t* row, std::size_t count, Add add) const;
+
     std::vector<std::uint32_t> colors_;
     std::array<ColorField, 3> fields_;
     mutable std::vector<std::int16_t> cubes_; ///< What copiedValueOf has found out; -1 is not known

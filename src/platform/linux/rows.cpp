@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 namespace platform::driver {
 
@@ -34,7 +35,7 @@ void putNibble(std::uint8_t* row, int x, std::uint32_t value) {
                                                   : (byte & 0x0F) | (value & 0x0F) << 4);
 }
 
-std::uint32_t valueIn(const std::uint8_t* row, int bitsPerPixel, int x) {
+inline std::uint32_t valueIn(const std::uint8_t* row, int bitsPerPixel, int x) {
     switch (bitsPerPixel) {
     case 1:
         return bitAt(row, x) ? allBits : 0;
@@ -52,7 +53,7 @@ std::uint32_t valueIn(const std::uint8_t* row, int bitsPerPixel, int x) {
     }
 }
 
-void putValue(std::uint8_t* row, int bitsPerPixel, int x, std::uint32_t value) {
+inline void putValue(std::uint8_t* row, int bitsPerPixel, int x, std::uint32_t value) {
     switch (bitsPerPixel) {
     case 1:
         putBit(row, x, (value & 1) != 0);
@@ -76,6 +77,40 @@ void putValue(std::uint8_t* row, int bitsPerPixel, int x, std::uint32_t value) {
         reinterpret_cast<std::uint32_t*>(row)[x] = value;
         break;
     }
+}
+
+/// Calls `apply` with the number of bits as a constant, so that its loops need not ask for it.
+template <class Apply>
+void withDepth(int bitsPerPixel, Apply apply) {
+    switch (bitsPerPixel) {
+    case 1:
+        return apply(std::integral_constant<int, 1>());
+    case 4:
+        return apply(std::integral_constant<int, 4>());
+    case 8:
+        return apply(std::integral_constant<int, 8>());
+    case 16:
+        return apply(std::integral_constant<int, 16>());
+    case 24:
+        return apply(std::integral_constant<int, 24>());
+    default:
+        return apply(std::integral_constant<int, 32>());
+    }
+}
+
+/// Bits from values, whole bytes at once.
+void writeBits(std::uint8_t* row, int x, int count, const std::uint32_t* in) {
+    constexpr int bitsOfByte = 8;
+    for (; count > 0 && (x & 7) != 0; --count)
+        putBit(row, x++, (*in++ & 1) != 0);
+    for (; count >= bitsOfByte; count -= bitsOfByte, x += bitsOfByte) {
+        unsigned byte = 0;
+        for (int bit = 0; bit < bitsOfByte; ++bit)
+            byte = byte << 1 | (*in++ & 1);
+        row[x >> 3] = static_cast<std::uint8_t>(byte);
+    }
+    for (; count > 0; --count)
+        putBit(row, x++, (*in++ & 1) != 0);
 }
 
 /// The last colour of a row is mostly the next one too: it is translated once.
@@ -110,8 +145,10 @@ void readValues(const Surface& surface, int x, int y, int count, std::uint32_t* 
         std::memcpy(out, row + std::ptrdiff_t{4} * x, static_cast<std::size_t>(count) * 4);
         return;
     }
-    for (int i = 0; i < count; ++i)
-        out[i] = valueIn(row, surface.bitsPerPixel, x + i);
+    withDepth(surface.bitsPerPixel, [=](auto bits) {
+        for (int i = 0; i < count; ++i)
+            out[i] = valueIn(row, bits, x + i);
+    });
 }
 
 void writeValues(const Surface& surface, int x, int y, int count, const std::uint32_t* in) {
@@ -120,8 +157,14 @@ void writeValues(const Surface& surface, int x, int y, int count, const std::uin
         std::memcpy(row + std::ptrdiff_t{4} * x, in, static_cast<std::size_t>(count) * 4);
         return;
     }
-    for (int i = 0; i < count; ++i)
-        putValue(row, surface.bitsPerPixel, x + i, in[i]);
+    if (surface.bitsPerPixel == 1) {
+        writeBits(row, x, count, in);
+        return;
+    }
+    withDepth(surface.bitsPerPixel, [=](auto bits) {
+        for (int i = 0; i < count; ++i)
+            putValue(row, bits, x + i, in[i]);
+    });
 }
 
 void changeRectangle(const Surface& surface, const RECT& r, Masks masks) {
@@ -186,8 +229,14 @@ void copyRow(const Surface& from, int fromX, int fromY, const Surface& to, int t
 
 void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits, std::uint32_t* out) {
     readValues(from, x, y, count, out);
-    if (from.format || from.bitsPerPixel == 1)
-        translateRow(out, count, [&](std::uint32_t value) { return colorOfValue(from, value, bits); });
+    if (from.bitsPerPixel == 1) {
+        const std::uint32_t at0 = colorOfValue(from, 0, bits);
+        const std::uint32_t at1 = colorOfValue(from, allBits, bits);
+        for (int i = 0; i < count; ++i)
+            out[i] = out[i] != 0 ? at1 : at0;
+    } else if (from.format) {
+        from.format->colorsOf(out, static_cast<std::size_t>(count));
+    }
 }
 
 void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in) {
@@ -196,11 +245,15 @@ void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits,
         return;
     }
     std::vector<std::uint32_t> values(in, in + count);
-    const bool isCopied = to.format && to.bitsPerPixel != 1;
-    translateRow(values.data(), count, [&](std::uint32_t color) {
-        color &= colorMask;
-        return isCopied ? to.format->copiedValueOf(color) : valueOfColor(to, color, bits);
-    });
+    if (to.format && to.bitsPerPixel != 1 && !to.format->hasTable()) {
+        to.format->copiedValuesOf(values.data(), values.size());
+    } else {
+        const bool isCopied = to.format && to.bitsPerPixel != 1;
+        translateRow(values.data(), count, [&](std::uint32_t color) {
+            color &= colorMask;
+            return isCopied ? to.format->copiedValueOf(color) : valueOfColor(to, color, bits);
+        });
+    }
     writeValues(to, x, y, count, values.data());
 }
 

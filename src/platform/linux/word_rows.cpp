@@ -98,7 +98,13 @@ void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, st
             first[x] = value;
 }
 
-constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, fill};
+void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
+    changeWords(blocks, [leftOut](std::uint32_t to, std::uint32_t from) {
+        return (from != leftOut ? from : to) & colorBits;
+    });
+}
+
+constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill};
 
 } // namespace
 

@@ -33,6 +33,8 @@ struct WordRows {
     void (*blendAlpha)(const WordBlocks& blocks, unsigned alpha);
     /// Copies the words whose lower three bytes are not those of `transparent`.
     void (*copyOpaque)(const WordBlocks& blocks, std::uint32_t transparent);
+    /// Copies the words other than one. The highest byte of all words of the target becomes 0.
+    void (*copyColors)(const WordBlocks& blocks, std::uint32_t leftOut);
     /// Sets all words of a rectangle. `stride` counts the words from one row to the next.
     void (*fill)(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value);
 };

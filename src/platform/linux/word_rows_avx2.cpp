@@ -119,6 +119,15 @@ struct OpaqueCopy {
     }
 };
 
+struct ColorCopy {
+    std::uint32_t leftOut;
+
+    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+        const __m256i isLeftOut = _mm256_cmpeq_epi32(source, _mm256_set1_epi32(static_cast<int>(leftOut)));
+        return _mm256_and_si256(_mm256_blendv_epi8(source, target, isLeftOut), _mm256_set1_epi32(0xFFFFFF));
+    }
+};
+
 WITH_AVX2 void copy(const WordBlocks& blocks) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows().copy(blocks);
@@ -168,7 +177,15 @@ WITH_AVX2 void fill(std::uint32_t* row, std::ptrdiff_t stride, int width, int he
     }
 }
 
-constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, fill};
+WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
+    if (blocks.width < wordsAtOnce) {
+        plainWordRows().copyColors(blocks, leftOut);
+    } else {
+        changeWords(blocks, ColorCopy{leftOut});
+    }
+}
+
+constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill};
 
 } // namespace
 

@@ -108,6 +108,10 @@ BOOL TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int
                             heightSource, transparent);
 }
 
+BOOL copyColorsAtOnce(HDC, int, int, int, int, HDC, COLORREF) {
+    return FALSE_; // the system has no such call
+}
+
 BOOL AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int xSource, int ySource,
                 int widthSource, int heightSource, BLENDFUNCTION blend) {
     return ::AlphaBlend(native(dc), x, y, width, height, native(source), xSource, ySource, widthSource,

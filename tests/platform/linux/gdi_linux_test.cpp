@@ -4,8 +4,11 @@
 #include "platform/gdi.h"
 #include "support/Canvas.h"
 
+#include <algorithm>
 #include <limits>
 #include <random>
+#include <span>
+#include <vector>
 
 using namespace platform;
 using test::Canvas;
@@ -56,6 +59,63 @@ TEST(LinuxGdi, PlgBltIsHarmlessBeyondAllMeasure) {
     const POINT corners[] = {{0, 0}, {4, 0}, {0, 4}};
     for (const int start : {-far, 0, far})
         EXPECT_TRUE(PlgBlt(to.dc(), corners, from.dc(), start, start, far, far, HBITMAP(), start, start));
+}
+
+/// A section of 32 bits whose words a test sees.
+class Words {
+public:
+    explicit Words(const std::vector<std::uint32_t>& words) : dc_(CreateCompatibleDC(HDC())) {
+        BITMAPINFO info;
+        info.bmiHeader.biWidth = static_cast<LONG>(words.size());
+        info.bmiHeader.biHeight = -1;
+        info.bmiHeader.biBitCount = 32;
+        void* bits = nullptr;
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits, HANDLE(), 0);
+        previous_ = SelectObject(dc_, bitmap_);
+        words_ = {static_cast<std::uint32_t*>(bits), words.size()};
+        std::copy(words.begin(), words.end(), words_.begin());
+    }
+    ~Words() {
+        SelectObject(dc_, previous_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    Words(const Words&) = delete;
+    Words& operator=(const Words&) = delete;
+
+    HDC dc() const { return dc_; }
+    std::vector<std::uint32_t> all() const { return {words_.begin(), words_.end()}; }
+
+private:
+    HDC dc_;
+    HBITMAP bitmap_;
+    HGDIOBJ previous_;
+    std::span<std::uint32_t> words_;
+};
+
+TEST(LinuxGdi, ColoursAreCopiedAtOnceAsThroughMasks) {
+    const std::vector<std::uint32_t> ground{0xFF112233, 0x80445566, 0x00778899, 0xFFFFFFFF, 0x01000000};
+    const std::vector<std::uint32_t> picture{0x00FF00FF, 0xFFFF00FF, 0x00ABCDEF, 0x7F123456, 0x00FF00FF};
+    const int count = static_cast<int>(ground.size());
+    const COLORREF leftOut = RGB(255, 0, 255);
+    const Words from(picture);
+
+    const Words throughMasks(ground);
+    const Words copy(picture);
+    const Canvas mask(count, 1, 1);
+    SetBkColor(copy.dc(), leftOut);
+    BitBlt(mask.dc(), 0, 0, count, 1, copy.dc(), 0, 0, SRCCOPY);
+    BitBlt(throughMasks.dc(), 0, 0, count, 1, mask.dc(), 0, 0, SRCAND);
+    BitBlt(mask.dc(), 0, 0, count, 1, mask.dc(), 0, 0, NOTSRCCOPY);
+    SetBkColor(copy.dc(), RGB(255, 255, 255));
+    BitBlt(copy.dc(), 0, 0, count, 1, mask.dc(), 0, 0, SRCAND);
+    BitBlt(throughMasks.dc(), 0, 0, count, 1, copy.dc(), 0, 0, SRCPAINT);
+
+    const Words atOnce(ground);
+    ASSERT_TRUE(copyColorsAtOnce(atOnce.dc(), 0, 0, count, 1, from.dc(), leftOut));
+    EXPECT_EQ(atOnce.all(), throughMasks.all());
+    EXPECT_FALSE(copyColorsAtOnce(atOnce.dc(), 1, 0, count, 1, from.dc(), leftOut)) << "cut off";
+    EXPECT_EQ(atOnce.all(), throughMasks.all());
 }
 
 TEST(LinuxGdi, PlgBltTurnsAPicture) {

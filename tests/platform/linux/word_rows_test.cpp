@@ -139,5 +139,16 @@ TEST_P(WordRowsTest, FillsEveryWidth) {
     }
 }
 
+TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
+    for (int width = 0; width <= 40; ++width)
+        for (const std::uint32_t leftOut : {words(2)[4], words(2)[9]}) {
+            const auto copy = [&](WordBlocks blocks) { GetParam()->copyColors(blocks, leftOut); };
+            const auto formula = [&](std::uint32_t to, std::uint32_t from) {
+                return (from == leftOut ? to : from) & 0xFFFFFF;
+            };
+            ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
+        }
+}
+
 INSTANTIATE_TEST_SUITE_P(Plain, WordRowsTest, testing::Values(&plainWordRows()));
 INSTANTIATE_TEST_SUITE_P(Avx2, WordRowsTest, testing::Values(avx2WordRows()));
