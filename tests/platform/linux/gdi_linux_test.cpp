@@ -1,5 +1,6 @@
 // What the platform promises of drawing and Wine does not keep: it reads through null pointers, succeeds on
-// dead contexts, smears overlapping copies of one bit, and drops turned pictures.
+// dead contexts, smears overlapping copies of one bit, drops turned pictures,
+// and widens paths by pens that paint nothing.
 
 #include "platform/gdi.h"
 #include "support/Canvas.h"
@@ -129,8 +130,6 @@ TEST(LinuxGdi, PlgBltTurnsAPicture) {
                          "..\n");
 }
 
-} // namespace
-
 TEST(LinuxGdi, APathIsNotWidenedByAPenThatPaintsNothing) {
     const Canvas canvas(8, 8);
     SelectObject(canvas.dc(), GetStockObject(NULL_PEN));
@@ -141,3 +140,5 @@ TEST(LinuxGdi, APathIsNotWidenedByAPenThatPaintsNothing) {
     EXPECT_FALSE(WidenPath(canvas.dc()));
     EXPECT_EQ(GetPath(canvas.dc(), nullptr, nullptr, 0), 2) << "it stays as it is";
 }
+
+} // namespace
