@@ -278,6 +278,66 @@ TEST(Pictures, LyingIconsFail) {
     outside[18] = outside[19] = outside[20] = outside[21] = 0xFF;
     EXPECT_EQ(errorOf(outside), PictureError::Corrupt);
     EXPECT_EQ(errorOf(iconFile(1, {{2, {}}})), PictureError::Corrupt);
+    // Places in the directory itself, before the end but too long, and sums beyond 32 bits.
+    const Bytes whole = iconFile(1, {{2, smallPng}});
+    const auto size = static_cast<std::uint32_t>(whole.size());
+    for (const std::uint32_t place : {0u, 6u, size - 4, size, size + 1, 0xFFFFFFF0u}) {
+        Bytes misplaced = whole;
+        for (std::size_t i = 0; i < 4; ++i)
+            misplaced[18 + i] = static_cast<std::uint8_t>(place >> (8 * i));
+        EXPECT_EQ(errorOf(misplaced), PictureError::Corrupt) << place;
+    }
+}
+
+TEST(Pictures, SizesOf65535AreRefusedInEachFormat) {
+    constexpr int most = 65535;
+    for (const unsigned depth : {1u, 4u, 8u, 16u, 24u, 32u})
+        EXPECT_EQ(errorOf(bmp({most, most, depth, 0, {0, 1}, Bytes(64, 0)})), PictureError::TooLarge)
+            << depth;
+    EXPECT_EQ(errorOf(bmp({most, most, 8, 1, {0, 1}, {0, 1}})), PictureError::TooLarge);
+    EXPECT_EQ(errorOf(bmp({most, -most, 24, 0, {}, Bytes(64, 0)})), PictureError::TooLarge);
+    Bytes png = smallPng;
+    png[18] = png[19] = png[22] = png[23] = 0xFF;
+    EXPECT_NE(errorOf(png), PictureError::None);
+    Bytes jpeg = smallJpeg;
+    const Bytes startOfFrame = {0xFF, 0xC0};
+    const auto frame = std::search(jpeg.begin(), jpeg.end(), startOfFrame.begin(), startOfFrame.end());
+    std::fill(frame + 5, frame + 9, std::uint8_t{0xFF});
+    EXPECT_NE(errorOf(jpeg), PictureError::None);
+    Bytes gif = smallGif;
+    constexpr std::size_t screenAt = 6;
+    constexpr std::size_t frameAt = 32;
+    for (std::size_t i = 0; i < 4; ++i)
+        gif[screenAt + i] = gif[frameAt + i] = 0xFF;
+    EXPECT_NE(errorOf(gif), PictureError::None);
+    EXPECT_NE(errorOf(iconFile(1, {{2, dibBytes({most, most, 32, 0, {}, Bytes(64, 0)})}})),
+              PictureError::None);
+}
+
+/// A file that was two pixels before it was damaged either fails or still is.
+void expectTwoPixelsAtMost(const Bytes& file) {
+    PictureData picture;
+    if (decodePicture(file, picture) == PictureError::None) {
+        EXPECT_EQ(picture.argb.size(), 2u);
+    }
+}
+
+TEST(Pictures, BrokenCodesOfAGifNeverDoWorseThanFail) {
+    constexpr std::ptrdiff_t codeSizeAt = 37;
+    ASSERT_EQ(smallGif[codeSizeAt], 2);
+    const Bytes codes[] = {{0xFF, 0xFF}, {0x00, 0x00}, {0x04, 0x04},
+                           {0x44, 0x44}, {0x7C, 0x01}, {0x64, 0xFF}};
+    for (const unsigned codeSize : {0u, 1u, 2u, 8u, 11u, 12u, 255u}) {
+        for (const Bytes& broken : codes) {
+            Bytes file = smallGif;
+            file[codeSizeAt] = static_cast<std::uint8_t>(codeSize);
+            std::copy(broken.begin(), broken.end(), file.begin() + codeSizeAt + 2);
+            expectTwoPixelsAtMost(file);
+        }
+        Bytes endless(smallGif.begin(), smallGif.end() - 2);
+        endless[codeSizeAt] = static_cast<std::uint8_t>(codeSize);
+        expectTwoPixelsAtMost(endless);
+    }
 }
 
 TEST(Pictures, APngThatStatesMorePixelsThanItsBytesCanHoldIsCorrupt) {
