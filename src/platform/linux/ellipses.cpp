@@ -43,24 +43,40 @@ std::vector<POINT> quarterOutline(int width, int height) {
     return points;
 }
 
-/// A row of a round shape, counted from the top of its box or, for its mirror image, from the bottom.
-struct RoundRow {
-    int y;
-    int inset; ///< Pixels outside at either end
-    int edge;  ///< Pixels of the outline at either end
+/// Rows of a round shape that are alike, counted from the top of its box or, for their mirror image, from the
+/// bottom.
+struct RoundRows {
+    int top;
+    int bottom; ///< Not included
+    int inset;  ///< Pixels outside at either end
+    int edge;   ///< Pixels of the outline at either end
+
+    int count() const { return bottom - top; }
+    bool isContinuedBy(const RoundRows& next) const { return inset == next.inset && edge == next.edge; }
 };
 
 /// Visits the rows with a curve, from the middle to the last, which the outline closes.
 template <class Visit>
 void walkRows(SIZE corner, Visit visit) {
-    RoundRow row{(corner.cy - 1) / 2, 0, 0};
+    const int middle = (corner.cy - 1) / 2;
+    RoundRows alike{middle, middle, 0, 0};
+    RoundRows row{middle, middle + 1, 0, 0};
+    const auto visitAlike = [&] {
+        if (alike.count() > 0) visit(alike, false);
+    };
     walkQuarter(corner.cx, corner.cy, [&](POINT p) {
-        if (p.y != row.y) {
-            visit(row, false);
-            row = {p.y, corner.cx - 1 - p.x, 0};
+        if (p.y != row.top) {
+            if (alike.isContinuedBy(row)) {
+                alike.top = row.top;
+            } else {
+                visitAlike();
+                alike = row;
+            }
+            row = {p.y, p.y + 1, corner.cx - 1 - p.x, 0};
         }
         ++row.edge;
     });
+    visitAlike();
     visit(row, true);
 }
 
@@ -71,29 +87,30 @@ public:
                std::optional<std::uint32_t> outline)
         : surface_(surface), box_(box), inside_(inside), outline_(outline) {}
 
-    void paint(const RoundRow& row, bool isLast) const {
-        paintAt(box_.top + row.y, row, isLast);
-        paintAt(box_.bottom - 1 - row.y, row, isLast);
+    void paint(const RoundRows& rows, bool isLast) const {
+        paintAt(box_.top + rows.top, rows, isLast);
+        paintAt(box_.bottom - rows.bottom, rows, isLast);
     }
 
     /// The part between curves above and below.
     void paintStraight(int top, int bottom) const {
-        for (int y = top; y < bottom; ++y)
-            paintAt(y, {0, 0, 1}, false);
+        if (top < bottom) paintAt(top, {top, bottom, 0, 1}, false);
     }
 
 private:
-    void paintAt(int y, const RoundRow& row, bool isLast) const {
-        std::uint32_t* const left = row32(surface_, y) + box_.left + row.inset;
-        const int width = static_cast<int>(box_.right - box_.left) - 2 * row.inset;
+    void paintAt(int y, const RoundRows& rows, bool isLast) const {
+        const std::ptrdiff_t stride = surface_.stride / 4;
+        std::uint32_t* left = row32(surface_, y) + box_.left + rows.inset;
+        const int width = static_cast<int>(box_.right - box_.left) - 2 * rows.inset;
         if (isLast && outline_) {
-            fillWords(left, 0, width, 1, *outline_);
+            fillWords(left, stride, width, rows.count(), *outline_);
             return;
         }
-        if (inside_) fillWords(left, 0, width, 1, *inside_);
+        if (inside_) fillWords(left, stride, width, rows.count(), *inside_);
         if (!outline_) return;
-        for (int i = 0; i < row.edge; ++i)
-            left[i] = left[width - 1 - i] = *outline_;
+        for (int row = 0; row < rows.count(); ++row, left += stride)
+            for (int i = 0; i < rows.edge; ++i)
+                left[i] = left[width - 1 - i] = *outline_;
     }
 
     const Surface& surface_;
@@ -181,7 +198,7 @@ void paintRound32(const Surface& surface, const RECT& box, SIZE size, std::optio
                   std::optional<std::uint32_t> outline) {
     const SIZE corner = boundedCorner(box, size);
     const RowPainter painter(surface, box, inside, outline);
-    walkRows(corner, [&](const RoundRow& row, bool isLast) { painter.paint(row, isLast); });
+    walkRows(corner, [&](const RoundRows& rows, bool isLast) { painter.paint(rows, isLast); });
     const int curved = (corner.cy - 1) / 2 + 1;
     painter.paintStraight(box.top + curved, box.bottom - curved);
 }

@@ -216,11 +216,13 @@ Masks plainInk(const DeviceContext& context) {
 
 void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
     if (from.y == to.y) {
-        const auto [left, right] = to.x > from.x ? std::pair(from.x, to.x) : std::pair(to.x + 1, from.x + 1);
-        maskClipped(context, {left, from.y, right, from.y + 1}, ink);
+        const bool forward = to.x > from.x;
+        maskClipped(context, {forward ? from.x : to.x + 1, from.y, forward ? to.x : from.x + 1, from.y + 1},
+                    ink);
     } else if (from.x == to.x) {
-        const auto [top, bottom] = to.y > from.y ? std::pair(from.y, to.y) : std::pair(to.y + 1, from.y + 1);
-        maskClipped(context, {from.x, top, from.x + 1, bottom}, ink);
+        const bool forward = to.y > from.y;
+        maskClipped(context, {from.x, forward ? from.y : to.y + 1, from.x + 1, forward ? to.y : from.y + 1},
+                    ink);
     } else {
         drawSlanted(context, from, to, ink);
     }

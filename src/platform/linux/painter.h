@@ -9,8 +9,12 @@ namespace platform::driver {
 /// Changes a rectangle of the context's surface by masks, as far as it may be drawn on.
 inline void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
     for (const RECT& clip : context.drawable().rectangles()) {
-        const RECT part = intersection(r, clip);
-        if (!isEmpty(part)) maskRectangle(*context.surface, part, masks);
+        // Four numbers, so that they stay in registers.
+        const LONG left = std::max(r.left, clip.left);
+        const LONG top = std::max(r.top, clip.top);
+        const LONG right = std::min(r.right, clip.right);
+        const LONG bottom = std::min(r.bottom, clip.bottom);
+        if (left < right && top < bottom) maskRectangle(*context.surface, left, top, right, bottom, masks);
     }
 }
 

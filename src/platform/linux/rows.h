@@ -49,12 +49,11 @@ void changeRectangle(const Surface& surface, const RECT& r, Masks masks);
 void changePixel(const Surface& surface, int x, int y, Masks masks);
 
 /// Changes values by masks, in a rectangle or at one pixel. The rectangle is not empty.
-inline void maskRectangle(const Surface& surface, const RECT& r, Masks masks) {
+inline void maskRectangle(const Surface& surface, int left, int top, int right, int bottom, Masks masks) {
     if (surface.bitsPerPixel == 32 && masks.keep == 0) {
-        fillWords(row32(surface, r.top) + r.left, surface.stride / 4, r.right - r.left, r.bottom - r.top,
-                  masks.flip);
+        fillWords(row32(surface, top) + left, surface.stride / 4, right - left, bottom - top, masks.flip);
     } else {
-        changeRectangle(surface, r, masks);
+        changeRectangle(surface, {left, top, right, bottom}, masks);
     }
 }
 inline void maskPixel(const Surface& surface, int x, int y, Masks masks) {
