@@ -55,6 +55,21 @@ constexpr bool isSprite(int x, int y) {
 }
 inline constexpr int spriteRed = 0xCC, spriteGreen = 0x33, spriteBlue = 0x11;
 
+/// An operation that is measured.
+struct Measurement {
+    const char* name;
+    int calls; ///< In a round, which then takes about a millisecond
+};
+
+inline constexpr Measurement measurements[] = {
+    {"fillbox16", 10000},        {"fillbox256", 200},     {"fillbox_full", 10},
+    {"drawbox", 4000},           {"hline100", 10000},     {"diagonal100", 4000},
+    {"gradient_v_100x20", 4000}, {"bitblt_100x20", 5000}, {"bitblt_full", 10},
+    {"alphablend_100x20", 4000}, {"text12", 2000},        {"extent12", 5000},
+    {"triangle7", 4000},         {"icon16", 5000},        {"ellipse40", 1000},
+    {"transparentblt_32", 1000}, {"html_paragraph", 20},  {"button_cell", 200},
+};
+
 /// One operation of one library, by its name: draws it as often as it is told.
 using Operations = std::map<std::string, std::function<void(int calls)>>;
 

@@ -1,0 +1,21 @@
+// The canvas's calls where the system paints: prints the time of each, for bench_canvas to compare with.
+
+#include "../../measure.h"
+#include "../our_sheet.h"
+
+int main() {
+    constexpr int rounds = 15;
+    bench::OurSheet sheet;
+    const bench::Operations operations = sheet.operations();
+    for (const bench::Measurement& measurement : bench::measurements) {
+        const auto& draw = operations.at(measurement.name);
+        draw(1); // memory and caches are made now
+        std::vector<double> times;
+        for (int round = 0; round < rounds; ++round) {
+            const double start = bench::seconds();
+            draw(measurement.calls);
+            times.push_back(bench::seconds() - start);
+        }
+        bench::time(measurement.name, bench::median(times) / measurement.calls);
+    }
+}
