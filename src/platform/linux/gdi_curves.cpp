@@ -218,6 +218,7 @@ void paintArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
     if (drawn.points.empty()) return;
     if (kind == ArcKind::Pie) drawn.points.push_back(centreOf(drawn.box));
     if (kind == ArcKind::Open) {
+        if (drawn.points.size() < 2) return; // a single pixel is no line, however wide the pen
         stroke.draw(visibleParts(drawn.points, false, stroke, visible));
     } else {
         drawFigures(context, {{drawn.points, true}});
