@@ -10,7 +10,7 @@ namespace platform::driver {
 
 namespace {
 
-/// The source columns (or rows) that one target column takes, counted from the source's start.
+/// The source columns (or rows) that one target column takes.
 struct Share {
     int first = 0;
     int last = 0;  ///< Not included
@@ -58,12 +58,25 @@ Share shareOf(const Axis& axis, int target) {
     return {length - share.last, length - share.first, length - 1 - share.taken};
 }
 
-/// The shares of the target positions `begin` to `end` of an axis.
-std::vector<Share> sharesOf(const Axis& axis, int begin, int end) {
+/// A place of a source that begins at `start`, as a position on a surface so long: what lies beyond an edge
+/// is as the edge is.
+int heldWithin(int start, int place, int length) {
+    return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{start} + place, 0, length - 1));
+}
+
+/// The shares of the target positions `begin` to `end` of an axis, on a surface on which the source begins at
+/// `start`. They hold no more than the surface does, however long the source claims to be: joining a pixel
+/// of the edge once or many times is the same.
+std::vector<Share> sharesOf(const Axis& axis, int begin, int end, int start, int surfaceLength) {
     std::vector<Share> shares;
     shares.reserve(static_cast<std::size_t>(end - begin));
-    for (int i = begin; i < end; ++i)
-        shares.push_back(shareOf(axis, i));
+    for (int i = begin; i < end; ++i) {
+        const Share share = shareOf(axis, i);
+        const int first = heldWithin(start, share.first, surfaceLength);
+        const bool isEmpty = share.last <= share.first;
+        const int last = isEmpty ? first : heldWithin(start, share.last - 1, surfaceLength) + 1;
+        shares.push_back({first, last, heldWithin(start, share.taken, surfaceLength)});
+    }
     return shares;
 }
 
@@ -91,26 +104,26 @@ struct Joiner {
 /// The stretched pixels of one row of the target, from the rows of its share.
 class RowStretcher {
 public:
-    RowStretcher(const Surface& from, const RECT& area, std::vector<Share> columns, int mode)
-        : from_(from), area_(area), columns_(std::move(columns)), joiner_{mode} {}
+    RowStretcher(const Surface& from, std::vector<Share> columns, int mode)
+        : from_(from), columns_(std::move(columns)), joiner_{mode} {}
 
     void row(const Share& rows, std::vector<std::uint32_t>& out) {
         out.resize(columns_.size());
         if (!joiner_.joins()) {
-            addRow(area_.top + rows.taken, true, out);
+            addRow(rows.taken, true, out);
             return;
         }
         for (int y = rows.first; y < rows.last; ++y)
-            addRow(area_.top + y, y == rows.first, out);
+            addRow(y, y == rows.first, out);
     }
 
 private:
     void addRow(int y, bool first, std::vector<std::uint32_t>& out) {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const Share& share = columns_[i];
-            std::uint32_t pixel = at(area_.left + share.taken, y);
+            std::uint32_t pixel = at(share.taken, y);
             for (int x = share.first; x < share.last && joiner_.joins(); ++x)
-                joiner_.join(pixel, at(area_.left + x, y));
+                joiner_.join(pixel, at(x, y));
             if (first) {
                 out[i] = pixel;
             } else {
@@ -120,13 +133,10 @@ private:
     }
 
     std::uint32_t at(int x, int y) const {
-        x = std::clamp(x, 0, from_.width - 1);
-        y = std::clamp(y, 0, from_.height - 1);
         return from_.bitsPerPixel == 32 ? row32(from_, y)[x] : valueAt(from_, x, y);
     }
 
     const Surface& from_;
-    RECT area_;
     std::vector<Share> columns_;
     Joiner joiner_;
 };
@@ -138,7 +148,8 @@ struct Between {
     float share = 0; ///< Of the second
 };
 
-std::vector<Between> betweenOf(const Axis& axis, int begin, int end) {
+/// On a surface so long, on which the source begins at `start`.
+std::vector<Between> betweenOf(const Axis& axis, int begin, int end, int start, int surfaceLength) {
     std::vector<Between> result;
     result.reserve(static_cast<std::size_t>(end - begin));
     const bool mirrored = axis.targetBackwards != axis.sourceBackwards;
@@ -146,44 +157,51 @@ std::vector<Between> betweenOf(const Axis& axis, int begin, int end) {
         const float position = static_cast<float>(i) * static_cast<float>(axis.sourceLength) /
                                static_cast<float>(axis.targetLength);
         Between between;
-        between.first = static_cast<int>(position);
+        const bool isWithin = position < static_cast<float>(axis.sourceLength);
+        between.first = isWithin ? static_cast<int>(position) : axis.sourceLength - 1;
         between.second = std::min(between.first + 1, axis.sourceLength - 1);
         between.share = position - static_cast<float>(between.first);
         if (mirrored) {
             between.first = axis.sourceLength - 1 - between.first;
             between.second = axis.sourceLength - 1 - between.second;
         }
+        between.first = heldWithin(start, between.first, surfaceLength);
+        between.second = heldWithin(start, between.second, surfaceLength);
         result.push_back(between);
     }
     return result;
 }
 
-/// The source's colours, where it has some; beyond its edges those of the edge.
+/// The least and the greatest place among some.
+std::pair<int, int> columnsIn(const std::vector<Between>& columns) {
+    std::pair<int, int> range{columns.front().first, columns.front().first};
+    for (const Between& column : columns) {
+        range.first = std::min({range.first, column.first, column.second});
+        range.second = std::max({range.second, column.first, column.second});
+    }
+    return range;
+}
+
+/// Rows of the source's colours between two columns, both included.
 class ColorRows {
 public:
-    ColorRows(const SourcePixels& source, const RECT& area) : source_(source), area_(area) {}
+    ColorRows(const SourcePixels& source, int first, int last)
+        : source_(source), first_(first), width_(last - first + 1) {}
 
     const std::vector<std::uint32_t>& row(int y) {
-        y = std::clamp(area_.top + y, 0, source_.surface->height - 1);
         std::vector<std::uint32_t>& colors = rows_[static_cast<std::size_t>(y & 1)];
         int& known = known_[static_cast<std::size_t>(y & 1)];
         if (known == y) return colors;
         known = y;
-        const int width = area_.right - area_.left;
-        const int first = std::clamp(area_.left, 0, source_.surface->width - 1);
-        const int last = std::clamp(area_.right - 1, 0, source_.surface->width - 1);
-        std::vector<std::uint32_t> read(static_cast<std::size_t>(last - first + 1));
-        readRow(*source_.surface, first, y, last - first + 1, source_.bits, read.data());
-        colors.resize(static_cast<std::size_t>(width));
-        for (int x = 0; x < width; ++x)
-            colors[static_cast<std::size_t>(x)] =
-                read[static_cast<std::size_t>(std::clamp(area_.left + x, first, last) - first)];
+        colors.resize(static_cast<std::size_t>(width_));
+        readRow(*source_.surface, first_, y, width_, source_.bits, colors.data());
         return colors;
     }
 
 private:
     const SourcePixels& source_;
-    RECT area_;
+    int first_;
+    int width_;
     std::vector<std::uint32_t> rows_[2]; ///< Even and odd rows: two neighbours are needed at a time
     int known_[2] = {-1, -1};
 };
@@ -228,18 +246,22 @@ std::unique_ptr<Bitmap> translatedTo(const DeviceContext& target, const SourcePi
 std::unique_ptr<Bitmap> smoothed(const SourcePixels& source, const Stretch& stretch, const RECT& part) {
     auto result = makeBitmap(part.right - part.left, part.bottom - part.top, 32);
     if (!result) return nullptr;
-    const auto columns =
-        betweenOf(acrossOf(stretch), part.left - stretch.to.left, part.right - stretch.to.left);
-    const auto lines = betweenOf(downOf(stretch), part.top - stretch.to.top, part.bottom - stretch.to.top);
-    ColorRows rows(source, stretch.from);
+    const RECT& to = stretch.to;
+    const Surface& from = *source.surface;
+    const auto columns = betweenOf(acrossOf(stretch), part.left - to.left, part.right - to.left,
+                                   stretch.from.left, from.width);
+    const auto lines =
+        betweenOf(downOf(stretch), part.top - to.top, part.bottom - to.top, stretch.from.top, from.height);
+    const auto [first, last] = columnsIn(columns);
+    ColorRows rows(source, first, last);
     for (std::size_t y = 0; y < lines.size(); ++y) {
         const std::vector<std::uint32_t>& above = rows.row(lines[y].first);
         const std::vector<std::uint32_t>& below = rows.row(lines[y].second);
         std::uint32_t* out = row32(result->surface, static_cast<int>(y));
         for (std::size_t x = 0; x < columns.size(); ++x) {
-            const auto first = static_cast<std::size_t>(columns[x].first);
-            const auto second = static_cast<std::size_t>(columns[x].second);
-            out[x] = blendOfFour({above[first], above[second], below[first], below[second]}, columns[x].share,
+            const auto left = static_cast<std::size_t>(columns[x].first - first);
+            const auto right = static_cast<std::size_t>(columns[x].second - first);
+            out[x] = blendOfFour({above[left], above[right], below[left], below[right]}, columns[x].share,
                                  lines[y].share);
         }
     }
@@ -265,9 +287,12 @@ std::unique_ptr<Bitmap> stretched(const Surface& source, const Stretch& stretch,
     auto result = makeBitmapLike(source, part.right - part.left, part.bottom - part.top);
     if (!result) return nullptr;
     const RECT& to = stretch.to;
-    RowStretcher rows(source, stretch.from,
-                      sharesOf(acrossOf(stretch), part.left - to.left, part.right - to.left), mode);
-    const std::vector<Share> lines = sharesOf(downOf(stretch), part.top - to.top, part.bottom - to.top);
+    RowStretcher rows(source,
+                      sharesOf(acrossOf(stretch), part.left - to.left, part.right - to.left,
+                               stretch.from.left, source.width),
+                      mode);
+    const std::vector<Share> lines =
+        sharesOf(downOf(stretch), part.top - to.top, part.bottom - to.top, stretch.from.top, source.height);
     std::vector<std::uint32_t> pixels;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         rows.row(lines[i], pixels);

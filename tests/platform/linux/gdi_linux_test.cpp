@@ -119,6 +119,34 @@ TEST(LinuxGdi, ColoursAreCopiedAtOnceAsThroughMasks) {
     EXPECT_EQ(atOnce.all(), throughMasks.all());
 }
 
+TEST(LinuxGdi, StretchingIsHarmlessBeyondAllMeasure) {
+    constexpr int far = std::numeric_limits<int>::max();
+    const Canvas from(2, 2);
+    const Canvas to(4, 4);
+    for (const int mode : {BLACKONWHITE, WHITEONBLACK, COLORONCOLOR, HALFTONE}) {
+        SetStretchBltMode(to.dc(), mode);
+        for (const int start : {-far, 0, far})
+            EXPECT_TRUE(StretchBlt(to.dc(), 0, 0, 4, 4, from.dc(), start, start, far, far, SRCCOPY)) << mode;
+        EXPECT_TRUE(StretchBlt(to.dc(), 4, 4, -4, -4, from.dc(), 0, 0, far, far, SRCCOPY)) << mode;
+        EXPECT_TRUE(StretchBlt(to.dc(), -far, -far, far, far, from.dc(), 0, 0, 2, 2, SRCCOPY)) << mode;
+    }
+}
+
+TEST(LinuxGdi, ShrinkingInAModeThatJoinsTakesAllOfTheSource) {
+    const Canvas from(4, 1);
+    for (int x = 0; x < 4; ++x)
+        from.set(x, 0, x == 3 ? RGB(0, 0, 0) : RGB(255, 255, 255));
+    const Canvas to(2, 1);
+    SetStretchBltMode(to.dc(), BLACKONWHITE);
+    // Beyond the source's edge lies what its edge is.
+    StretchBlt(to.dc(), 0, 0, 2, 1, from.dc(), 0, 0, 4, 1, SRCCOPY);
+    EXPECT_EQ(to.text(), "#.\n");
+    StretchBlt(to.dc(), 0, 0, 2, 1, from.dc(), -2, 0, 4, 1, SRCCOPY);
+    EXPECT_EQ(to.text(), "##\n");
+    StretchBlt(to.dc(), 0, 0, 2, 1, from.dc(), 0, 0, 100000, 1, SRCCOPY);
+    EXPECT_EQ(to.text(), "..\n");
+}
+
 TEST(LinuxGdi, PlgBltTurnsAPicture) {
     const Canvas from(2, 2);
     from.set(0, 0, RGB(255, 255, 255));
