@@ -98,7 +98,7 @@ public:
         line("on main");
         gdi(call("SetStretchBltMode").some(1, BLACKONWHITE, HALFTONE));
         // On 1 bit other colours would be patterns.
-        if (kind == "1") {
+        if (kind[0] == '1') {
             gdi(call("brush = CreateSolidBrush").number(dice.of({0, 0xFFFFFF})));
         } else {
             gdi(call("brush = CreateSolidBrush").color());
@@ -153,10 +153,16 @@ public:
         const std::int64_t background = dice.between(0, 255);
         show(mask.number(background << 24 | dice.between(0, 255) << 16));
     }
-    void slants() {
-        Call slant = call("PlgBlt").some(6, -8, 72);
-        from(slant, area()).number(dice.oneIn(2) ? 0 : dice.between(1, 9999));
-        show(slant.some(2, 0, 8));
+    /// Upright and without a mask: Wine turns no pictures, and paints black where a mask lets nothing
+    /// through.
+    void corners() {
+        const int left = dice.between(-8, 56);
+        const int top = dice.between(-8, 56);
+        const int right = left + (dice.oneIn(4) ? -dice.between(1, 60) : dice.between(1, 60));
+        const int bottom = top + (dice.oneIn(4) ? -dice.between(1, 60) : dice.between(1, 60));
+        Call corners = call("PlgBlt").number(left).number(top).number(right).number(top);
+        corners.number(left).number(bottom);
+        show(from(corners, area()).number(0).number(0).number(0));
     }
     /// A place of the size of the source or of another.
     Call fitted(const std::string& name, const SourceArea& a) {
@@ -291,7 +297,7 @@ void drawOn(Writer& w) {
 constexpr Subject subjects[] = {
     {"stretches", copyBetween<&Writer::stretches>},
     {"masks", copyBetween<&Writer::masks>},
-    {"slants", copyBetween<&Writer::slants>},
+    {"corners", copyBetween<&Writer::corners>},
     {"holes", copyBetween<&Writer::holes>},
     {"blends", copyBetween<&Writer::blends>},
     {"gradients", drawOn<&Writer::gradients>},

@@ -132,3 +132,100 @@ TEST(Gradients, OfTrianglesRunBetweenThreeColours) {
     EXPECT_GT(canvas.at(1, 16) >> 16, 190u);
     EXPECT_EQ(canvas.at(15, 15), RGB(0, 0, 0));
 }
+
+TEST(Gradients, OfTrianglesTakeThePixelsWhoseCornersLieOnOrRightOfTheEdges) {
+    TRIVERTEX corners[3];
+    corners[0] = {1, 0, 0xFF00, 0, 0, 0};
+    corners[1] = {0, 3, 0xFF00, 0, 0, 0};
+    corners[2] = {6, 3, 0xFF00, 0, 0, 0};
+    const GRADIENT_TRIANGLE mesh{0, 1, 2};
+    const Canvas canvas(8, 4);
+    EXPECT_TRUE(GradientFill(canvas.dc(), corners, 3, &mesh, 1, GRADIENT_FILL_TRIANGLE));
+    const int expected[4][2] = {{0, 0}, {1, 3}, {1, 5}, {0, 0}}; // from, to
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 8; ++x)
+            EXPECT_EQ(canvas.at(x, y) != 0, x >= expected[y][0] && x < expected[y][1]) << x << ", " << y;
+}
+
+TEST(Gradients, BetweenCornersOnASlantingLineFail) {
+    TRIVERTEX corners[3];
+    corners[1] = {5, 5, 0, 0, 0, 0};
+    corners[2] = {10, 10, 0, 0, 0, 0};
+    const GRADIENT_TRIANGLE slanting{0, 1, 2};
+    const Canvas canvas(20, 20);
+    EXPECT_FALSE(GradientFill(canvas.dc(), corners, 3, &slanting, 1, GRADIENT_FILL_TRIANGLE));
+    corners[1].y = corners[2].y = 0;
+    EXPECT_TRUE(GradientFill(canvas.dc(), corners, 3, &slanting, 1, GRADIENT_FILL_TRIANGLE));
+}
+
+namespace {
+
+/// How many of 16 by 16 pixels of a depth have another colour than the first one, after a gradient from a
+/// grey to the same grey.
+int mixedPixels(WORD bits, WORD grey) {
+    BITMAPINFO info;
+    info.bmiHeader.biWidth = 16;
+    info.bmiHeader.biHeight = -16;
+    info.bmiHeader.biBitCount = bits;
+    void* pixels = nullptr;
+    const HDC dc = CreateCompatibleDC(HDC());
+    const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &pixels, HANDLE(), 0);
+    const HGDIOBJ previous = SelectObject(dc, bitmap);
+    TRIVERTEX corners[2];
+    corners[0] = {0, 0, grey, grey, grey, 0};
+    corners[1] = {16, 16, grey, grey, grey, 0};
+    const GRADIENT_RECT mesh{0, 1};
+    EXPECT_TRUE(GradientFill(dc, corners, 2, &mesh, 1, GRADIENT_FILL_RECT_H));
+    int count = 0;
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 16; ++x)
+            count += GetPixel(dc, x, y) != GetPixel(dc, 0, 0) ? 1 : 0;
+    SelectObject(dc, previous);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    return count;
+}
+
+} // namespace
+
+TEST(Gradients, WhereColoursAreFewMixTheTwoThatAreNearest) {
+    EXPECT_EQ(mixedPixels(16, 0x5000), 0); // a colour that 5 bits can hold
+    EXPECT_EQ(mixedPixels(16, 0x5400), 128);
+    EXPECT_EQ(mixedPixels(16, 0x5600), 192);
+    EXPECT_EQ(mixedPixels(24, 0x5400), 0);
+}
+
+TEST(MaskBltTest, StretchesItsMaskAsTheMappingStretchesTheSource) {
+    const Canvas from(4, 1);
+    const Canvas to(8, 2);
+    PatBlt(from.dc(), 0, 0, 4, 1, WHITENESS);
+    const WORD bits = 0x0050; // 0101 in the four pixels
+    const HBITMAP mask = CreateBitmap(4, 1, 1, 1, &bits);
+    SetMapMode(to.dc(), MM_ANISOTROPIC);
+    SetViewportExtEx(to.dc(), 2, 2, nullptr);
+    EXPECT_TRUE(MaskBlt(to.dc(), 0, 0, 4, 1, from.dc(), 0, 0, mask, 0, 0, MAKEROP4(SRCCOPY, BLACKNESS)));
+    SetMapMode(to.dc(), MM_TEXT);
+    for (int x = 0; x < 8; ++x)
+        for (int y = 0; y < 2; ++y)
+            EXPECT_EQ(to.at(x, y), (x / 2) % 2 == 1 ? 0xFFFFFFu : 0u) << x << ", " << y;
+    DeleteObject(mask);
+}
+
+TEST(PlgBltTest, CopiesAnUprightRectangleAsAStretchDoes) {
+    const Canvas from(2, 2);
+    from.set(0, 0, RGB(255, 0, 0));
+    from.set(1, 0, RGB(0, 255, 0));
+    from.set(0, 1, RGB(0, 0, 255));
+    from.set(1, 1, RGB(9, 9, 9));
+    const Canvas plain(6, 6);
+    const Canvas like(6, 6);
+    SetStretchBltMode(plain.dc(), COLORONCOLOR);
+    SetStretchBltMode(like.dc(), COLORONCOLOR);
+    const POINT corners[] = {{1, 1}, {5, 1}, {1, 4}};
+    EXPECT_TRUE(PlgBlt(plain.dc(), corners, from.dc(), 0, 0, 2, 2, HBITMAP(), 0, 0));
+    StretchBlt(like.dc(), 1, 1, 4, 3, from.dc(), 0, 0, 2, 2, SRCCOPY);
+    EXPECT_EQ(plain.at(1, 1), RGB(255, 0, 0));
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 6; ++x)
+            EXPECT_EQ(plain.at(x, y), like.at(x, y)) << x << ", " << y;
+}

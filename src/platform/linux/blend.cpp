@@ -1,5 +1,6 @@
 #include "platform/linux/blend.h"
 
+#include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 
 namespace platform::driver {
@@ -18,11 +19,21 @@ public:
                 sourceWords_.data());
         readRow(surface_, x, y, count, blackAndWhite, targetWords_.data());
         blendWords({targetWords_.data(), 0, sourceWords_.data(), 0, count, 1}, blend_);
-        if (!isPlain32(surface_)) finder_.valuesOf(targetWords_.data(), targetWords_.size());
+        if (!isPlain32(surface_)) findValues();
         writeValues(surface_, x, y, count, targetWords_.data());
     }
 
 private:
+    void findValues() {
+        const bool has16Colors = surface_.bitsPerPixel == 4 && !showsDisplayPalette(surface_);
+        if (!has16Colors) {
+            finder_.valuesOf(targetWords_.data(), targetWords_.size());
+            return;
+        }
+        for (std::uint32_t& word : targetWords_)
+            word = surface_.format->blendedValueOf(word & 0x00FFFFFF);
+    }
+
     const Surface& surface_;
     const SourcePixels& source_;
     BLENDFUNCTION blend_;

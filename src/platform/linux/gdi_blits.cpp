@@ -52,6 +52,20 @@ bool liesIn(const RECT& inner, const RECT& outer) {
            inner.bottom <= outer.bottom;
 }
 
+/// The colours of the part of a surface that a stretch takes, as words. The stretch then begins at their
+/// corner.
+std::unique_ptr<Bitmap> colorsOf(const Surface& from, Stretch& stretch) {
+    const RECT part = intersection(stretch.from, {0, 0, from.width, from.height});
+    if (isEmpty(part)) return nullptr;
+    const int width = part.right - part.left;
+    auto colors = makeBitmap(width, part.bottom - part.top, 32);
+    if (!colors) return nullptr;
+    for (int y = part.top; y < part.bottom; ++y)
+        readRow(from, part.left, y, width, blackAndWhite, row32(colors->surface, y - part.top));
+    stretch.from = moved(stretch.from, {-part.left, -part.top});
+    return colors;
+}
+
 /// The source of a copy brought to the size of its target.
 class FittedSource {
 public:
@@ -65,7 +79,11 @@ public:
             if (overlaps(*to.surface, part, pixels_)) picture_ = takeApart(pixels_, part);
             return;
         }
-        picture_ = stretched(*from.surface, stretch, part, mode);
+        Stretch shifted = stretch;
+        const bool joinsNumbers =
+            mode == BLACKONWHITE && from.surface->format && from.surface->format->hasTable();
+        const auto colors = joinsNumbers ? colorsOf(*from.surface, shifted) : nullptr;
+        picture_ = stretched(colors ? colors->surface : *from.surface, shifted, part, mode);
         if (!picture_) return;
         pixels_.surface = &picture_->surface;
         pixels_.valid = {0, 0, picture_->surface.width, picture_->surface.height};
@@ -131,6 +149,22 @@ void copyOpaque(DeviceContext& target, const RECT& area, const SourcePixels& sou
     }
 }
 
+/// The pixels of the target under set ones of a mask, which is stretched as the source is.
+Region setPixels(DeviceContext& context, const Bitmap& mask, const Stretch& stretch) {
+    if (!stretch.changesSize()) {
+        Region region = maskRegion(mask.surface, stretch.from);
+        region.translate(stretch.to.left, stretch.to.top);
+        return region;
+    }
+    const RECT part = intersection(stretch.to, context.drawable().bounds());
+    if (isEmpty(part)) return {};
+    const auto fitted = stretched(mask.surface, stretch, part, context.state.stretchMode);
+    if (!fitted) return {};
+    Region region = maskRegion(fitted->surface, {0, 0, part.right - part.left, part.bottom - part.top});
+    region.translate(part.left, part.top);
+    return region;
+}
+
 /// Narrows a context's clipping for one drawing.
 class ClipScope {
 public:
@@ -168,6 +202,8 @@ struct Parallelogram {
                std::int64_t{topRight.y - topLeft.y} * (bottomLeft.x - topLeft.x);
     }
     bool isFlat() const { return determinant() == 0; }
+    /// A rectangle, perhaps turned round, but neither turned aside nor leaning.
+    bool isUpright() const { return topLeft.y == topRight.y && topLeft.x == bottomLeft.x; }
 
     RECT bounds() const {
         const POINT fourth{boundedCoordinate(std::int64_t{topRight.x} + bottomLeft.x - topLeft.x),
@@ -272,9 +308,9 @@ BOOL MaskBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSourc
                                       rop);
         return TRUE_;
     }
-    const RECT area = areaOf(context->toSurface(rectOf(x, y, width, height)));
-    Region set = maskRegion(mask->surface, part);
-    set.translate(area.left, area.top);
+    const Stretch ofMask = Stretch::between(context->toSurface(rectOf(x, y, width, height)), part);
+    const RECT& area = ofMask.to;
+    const Region set = setPixels(*context, *mask, ofMask);
     const auto copyWithin = [&](const Region& region, DWORD operation) {
         const ClipScope clip(*context, region);
         return BitBlt(dc, x, y, width, height, source, xSource, ySource, operation);
@@ -296,6 +332,9 @@ BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, i
         to->recorder->parallelogram(points, {*from, area}, mask, {xMask, yMask});
         return TRUE_;
     }
+    if (target.isUpright() && !mask)
+        return StretchBlt(dc, points[0].x, points[0].y, points[1].x - points[0].x, points[2].y - points[0].y,
+                          source, xSource, ySource, widthSource, heightSource, SRCCOPY);
     const SourcePixels pixels = sourceOf(*to, *from, {});
     ValueFinder finder(*to);
     for (const RECT& clip : to->drawable().rectangles()) {

@@ -104,7 +104,15 @@ std::uint32_t PixelFormat::valueOf(std::uint32_t color) const {
 }
 
 std::uint32_t PixelFormat::copiedValueOf(std::uint32_t color) const {
-    if (colors_.size() != largestTable) return valueOf(color);
+    return colors_.size() == largestTable ? valueOfCube(color) : valueOf(color);
+}
+
+std::uint32_t PixelFormat::blendedValueOf(std::uint32_t color) const {
+    constexpr std::size_t fewest = 16;
+    return colors_.size() >= fewest ? valueOfCube(color) : valueOf(color);
+}
+
+std::uint32_t PixelFormat::valueOfCube(std::uint32_t color) const {
     if (cubes_.empty()) cubes_.assign(std::size_t{1} << (3 * cubeBits), -1);
     std::int16_t& known = cubes_[cubeOf(color)];
     if (known < 0) known = static_cast<std::int16_t>(valueOf(middleOfCube(color)));

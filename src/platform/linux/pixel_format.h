@@ -48,6 +48,8 @@ public:
     /// The same for rows, in place.
     void colorsOf(std::uint32_t* values, std::size_t count) const;
     void copiedValuesOf(std::uint32_t* colors, std::size_t count) const;
+    /// And as blends find it: so with 16 colours too.
+    std::uint32_t blendedValueOf(std::uint32_t color) const;
 
     friend bool operator==(const PixelFormat& a, const PixelFormat& b);
 
@@ -55,10 +57,11 @@ private:
     /// Gives a row what `add` joins for each of the three fields.
     template <class Add>
     void joinFields(std::uint32_t* row, std::size_t count, Add add) const;
+    std::uint32_t valueOfCube(std::uint32_t color) const;
 
     std::vector<std::uint32_t> colors_;
     std::array<ColorField, 3> fields_;
-    mutable std::vector<std::int16_t> cubes_; ///< What copiedValueOf has found out; -1 is not known
+    mutable std::vector<std::int16_t> cubes_; ///< What valueOfCube has found out; -1 is not known
 };
 
 /// The number of the colour that is nearest, the first one of several.
