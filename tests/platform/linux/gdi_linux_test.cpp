@@ -26,6 +26,8 @@ TEST(LinuxGdi, MissingPointsAreRefused) {
 TEST(LinuxGdi, ADeadContextIsNotFilled) {
     const RECT rect{0, 0, 2, 2};
     EXPECT_FALSE(FillRect(deadContext, &rect, HBRUSH(GetStockObject(WHITE_BRUSH).value)));
+    EXPECT_FALSE(fillSolidRect(deadContext, rect, RGB(255, 255, 255)));
+    EXPECT_FALSE(fillSolidRect(HDC(), rect, RGB(255, 255, 255)));
 }
 
 TEST(LinuxGdi, OverlappingCopiesOfOneBitAreAsIfTheSourceWereApart) {
