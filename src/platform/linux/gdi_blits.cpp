@@ -335,9 +335,12 @@ BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, i
     const SourcePixels pixels = sourceOf(*to, *from, {});
     const RECT taken{start.x, start.y, boundedCoordinate(std::int64_t{start.x} + widthSource),
                      boundedCoordinate(std::int64_t{start.y} + heightSource)};
-    if (target.isUpright() && !mask && liesIn(taken, pixels.valid))
-        return StretchBlt(dc, points[0].x, points[0].y, points[1].x - points[0].x, points[2].y - points[0].y,
-                          source, xSource, ySource, widthSource, heightSource, SRCCOPY);
+    if (target.isUpright() && !mask && liesIn(taken, pixels.valid)) {
+        const int width = boundedCoordinate(std::int64_t{points[1].x} - points[0].x);
+        const int height = boundedCoordinate(std::int64_t{points[2].y} - points[0].y);
+        return StretchBlt(dc, points[0].x, points[0].y, width, height, source, xSource, ySource, widthSource,
+                          heightSource, SRCCOPY);
+    }
     ValueFinder finder(*to);
     for (const RECT& clip : to->drawable().rectangles()) {
         const RECT r = intersection(target.bounds(), clip);

@@ -5,6 +5,7 @@
 // distances are scaled before they are handed on. Records come from files of any origin, so nothing in them
 // is believed: a record that contradicts itself is left out.
 
+#include "platform/linux/blit.h"
 #include "platform/linux/device_context.h"
 #include "platform/linux/metafile.h"
 #include "platform/linux/metafile_transform.h"
@@ -65,6 +66,18 @@ private:
         DWORD headerSize = 0;
         DWORD bitsAt = 0;
         DWORD bitsSize = 0;
+    };
+
+    /// What records of copies begin with.
+    struct CopyStart {
+        POINT at;
+        SIZE size;
+        DWORD operation = 0; ///< Of rasters, or how to blend
+        POINT from;
+        BitsPlace place;
+
+        RECT target() const { return rectOf(at.x, at.y, size.cx, size.cy); }
+        RECT source() const { return rectOf(from.x, from.y, size.cx, size.cy); }
     };
 
     /// A picture of a record, selected into a context of its own.
@@ -165,6 +178,7 @@ private:
     template <class Draw>
     void drawWithin(const Region& region, const Draw& draw);
     static BitsPlace readPlace(RecordReader&);
+    static CopyStart readCopyStart(RecordReader&);
 
     void setEntry(DWORD index, Entry entry);
     void useMapping();

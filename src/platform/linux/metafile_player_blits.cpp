@@ -51,10 +51,6 @@ private:
     HBITMAP handle_;
 };
 
-RECT rectOf(LONG x, LONG y, LONG width, LONG height) {
-    return {x, y, boundedCoordinate(std::int64_t{x} + width), boundedCoordinate(std::int64_t{y} + height)};
-}
-
 } // namespace
 
 MetafilePlayer::BitsPlace MetafilePlayer::readPlace(RecordReader& reader) {
@@ -65,6 +61,18 @@ void MetafilePlayer::blit(const RECT& target, const Picture& picture, const RECT
     const RECT r = toTarget(target);
     StretchBlt(dc_, r.left, r.top, r.right - r.left, r.bottom - r.top, picture.dc(), source.left, source.top,
                source.right - source.left, source.bottom - source.top, rop);
+}
+
+MetafilePlayer::CopyStart MetafilePlayer::readCopyStart(RecordReader& reader) {
+    CopyStart start;
+    reader.skip(sizeof(RECT));
+    start.at = reader.value<POINT>();
+    start.size = reader.value<SIZE>();
+    start.operation = reader.number();
+    start.from = reader.value<POINT>();
+    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
+    start.place = readPlace(reader);
+    return start;
 }
 
 void MetafilePlayer::fillBox(const RECT& target, DWORD rop) {
@@ -80,19 +88,12 @@ std::optional<PictureData> MetafilePlayer::pictureAt(RecordReader& reader, const
 }
 
 void MetafilePlayer::bitBlt(RecordReader& reader) {
-    reader.skip(sizeof(RECT));
-    const POINT at = reader.value<POINT>();
-    const SIZE size = reader.value<SIZE>();
-    const DWORD rop = reader.number();
-    const POINT from = reader.value<POINT>();
-    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
-    const BitsPlace place = readPlace(reader);
+    const CopyStart start = readCopyStart(reader);
     if (reader.failed()) return;
-    const RECT target = rectOf(at.x, at.y, size.cx, size.cy);
-    if (place.bitsSize == 0) {
-        fillBox(target, rop);
-    } else if (const auto data = pictureAt(reader, place)) {
-        blit(target, Picture(dc_, *data), rectOf(from.x, from.y, size.cx, size.cy), rop);
+    if (start.place.bitsSize == 0) {
+        fillBox(start.target(), start.operation);
+    } else if (const auto data = pictureAt(reader, start.place)) {
+        blit(start.target(), Picture(dc_, *data), start.source(), start.operation);
     }
 }
 
@@ -128,41 +129,35 @@ void MetafilePlayer::drawWithin(const Region& region, const Draw& draw) {
 }
 
 void MetafilePlayer::maskBlt(RecordReader& reader) {
-    reader.skip(sizeof(RECT));
-    const POINT at = reader.value<POINT>();
-    const SIZE size = reader.value<SIZE>();
-    const DWORD rop = reader.number();
-    const POINT from = reader.value<POINT>();
-    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
-    const BitsPlace place = readPlace(reader);
+    const CopyStart start = readCopyStart(reader);
     const POINT maskFrom = reader.value<POINT>();
     const BitsPlace maskPlace = readPlace(reader);
     if (reader.failed()) return;
-    const RECT target = rectOf(at.x, at.y, size.cx, size.cy);
-    const RECT source = rectOf(from.x, from.y, size.cx, size.cy);
+    const RECT target = start.target();
     const std::optional<PictureData> data =
-        place.bitsSize > 0 ? pictureAt(reader, place) : std::optional<PictureData>();
+        start.place.bitsSize > 0 ? pictureAt(reader, start.place) : std::optional<PictureData>();
     std::optional<Picture> picture;
     if (data) picture.emplace(dc_, *data);
     const auto copy = [&](DWORD operation) {
         if (picture)
-            blit(target, *picture, source, operation);
+            blit(target, *picture, start.source(), operation);
         else
             fillBox(target, operation); // refuses operations that have a source
     };
     if (maskPlace.bitsSize == 0) {
-        copy(foregroundOf(rop));
+        copy(foregroundOf(start.operation));
         return;
     }
     const OwnBitmap mask(maskAt(reader, maskPlace));
-    const RECT part = rectOf(maskFrom.x, maskFrom.y, size.cx, size.cy);
+    const RECT part = rectOf(maskFrom.x, maskFrom.y, start.size.cx, start.size.cy);
     if (!mask.get() || !isPartOf(part, mask.get()->surface)) {
         reader.fail();
         return;
     }
-    const Region set = maskedArea(at, *mask.get(), part);
-    drawWithin(set, [&] { copy(foregroundOf(rop)); });
-    drawWithin(Region(ordered(toTarget(target))).subtracted(set), [&] { copy(backgroundOf(rop)); });
+    const Region set = maskedArea(start.at, *mask.get(), part);
+    drawWithin(set, [&] { copy(foregroundOf(start.operation)); });
+    drawWithin(Region(ordered(toTarget(target))).subtracted(set),
+               [&] { copy(backgroundOf(start.operation)); });
 }
 
 void MetafilePlayer::plgBlt(RecordReader& reader) {
@@ -187,18 +182,12 @@ void MetafilePlayer::plgBlt(RecordReader& reader) {
 
 template <class Draw>
 void MetafilePlayer::readStretch(RecordReader& reader, const Draw& draw) {
-    reader.skip(sizeof(RECT));
-    const POINT at = reader.value<POINT>();
-    const SIZE size = reader.value<SIZE>();
-    const DWORD parameter = reader.number();
-    const POINT from = reader.value<POINT>();
-    reader.skip(sizeof(FileTransform) + sizeof(COLORREF));
-    const BitsPlace place = readPlace(reader);
+    const CopyStart start = readCopyStart(reader);
     const SIZE fromSize = reader.value<SIZE>();
-    const auto data = pictureAt(reader, place);
+    const auto data = pictureAt(reader, start.place);
     if (!data) return;
-    draw(rectOf(at.x, at.y, size.cx, size.cy), Picture(dc_, *data),
-         rectOf(from.x, from.y, fromSize.cx, fromSize.cy), parameter);
+    draw(start.target(), Picture(dc_, *data), rectOf(start.from.x, start.from.y, fromSize.cx, fromSize.cy),
+         start.operation);
 }
 
 void MetafilePlayer::stretchBlt(RecordReader& reader) {

@@ -62,6 +62,8 @@ TEST(LinuxGdi, PlgBltIsHarmlessBeyondAllMeasure) {
     const POINT corners[] = {{0, 0}, {4, 0}, {0, 4}};
     for (const int start : {-far, 0, far})
         EXPECT_TRUE(PlgBlt(to.dc(), corners, from.dc(), start, start, far, far, HBITMAP(), start, start));
+    const POINT apart[] = {{-far, -far}, {far, -far}, {-far, far}};
+    EXPECT_TRUE(PlgBlt(to.dc(), apart, from.dc(), 0, 0, 2, 2, HBITMAP(), 0, 0));
 }
 
 /// A section of 32 bits whose words a test sees.
