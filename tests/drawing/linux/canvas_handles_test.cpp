@@ -2,6 +2,8 @@
 // same, painted as far as that goes without any.
 #include "drawing/CanvasReport.h"
 #include "frame/Globales.h"
+#include "support/Canvas.h"
+#include "support/LibraryLog.h"
 
 #include <vector>
 
@@ -59,4 +61,16 @@ TEST_F(cCanvas_WithoutHandles, AContextThatIsGoneGetsNoPalette) {
     expectReport(u"Error de G.D.I. en ComprobarPaletaSemitonos",
                  [this] { canvas->ComprobarPaletaSemitonos(); });
     globales().lHighColor = true;
+}
+
+TEST_F(cCanvas_WithoutHandles, DibStretchBltNamesTheContextThatItCouldNotMake) {
+    const test::Canvas source(4, 4);
+    const std::string before = support::libraryLog();
+    {
+        const AllHandles all;
+        EXPECT_EQ(3, canvas->DIB_StretchBlt(source.dc(), 0, 0, 4, 4));
+    }
+    const std::string written = support::libraryLog().substr(before.size());
+    EXPECT_NE(std::string::npos, written.find("Error # 3 en \"cCanvas.DIB_StretchBlt()\""));
+    EXPECT_EQ(0, canvas->DIB_StretchBlt(source.dc(), 0, 0, 4, 4)) << "with handles again";
 }
