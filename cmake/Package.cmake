@@ -11,7 +11,7 @@ set_target_properties(TeselaCtl PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 
 
 set(TESELA_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/tesela)
 install(TARGETS TeselaCtl LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} OPTIONAL)
-foreach(folder platform automation host frame drawing data system)
+foreach(folder platform automation host frame drawing data field system)
     install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/${folder} DESTINATION ${TESELA_HEADERS}
             FILES_MATCHING PATTERN "*.h" PATTERN "windows" EXCLUDE PATTERN "linux" EXCLUDE)
 endforeach()
