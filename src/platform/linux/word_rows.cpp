@@ -98,13 +98,19 @@ void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, st
             first[x] = value;
 }
 
+void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+              const std::uint32_t* values) {
+    for (int y = 0; y < height; ++y, first += stride)
+        fill(first, stride, width, 1, values[y]);
+}
+
 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     changeWords(blocks, [leftOut](std::uint32_t to, std::uint32_t from) {
         return (from != leftOut ? from : to) & colorBits;
     });
 }
 
-constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill};
+constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill, fillRows};
 
 } // namespace
 

@@ -37,6 +37,9 @@ struct WordRows {
     void (*copyColors)(const WordBlocks& blocks, std::uint32_t leftOut);
     /// Sets all words of a rectangle. `stride` counts the words from one row to the next.
     void (*fill)(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value);
+    /// Sets all words of each row to the row's own value.
+    void (*fillRows)(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                     const std::uint32_t* values);
 };
 
 /// For every processor.

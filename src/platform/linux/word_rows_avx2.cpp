@@ -13,8 +13,9 @@ namespace platform::driver {
 
 namespace {
 
-constexpr int wordsAtOnce = 8;
+constexpr std::ptrdiff_t wordsAtOnce = 8;
 constexpr unsigned full = 255;
+constexpr unsigned half = 128;
 
 WITH_AVX2 inline __m256i load(const std::uint32_t* words) {
     return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(words));
@@ -24,29 +25,79 @@ WITH_AVX2 inline void store(std::uint32_t* words, __m256i values) {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(words), values);
 }
 
-/// Gives words what `change` makes of them and the source's. Rows have at least as many words as are changed
-/// at once. The last ones of a row are worked out first and stored last, for others may overlap them.
-template <class Change>
-WITH_AVX2 inline void changeRow(std::uint32_t* target, const std::uint32_t* source, int width,
-                                const Change& change) {
-    const int last = width - wordsAtOnce;
-    const __m256i end = change(load(target + last), load(source + last));
-    for (int x = 0; x < last; x += wordsAtOnce)
-        store(target + x, change(load(target + x), load(source + x)));
-    store(target + last, end);
+/// The same words, which the compiler keeps in a register from here on: it would load them again for each
+/// use, and loads are what the cheaper changes wait for.
+WITH_AVX2 inline __m256i loaded(__m256i words) {
+    asm("" : "+x"(words));
+    return words;
 }
 
-/// Rows of the target are asked for before they are needed: in large pictures they lie on different pages,
-/// and the processor does not foresee where a narrow rectangle goes on.
+/// Vectors of a row. The last one ends with the row and may reach back over words of the one before.
+constexpr std::ptrdiff_t vectorsOf(int width) {
+    return (width + wordsAtOnce - 1) / wordsAtOnce;
+}
+
+/// Words of a row up to the first that lies at a multiple of a vector's size; a whole vector if that is the
+/// row's first.
+inline std::ptrdiff_t wordsToLine(const std::uint32_t* row) {
+    const std::uintptr_t number = reinterpret_cast<std::uintptr_t>(row) / sizeof *row;
+    return wordsAtOnce - static_cast<std::ptrdiff_t>(number % wordsAtOnce);
+}
+
+/// Gives words what `change` makes of them and the source's, in rows of so many vectors: all of a row is
+/// worked out before any of it is stored.
+template <int vectors, class Change>
+WITH_AVX2 inline void changeNarrow(WordBlocks blocks, const Change& change) {
+    const std::ptrdiff_t last = blocks.width - wordsAtOnce;
+    for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
+        __m256i changed[vectors];
+        for (int i = 0; i < vectors; ++i) {
+            const std::ptrdiff_t x = i == vectors - 1 ? last : i * wordsAtOnce;
+            changed[i] = change(load(blocks.target + x), load(blocks.source + x));
+        }
+        for (int i = 0; i < vectors - 1; ++i)
+            store(blocks.target + i * wordsAtOnce, changed[i]);
+        store(blocks.target + last, changed[vectors - 1]);
+    }
+}
+
+/// The same in wider rows. What is stored between the ends lies in line with the processor's memory; both
+/// ends, which others may overlap, are worked out first and stored last. Rows are asked for before they are
+/// needed: in large pictures they lie on different pages, and the processor does not foresee where a narrow
+/// rectangle goes on.
 template <class Change>
-WITH_AVX2 inline void changeWords(WordBlocks blocks, const Change& change) {
+WITH_AVX2 inline void changeWide(WordBlocks blocks, const Change& change) {
     constexpr int rowsAhead = 2;
     constexpr int wordsOfCacheLine = 16;
+    const std::ptrdiff_t last = blocks.width - wordsAtOnce;
     for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
         const std::uint32_t* const ahead = blocks.target + rowsAhead * blocks.targetStride;
-        for (int x = 0; blocks.height > rowsAhead && x < blocks.width; x += wordsOfCacheLine)
+        for (int x = 0; Change::readsTarget && blocks.height > rowsAhead && x < blocks.width;
+             x += wordsOfCacheLine)
             __builtin_prefetch(ahead + x, 1);
-        changeRow(blocks.target, blocks.source, blocks.width, change);
+        const __m256i start = change(load(blocks.target), load(blocks.source));
+        const __m256i end = change(load(blocks.target + last), load(blocks.source + last));
+        for (std::ptrdiff_t x = wordsToLine(blocks.target); x < last; x += wordsAtOnce)
+            store(blocks.target + x, change(load(blocks.target + x), load(blocks.source + x)));
+        store(blocks.target, start);
+        store(blocks.target + last, end);
+    }
+}
+
+/// The same in rows of a vector or more.
+template <class Change>
+WITH_AVX2 inline void changeWords(const WordBlocks& blocks, const Change& change) {
+    switch (vectorsOf(blocks.width)) {
+    case 1:
+        return changeNarrow<1>(blocks, change);
+    case 2:
+        return changeNarrow<2>(blocks, change);
+    case 3:
+        return changeNarrow<3>(blocks, change);
+    case 4:
+        return changeNarrow<4>(blocks, change);
+    default:
+        return changeWide(blocks, change);
     }
 }
 
@@ -66,12 +117,15 @@ WITH_AVX2 inline __m256i scaled(__m256i words, __m256i factors) {
 }
 
 struct Copy {
+    static constexpr bool readsTarget = false;
+
     WITH_AVX2 __m256i operator()(__m256i, __m256i source) const { return source; }
 };
 
 /// Mixes source and target with one multiplication for both. It takes factors without sign and bytes with
 /// one: the bytes lie 128 too low in it, and the sums, whose factors make 255 together, 255 times as much.
 struct ConstantBlend {
+    static constexpr bool readsTarget = true;
     unsigned alpha;
 
     WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
@@ -90,8 +144,23 @@ private:
     }
 };
 
+/// The mix by 128 of 255, which comes to the middle of both; where that is not whole, to its neighbour on the
+/// side of the source.
+struct HalfBlend {
+    static constexpr bool readsTarget = true;
+
+    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+        const __m256i one = _mm256_set1_epi8(1);
+        const __m256i isSourceLower = _mm256_min_epu8(_mm256_subs_epu8(target, source), one);
+        const __m256i roundsDown = _mm256_and_si256(isSourceLower, _mm256_xor_si256(target, source));
+        return _mm256_sub_epi8(_mm256_avg_epu8(target, source), roundsDown);
+    }
+};
+
 /// Puts words over others by their own alpha.
 struct AlphaBlend {
+    static constexpr bool readsTarget = true;
+
     WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
         const __m256i alphas = _mm256_shuffle_epi8(
             source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
@@ -102,6 +171,7 @@ struct AlphaBlend {
 };
 
 struct ScaledAlphaBlend {
+    static constexpr bool readsTarget = true;
     unsigned alpha;
 
     WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
@@ -110,9 +180,11 @@ struct ScaledAlphaBlend {
 };
 
 struct OpaqueCopy {
+    static constexpr bool readsTarget = true;
     std::uint32_t transparent;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_AVX2 __m256i operator()(__m256i target, __m256i words) const {
+        const __m256i source = loaded(words);
         const __m256i color = _mm256_set1_epi32(static_cast<int>(transparent << 8));
         const __m256i isTransparent = _mm256_cmpeq_epi32(_mm256_slli_epi32(source, 8), color);
         return _mm256_blendv_epi8(source, target, isTransparent);
@@ -120,9 +192,11 @@ struct OpaqueCopy {
 };
 
 struct ColorCopy {
+    static constexpr bool readsTarget = true;
     std::uint32_t leftOut;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_AVX2 __m256i operator()(__m256i target, __m256i words) const {
+        const __m256i source = loaded(words);
         const __m256i isLeftOut = _mm256_cmpeq_epi32(source, _mm256_set1_epi32(static_cast<int>(leftOut)));
         return _mm256_and_si256(_mm256_blendv_epi8(source, target, isLeftOut), _mm256_set1_epi32(0xFFFFFF));
     }
@@ -139,6 +213,8 @@ WITH_AVX2 void copy(const WordBlocks& blocks) {
 WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows().blendConstant(blocks, alpha);
+    } else if (alpha == half) {
+        changeWords(blocks, HalfBlend());
     } else {
         changeWords(blocks, ConstantBlend{alpha});
     }
@@ -162,18 +238,74 @@ WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     }
 }
 
-/// The last words of a row reach back over what is filled already.
-WITH_AVX2 void fill(std::uint32_t* row, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
-    if (width < wordsAtOnce) {
-        plainWordRows().fill(row, stride, width, height, value);
-        return;
+/// Eight times one value for all rows, and for each row its own.
+struct SameValue {
+    __m256i words;
+
+    WITH_AVX2 __m256i at(int) const { return words; }
+};
+
+struct ValuesOfRows {
+    const std::uint32_t* values;
+
+    WITH_AVX2 __m256i at(int row) const { return _mm256_set1_epi32(static_cast<int>(values[row])); }
+};
+
+/// Rows of so many vectors.
+template <int vectors, class Values>
+WITH_AVX2 inline void fillNarrow(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
+                                 const Values& values) {
+    std::uint32_t* last = row + width - wordsAtOnce;
+    for (int y = 0; y < height; ++y, row += stride, last += stride) {
+        const __m256i words = values.at(y);
+        for (int i = 0; i < vectors - 1; ++i)
+            store(row + i * wordsAtOnce, words);
+        store(last, words);
     }
-    const __m256i words = _mm256_set1_epi32(static_cast<int>(value));
-    for (; height > 0; --height, row += stride) {
+}
+
+template <class Values>
+WITH_AVX2 inline void fillWide(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
+                               const Values& values) {
+    for (int y = 0; y < height; ++y, row += stride) {
+        const __m256i words = values.at(y);
         std::uint32_t* const last = row + width - wordsAtOnce;
-        for (std::uint32_t* at = row; at < last; at += wordsAtOnce)
+        store(row, words);
+        for (std::uint32_t* at = row + wordsToLine(row); at < last; at += wordsAtOnce)
             store(at, words);
         store(last, words);
+    }
+}
+
+template <class Values>
+WITH_AVX2 inline void fillWith(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                               const Values& values) {
+    switch (vectorsOf(width)) {
+    case 1:
+        return fillNarrow<1>(first, stride, width, height, values);
+    case 2:
+        return fillNarrow<2>(first, stride, width, height, values);
+    case 3:
+        return fillNarrow<3>(first, stride, width, height, values);
+    default:
+        return fillWide(first, stride, width, height, values);
+    }
+}
+
+WITH_AVX2 void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
+    if (width < wordsAtOnce) {
+        plainWordRows().fill(first, stride, width, height, value);
+    } else {
+        fillWith(first, stride, width, height, SameValue{_mm256_set1_epi32(static_cast<int>(value))});
+    }
+}
+
+WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                        const std::uint32_t* values) {
+    if (width < wordsAtOnce) {
+        plainWordRows().fillRows(first, stride, width, height, values);
+    } else {
+        fillWith(first, stride, width, height, ValuesOfRows{values});
     }
 }
 
@@ -185,7 +317,7 @@ WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     }
 }
 
-constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill};
+constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill, fillRows};
 
 } // namespace
 

@@ -141,6 +141,22 @@ TEST_P(WordRowsTest, FillsEveryWidth) {
     }
 }
 
+TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
+    const std::vector<std::uint32_t> values = words(3);
+    for (int width = 0; width <= 40; ++width) {
+        const auto fill = [&](WordBlocks blocks) {
+            GetParam()->fillRows(blocks.target, blocks.targetStride, blocks.width, blocks.height,
+                                 values.data());
+        };
+        const std::vector<std::uint32_t> result = changed(width, fill);
+        std::vector<std::uint32_t> target = words(1);
+        for (int y = 1; y < rows - 1; ++y)
+            for (int x = 1; x <= width; ++x)
+                target[static_cast<std::size_t>(y * stride + x)] = values[static_cast<std::size_t>(y - 1)];
+        ASSERT_EQ(result, target) << width << " words";
+    }
+}
+
 TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
     for (int width = 0; width <= 40; ++width)
         for (const std::uint32_t leftOut : {words(2)[4], words(2)[9]}) {
