@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 
 namespace platform::driver {
 
@@ -38,10 +39,6 @@ public:
             put(left + static_cast<int>(i), y, colors[i]);
     }
     void row(int left, int right, int y, const GradientColor& color) {
-        if (isPlain32(surface_)) {
-            std::fill(row32(surface_, y) + left, row32(surface_, y) + right, wordOf(color));
-            return;
-        }
         for (int x = left; x < right; ++x)
             put(x, y, color);
     }
@@ -82,28 +79,120 @@ GradientColor mixed(const TRIVERTEX& a, const TRIVERTEX& b, std::int64_t positio
             component(a.Alpha, b.Alpha)};
 }
 
+/// The lines of equal colour in a gradient's rectangle, numbered from its first vertex to its second.
+struct GradientLines {
+    const TRIVERTEX& first;
+    const TRIVERTEX& last;
+    std::int64_t length;
+
+    GradientColor at(std::int64_t line) const { return mixed(first, last, line, length); }
+};
+
+/// The words of consecutive lines. Nothing is divided for a line: the components, of 16 bits, are numbers
+/// with `places` binary places more, to which the same step is added for each. It is too large by less than
+/// the last place, which does not come to the next quotient within so many lines.
+template <class Number, int places>
+struct SteppedLines {
+    static constexpr std::int64_t longest = std::int64_t{1} << (places / 2);
+
+    struct Component {
+        Number value;
+        Number step;
+
+        Component(WORD from, WORD to, std::int64_t line, std::int64_t length) {
+            const std::int64_t way = (std::int64_t{to} - from) * (std::int64_t{1} << places);
+            step = static_cast<Number>((way > 0 ? way + length - 1 : way) / length);
+            value = (Number{from} << places) + step * static_cast<Number>(line);
+        }
+        /// The upper half of the component some lines further.
+        std::uint32_t after(Number lines) const {
+            return static_cast<std::uint32_t>((value + step * lines) >> (places + 8));
+        }
+    };
+
+    static void find(const GradientLines& lines, std::int64_t line, std::span<std::uint32_t> words) {
+        const auto component = [&](WORD TRIVERTEX::*part) {
+            return Component(lines.first.*part, lines.last.*part, line, lines.length);
+        };
+        const Component red = component(&TRIVERTEX::Red);
+        const Component green = component(&TRIVERTEX::Green);
+        const Component blue = component(&TRIVERTEX::Blue);
+        const Component alpha = component(&TRIVERTEX::Alpha);
+        Number number = 0;
+        for (std::uint32_t& word : words) {
+            word = alpha.after(number) << 24 | red.after(number) << 16 | green.after(number) << 8 |
+                   blue.after(number);
+            ++number;
+        }
+    }
+};
+
+void findWords(const GradientLines& lines, std::int64_t line, std::span<std::uint32_t> words) {
+    using FewLines = SteppedLines<std::uint32_t, 16>; // several at once fit into the processor's vectors
+    using ManyLines = SteppedLines<std::uint64_t, 32>;
+    if (lines.length <= FewLines::longest) {
+        FewLines::find(lines, line, words);
+    } else if (lines.length <= ManyLines::longest) {
+        ManyLines::find(lines, line, words);
+    } else {
+        for (std::uint32_t& word : words)
+            word = wordOf(lines.at(line++));
+    }
+}
+
+/// Paints levels of one colour each on plain words, from a line on.
+void fillLevels(const Surface& surface, const RECT& r, const GradientLines& lines, std::int64_t line) {
+    constexpr int mostAtOnce = 64;
+    std::array<std::uint32_t, mostAtOnce> words;
+    for (LONG top = r.top; top < r.bottom; top += mostAtOnce) {
+        const int count = std::min<int>(mostAtOnce, r.bottom - top);
+        findWords(lines, line + (top - r.top), {words.data(), static_cast<std::size_t>(count)});
+        wordRows().fillRows(row32(surface, top) + r.left, surface.stride / 4, r.right - r.left, count,
+                            words.data());
+    }
+}
+
+/// Paints columns of one colour each on plain words, from a line on.
+void fillColumns(const Surface& surface, const RECT& r, const GradientLines& lines, std::int64_t line) {
+    std::vector<std::uint32_t> words(static_cast<std::size_t>(r.right - r.left));
+    findWords(lines, line, words);
+    wordRows().copy({row32(surface, r.top) + r.left, surface.stride / 4, words.data(), 0,
+                     static_cast<int>(words.size()), r.bottom - r.top});
+}
+
+/// The two where colours are few.
+void ditherLevels(GradientRows& rows, const RECT& r, const GradientLines& lines, std::int64_t line) {
+    for (LONG y = r.top; y < r.bottom; ++y)
+        rows.row(r.left, r.right, y, lines.at(line++));
+}
+
+void ditherColumns(GradientRows& rows, const RECT& r, const GradientLines& lines, std::int64_t line) {
+    std::vector<GradientColor> colors;
+    for (LONG x = r.left; x < r.right; ++x)
+        colors.push_back(lines.at(line++));
+    for (LONG y = r.top; y < r.bottom; ++y)
+        rows.row(r.left, y, colors);
+}
+
 /// Paints one rectangle of a gradient a line of equal colour at a time.
 void fillRectangle(DeviceContext& context, TRIVERTEX a, TRIVERTEX b, bool across) {
     if (across ? a.x > b.x : a.y > b.y) std::swap(a, b);
     const POINT first = context.toSurface(POINT{a.x, a.y});
     const POINT second = context.toSurface(POINT{b.x, b.y});
     const RECT area = ordered({first.x, first.y, second.x, second.y});
+    const Surface& surface = *context.surface;
     const std::int64_t start = across ? area.left : area.top;
-    const std::int64_t length = (across ? area.right : area.bottom) - start;
-    GradientRows rows(context);
+    const GradientLines lines{a, b, (across ? area.right : area.bottom) - start};
     for (const RECT& clip : context.drawable().rectangles()) {
         const RECT r = intersection(area, clip);
         if (isEmpty(r)) continue;
-        if (!across) {
-            for (LONG y = r.top; y < r.bottom; ++y)
-                rows.row(r.left, r.right, y, mixed(a, b, y - start, length));
-            continue;
+        const std::int64_t line = (across ? r.left : r.top) - start;
+        if (isPlain32(surface)) {
+            (across ? fillColumns : fillLevels)(surface, r, lines, line);
+        } else {
+            GradientRows rows(context);
+            (across ? ditherColumns : ditherLevels)(rows, r, lines, line);
         }
-        std::vector<GradientColor> colors;
-        for (LONG x = r.left; x < r.right; ++x)
-            colors.push_back(mixed(a, b, x - start, length));
-        for (LONG y = r.top; y < r.bottom; ++y)
-            rows.row(r.left, y, colors);
     }
 }
 

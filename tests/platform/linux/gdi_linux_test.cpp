@@ -6,6 +6,7 @@
 #include "support/Canvas.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <random>
 #include <span>
@@ -171,6 +172,41 @@ TEST(LinuxGdi, APathIsNotWidenedByAPenThatPaintsNothing) {
     EndPath(canvas.dc());
     EXPECT_FALSE(WidenPath(canvas.dc()));
     EXPECT_EQ(GetPath(canvas.dc(), nullptr, nullptr, 0), 2) << "it stays as it is";
+}
+
+/// The lines that a canvas shows of a gradient between two colours, which begins above or left of it.
+void expectLines(const Canvas& canvas, int length, int start, std::array<WORD, 3> from,
+                 std::array<WORD, 3> to, bool across) {
+    constexpr int size = 300;
+    TRIVERTEX corners[2];
+    corners[0] = {start, start, from[0], from[1], from[2], 0};
+    corners[1] = {start + length, start + length, to[0], to[1], to[2], 0};
+    (across ? corners[1].y : corners[1].x) = size;
+    const GRADIENT_RECT mesh{0, 1};
+    GradientFill(canvas.dc(), corners, 2, &mesh, 1, across ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
+    for (int at = 0; at < std::min(size, start + length); ++at) {
+        const std::int64_t line = at - start;
+        const auto component = [&](std::size_t i) {
+            return static_cast<int>((from[i] * (length - line) + to[i] * line) / length >> 8);
+        };
+        ASSERT_EQ(canvas.at(across ? at : 0, across ? 0 : at), RGB(component(0), component(1), component(2)))
+            << "line " << line << " of " << length;
+    }
+}
+
+TEST(LinuxGdi, EachLineOfAGradientIsTheQuotientOfItsPlace) {
+    constexpr int size = 300;
+    for (const bool across : {false, true}) {
+        const Canvas canvas(across ? size : 1, across ? 1 : size);
+        for (const int length : {1, 2, 3, 7, 20, 100, 255, 256, 257, 300, 1000, 65535, 65536, 65537, 1000000})
+            for (const int start : {0, -1, 255 - length, -length / 2}) {
+                if (start > 0) continue;
+                ASSERT_NO_FATAL_FAILURE(
+                    expectLines(canvas, length, start, {0, 0xFFFF, 0x8001}, {0xFFFF, 0, 0x8000}, across));
+                ASSERT_NO_FATAL_FAILURE(expectLines(canvas, length, start, {0xFF00, 0x1234, 0},
+                                                    {0x3300, 0x1234, 0x0100}, across));
+            }
+    }
 }
 
 } // namespace
