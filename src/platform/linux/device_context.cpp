@@ -125,6 +125,12 @@ DeviceContext::~DeviceContext() {
     }
 }
 
+RECT DeviceContext::scaledToSurface(const RECT& r) const {
+    const POINT topLeft = toSurface(POINT{r.left, r.top});
+    const POINT bottomRight = toSurface(POINT{r.right, r.bottom});
+    return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+}
+
 void DeviceContext::findDrawable() {
     needPixels();
     drawable_ = recorder ? Region() : visible;

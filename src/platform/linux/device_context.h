@@ -142,14 +142,20 @@ struct DeviceContext : Object {
     std::int64_t shiftDown() const {
         return std::int64_t{state.mapping.viewportOrigin.y} - state.mapping.windowOrigin.y + origin.y;
     }
-    POINT toSurface(POINT logical) const { return deviceToSurface(state.mapping.toDevice(logical)); }
+    POINT toSurface(POINT logical) const {
+        if (!state.mapping.isUnscaled()) return deviceToSurface(state.mapping.toDevice(logical));
+        return {boundedCoordinate(logical.x + shiftAcross()), boundedCoordinate(logical.y + shiftDown())};
+    }
     RECT toSurface(const RECT& r) const {
-        const POINT topLeft = toSurface(POINT{r.left, r.top});
-        const POINT bottomRight = toSurface(POINT{r.right, r.bottom});
-        return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+        if (!state.mapping.isUnscaled()) return scaledToSurface(r);
+        const std::int64_t across = shiftAcross();
+        const std::int64_t down = shiftDown();
+        return {boundedCoordinate(r.left + across), boundedCoordinate(r.top + down),
+                boundedCoordinate(r.right + across), boundedCoordinate(r.bottom + down)};
     }
 
 private:
+    RECT scaledToSurface(const RECT& r) const;
     void findDrawable();
 
     Region drawable_;

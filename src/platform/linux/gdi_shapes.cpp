@@ -43,7 +43,7 @@ std::vector<POINT> surfacePoints(const DeviceContext& context, const POINT* poin
 
 /// The area of a fill on the surface. One that extends to the left or upwards counts from its given corner,
 /// which then belongs to it.
-RECT patternBox(const DeviceContext& context, const RECT& logical) {
+inline RECT patternBox(const DeviceContext& context, const RECT& logical) {
     RECT r = context.toSurface(logical);
     if (r.right < r.left) r = {r.right + 1, r.top, r.left + 1, r.bottom};
     if (r.bottom < r.top) r = {r.left, r.bottom + 1, r.right, r.top + 1};
@@ -74,6 +74,13 @@ bool setPixel(DeviceContext& context, POINT at, COLORREF color) {
     // The drawing mode counts as for a pen.
     maskPixel(*context.surface, p.x, p.y, masksOfMode(context.state.rop2, nearestPixelOf(context, color)));
     return true;
+}
+
+BOOL fillWithNewBrush(HDC dc, const RECT& rect, COLORREF color) {
+    const HBRUSH brush = CreateSolidBrush(color);
+    const BOOL filled = FillRect(dc, &rect, brush);
+    DeleteObject(brush);
+    return filled;
 }
 
 /// Fills the frame of one logical unit inside a rectangle.
@@ -238,12 +245,7 @@ BOOL fillSolidRect(HDC dc, const RECT& rect, COLORREF color) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return FALSE_;
     const bool isPlain = isOwnPixel(*context, color) || !isDithered(*context, color);
-    if (context->recorder || !isPlain) {
-        const HBRUSH brush = CreateSolidBrush(color);
-        const BOOL filled = FillRect(dc, &rect, brush);
-        DeleteObject(brush);
-        return filled;
-    }
+    if (context->recorder || !isPlain) return fillWithNewBrush(dc, rect, color);
     maskClipped(*context, patternBox(*context, rect), {0, pixelOf(*context, color)});
     return TRUE_;
 }

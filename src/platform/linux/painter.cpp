@@ -39,6 +39,14 @@ BrushPixels tilePixels(const DeviceContext& context, const Brush& brush) {
 
 } // namespace
 
+void maskEachClipped(DeviceContext& context, const RECT& r, Masks masks) {
+    for (const RECT& clip : context.drawable().rectangles()) {
+        const RECT part = intersection(r, clip);
+        if (!isEmpty(part))
+            maskRectangle(*context.surface, part.left, part.top, part.right, part.bottom, masks);
+    }
+}
+
 Painter::Painter(DeviceContext& context, const Brush& brush, Rop3 rop) : context_(context) {
     if (usesPattern(rop)) {
         paintPattern(brush, rop);

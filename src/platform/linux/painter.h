@@ -6,16 +6,25 @@
 
 namespace platform::driver {
 
-/// Changes a rectangle of the context's surface by masks, as far as it may be drawn on.
+/// Changes a rectangle of the context's surface by masks, as far as its clipping of several rectangles, or
+/// another depth than 32 bits, lets it be drawn on.
+void maskEachClipped(DeviceContext& context, const RECT& r, Masks masks);
+
+/// The same for every clipping. Most often the clipping is one rectangle and words are set.
 inline void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
-    for (const RECT& clip : context.drawable().rectangles()) {
-        // Four numbers, so that they stay in registers.
-        const LONG left = std::max(r.left, clip.left);
-        const LONG top = std::max(r.top, clip.top);
-        const LONG right = std::min(r.right, clip.right);
-        const LONG bottom = std::min(r.bottom, clip.bottom);
-        if (left < right && top < bottom) maskRectangle(*context.surface, left, top, right, bottom, masks);
+    const std::vector<RECT>& clips = context.drawable().rectangles();
+    const Surface& surface = *context.surface;
+    if (clips.size() != 1 || surface.bitsPerPixel != 32 || masks.keep != 0) {
+        maskEachClipped(context, r, masks);
+        return;
     }
+    // Four numbers, so that they stay in registers.
+    const LONG left = std::max(r.left, clips[0].left);
+    const LONG top = std::max(r.top, clips[0].top);
+    const LONG right = std::min(r.right, clips[0].right);
+    const LONG bottom = std::min(r.bottom, clips[0].bottom);
+    if (left < right && top < bottom)
+        fillWords(row32(surface, top) + left, surface.stride / 4, right - left, bottom - top, masks.flip);
 }
 
 /// A brush made ready for the surface of one context and one operation without source.
