@@ -123,6 +123,7 @@ void OurSheet::triangle(const Place& p) {
 }
 
 void OurSheet::ellipse(const Place& p) {
+    canvas_->SelectSimplePen(0);
     canvas_->SelectSolidBrush(colorOf(p));
     canvas_->Ellipse(p.x(), p.y(), p.x() + ellipseSide - 1, p.y() + ellipseSide - 1);
 }

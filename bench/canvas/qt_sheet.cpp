@@ -156,6 +156,7 @@ void QtSheet::triangle(const Place& p) {
 }
 
 void QtSheet::ellipse(const Place& p) {
+    painter_.setPen(Qt::black);
     painter_.setBrush(colorOf(p));
     painter_.drawEllipse(p.x(), p.y(), ellipseSide - 1, ellipseSide - 1);
 }
