@@ -1,0 +1,498 @@
+// How the field paints itself: everything goes to its canvas, and the canvas to the window.
+
+#include "drawing/colours.h"
+#include "drawing/rounding.h"
+#include "field/get.h"
+#include "platform/windows.h"
+
+#include <algorithm>
+
+namespace tesela {
+
+using automation::String;
+
+namespace {
+
+constexpr host::OLE_COLOR white = 0xFFFFFF;
+constexpr host::OLE_COLOR black = 0;
+constexpr host::OLE_COLOR noColor = -1;  ///< Of a background that isn't flat
+constexpr std::int32_t scrollMargin = 8; ///< Pixels that stay free behind the caret
+constexpr std::int32_t largeIcon = 32, smallIcon = 16;
+
+constexpr std::int32_t searchSmall = 111, searchLarge = 137; ///< Icons of the library's resources
+constexpr std::int32_t recordSmall = 112, recordLarge = 401;
+
+host::OLE_COLOR mixed(host::OLE_COLOR a, host::OLE_COLOR b, std::uint8_t share) {
+    return CalculateColorMix(GetVBSysColor(a), GetVBSysColor(b), share);
+}
+
+} // namespace
+
+get::Shades get::makeShades() {
+    const auto tableColor = [](tslCtlGlobalCfgConstants index) {
+        return GetVBSysColor(automation::fromVariant<std::int32_t>(tesela::GlobalCtlCfg(index)));
+    };
+    const host::OLE_COLOR face = tableColor(tslCtlGlobalCfg_Btn_Face);
+    if (!globales().lHighColor) {
+        const auto system = [](int number) { return GetVBSysColor(host::systemColor(number)); };
+        return {face,
+                system(SystemColor_Light3D),
+                system(SystemColor_BtnHighlight),
+                system(SystemColor_BtnShadow),
+                system(SystemColor_DkShadow3D),
+                face};
+    }
+    return {face,
+            mixed(face, white, 240),
+            mixed(face, white, 64),
+            mixed(face, black, 160),
+            mixed(face, black, 80),
+            mixed(face, tableColor(tslCtlGlobalCfg_Btn_MaxGradientColor), 64)};
+}
+
+/// One paint of one field.
+class get::Painter {
+public:
+    explicit Painter(get& field)
+        : f(field), canvas(field.oCanvas), c(*canvas), right(c.Width() - 1), bottom(c.Height() - 1) {}
+
+    void paint();
+    /// Where the characters of the line lie, for the mouse.
+    std::int32_t characterAt(std::int32_t x, std::int32_t y);
+
+private:
+    void begin();
+    void background();
+    void gradient(host::OLE_COLOR edge, host::OLE_COLOR middle, host::OLE_COLOR flat);
+    void bands(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, host::OLE_COLOR edge,
+               host::OLE_COLOR middle);
+    void text();
+    void singleLine();
+    void breakLines();
+    void multiLine();
+    void placeCaretIn(std::size_t line);
+    void line(const String& part, std::int32_t start, std::int32_t x, std::int32_t y);
+    void selected(const String& part, std::int32_t start, std::int32_t x, std::int32_t y);
+    void phantom(std::int32_t x, std::int32_t y);
+    void border();
+    void frame(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, bool sunk);
+    void buttons();
+    std::int32_t button(Companion companion, std::int32_t x);
+    void arrow(std::int32_t x, std::int32_t shift, bool enabled);
+    void icon(GreyIcon& which, std::int32_t number, std::int32_t x, std::int32_t shift, bool enabled);
+    void makeGrey(GreyIcon& which, std::int32_t size, std::int32_t x, std::int32_t y);
+    void letApplicationPaint(const automation::Event<automation::Ref<cCanvas>&>& event);
+
+    std::int32_t width(std::u16string_view part) const {
+        std::int32_t w = 0, h = 0;
+        c.GetTextExtent(part, w, h);
+        return part.empty() ? 0 : w;
+    }
+    tslAlignmentConstants alignment() const {
+        return f.lHasFocus || f.lAlwaysLeft ? tslAlignmentLeftJustify : f.nAlignment;
+    }
+    bool canBeEdited() const { return f.Enabled() && f.lEnabledGet; }
+    host::OLE_COLOR textColor() const {
+        return canBeEdited() ? f.nForeColor : f.slot(tslCtlGlobalCfg_Get_DisabledForeColor);
+    }
+    std::int32_t lineWidth() const { return f.nTextRight - 2 * f.nBordeX - 9; }
+    std::int32_t firstX() const { return f.nBordeX + 1; }
+    std::int32_t firstY() const { return f.nBordeY + 1; }
+    /// How many characters of a part lie left of a place, the nearer of two positions.
+    std::int32_t nearest(std::u16string_view part, std::int32_t x) const;
+
+    get& f;
+    const automation::Ref<cCanvas> canvas; ///< A handler may end the field
+    cCanvas& c;
+    const std::int32_t right, bottom;
+    String shown;
+    host::OLE_COLOR paper = noColor;
+};
+
+// --- The whole -------------------------------------------------------------------------------------
+
+void get::Render() {
+    lPendienteRender = true;
+    if (nNoRender == 1 || lInRender || !oFont || !hWnd() || !prepareCanvas()) return;
+    lInRender = true;
+    const automation::Ref<automation::Object> alive(this);
+    try {
+        Painter(*this).paint();
+    } catch (const automation::Error&) {
+        // A drawing call that fails never stops the field; what was painted so far is shown.
+    }
+    lInRender = false;
+    if (!oCanvas || !hWnd()) return;
+    placeCaret();
+    oCanvas->EndPaint();
+}
+
+/// Makes the canvas for the first time, or anew for another size; false for a field of no size.
+bool get::prepareCanvas() {
+    const platform::SIZE size = clientSize();
+    if (size.cx <= 0 || size.cy <= 0) return false;
+    if (lCanvasValido && oCanvas->Width() == size.cx && oCanvas->Height() == size.cy) return true;
+    oCanvas = automation::make<cCanvas>();
+    lCanvasValido = oCanvas->Configure({}, 0, 0, size.cx, size.cy, DCProvider_Auto, false);
+    return lCanvasValido;
+}
+
+void get::showCanvas() {
+    const platform::HDC window = platform::GetDC(hWnd());
+    oCanvas->Paint(window);
+    platform::ReleaseDC(hWnd(), window);
+}
+
+void get::onPaint() {
+    if (!lCanvasValido) {
+        Render();
+        return;
+    }
+    oCanvas->BeginPaint();
+    oCanvas->Paint(hDC());
+    oCanvas->EndPaint();
+}
+
+void get::Painter::begin() {
+    c.BeginPaint();
+    c.SelectVBStdFont(f.oFont, 0, 0, FontQuality_Default, f.nFontWidth);
+    f.nLineHeight = c.GetTextMetricsA().tmHeight;
+    shown = f.TextoAMostrar();
+    f.nBordeX = f.nBordeY = f.nBorderStyle == tslBorderStyleFixedSingle ? 2 : 0;
+    f.nTextRight = right - f.nButtonWidth * f.buttonCount();
+    if (f.buttonCount() > 0) f.nTextRight -= 1 + f.nBordeX;
+    f.nTextBottom = bottom;
+}
+
+void get::Painter::paint() {
+    begin();
+    background();
+    if (f.nUserDrawnMode & tslCtlUserDrawnMode_Background) {
+        letApplicationPaint(f.PaintBackground);
+        if (!f.oFont) return;
+        c.SelectVBStdFont(f.oFont, 0, 0, FontQuality_Default, f.nFontWidth);
+    }
+    if (f.xGauge.lAuto) f.paintGaugeBar();
+    text();
+    border();
+    buttons();
+    if (f.nUserDrawnMode & tslCtlUserDrawnMode_Foreground) letApplicationPaint(f.UserDrawn);
+}
+
+void get::Painter::letApplicationPaint(const automation::Event<automation::Ref<cCanvas>&>& event) {
+    automation::Ref<cCanvas> given = canvas;
+    try {
+        f.raise(event, given);
+    } catch (const automation::Error&) {
+        // An error of the handler ends its own painting only.
+    }
+}
+
+// --- Background and border -------------------------------------------------------------------------
+
+void get::Painter::background() {
+    const bool fades = f.lShownEnabled && f.lLocked && f.tabStop();
+    const host::OLE_COLOR disabled = f.slot(tslCtlGlobalCfg_Get_DisabledBackColor);
+    const host::OLE_COLOR focused = f.slot(tslCtlGlobalCfg_Get_FocusBackColor);
+    const host::OLE_COLOR plain = f.slot(tslCtlGlobalCfg_Get_BackColor);
+    if (!f.lHasFocus) {
+        if (fades && f.nBackColor == -1) return gradient(mixed(disabled, black, 224), white, QBColor(15));
+        const host::OLE_COLOR own = f.lShownEnabled ? plain : disabled;
+        paper = f.nBackColor == -1 ? own : f.nBackColor;
+    } else if (!f.lShownEnabled) {
+        paper = disabled;
+    } else if (!f.lEnabledGet) {
+        paper = plain;
+    } else if (fades) {
+        return gradient(mixed(focused, white, 128), mixed(focused, black, 208), QBColor(7));
+    } else {
+        paper = focused;
+    }
+    c.FillBox(0, 0, right, bottom, paper);
+}
+
+void get::Painter::gradient(host::OLE_COLOR edge, host::OLE_COLOR middle, host::OLE_COLOR flat) {
+    paper = noColor;
+    if (globales().lHighColor)
+        bands(0, 0, right, bottom, edge, middle);
+    else
+        c.FillBox(0, 0, right, bottom, flat);
+}
+
+/// A fade over the first quarter of the height and back over the rest.
+void get::Painter::bands(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
+                         host::OLE_COLOR edge, host::OLE_COLOR middle) {
+    const std::int32_t turn = std::min(y1 + (y2 - y1 + 1) / 4 + 2, y2 + 1);
+    c.GradientFillRect(x1, y1, x2 + 1, turn, false, edge, middle);
+    c.GradientFillRect(x1, turn, x2 + 1, y2 + 1, false, middle, edge);
+}
+
+void get::Painter::border() {
+    if (f.nBorderStyle == tslBorderStyleFixedSingle) frame(0, 0, right, bottom, true);
+}
+
+/// The border of the field or of a button, in its appearance.
+void get::Painter::frame(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, bool sunk) {
+    const Shades& s = f.xTonos;
+    if (f.nAppearance == tslAppearanceFlat) {
+        c.DrawBox(x1, y1, x2, y2, s.dark, s.dark);
+    } else if (sunk) {
+        c.DrawBox(x1, y1, x2, y2, s.dark, s.light);
+        c.DrawBox(x1 + 1, y1 + 1, x2 - 1, y2 - 1, s.darkest, s.lightest);
+    } else {
+        c.DrawBox(x1, y1, x2, y2, s.light, s.darkest);
+        c.DrawBox(x1 + 1, y1 + 1, x2 - 1, y2 - 1, s.lightest, s.dark);
+    }
+}
+
+// --- Text ------------------------------------------------------------------------------------------
+
+void get::Painter::text() {
+    f.nTextX = f.nCaretX = firstX();
+    f.nCaretY = firstY();
+    f.lines.clear();
+    c.SetBkMode(BackMode_Transparent);
+    c.SetTextColor(textColor());
+    if (f.lMultiLine)
+        multiLine();
+    else
+        singleLine();
+    c.TextAlign(TextAlign_Left);
+}
+
+void get::Painter::singleLine() {
+    switch (alignment()) {
+    case tslAlignmentRightJustify: {
+        const std::int32_t edge = f.nTextRight - 1 - f.nBordeX;
+        const String zeros = (f.nDigDecimales == 0 ? u"." : u"") +
+                             String::repeat(u'0', static_cast<std::size_t>(f.nDigFantasma));
+        const std::int32_t x = f.nDigFantasma > 0 ? edge - width(zeros) : edge;
+        c.TextAlign(TextAlign_Right);
+        c.TextOut(x, firstY(), shown);
+        if (f.nDigFantasma > 0 && paper != noColor && !shown.empty()) {
+            c.SetTextColor(mixed(textColor(), paper, 96));
+            c.TextOut(edge, firstY(), zeros);
+        }
+        return;
+    }
+    case tslAlignmentCenter:
+        c.TextAlign(TextAlign_Center);
+        c.TextOut(f.nTextRight / 2, firstY(), shown);
+        return;
+    default:
+        break;
+    }
+    if (f.lHasFocus) {
+        f.nCaretX += width(shown.view().substr(0, static_cast<std::size_t>(f.nCaret)));
+        const std::int32_t beyond = f.nCaretX - (f.nTextRight - f.nBordeX - scrollMargin);
+        if (beyond > 0 && f.cMascaraFocus.empty() && !f.isDate()) {
+            f.nTextX -= beyond;
+            f.nCaretX -= beyond;
+        }
+    }
+    line(shown, 0, f.nTextX, firstY());
+}
+
+void get::Painter::multiLine() {
+    breakLines();
+    const std::int32_t edge = f.nTextRight - 1 - f.nBordeX;
+    for (std::size_t i = 0; i < f.lines.size(); ++i) {
+        const Line& place = f.lines[i];
+        const std::int32_t y = firstY() + static_cast<std::int32_t>(i) * f.nLineHeight;
+        const bool hasCaret = f.nCaret >= place.start && f.nCaret <= place.start + place.length;
+        if (hasCaret) placeCaretIn(i);
+        if (y > bottom && f.nCaret < place.start) break;
+        if (y > bottom) continue;
+        const String part =
+            shown.substring(static_cast<std::size_t>(place.start), static_cast<std::size_t>(place.length));
+        const std::int32_t taken = alignment() == tslAlignmentLeftJustify ? 0 : width(part);
+        std::int32_t x = firstX();
+        if (alignment() == tslAlignmentRightJustify) x = edge - taken;
+        if (alignment() == tslAlignmentCenter) x = (f.nTextRight - taken) / 2;
+        line(part, place.start, x, y);
+    }
+}
+
+/// Breaks at the last blank that fits, or where the line is full. The text has at least one line.
+void get::Painter::breakLines() {
+    const std::u16string_view all = shown;
+    std::size_t start = 0;
+    std::vector<std::int32_t> widths;
+    do {
+        // No more than fits even the narrowest letters is measured.
+        const auto most = static_cast<std::size_t>(std::max(lineWidth(), 1)) + 1;
+        const std::u16string_view rest = all.substr(start, most);
+        auto fits = static_cast<std::size_t>(
+            std::max(c.GetTextFitInExtent(rest, std::max(lineWidth(), 0), widths), 0));
+        fits = std::min(fits, rest.size());
+        if (start + fits < all.size()) {
+            const std::size_t blank = rest.substr(0, fits).rfind(u' ');
+            if (blank != std::u16string_view::npos) fits = blank + 1;
+            fits = std::max<std::size_t>(fits, 1);
+        }
+        f.lines.push_back({static_cast<std::int32_t>(start), static_cast<std::int32_t>(fits)});
+        start += fits;
+    } while (start < all.size());
+}
+
+void get::Painter::placeCaretIn(std::size_t index) {
+    const Line& place = f.lines[index];
+    const std::u16string_view before = shown.view().substr(static_cast<std::size_t>(place.start),
+                                                           static_cast<std::size_t>(f.nCaret - place.start));
+    f.nCaretX = firstX() + width(before);
+    f.nCaretY = firstY() + static_cast<std::int32_t>(index) * f.nLineHeight;
+    f.nLineaAnterior = index > 0 ? f.lines[index - 1].start + 1 : 0;
+    f.nLineaSiguiente = place.start + place.length + 1;
+}
+
+void get::Painter::line(const String& part, std::int32_t start, std::int32_t x, std::int32_t y) {
+    c.TextOut(x, y, part);
+    if (f.lHasFocus && f.hasSelection()) selected(part, start, x, y);
+}
+
+/// Paints the selected piece of a line again, in the colours of selections.
+void get::Painter::selected(const String& part, std::int32_t start, std::int32_t x, std::int32_t y) {
+    const auto [low, high] = f.selection();
+    const auto count = static_cast<std::int32_t>(part.length());
+    const auto from = static_cast<std::size_t>(std::clamp(low - start, 0, count));
+    const auto to = static_cast<std::size_t>(std::clamp(high - start, 0, count));
+    if (from >= to) return;
+    c.SetBkMode(BackMode_Opaque);
+    c.SetBkColor(host::systemColor(SystemColor_Highlight));
+    c.SetTextColor(host::systemColor(SystemColor_HighlightText));
+    c.TextOut(x + width(part.left(from)), y, part.substring(from, to - from));
+    c.SetBkMode(BackMode_Transparent);
+    c.SetTextColor(textColor());
+}
+
+// --- Companion buttons -----------------------------------------------------------------------------
+
+void get::Painter::buttons() {
+    std::int32_t x = f.nTextRight + 1;
+    f.nBtnComboX = f.nBtnBuscarX = f.nBtnFichaX = 0;
+    if (f.lBotonCombo) x += button(Companion::Combo, f.nBtnComboX = x);
+    if (f.lBotonBuscar) x += button(Companion::Search, f.nBtnBuscarX = x);
+    if (f.lBotonFicha) button(Companion::Record, f.nBtnFichaX = x);
+}
+
+/// Paints one button and gives its width.
+std::int32_t get::Painter::button(Companion companion, std::int32_t x) {
+    constexpr host::OLE_COLOR pressedTint = 0xFFA0C0;
+    const bool pressed = f.nBotonPulsado == companion && f.lBotonEncima;
+    const std::int32_t x2 = x + f.nButtonWidth - 1;
+    const std::int32_t y1 = f.nBordeY, y2 = bottom - f.nBordeY;
+    const host::OLE_COLOR face = pressed ? mixed(f.xTonos.face, pressedTint, 128) : f.xTonos.face;
+    if (globales().lHighColor)
+        bands(x, y1, x2, y2, face, f.xTonos.gradientBase);
+    else
+        c.FillBox(x, y1, x2, y2, face);
+    const bool enabled = f.Enabled() && f.isEnabled(companion);
+    const bool large = f.nButtonWidth >= largeIcon && bottom + 1 >= largeIcon;
+    if (companion == Companion::Combo)
+        arrow(x, pressed, enabled);
+    else if (companion == Companion::Search)
+        icon(f.searchIcon, large ? searchLarge : searchSmall, x, pressed, enabled);
+    else
+        icon(f.recordIcon, large ? recordLarge : recordSmall, x, pressed, enabled);
+    frame(x, y1, x2, y2, pressed);
+    return f.nButtonWidth;
+}
+
+void get::Painter::arrow(std::int32_t x, std::int32_t shift, bool enabled) {
+    constexpr std::int32_t leastArrow = 4, down = 270;
+    const std::int32_t size = std::max(std::min(f.nButtonWidth, bottom + 1) / 4, leastArrow);
+    const std::int32_t tipX = x + (f.nButtonWidth - 1) / 2 + shift;
+    const std::int32_t tipY = bottom / 2 + shift;
+    if (!enabled) c.DrawTriangle(tipX + 1, tipY + 1, size, f.xTonos.light, down);
+    c.DrawTriangle(tipX, tipY, size, enabled ? f.slot(tslCtlGlobalCfg_Btn_ForeColor) : f.xTonos.dark, down);
+}
+
+void get::Painter::icon(GreyIcon& which, std::int32_t number, std::int32_t x, std::int32_t shift,
+                        bool enabled) {
+    const std::int32_t size = number == searchLarge || number == recordLarge ? largeIcon : smallIcon;
+    if (!which.picture) which.picture = f.LoadStockIcon(number);
+    if (!which.picture) return;
+    const std::int32_t left = x + (f.nButtonWidth - size) / 2 + shift;
+    const std::int32_t top = (bottom + 1 - size) / 2 + shift;
+    if (enabled) {
+        c.PaintPicture(which.picture, left, top, size, size);
+        return;
+    }
+    if (!which.canvas) makeGrey(which, size, left, top);
+    which.canvas->BeginPaint();
+    c.BitBlt(which.canvas->GetPaintDC(), left, top, size, size);
+    which.canvas->EndPaint();
+}
+
+/// The icon, faded into the face of the buttons, on a copy of what lies under it. With few colours every
+/// other pixel of it is left out instead.
+void get::Painter::makeGrey(GreyIcon& which, std::int32_t size, std::int32_t x, std::int32_t y) {
+    constexpr std::uint8_t share = 64;
+    const host::OLE_COLOR face = f.xTonos.face;
+    const auto plain = automation::make<cCanvas>();
+    which.canvas = automation::make<cCanvas>();
+    for (auto* each : {plain.get(), which.canvas.get()})
+        each->Configure({}, 0, 0, size, size, DCProvider_Auto, false);
+    plain->FillBox(0, 0, size - 1, size - 1, face);
+    const host::OLE_COLOR ground = plain->GetPixel(0, 0); // as the device shows the face
+    plain->PaintPicture(which.picture, 0, 0, size, size);
+    which.canvas->BitBlt(c.GetPaintDC(), 0, 0, size, size, x, y);
+    for (std::int32_t row = 0; row < size; ++row)
+        for (std::int32_t column = 0; column < size; ++column) {
+            const host::OLE_COLOR pixel = plain->GetPixel(column, row);
+            if (pixel == ground) continue;
+            if (globales().lHighColor)
+                which.canvas->SetPixel(column, row, mixed(pixel, face, share));
+            else if ((row + column) % 2 == 0)
+                which.canvas->SetPixel(column, row, pixel);
+        }
+    which.canvas->EndPaint();
+}
+
+void get::dropButtonImages() {
+    searchIcon = {};
+    recordIcon = {};
+}
+
+// --- The mouse -------------------------------------------------------------------------------------
+
+std::int32_t get::Painter::nearest(std::u16string_view part, std::int32_t x) const {
+    if (x <= 0 || part.empty()) return 0;
+    std::vector<std::int32_t> widths;
+    const auto fits = static_cast<std::size_t>(std::max(c.GetTextFitInExtent(part, x, widths), 0));
+    if (fits >= widths.size()) return static_cast<std::int32_t>(part.size());
+    const std::int32_t left = fits > 0 ? widths[fits - 1] : 0;
+    const bool nextIsNearer = widths[fits] - x < x - left;
+    return static_cast<std::int32_t>(std::min(fits + nextIsNearer, part.size()));
+}
+
+std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
+    begin();
+    std::int32_t position = f.length();
+    if (y < f.nBordeY) {
+        position = 0;
+    } else if (f.lMultiLine) {
+        f.lines.clear();
+        breakLines();
+        const auto row = static_cast<std::size_t>((y - f.nBordeY) / std::max(f.nLineHeight, 1));
+        if (row < f.lines.size()) {
+            const Line& place = f.lines[row];
+            position = place.start + nearest(shown.view().substr(static_cast<std::size_t>(place.start),
+                                                                 static_cast<std::size_t>(place.length)),
+                                             x - firstX());
+        }
+    } else {
+        position = nearest(shown, x - f.nTextX);
+    }
+    c.EndPaint();
+    return std::clamp(position, 0, f.length());
+}
+
+std::int32_t get::PosicionDesdePixel(std::int32_t x, std::int32_t y) {
+    if (!oFont || !prepareCanvas()) return nCaret;
+    std::int32_t position = Painter(*this).characterAt(x, y);
+    if (position > 0 && (isLiteralAt(position) || isDateSeparatorAt(position))) --position;
+    return position;
+}
+
+} // namespace tesela

@@ -1,0 +1,134 @@
+// The field's masks and types.
+#include "field/FieldTest.h"
+
+using namespace tesela;
+using namespace tests;
+
+namespace {
+
+class get_masks : public tests::FieldTest {};
+
+} // namespace
+
+TEST_F(get_masks, APairSetsBothMasks) {
+    field->Mascara(u"##/##;;####");
+    EXPECT_EQ("##/##", field->Mascara().utf8());
+    EXPECT_EQ("####", field->MascaraFocus().utf8());
+    EXPECT_EQ(5, field->MaxLength());
+    EXPECT_EQ("  /  ", text()) << "the text takes the mask";
+}
+
+TEST_F(get_masks, OneMaskServesForBoth) {
+    field->Mascara(u"AA-##");
+    EXPECT_EQ("AA-##", field->MascaraFocus().utf8());
+}
+
+TEST_F(get_masks, TheFontFollowsTheMaskUnlessTheApplicationChoseIt) {
+    field->Mascara(u"##");
+    EXPECT_EQ("Courier", field->Font()->Name().utf8());
+    EXPECT_EQ(10, field->Font()->Size().toDouble());
+    after->UserFont(true);
+    after->Mascara(u"##");
+    EXPECT_EQ("MS Sans Serif", after->Font()->Name().utf8());
+    before->TipoDato(tslTipoDatoNumero);
+    before->Mascara(u"##0");
+    EXPECT_EQ("Verdana", before->Font()->Name().utf8());
+}
+
+TEST_F(get_masks, ASizeThatIsNearlyTheOneWantedStays) {
+    field->Font()->Size(automation::Currency::fromDouble(10.5));
+    field->Mascara(u"##");
+    EXPECT_EQ(10.5, field->Font()->Size().toDouble());
+}
+
+TEST_F(get_masks, TheWidthFollowsTheMaskWithAutoSize) {
+    field->AutoSize(tslautoSize_X);
+    field->Mascara(u"####");
+    const float narrow = field->Width();
+    field->Mascara(u"########");
+    EXPECT_GT(field->Width(), narrow);
+}
+
+TEST_F(get_masks, ACompactMaskSaysItAll) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->FormatoMascara(u"Z(7,2)");
+    EXPECT_EQ("#,###,##0.00", field->Mascara().utf8());
+    EXPECT_EQ("#,###,##0.00", field->MascaraFocus().utf8());
+    EXPECT_TRUE(field->VacioEnBlanco());
+    field->Value(1234.5);
+    EXPECT_EQ("1.234,50", text());
+}
+
+TEST_F(get_masks, ACompactMaskSaysTheCaseOfLetters) {
+    field->FormatoMascara(u"MAAA");
+    EXPECT_EQ(tslMayusculasUCase, field->Mayusculas());
+    EXPECT_EQ("AAA", field->Mascara().utf8());
+    EXPECT_FALSE(field->VacioEnBlanco());
+}
+
+TEST_F(get_masks, NumbersTakeDigitsSignsAndTheSeparator) {
+    field->TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("0123456789+-,", field->CaracteresValidos().utf8());
+    EXPECT_EQ(tslAlignmentRightJustify, field->Alignment());
+    field->TipoDato(tslTipoDatoFecha);
+    EXPECT_EQ("0123456789+-//", field->CaracteresValidos().utf8());
+    EXPECT_EQ(tslAlignmentLeftJustify, field->Alignment());
+    field->TipoDato(tslTipoDatoCaracter);
+    EXPECT_EQ("", field->CaracteresValidos().utf8());
+}
+
+TEST_F(get_masks, ANumberWithoutAMaskDerivesOneFromItsLength) {
+    field->MaxLength(5);
+    field->TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("##,##0", field->Mascara().utf8());
+    EXPECT_EQ(6, field->MaxLength()) << "with the separator";
+}
+
+TEST_F(get_masks, TheDesignerIsHelpedWithLengthsAndSizes) {
+    form->UserMode(false);
+    get& designed = form->add<get>(u"getNumero");
+    designed.Text(u"1234");
+    designed.TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("#,##0", designed.Mascara().utf8()) << "as long as the text";
+    EXPECT_EQ(tslAutoSize_XY, designed.AutoSize());
+    EXPECT_EQ("Verdana", designed.Font()->Name().utf8());
+    designed.TipoDato(tslTipoDatoFecha);
+    EXPECT_EQ(10, designed.MaxLength());
+    EXPECT_EQ("Courier", designed.Font()->Name().utf8());
+    designed.Mascara({});
+    designed.TipoDato(tslTipoDatoCaracter);
+    EXPECT_EQ(tslAutoSize_Y, designed.AutoSize());
+    EXPECT_EQ("MS Sans Serif", designed.Font()->Name().utf8());
+    get& empty = form->add<get>(u"getOtro");
+    empty.Text({});
+    empty.TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("#,###,###,##0", empty.Mascara().utf8()) << "ten digits without a text";
+}
+
+TEST_F(get_masks, FntNumbersKeepsTheFontOfNumbers) {
+    field->FntNumbers();
+    EXPECT_TRUE(field->UserFont());
+    EXPECT_EQ("Verdana", field->Font()->Name().utf8());
+    field->Mascara(u"##");
+    EXPECT_EQ("Verdana", field->Font()->Name().utf8());
+    field->UserFont(false);
+    EXPECT_EQ("Courier", field->Font()->Name().utf8());
+}
+
+TEST_F(get_masks, NonsenseInAMaskIsALiteral) {
+    field->Mascara(u"ñ€;?");
+    EXPECT_EQ("ñ€;?", text());
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"\"\"\"[");
+    field->Value(std::int32_t{5});
+    EXPECT_EQ(5, (field->SetText(u"5"), automation::value(field->Value()).asCurrency().toDouble()));
+}
+
+TEST_F(get_masks, LengthsAtTheirLimitsAreNoTrouble) {
+    field->AutoSize(tslAutoSize_XY);
+    for (const auto length : {2147483647, -2147483647 - 1, -1, 0}) {
+        field->MaxLength(length);
+        field->Value(u"texto");
+        EXPECT_EQ("texto", text()) << length;
+    }
+}

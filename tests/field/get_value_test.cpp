@@ -1,0 +1,314 @@
+// The field's text and value, without a window on the screen.
+#include "automation/Conversions.h"
+#include "automation/DateFunctions.h"
+#include "field/FieldTest.h"
+
+using namespace tesela;
+using namespace tests;
+using automation::DateSerial;
+
+namespace {
+
+class get_value : public tests::FieldTest {
+protected:
+    void number(const char16_t* mask) {
+        field->TipoDato(tslTipoDatoNumero);
+        field->Mascara(mask);
+    }
+    void date() {
+        field->TipoDato(tslTipoDatoFecha);
+        field->Mascara(globales().cFmtFecha);
+    }
+    automation::Variant read(std::int32_t format) { return field->ValorVerdadero(format, false); }
+    static double dateIn(const automation::Variant& value) {
+        return automation::value(value).asDate().value();
+    }
+};
+
+} // namespace
+
+TEST_F(get_value, ANewFieldShowsItsNameAsPlainText) {
+    get& fresh = form->add<get>(u"getNombre");
+    EXPECT_EQ("getNombre", fresh.Text().utf8());
+    EXPECT_EQ(tslTipoDatoCaracter, fresh.TipoDato());
+    EXPECT_EQ(tslSchemeUseDefault, fresh.Scheme());
+    EXPECT_EQ(tslAutoTrim_Both, fresh.AutoTrim());
+    EXPECT_EQ(tslSeleccionadoNumeros, fresh.Seleccionado());
+    EXPECT_EQ(tslAutoSize_Y, fresh.AutoSize());
+    EXPECT_EQ(-1, fresh.BackColor());
+    EXPECT_EQ(15, fresh.ButtonWidth());
+    EXPECT_EQ("MS Sans Serif", fresh.Font()->Name().utf8());
+    EXPECT_EQ(8.25, fresh.Font()->Size().toDouble());
+    EXPECT_TRUE(fresh.EnabledGet() && fresh.EnabledCombo() && fresh.EnabledBuscar() && fresh.EnabledFicha());
+    EXPECT_FALSE(fresh.HasFocus());
+    EXPECT_FALSE(fresh.Live());
+}
+
+TEST_F(get_value, ChangeIsRaisedWhenTheTextChanged) {
+    field->Text(u"uno");
+    EXPECT_EQ(1, changes);
+    field->Text(u"uno");
+    EXPECT_EQ(1, changes);
+    field->Text(u"dos");
+    EXPECT_EQ(2, changes);
+}
+
+TEST_F(get_value, ChangeWaitsForTheGate) {
+    field->EventsEnabled(false);
+    field->Text(u"uno");
+    EXPECT_EQ(0, changes);
+    field->EventsEnabled(true);
+    field->Text(u"dos");
+    EXPECT_EQ(1, changes);
+}
+
+TEST_F(get_value, ATextThatAChangeHandlerWritesIsOnlyStored) {
+    field->Mascara(u"##");
+    int depth = 0;
+    field->Change.join([&] {
+        if (depth++ == 0) field->Text(u"7");
+    });
+    field->Text(u"1");
+    EXPECT_EQ("7 ", text()) << "the handler runs after the first text was formatted";
+}
+
+TEST_F(get_value, SetTextPutsTheTextInAsItIs) {
+    number(u"##0.00");
+    changes = 0;
+    field->SetText(u"abc");
+    EXPECT_EQ("abc", text());
+    EXPECT_EQ(0, changes);
+}
+
+TEST_F(get_value, NumbersAreFormattedByTheirMask) {
+    number(u"##0.00");
+    field->Value(std::int32_t{0});
+    EXPECT_EQ("0,00", text());
+    field->Value(12.345);
+    EXPECT_EQ("12,34", text()) << "rounded half to even";
+    field->Text(u"7,5");
+    EXPECT_EQ("7,50", text());
+    field->Text(u"no es");
+    EXPECT_EQ("0,00", text());
+    field->Value(u"3,25");
+    EXPECT_EQ("3,25", text());
+    field->Value(u"tres");
+    EXPECT_EQ("0,00", text());
+}
+
+TEST_F(get_value, NumbersReadWithoutTheirThousands) {
+    number(u"#,###,##0.00");
+    field->Text(u"1234,5");
+    EXPECT_EQ("1.234,50", text());
+    EXPECT_EQ(automation::VT_CY, field->Value().type());
+    EXPECT_EQ(1234.5, field->Value().asCurrency().toDouble());
+}
+
+TEST_F(get_value, NumbersFollowTheLocale) {
+    moveTo("en-US");
+    number(u"#,###,##0.00");
+    field->Text(u"1,234.5");
+    EXPECT_EQ("1,234.50", text());
+    EXPECT_EQ(1234.5, field->Value().asCurrency().toDouble());
+}
+
+TEST_F(get_value, FiveDecimalsMakeADouble) {
+    number(u"0.00000");
+    field->Text(u"1,23456");
+    EXPECT_EQ(automation::VT_R8, field->Value().type());
+    EXPECT_EQ(1.23456, field->Value().asDouble());
+    number(u"0.0000");
+    EXPECT_EQ(automation::VT_CY, field->Value().type());
+}
+
+TEST_F(get_value, WhatIsNoNumberIsTheInteger0) {
+    field->SetText(u"abc");
+    EXPECT_EQ(automation::VT_I2, read(1).type());
+    field->SetText(u"999999999999999999999");
+    EXPECT_EQ(0, read(1).asInteger()) << "beyond a Currency";
+    EXPECT_EQ("abc", (field->SetText(u"abc"), read(0).asString().utf8()));
+}
+
+TEST_F(get_value, DatesAreWrittenInTheLongPattern) {
+    date();
+    field->Value(DateSerial(2024, 2, 29));
+    EXPECT_EQ("29/02/2024", text());
+    EXPECT_EQ(DateSerial(2024, 2, 29), field->Value().asDate());
+    field->Value(u"1/3/24");
+    EXPECT_EQ("01/03/2024", text());
+    field->Value(Date(DateSerial(2024, 2, 29).value() + 0.75));
+    EXPECT_EQ("29/02/2024", text()) << "without its time";
+}
+
+TEST_F(get_value, TheSpecialDatesAndWhatIsNoneBlankTheField) {
+    date();
+    const Variant values[] = {Date(-53688.0), Date(-53688.00001157408), Date(2958465.999988426),
+                              u"hola",        std::int32_t{5},          Variant::null()};
+    for (const Variant& value : values) {
+        field->Text(u"1/1/2024");
+        field->Value(value);
+        EXPECT_EQ("  /  /    ", text());
+        EXPECT_TRUE(field->Value().isObject());
+        EXPECT_EQ(tests::emptyDate, dateIn(field->Value()));
+    }
+}
+
+TEST_F(get_value, HoursAreDatesOfNoDay) {
+    field->Mascara(u"##:##");
+    field->Value(Date(0.5));
+    EXPECT_EQ("12:00", text());
+    EXPECT_EQ(Date(0.5), field->Value().asDate());
+    field->Value(u"no");
+    EXPECT_EQ("00:00", text());
+    field->SetText(u"  :  ");
+    EXPECT_EQ(tests::emptyDate, field->Value().asDate().value()) << "a plain date";
+}
+
+TEST_F(get_value, TheFormatAskedForComesBackToTheCaller) {
+    std::int32_t format = -1;
+    number(u"0");
+    field->ValorVerdadero(format, false);
+    EXPECT_EQ(1, format);
+    field->Reset();
+    field->Mascara(u"##:##");
+    format = -1;
+    field->ValorVerdadero(format, false);
+    EXPECT_EQ(3, format);
+}
+
+TEST_F(get_value, AnUnknownFormatReadsNothing) {
+    EXPECT_TRUE(read(4).isEmpty());
+    EXPECT_TRUE(read(-2).isEmpty());
+}
+
+TEST_F(get_value, TextReadsTrimmedAndWithoutItsMask) {
+    field->SetText(u"  uno ");
+    EXPECT_EQ("uno", field->Value().asString().utf8());
+    field->AutoTrim(tslAutoTrim_NO);
+    field->SetText(u"  uno ");
+    EXPECT_EQ("  uno ", field->Value().asString().utf8());
+    field->Mascara(u"##/AA");
+    field->Text(u"12xy");
+    EXPECT_EQ("12/xy", text());
+    EXPECT_EQ("12xy", field->Value().asString().utf8());
+}
+
+TEST_F(get_value, TextIsCutToItsLength) {
+    field->MaxLength(3);
+    field->Value(u"abcdef");
+    EXPECT_EQ("abc", text());
+    field->Value(Variant::null());
+    EXPECT_EQ("(Nu", text());
+}
+
+TEST_F(get_value, AnotherFieldIsWrittenByItsValue) {
+    after->TipoDato(tslTipoDatoNumero);
+    after->Mascara(u"##0");
+    after->Value(std::int32_t{42});
+    field->Value(Variant(static_cast<automation::Object*>(after)));
+    EXPECT_EQ("42", text());
+}
+
+TEST_F(get_value, ARecordIdentifierIsALong) {
+    field->Campo(u"TeselaID");
+    field->SetText(u"  42 ");
+    EXPECT_EQ(42, field->Value().asLong());
+    field->Value(std::int32_t{0});
+    EXPECT_EQ("", text());
+    EXPECT_EQ(0, field->Value().asLong());
+    field->Value(u"17 bis");
+    EXPECT_EQ("17", text());
+    field->SetText(u"abc");
+    EXPECT_EQ(0, field->Value().asLong());
+    field->SetText(u"99999999999");
+    EXPECT_EQ(0, field->Value().asLong()) << "beyond a Long";
+}
+
+TEST_F(get_value, TheNameSaysThatAFieldIsARecordIdentifier) {
+    get& identifier = form->add<get>(u"sayID_Cliente");
+    identifier.SetText(u"7");
+    EXPECT_EQ(7, identifier.Value().asLong());
+}
+
+TEST_F(get_value, HasChangedComparesWithTheOriginal) {
+    field->HasChanged(false);
+    EXPECT_FALSE(field->HasChanged());
+    field->Text(u"a");
+    EXPECT_TRUE(field->HasChanged());
+    field->HasChanged(false);
+    EXPECT_FALSE(field->HasChanged());
+    field->HasChanged(true);
+    EXPECT_TRUE(field->HasChanged());
+    field->Text(u"");
+    field->HasChanged(false);
+    field->HasChanged(true);
+    EXPECT_TRUE(field->HasChanged()) << "an empty field too";
+}
+
+TEST_F(get_value, ResetValueTakesTheValueAsTheOriginal) {
+    field->Text(u"uno");
+    EXPECT_TRUE(field->ValueHasChanged(true));
+    field->ResetValue(true);
+    EXPECT_FALSE(field->ValueHasChanged(true));
+    EXPECT_EQ("uno", field->OriginalValue(true).asString().utf8());
+    EXPECT_TRUE(field->OriginalValue(false).isEmpty()) << "the other slot is its own";
+    field->ResetValue(false);
+    EXPECT_EQ("uno", field->OriginalValue(false).asString().utf8());
+}
+
+TEST_F(get_value, ResetMakesAPlainEmptyText) {
+    number(u"##0.00");
+    field->Mayusculas(tslMayusculasUCase);
+    field->VacioEnBlanco(true);
+    field->Seleccionado(tslSeleccionadoSiempre);
+    field->Reset();
+    EXPECT_EQ("", text());
+    EXPECT_EQ("", field->Mascara().utf8());
+    EXPECT_EQ(0, field->MaxLength());
+    EXPECT_EQ(tslMayusculasNoFilter, field->Mayusculas());
+    EXPECT_FALSE(field->VacioEnBlanco());
+    EXPECT_EQ(tslSeleccionadoNumeros, field->Seleccionado());
+    EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
+    EXPECT_EQ(0, field->SelStart());
+    EXPECT_EQ("MS Sans Serif", field->Font()->Name().utf8());
+}
+
+TEST_F(get_value, SelectionsOutsideOfTheTextAreIgnored) {
+    field->Text(u"hola");
+    field->SelStart(2);
+    field->SelLength(2);
+    EXPECT_EQ(2, field->SelStart());
+    EXPECT_EQ(2, field->SelLength());
+    field->SelStart(5);
+    field->SelStart(-1);
+    field->SelLength(-1);
+    field->SelLength(5);
+    EXPECT_EQ(2, field->SelStart());
+    EXPECT_EQ(2, field->SelLength());
+    field->Text(u"a");
+    EXPECT_EQ(1, field->SelStart()) << "it stays within a shorter text";
+    EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_value, AutoTrimTrimsWhatTheFieldShows) {
+    field->AutoTrim(tslAutoTrim_NO);
+    field->Text(u" a ");
+    EXPECT_EQ(" a ", text());
+    field->AutoTrim(tslAutoTrim_Left);
+    EXPECT_EQ("a ", text());
+    field->AutoTrim(tslAutoTrim_Right);
+    EXPECT_EQ("a", text());
+}
+
+TEST_F(get_value, AnswersByNameWithTheValueAsDefault) {
+    automation::letProperty(*field, u"text", Variant(u"uno"));
+    EXPECT_EQ("uno", automation::value(Variant(static_cast<automation::Object*>(field))).asString().utf8());
+    Variant format(std::int32_t{-1});
+    EXPECT_EQ("uno",
+              automation::callMethod(*field, u"ValorVerdadero", Variant::byRef(format)).asString().utf8());
+    EXPECT_EQ(0, format.asLong());
+    automation::callMethod(*field, u"ValorVerdadero", Variant::byRef(format), Variant(u"dos"));
+    EXPECT_EQ("dos", text());
+    automation::letProperty(*field, u"Value", Variant(u"tres"));
+    EXPECT_EQ("tres", text());
+}
