@@ -15,6 +15,7 @@ struct Scene {
 std::span<const Scene> scenes();
 
 bool label(const std::string& file);
+bool field(const std::string& file);
 bool canvas(const std::string& file);
 bool html(const std::string& file);
 bool fichas(const std::string& file);

@@ -159,7 +159,7 @@ String get::cutToDigits(const String& text) const {
     const std::size_t separator = g.cSepDecimal.empty() ? String::npos : clean.find(g.cSepDecimal);
     const String integers = clean.left(std::min(separator, clean.length()));
     const std::size_t sign = !integers.empty() && isSign(integers[0]);
-    const String head = integers.left(sign + static_cast<std::size_t>(nDigEnteros));
+    String head = integers.left(sign + static_cast<std::size_t>(nDigEnteros));
     if (separator == String::npos) return head;
     const String decimals = clean.substring(separator + 1, static_cast<std::size_t>(nDigDecimales));
     return head + g.cSepDecimal + decimals;

@@ -10,7 +10,6 @@
 
 namespace tesela {
 
-using automation::Date;
 using automation::String;
 using automation::Variant;
 

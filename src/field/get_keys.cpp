@@ -12,7 +12,6 @@
 namespace tesela {
 
 using automation::String;
-using automation::Variant;
 
 // --- Where things are ------------------------------------------------------------------------------
 

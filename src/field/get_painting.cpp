@@ -388,12 +388,14 @@ std::int32_t get::Painter::button(Companion companion, std::int32_t x) {
         c.FillBox(x, y1, x2, y2, face);
     const bool enabled = f.Enabled() && f.isEnabled(companion);
     const bool large = f.nButtonWidth >= largeIcon && bottom + 1 >= largeIcon;
+    c.SetClippingRect({x, y1, x2 + 1, y2 + 1}); // icons are wider than the narrowest buttons
     if (companion == Companion::Combo)
         arrow(x, pressed, enabled);
     else if (companion == Companion::Search)
         icon(f.searchIcon, large ? searchLarge : searchSmall, x, pressed, enabled);
     else
         icon(f.recordIcon, large ? recordLarge : recordSmall, x, pressed, enabled);
+    c.ClearClipping();
     frame(x, y1, x2, y2, pressed);
     return f.nButtonWidth;
 }
