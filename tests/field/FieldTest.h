@@ -82,6 +82,7 @@ protected:
     get* field = nullptr;
     get* after = nullptr;
     int changes = 0;
+    std::string events; ///< What a test notes; the form may still raise some as it is unloaded
 };
 
 } // namespace tests

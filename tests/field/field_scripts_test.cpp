@@ -168,8 +168,6 @@ private:
             if (each->HasFocus()) return name;
         return "none";
     }
-
-    std::string events;
 };
 
 } // namespace
