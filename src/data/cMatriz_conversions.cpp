@@ -130,18 +130,17 @@ bool cMatriz::DataFromVariant2D(Variant& aSource) {
 
 bool cMatriz::DataFromArray(const Array& aNew) {
     if (aNew.dimensions() != 2 || aNew.bounds()[0].count == 0) return false;
-    const Array source = aNew;
-    const std::int64_t cols = source.bounds()[0].count, rows = source.bounds()[1].count;
-    if (source.lower(1) + cols - 1 > highestLong || source.lower(2) + rows - 1 > highestLong) return false;
+    const std::int64_t cols = aNew.bounds()[0].count, rows = aNew.bounds()[1].count;
+    if (aNew.lower(1) + cols - 1 > highestLong || aNew.lower(2) + rows - 1 > highestLong) return false;
     try {
         CellBlock taken(cols, std::max(rows, std::int64_t{1}));
-        for (std::size_t place = 0; place < source.size(); ++place)
-            put(taken.row(0)[place], source.element(place));
+        for (std::size_t place = 0; place < aNew.size(); ++place)
+            put(taken.row(0)[place], aNew.element(place));
         cells.swap(taken);
         lDimensioned = true;
-        nColBase = source.lower(1);
+        nColBase = aNew.lower(1);
         nColCount = static_cast<std::int32_t>(cols);
-        nRowBase = source.lower(2);
+        nRowBase = aNew.lower(2);
         nRowCount = static_cast<std::int32_t>(rows);
         nColOffset = nRowOffset = 0;
     } catch (const std::exception&) {
@@ -160,23 +159,21 @@ Array cMatriz::GetArray() const {
 
 bool cMatriz::DataFromRecordSet(const Ref<Object>& oRS) {
     if (!oRS || oRS->typeName() != u"Recordset") return false;
-    const Ref<Object> records = oRS;
-    tried(*records, u"MoveFirst");
-    Variant rows = tried(*records, u"GetRows");
+    tried(*oRS, u"MoveFirst");
+    Variant rows = tried(*oRS, u"GetRows");
     return DataFromVariant2D(rows);
 }
 
 bool cMatriz::DataFromDatos(const Ref<Object>& oDatos) {
     if (!oDatos || oDatos->typeName() != u"cDatos") return false;
-    const Ref<Object> records = oDatos;
-    const std::int32_t fields = automation::CLng(automation::getProperty(*records, u"FieldCount"));
-    const std::int32_t count = automation::CLng(automation::getProperty(*records, u"RecCount"));
+    const std::int32_t fields = automation::CLng(automation::getProperty(*oDatos, u"FieldCount"));
+    const std::int32_t count = automation::CLng(automation::getProperty(*oDatos, u"RecCount"));
     Dimension2D(1, fields, 1, count);
     if (!lDimensioned) return false;
-    for (std::int64_t row = 0; automation::CBool(automation::callMethod(*records, u"Scan")); ++row) {
+    for (std::int64_t row = 0; automation::CBool(automation::callMethod(*oDatos, u"Scan")); ++row) {
         if (row >= nRowCount) break;
         for (std::int32_t col = 0; col < fields; ++col)
-            putAt(col, row, automation::callMethod(*records, u"Field_ByColumnNumber", col));
+            putAt(col, row, automation::callMethod(*oDatos, u"Field_ByColumnNumber", col));
     }
     return true;
 }
@@ -184,7 +181,6 @@ bool cMatriz::DataFromDatos(const Ref<Object>& oDatos) {
 bool cMatriz::DataFromString(const String& cCadena, const String& cSeparator, std::int32_t nTotalColumnas,
                              const String& cTipos) {
     if (cCadena.empty() || cSeparator.length() != 1 || (cTipos.empty() && nTotalColumnas == 0)) return false;
-    const String text = cCadena;
     const String types = automation::UCase(cTipos);
     EndAddRows();
     const auto fail = [this](const Error& error) {
@@ -196,7 +192,7 @@ bool cMatriz::DataFromString(const String& cCadena, const String& cSeparator, st
         Dimension2D(1, types.empty() ? nTotalColumnas : static_cast<std::int32_t>(types.length()), 1, 0);
         if (!lDimensioned) automation::throwError(automation::errors::OutOfMemory);
         BeginAddRows();
-        const bool isComplete = splitText(text, cSeparator[0], types);
+        const bool isComplete = splitText(cCadena, cSeparator[0], types);
         EndAddRows();
         if (!isComplete) Clear();
         return isComplete;

@@ -11,7 +11,6 @@ using automation::Array;
 using automation::Currency;
 using automation::Date;
 using automation::Object;
-using automation::Ref;
 using automation::String;
 using automation::Variant;
 using namespace tesela;
