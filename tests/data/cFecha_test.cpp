@@ -9,6 +9,7 @@
 #include "support/Started.h"
 
 #include <cmath>
+#include <functional>
 
 using automation::Date;
 using automation::Variant;
@@ -160,13 +161,74 @@ TEST_F(cFecha_, LongTexts) {
 }
 
 TEST_F(cFecha_, MonthsOfTheWholeCalendar) {
-    for (int year = 1600; year <= 2400; ++year)
+    for (int year = 100; year <= 9999; ++year)
         for (int month = 1; month <= 12; ++month) {
-            Date day = Date::join(year, month, 15);
-            ASSERT_EQ(Date::join(year, month, Date::daysInMonth(year, month)), fecha->dUlMes(day));
-            ASSERT_EQ(Date::join(year, month, 1), fecha->dPrMes(day));
-            ASSERT_EQ(Date::daysInMonth(year, month), fecha->DiasMes(day));
+            const Date first = Date::join(year, month, 1);
+            const Date last = Date::join(year, month, Date::daysInMonth(year, month));
+            for (Date day : {first, last}) {
+                if (day.value() == 0) continue; // stands for the own value
+                ASSERT_EQ(last, fecha->dUlMes(day)) << year << "-" << month;
+                ASSERT_EQ(first, fecha->dPrMes(day));
+                ASSERT_EQ(Date::daysInMonth(year, month), fecha->DiasMes(day));
+            }
         }
+}
+
+TEST_F(cFecha_, NumbersWithoutASpecialDateAreTheEmptyDate) {
+    for (std::int32_t number = -1000; number <= 1000; ++number) {
+        if (number >= tslDateToday && number <= tslDateZero) continue;
+        fecha->SetEspecial(tslDateZero);
+        ASSERT_EQ(-53688.0, fecha->SetEspecial(static_cast<tslDateConstants>(number)).value()) << number;
+        ASSERT_EQ(-53688.0, fecha->Value().value());
+    }
+}
+
+TEST_F(cFecha_, OnlyTheSpecialDatesThemselvesHaveTextsOfTheirOwn) {
+    for (const auto special : {tslDateEmpty, tslDateMin, tslDateMax}) {
+        const double value = fecha->SetEspecial(special).value();
+        const std::string text = fecha->Texto().utf8();
+        for (const double towards : {-1e9, 1e9}) {
+            fecha->Value(Date(std::nextafter(value, towards)));
+            EXPECT_NE(text, fecha->Texto().utf8()) << special;
+        }
+    }
+    EXPECT_EQ("30/12/1899", (fecha->SetEspecial(tslDateZero), fecha->Texto().utf8()));
+    fecha->SetEspecial(tslDateEmpty);
+    EXPECT_EQ("(Fecha nula)", fecha->GetTimeStr(true).utf8());
+}
+
+TEST_F(cFecha_, TheConstantsHaveTheirNames) {
+    const auto& entries = enumerationOf(tslDateToday).entries();
+    std::vector<std::string> names;
+    for (const auto& entry : entries)
+        names.push_back(entry.name.utf8() + "=" + std::to_string(entry.value));
+    const std::vector<std::string> expected{"tslDateToday=0", "tslDateEmpty=1", "tslDateMin=2",
+                                            "tslDateMax=3", "tslDateZero=4"};
+    EXPECT_EQ(expected, names);
+}
+
+TEST_F(cFecha_, ATimeBelowADayIsAddedWithItsSign) {
+    EXPECT_EQ(Date(Date::join(2020, 3, 1).value() - 0.25), fecha->Mk_Date(1, 3, 2020, Date(-0.25)));
+    EXPECT_EQ(Date::join(2020, 3, 1), fecha->Mk_Date(1, 3, 2020, Date(-1)));
+    EXPECT_EQ(Date::join(2020, 2, 28), fecha->Mk_Date(-1, 3, 2020)) << "two days before the first";
+    EXPECT_EQ(43890.75, fecha->SetDateTime(Date(43891), Date(-0.25)).value());
+    EXPECT_EQ(0.75, fecha->GetDateTime(true).value());
+}
+
+TEST_F(cFecha_, EveryMemberTakesTheOwnValueForAnArgumentOf0) {
+    fecha->Value(Date::join(2024, 2, 10));
+    bool brief = false;
+    const std::function<void(Date&)> members[] = {
+        [&](Date& date) { EXPECT_EQ(Date::join(2024, 2, 29), fecha->dUlMes(date)); },
+        [&](Date& date) { EXPECT_EQ(Date::join(2024, 2, 1), fecha->dPrMes(date)); },
+        [&](Date& date) { EXPECT_EQ(29, fecha->DiasMes(date)); },
+        [&](Date& date) { EXPECT_EQ(6, fecha->DiaSemana(date)); },
+        [&](Date& date) { EXPECT_EQ("sábado", fecha->DiaSemanaStr(date, brief).utf8()); }};
+    for (const auto& member : members) {
+        Date argument;
+        member(argument);
+        EXPECT_EQ(Date::join(2024, 2, 10), argument);
+    }
 }
 
 TEST_F(cFecha_, AnArgumentOf0IsTheOwnValueAndReceivesIt) {
