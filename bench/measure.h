@@ -33,24 +33,29 @@ void keep(const T& value) {
     asm volatile("" : : "r,m"(value) : "memory");
 }
 
-/// One candidate: a name and a function that does the work once.
+/// One candidate: a name and a function that does the work once; where the work uses something up, a function that
+/// makes it anew before each time, which isn't measured.
 struct Candidate {
     std::string name;
     std::function<void()> work;
+    std::function<void()> prepare = {};
 };
 
 /// Runs the candidates once unmeasured, then in turn, `rounds` times each; gives the median seconds of a run
 /// of each.
 inline std::vector<double> interleaved(const std::vector<Candidate>& candidates, int rounds) {
     std::vector<std::vector<double>> times(candidates.size());
+    const auto run = [](const Candidate& candidate) {
+        if (candidate.prepare) candidate.prepare();
+        const double start = processorSeconds();
+        candidate.work();
+        return processorSeconds() - start;
+    };
     for (const Candidate& candidate : candidates)
-        candidate.work(); // memory and caches are made now
+        run(candidate); // memory and caches are made now
     for (int round = 0; round < rounds; ++round)
-        for (std::size_t i = 0; i < candidates.size(); ++i) {
-            const double start = processorSeconds();
-            candidates[i].work();
-            times[i].push_back(processorSeconds() - start);
-        }
+        for (std::size_t i = 0; i < candidates.size(); ++i)
+            times[i].push_back(run(candidates[i]));
     std::vector<double> medians;
     medians.reserve(times.size());
     for (const auto& t : times)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace tesela {
 
@@ -306,7 +307,11 @@ bool cBinBuffer::ReadBinary(Array& aBinArray, std::int32_t nBytes) {
     if (aBinArray.dimensions() != 0 && aBinArray.elementType() != VT_UI1)
         return fail(unknownType(u"leer", aBinArray));
     if (!hasRoom(nBytes)) return failReading(nBytes, nCurrentAddress);
-    aBinArray = Array::ofBytes({atCursor(), static_cast<std::size_t>(nBytes)});
+    const std::span<const std::uint8_t> bytes(atCursor(), static_cast<std::size_t>(nBytes));
+    if (isRow(aBinArray) && aBinArray.lower() == 0 && aBinArray.size() == bytes.size())
+        std::copy(bytes.begin(), bytes.end(), aBinArray.bytes().begin());
+    else
+        aBinArray = Array::ofBytes(bytes);
     nCurrentAddress += nBytes;
     return true;
 }
