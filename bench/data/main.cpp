@@ -17,15 +17,6 @@ int main(int argc, char** argv) {
     } measurements[] = {{"addrow_bulk", bench::measureAddRow},
                         {"item_get", bench::measureItemGet},
                         {"item_let", bench::measureItemLet},
-//TMP                        {"qsort_number", bench::measureSortNumber},
-//TMP                        {"qsort_text", bench::measureSortText},
-//TMP                        {"qsort_five_keys", bench::measureSortFiveKeys},
-//TMP                        {"findrow", bench::measureFindRow},
-//TMP                        {"lookup", bench::measureLookup},
-//TMP                        {"seekrow", bench::measureSeekRow},
-//TMP                        {"filter", bench::measureFilter},
-//TMP                        {"sum", bench::measureSum},
-//TMP                        {"group_1000", bench::measureGroups},
                         {"fromstring", bench::measureParsing},
                         {"memory", bench::measureMemory}};
     for (const auto& each : measurements) {

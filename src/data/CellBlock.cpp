@@ -1,5 +1,7 @@
 #include "data/CellBlock.h"
 
+#include "platform/memory.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -11,6 +13,7 @@ using automation::Variant;
 
 namespace {
 
+constexpr std::size_t largeBlock = 4 << 20; // bytes from which on pages by the thousand are to be had
 constexpr std::int64_t growthShare = 8; // one more row is taken beforehand for so many that there are
 
 void* zeroed(std::size_t count, std::size_t size) {
@@ -93,6 +96,7 @@ bool CellBlock::setCapacity(std::int64_t rows) noexcept {
     const bool anew = !cells_ || used < size / 4;
     void* block = anew ? zeroed(size, 1) : resized(bytesOf(cells_), size);
     if (!block) return false;
+    if (size >= largeBlock) platform::preferLargePages(block, size);
     if (!anew) {
         if (rows > rows_) std::memset(static_cast<char*>(block) + used, 0, size - used);
     } else if (cells_) {

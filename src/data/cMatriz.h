@@ -231,8 +231,12 @@ private:
         return const_cast<automation::Variant*>(std::as_const(*this).reach(nCol, nRow));
     }
     static void put(automation::Variant& cell, const automation::Variant& value) {
-        automation::Variant copy = value.isByRef() ? value.dereferenced() : value;
-        cell = std::move(copy); // the old value ends when the cell has the new one
+        if (value.isByRef())
+            put(cell, value.dereferenced());
+        else if (cell.isEmpty())
+            new (&cell) automation::Variant(value);
+        else
+            cell = value; // the old value ends when the cell has the new one
     }
     /// Writes a cell of the rows in use by its place; nothing where there is none.
     void putAt(std::int64_t col, std::int64_t row, const automation::Variant& value) {
