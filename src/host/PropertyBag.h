@@ -14,9 +14,12 @@ class PropertyBag {
 public:
     using Item = std::pair<automation::String, automation::Variant>;
 
-    /// The stored value, or `defaultValue` if there is none of that name.
-    automation::Variant ReadProperty(const automation::String& name,
-                                     const automation::Variant& defaultValue = {}) const;
+    virtual ~PropertyBag() = default;
+
+    /// The stored value, or `defaultValue` if there is none of that name. A container's own bag answers it in
+    /// its own way.
+    virtual automation::Variant ReadProperty(const automation::String& name,
+                                             const automation::Variant& defaultValue = {}) const;
 
     /// Stores the value under its name, in the place of an older one; a value equal to the default removes
     /// it. Fonts are equal if all their attributes are, other objects if they are the same.

@@ -1,0 +1,214 @@
+// A control in its place: activation, focus, keys.
+
+#include "activex/windows/ControlObject.h"
+#include "activex/windows/Failures.h"
+#include "activex/windows/Values.h"
+
+#include <vector>
+
+namespace activex {
+
+using platform::driver::native;
+
+::HRESULT ControlObject::DoVerb(LONG verb, ::MSG*, ::IOleClientSite*, LONG, ::HWND, const ::RECT* place) {
+    const auto alive = keepAlive();
+    switch (verb) {
+    case OLEIVERB_PRIMARY:
+    case OLEIVERB_SHOW:
+    case OLEIVERB_OPEN:
+    case OLEIVERB_UIACTIVATE:
+        return guarded([&] { return activate(true, place); });
+    case OLEIVERB_INPLACEACTIVATE:
+        return guarded([&] { return activate(false, place); });
+    case OLEIVERB_HIDE:
+        UIDeactivate();
+        show(false);
+        return S_OK;
+    default:
+        return verb > 0 ? OLEOBJ_S_INVALIDVERB : E_NOTIMPL;
+    }
+}
+
+::HRESULT ControlObject::activate(bool withUi, const ::RECT* place) {
+    if (!client_) return E_UNEXPECTED;
+    if (!isActive()) {
+        const ::HRESULT result = activateInPlace(place);
+        if (FAILED(result)) return result;
+    }
+    show(true);
+    return withUi ? activateUi() : S_OK;
+}
+
+::HRESULT ControlObject::activateInPlace(const ::RECT* place) {
+    const auto site = ComPointer<::IOleInPlaceSite>::of(client_.get());
+    ::HWND parent = nullptr;
+    if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
+    if (FAILED(site->OnInPlaceActivate())) return E_FAIL;
+    ::RECT own{};
+    ::RECT clip{};
+    ::OLEINPLACEFRAMEINFO frame{};
+    frame.cb = sizeof frame;
+    const bool told = SUCCEEDED(site->GetWindow(&parent)) &&
+                      SUCCEEDED(site->GetWindowContext(frame_.out(), document_.out(), &own, &clip, &frame));
+    if (!told || !parent) {
+        site->OnInPlaceDeactivate();
+        return E_FAIL;
+    }
+    inPlace_ = site;
+    ::SetParent(native(control_->window()), parent);
+    SetObjectRects(place ? place : &own, &clip);
+    client_->ShowObject();
+    return S_OK;
+}
+
+::HRESULT ControlObject::activateUi() {
+    if (!ui_) {
+        if (!inPlace_ || FAILED(inPlace_->OnUIActivate())) return E_FAIL;
+        ui_ = true;
+        if (frame_) frame_->SetActiveObject(this, nullptr);
+        if (document_) document_->SetActiveObject(this, nullptr);
+        if (frame_) frame_->SetBorderSpace(nullptr);
+    }
+    const ::HWND window = native(control_->window());
+    if (control_->canGetFocus() && ::GetFocus() != window) ::SetFocus(window);
+    return S_OK;
+}
+
+::HRESULT ControlObject::UIDeactivate() {
+    if (!ui_) return S_OK;
+    const auto alive = keepAlive();
+    ui_ = false;
+    if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+    if (document_) document_->SetActiveObject(nullptr, nullptr);
+    if (inPlace_) inPlace_->OnUIDeactivate(FALSE);
+    return S_OK;
+}
+
+::HRESULT ControlObject::InPlaceDeactivate() {
+    if (!isActive()) return S_OK;
+    const auto alive = keepAlive();
+    UIDeactivate();
+    const ComPointer<::IOleInPlaceSite> site = std::move(inPlace_);
+    frame_.reset();
+    document_.reset();
+    control_->applyVisible(false);
+    ::SetParent(native(control_->window()), nullptr);
+    if (site) site->OnInPlaceDeactivate();
+    return S_OK;
+}
+
+::HRESULT ControlObject::GetWindow(::HWND* window) {
+    if (!window) return E_POINTER;
+    *window = isActive() ? native(control_->window()) : nullptr;
+    return *window ? S_OK : E_FAIL;
+}
+
+::HRESULT ControlObject::SetObjectRects(const ::RECT* place, const ::RECT* clip) {
+    if (!place) return E_POINTER;
+    return guarded([&]() -> ::HRESULT {
+        const auto across = static_cast<float>(host::twipsPerPixel(host::Axis::Horizontal));
+        const auto down = static_cast<float>(host::twipsPerPixel(host::Axis::Vertical));
+        control_->applyBounds({static_cast<float>(place->left) * across,
+                               static_cast<float>(place->top) * down,
+                               static_cast<float>(place->right - place->left) * across,
+                               static_cast<float>(place->bottom - place->top) * down});
+        ::RECT seen{};
+        ::HRGN region = nullptr;
+        if (clip && ::IntersectRect(&seen, place, clip) && !::EqualRect(&seen, place))
+            region = ::CreateRectRgn(seen.left - place->left, seen.top - place->top, seen.right - place->left,
+                                     seen.bottom - place->top);
+        ::SetWindowRgn(native(control_->window()), region, TRUE);
+        return S_OK;
+    });
+}
+
+bool ControlObject::takeFocus() {
+    if (!control_->canGetFocus() || !control_->enabled()) return false;
+    if (!client_ || FAILED(activate(true, nullptr))) return false;
+    return ::GetFocus() == native(control_->window());
+}
+
+void ControlObject::focusChanged(bool here) {
+    if (here && isActive()) activateUi();
+    if (const auto site = ComPointer<::IOleControlSite>::of(client_.get()))
+        site->OnFocus(here ? TRUE : FALSE);
+}
+
+// Keys
+
+bool ControlObject::passToContainer(::MSG& key) {
+    const auto site = ComPointer<::IOleControlSite>::of(client_.get());
+    if (!site) return false;
+    constexpr DWORD shift = 1;
+    constexpr DWORD control = 2;
+    constexpr DWORD alt = 4;
+    const auto down = [](int code) { return ::GetKeyState(code) < 0; };
+    const DWORD modifiers =
+        (down(VK_SHIFT) ? shift : 0) | (down(VK_CONTROL) ? control : 0) | (down(VK_MENU) ? alt : 0);
+    return site->TranslateAccelerator(&key, modifiers) == S_OK;
+}
+
+::HRESULT ControlObject::TranslateAccelerator(::MSG* key) {
+    if (!key) return E_POINTER;
+    const auto alive = keepAlive();
+    if (key->message < WM_KEYFIRST || key->message > WM_KEYLAST) return S_FALSE;
+    return passToContainer(*key) ? S_OK : S_FALSE;
+}
+
+::HRESULT ControlObject::GetControlInfo(::CONTROLINFO* info) {
+    if (!info) return E_POINTER;
+    return guarded([&]() -> ::HRESULT {
+        std::vector<::ACCEL> keys;
+        for (const char16_t unit : control_->accessKeys().view())
+            keys.push_back({FALT | FVIRTKEY, static_cast<WORD>(unit), static_cast<WORD>(keys.size())});
+        if (accessKeys_) ::DestroyAcceleratorTable(accessKeys_);
+        accessKeys_ =
+            keys.empty() ? nullptr : ::CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
+        info->cb = sizeof *info;
+        info->hAccel = accessKeys_;
+        info->cAccel = static_cast<WORD>(keys.size());
+        info->dwFlags = 0;
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::OnMnemonic(::MSG* key) {
+    if (!key) return E_POINTER;
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        control_->accessKeyPress(static_cast<short>(key->wParam));
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::OnAmbientPropertyChange(::DISPID which) {
+    using host::AmbientValue;
+    static constexpr struct {
+        ::DISPID id;
+        AmbientValue value;
+    } known[] = {
+        {DISPID_AMBIENT_BACKCOLOR, AmbientValue::BackColor},
+        {DISPID_AMBIENT_FORECOLOR, AmbientValue::ForeColor},
+        {DISPID_AMBIENT_FONT, AmbientValue::Font},
+        {DISPID_AMBIENT_USERMODE, AmbientValue::UserMode},
+        {DISPID_AMBIENT_SCALEUNITS, AmbientValue::ScaleUnits},
+        {DISPID_AMBIENT_DISPLAYNAME, AmbientValue::DisplayName},
+        {DISPID_AMBIENT_LOCALEID, AmbientValue::LocaleID},
+        {DISPID_AMBIENT_DISPLAYASDEFAULT, AmbientValue::DisplayAsDefault},
+        {DISPID_AMBIENT_UIDEAD, AmbientValue::UIDead},
+    };
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        if (which == DISPID_UNKNOWN) control_->ambientChanged({});
+        for (const auto& each : known)
+            if (each.id == which) control_->ambientChanged(host::nameOf(each.value));
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::FreezeEvents(BOOL freeze) {
+    frozen_ += freeze ? 1 : frozen_ > 0 ? -1 : 0;
+    return S_OK;
+}
+
+} // namespace activex

@@ -1,0 +1,164 @@
+// A control's properties in streams, storages and property bags.
+
+#include "activex/windows/ControlObject.h"
+#include "activex/windows/Failures.h"
+#include "activex/windows/Values.h"
+
+#include <array>
+
+namespace activex {
+
+using automation::String;
+using automation::Variant;
+
+namespace {
+
+constexpr char16_t extentX[] = u"_ExtentX";
+constexpr char16_t extentY[] = u"_ExtentY";
+constexpr wchar_t storedStream[] = L"Contents";
+/// What a stream begins with: a mark, and the length in bytes of the text that follows.
+constexpr std::uint32_t streamMark = 0x4C535431;
+constexpr std::uint32_t longestText = 64u << 20;
+
+/// A container's bag, asked for each value when the control wants it.
+class ContainerBag final : public host::PropertyBag {
+public:
+    ContainerBag(::IPropertyBag& bag, ::IErrorLog* log) : bag_(bag), log_(log) {}
+
+    Variant ReadProperty(const String& name, const Variant& defaultValue) const override {
+        SystemValue value;
+        if (bag_.Read(wide(name.c_str()), &value, log_) != S_OK) return defaultValue;
+        return fromSystem(value);
+    }
+
+private:
+    ::IPropertyBag& bag_;
+    ::IErrorLog* log_;
+};
+
+void readAll(::IStream& stream, void* target, std::size_t size) {
+    ::ULONG read = 0;
+    const ::HRESULT result = stream.Read(target, static_cast<::ULONG>(size), &read);
+    constexpr std::int32_t badFormat = 321;
+    if (FAILED(result) || read != size) automation::throwError(badFormat);
+}
+
+void writeAll(::IStream& stream, const void* source, std::size_t size) {
+    ::ULONG written = 0;
+    check(stream.Write(source, static_cast<::ULONG>(size), &written));
+    if (written != size) check(STG_E_MEDIUMFULL);
+}
+
+std::string readText(::IStream& stream) {
+    std::array<std::uint32_t, 2> head{};
+    readAll(stream, head.data(), sizeof head);
+    constexpr std::int32_t badFormat = 321;
+    if (head[0] != streamMark || head[1] > longestText) automation::throwError(badFormat);
+    std::string text;
+    constexpr std::uint32_t piece = 64u << 10; // a false length must not take all memory
+    while (text.size() < head[1]) {
+        const std::size_t start = text.size();
+        text.resize(start + std::min<std::size_t>(piece, head[1] - start));
+        readAll(stream, text.data() + start, text.size() - start);
+    }
+    return text;
+}
+
+} // namespace
+
+::HRESULT ControlObject::InitNew() {
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        control_->initProperties();
+        dirty_ = true;
+        return S_OK;
+    });
+}
+
+/// The size first: a control whose height follows its width needs it.
+void ControlObject::load(host::PropertyBag& bag) {
+    const ::SIZEL own = himetricSize();
+    const auto side = [&](const char16_t* name, ::LONG present) {
+        const Variant value = bag.ReadProperty(name, static_cast<std::int32_t>(present));
+        return static_cast<::LONG>(automation::fromVariant<std::int32_t>(value));
+    };
+    ::SIZEL size{side(extentX, own.cx), side(extentY, own.cy)};
+    check(SetExtent(DVASPECT_CONTENT, &size));
+    control_->readProperties(bag);
+    dirty_ = false;
+}
+
+::HRESULT ControlObject::Load(::IPropertyBag* bag, ::IErrorLog* log) {
+    if (!bag) return E_POINTER;
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        ContainerBag values(*bag, log);
+        load(values);
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::Save(::IPropertyBag* bag, BOOL clearDirty, BOOL) {
+    if (!bag) return E_POINTER;
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        host::PropertyBag values;
+        values.WriteProperty(extentX, static_cast<std::int32_t>(himetricSize().cx));
+        values.WriteProperty(extentY, static_cast<std::int32_t>(himetricSize().cy));
+        control_->writeProperties(values);
+        for (const auto& [name, content] : values.items()) {
+            SystemValue value;
+            toSystem(content, value);
+            if (value.vt == VT_DISPATCH) value.vt = VT_UNKNOWN; // as containers know stored objects
+            check(bag->Write(wide(name.c_str()), &value));
+        }
+        if (clearDirty) dirty_ = false;
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::Load(::IStream* stream) {
+    if (!stream) return E_POINTER;
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        host::PropertyBag values;
+        values.Contents(String::fromUtf8(readText(*stream)));
+        load(values);
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::Save(::IStream* stream, BOOL clearDirty) {
+    if (!stream) return E_POINTER;
+    const auto alive = keepAlive();
+    return guarded([&]() -> ::HRESULT {
+        host::PropertyBag values;
+        values.WriteProperty(extentX, static_cast<std::int32_t>(himetricSize().cx));
+        values.WriteProperty(extentY, static_cast<std::int32_t>(himetricSize().cy));
+        control_->writeProperties(values);
+        const std::string text = values.Contents().utf8();
+        const std::array<std::uint32_t, 2> head{streamMark, static_cast<std::uint32_t>(text.size())};
+        writeAll(*stream, head.data(), sizeof head);
+        writeAll(*stream, text.data(), text.size());
+        if (clearDirty) dirty_ = false;
+        return S_OK;
+    });
+}
+
+::HRESULT ControlObject::Load(::IStorage* storage) {
+    if (!storage) return E_POINTER;
+    ComPointer<::IStream> stream;
+    const ::HRESULT result =
+        storage->OpenStream(storedStream, nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0, stream.out());
+    return FAILED(result) ? result : Load(stream.get());
+}
+
+::HRESULT ControlObject::Save(::IStorage* storage, BOOL) {
+    if (!storage) return E_POINTER;
+    ComPointer<::IStream> stream;
+    const ::HRESULT result = storage->CreateStream(
+        storedStream, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0, stream.out());
+    return FAILED(result) ? result : Save(stream.get(), TRUE);
+}
+
+} // namespace activex

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "activex/windows/ComPointer.h"
+#include "activex/windows/Counted.h"
+
+#include <vector>
+
+namespace activex {
+
+/// Steps through a list that was fixed when it was made. `Interface` is one of the system's IEnum interfaces,
+/// `Item` what it gives.
+template <class Interface, class Item>
+class Enumerator final : public Counted<Interface> {
+public:
+    using Held = ComPointer<std::remove_pointer_t<Item>>;
+
+    explicit Enumerator(std::vector<Held> items, std::size_t place = 0)
+        : items_(std::move(items)), place_(place) {}
+
+    ::HRESULT STDMETHODCALLTYPE Next(::ULONG count, Item* items, ::ULONG* fetched) override {
+        if (!items || (count != 1 && !fetched)) return E_POINTER;
+        ::ULONG given = 0;
+        while (given < count && place_ < items_.size())
+            items[given++] = Held(items_[place_++]).detach();
+        if (fetched) *fetched = given;
+        return given == count ? S_OK : S_FALSE;
+    }
+    ::HRESULT STDMETHODCALLTYPE Skip(::ULONG count) override {
+        const std::size_t left = items_.size() - place_;
+        place_ += count < left ? count : left;
+        return count <= left ? S_OK : S_FALSE;
+    }
+    ::HRESULT STDMETHODCALLTYPE Reset() override {
+        place_ = 0;
+        return S_OK;
+    }
+    ::HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
+        if (!result) return E_POINTER;
+        *result = new Enumerator(items_, place_);
+        return S_OK;
+    }
+
+private:
+    std::vector<Held> items_;
+    std::size_t place_;
+};
+
+} // namespace activex

@@ -1,0 +1,43 @@
+// What the control library exports.
+
+#include "activex/windows/ClassFactory.h"
+#include "activex/windows/ComObject.h"
+#include "activex/windows/Registration.h"
+
+#include <cwchar>
+
+using activex::RegisteredFor;
+
+extern "C" {
+
+/// The maker of a class's objects.
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
+    if (!result) return E_POINTER;
+    *result = nullptr;
+    const activex::ExportedClass* exported = activex::exportedClass(activex::fromNative(classId));
+    if (!exported) return CLASS_E_CLASSNOTAVAILABLE;
+    const auto factory =
+        activex::ComPointer<activex::ClassFactory>::adopt(new activex::ClassFactory(*exported));
+    return factory->QueryInterface(id, result);
+}
+
+/// Whether no object and no lock is left.
+STDAPI DllCanUnloadNow() {
+    return activex::ComObject::count() == 0 && activex::ClassFactory::locks() == 0 ? S_OK : S_FALSE;
+}
+
+STDAPI DllRegisterServer() {
+    return activex::registerLibrary(RegisteredFor::Machine);
+}
+
+STDAPI DllUnregisterServer() {
+    return activex::unregisterLibrary(RegisteredFor::Machine);
+}
+
+/// Registers for the user alone where the command line says "user", else for the machine.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+    const bool user = commandLine && std::wcscmp(commandLine, L"user") == 0;
+    const RegisteredFor whom = user ? RegisteredFor::User : RegisteredFor::Machine;
+    return install ? activex::registerLibrary(whom) : activex::unregisterLibrary(whom);
+}
+}

@@ -1,0 +1,129 @@
+#include "activex/windows/ControlLibrary.h"
+
+#include "activex/windows/Failures.h"
+
+#include <deque>
+#include <vector>
+
+namespace support {
+
+std::u16string controlLibraryFile() {
+    const std::u16string program = platform::modulePath({});
+    return program.substr(0, program.find_last_of(u'\\')) + u"\\..\\src\\TeselaCtl.ocx";
+}
+
+::HMODULE controlLibrary() {
+    static const ::HMODULE module = [] {
+        ::OleInitialize(nullptr);
+        return ::LoadLibraryW(activex::wide(controlLibraryFile().c_str()));
+    }();
+    return module;
+}
+
+ComPointer<::IClassFactory> factoryOf(const ::CLSID& id) {
+    ComPointer<::IClassFactory> factory;
+    const auto get =
+        exportedFunction<::HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    if (get) get(id, __uuidof(::IClassFactory), factory.address());
+    return factory;
+}
+
+ComPointer<::IDispatch> create(std::u16string_view className) {
+    ComPointer<::IDispatch> object;
+    const auto factory = factoryOf(activex::native(activex::exportedClass(className)->id));
+    if (factory) factory->CreateInstance(nullptr, __uuidof(::IDispatch), object.address());
+    return object;
+}
+
+::DISPID memberId(::IDispatch& object, const wchar_t* name) {
+    auto* names = const_cast<wchar_t*>(name);
+    ::DISPID id = DISPID_UNKNOWN;
+    object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    return id;
+}
+
+Answer call(::IDispatch& object, ::DISPID id, WORD flags, ::DISPPARAMS parameters) {
+    Answer answer;
+    SystemValue value;
+    ::EXCEPINFO exception{};
+    answer.result =
+        object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, &value, &exception, nullptr);
+    if (SUCCEEDED(answer.result)) {
+        answer.value = activex::fromSystem(value);
+    } else {
+        const automation::Error error = activex::fromException(answer.result, exception);
+        answer.error = error.number();
+        answer.words = error.description().string();
+        answer.source = error.source().string();
+    }
+    return answer;
+}
+
+Answer call(::IDispatch& object, const wchar_t* name, std::initializer_list<::VARIANT> arguments,
+            WORD flags) {
+    std::vector<::VARIANT> backwards(std::make_reverse_iterator(arguments.end()),
+                                     std::make_reverse_iterator(arguments.begin()));
+    return call(object, memberId(object, name), flags,
+                {backwards.data(), nullptr, static_cast<::UINT>(backwards.size()), 0});
+}
+
+Answer put(::IDispatch& object, const wchar_t* name, const ::VARIANT& value, WORD kind) {
+    ::VARIANT argument = value;
+    ::DISPID id = DISPID_PROPERTYPUT;
+    return call(object, memberId(object, name), kind, {&argument, &id, 1, 1});
+}
+
+Variant get(::IDispatch& object, const wchar_t* name) {
+    return call(object, name).value;
+}
+
+::VARIANT text(const wchar_t* value) {
+    static std::deque<SystemValue> kept;
+    SystemValue& holder = kept.emplace_back();
+    holder.vt = VT_BSTR;
+    holder.bstrVal = ::SysAllocString(value);
+    return holder;
+}
+
+namespace {
+
+::VARIANT empty(VARTYPE type) {
+    ::VARIANT value;
+    ::VariantInit(&value);
+    value.vt = type;
+    return value;
+}
+
+} // namespace
+
+::VARIANT number(std::int32_t content) {
+    ::VARIANT value = empty(VT_I4);
+    value.lVal = content;
+    return value;
+}
+
+::VARIANT date(double content) {
+    ::VARIANT value = empty(VT_DATE);
+    value.date = content;
+    return value;
+}
+
+::VARIANT boolean(bool content) {
+    ::VARIANT value = empty(VT_BOOL);
+    value.boolVal = content ? VARIANT_TRUE : VARIANT_FALSE;
+    return value;
+}
+
+::VARIANT object(::IDispatch* content) {
+    ::VARIANT value = empty(VT_DISPATCH);
+    value.pdispVal = content;
+    return value;
+}
+
+::VARIANT missing() {
+    ::VARIANT value = empty(VT_ERROR);
+    value.scode = DISP_E_PARAMNOTFOUND;
+    return value;
+}
+
+} // namespace support
