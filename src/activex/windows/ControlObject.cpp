@@ -8,7 +8,6 @@
 namespace activex {
 
 using platform::driver::handleFrom;
-using platform::driver::native;
 
 namespace {
 

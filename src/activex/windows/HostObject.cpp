@@ -94,7 +94,7 @@ String HostObject::typeName() const {
     if (FAILED(object_->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.out())) || !type) return classTable().name();
     if (FAILED(type->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr)))
         return classTable().name();
-    const String result = fromBstr(name);
+    String result = fromBstr(name);
     ::SysFreeString(name);
     return result;
 }

@@ -14,7 +14,7 @@ namespace {
 template <class T>
 T at(const void* memory) {
     T value;
-    std::memcpy(&value, memory, sizeof value);
+    std::memcpy(&value, memory, sizeof(T));
     return value;
 }
 
@@ -89,9 +89,9 @@ bool isArray(VARTYPE type) {
 
 template <class T>
 void put(::VARIANT& target, VARTYPE type, T value) {
-    static_assert(sizeof value <= sizeof target.llVal);
+    static_assert(sizeof(T) <= sizeof target.llVal);
     target.vt = type;
-    std::memcpy(&target.llVal, &value, sizeof value);
+    std::memcpy(&target.llVal, &value, sizeof(T));
 }
 
 void putDecimal(const automation::Decimal& value, ::VARIANT& target) {
