@@ -1,6 +1,7 @@
 #include "activex/ExportedClass.h"
 
 #include "automation/Names.h"
+#include "data/cBinBuffer.h"
 #include "data/cFecha.h"
 #include "drawing/cCanvas.h"
 #include "drawing/cHTML.h"
@@ -40,6 +41,7 @@ std::span<const ExportedClass> exportedClasses() {
         exported<tesela::cCanvas>(Guid::parse("2be9ca44-ed73-4406-b92f-7af656a85ff9")),
         exported<tesela::cHTML>(Guid::parse("1e9e039b-0edc-4ced-9d4d-3cc9268a1f33")),
         exported<tesela::cFecha>(Guid::parse("cfe57c10-eb09-49d7-99e5-fdcc34aab4a0")),
+        exported<tesela::cBinBuffer>(Guid::parse("e2b1ab83-85fe-4ec8-af4a-4b5961035afb")),
         exported<tesela::cLogFile>(Guid::parse("813bb1e5-9095-49ef-af41-7b3d5d3dc29a")),
         exported<tesela::cDevice>(Guid::parse("cdef3d67-f77c-42c9-b3b6-7d21b10b6b41")),
         exported<tesela::cKeyboard>(Guid::parse("43fd20fb-f2fb-4cba-b596-033ac9cffcc0")),
