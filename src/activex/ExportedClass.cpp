@@ -3,8 +3,10 @@
 #include "automation/Names.h"
 #include "data/cBinBuffer.h"
 #include "data/cFecha.h"
+#include "data/cMatriz.h"
 #include "drawing/cCanvas.h"
 #include "drawing/cHTML.h"
+#include "field/get.h"
 #include "frame/enumerations.h"
 #include "frame/lbl.h"
 #include "host/Control.h"
@@ -38,9 +40,11 @@ const automation::Enumeration& enumeration() {
 std::span<const ExportedClass> exportedClasses() {
     static const ExportedClass classes[] = {
         exported<tesela::lbl>(Guid::parse("005a2e3c-010c-46f3-80ad-34323d9f2e77")),
+        exported<tesela::get>(Guid::parse("ba6ade3c-823c-485c-b301-27755adf7d35")),
         exported<tesela::cCanvas>(Guid::parse("2be9ca44-ed73-4406-b92f-7af656a85ff9")),
         exported<tesela::cHTML>(Guid::parse("1e9e039b-0edc-4ced-9d4d-3cc9268a1f33")),
         exported<tesela::cFecha>(Guid::parse("cfe57c10-eb09-49d7-99e5-fdcc34aab4a0")),
+        exported<tesela::cMatriz>(Guid::parse("c18c5bb0-3d5e-478a-8265-277745bf5907")),
         exported<tesela::cBinBuffer>(Guid::parse("e2b1ab83-85fe-4ec8-af4a-4b5961035afb")),
         exported<tesela::cLogFile>(Guid::parse("813bb1e5-9095-49ef-af41-7b3d5d3dc29a")),
         exported<tesela::cDevice>(Guid::parse("cdef3d67-f77c-42c9-b3b6-7d21b10b6b41")),
