@@ -6,6 +6,7 @@
 #include "automation/String.h"
 #include "automation/Variant.h"
 #include "data/CellBlock.h"
+#include "data/row_order.h"
 
 #include <cstdint>
 #include <limits>
@@ -184,6 +185,84 @@ public:
     bool FilterRows(std::int32_t nColumn, const automation::Variant& xMinValue,
                     const automation::Variant& xMaxValue, bool lDelete = false);
 
+    // Order. The numbers are logical ones.
+
+    /// Whether texts compare as a Spanish dictionary orders them, or else by their units; True at first.
+    bool TextCompare() const { return lTextCompare; }
+    void TextCompare(bool value) { lTextCompare = value; }
+    /// Sorts the rows by up to five columns (`tslMatriz_SortConstants`); the first mode of 0 ends the list.
+    /// Rows that are equal in all of them come in any order. False, changing nothing, without a first key,
+    /// for a column that there is not and for fewer than two rows. Values that do not compare end the sort
+    /// with the rows in the order that they had reached; every later sort of this table then fails at once.
+    bool QSort(std::int32_t nCol1, std::int32_t nModoCol1 = tslMatriz_Sort_Ascending, std::int32_t nCol2 = 0,
+               std::int32_t nModoCol2 = 0, std::int32_t nCol3 = 0, std::int32_t nModoCol3 = 0,
+               std::int32_t nCol4 = 0, std::int32_t nModoCol4 = 0, std::int32_t nCol5 = 0,
+               std::int32_t nModoCol5 = 0);
+    /// Sorts by one column, by default the first. Without the quick sort, or where that fails, texts are
+    /// ordered without regard to case and Null as "" or 0, by the type of the first row's cell; when not even
+    /// that compares the rows stay as they are.
+    void SortOnColumn(std::int32_t nColumn = FirstSortColumn, bool lAscending = true,
+                      bool lUseQuickSort = true);
+
+    // Search. Failures count as not found. `nRet` receives a logical number, 0 when nothing was found.
+
+    /// The cell of the first row whose searched column is equal to the value. Without such a row it is the
+    /// default value, or where none is given the cell of the row `nDefaultRow`.
+    automation::Variant Lookup(const automation::Variant& xSearchedValue, std::int32_t nSearchedColumn,
+                               std::int32_t nReturnedColumn,
+                               const automation::Variant& xDefaultValue = automation::Variant::missing(),
+                               std::int32_t nDefaultRow = 0) const;
+    /// The first row whose cell is to the value as the mode says (`tslMatrizFindCompareConstants`). Among
+    /// texts that compare as in a dictionary a Null is equal to everything.
+    bool FindRow(const automation::Variant& xValue, std::int32_t nCol, std::int32_t& nRet,
+                 std::int32_t nModoComparacion = tslMatrizFindCompareIgual) const;
+    bool FindRow(const automation::Variant& xValue, std::int32_t nCol) const {
+        std::int32_t nRet = 0;
+        return FindRow(xValue, nCol, nRet);
+    }
+    /// Looks for a value in a column in ascending or descending order by halving it. The search goes by text:
+    /// a date that is typed in part is completed with the end of today's. When the value is not there `nRet`
+    /// is the row at which the search ended, or with `lAproximada` the one before which it would stand.
+    /// `lAproximada` also finds texts that begin with the value.
+    bool SeekRow(const automation::Variant& xValue, std::int32_t nCol, std::int32_t& nRet,
+                 bool lAproximada = false) const;
+    /// The first two rows, by position, whose cells of the column at a position are equal. Texts are equal
+    /// without regard to case unless `lIgnoreCase` says otherwise; rows with `xValueToSkip` do not count, a
+    /// Boolean skips none.
+    bool CheckDuplicates(std::int32_t nCol, std::int32_t& nFirstFound, std::int32_t& nSecondFound,
+                         const automation::Variant& xValueToSkip = true, bool lIgnoreCase = true) const;
+
+    // Sums
+
+    /// All rows of a logical column, or with `lRow` all columns of a logical row, added as the host adds;
+    /// Empty for none. With `nDecimales` above -1 rounded to a Double, halves away from 0. A failure ends
+    /// it with what had been reached.
+    automation::Variant Sum(std::int32_t nIndex = 0, bool lRow = false, std::int32_t nDecimales = -1) const;
+    /// A new table with a row for each different combination of the cells in the columns of the second list:
+    /// the totals of the columns of the first list, from Currency 0, then those cells. Rows stand in the
+    /// order of their first occurrence. Lists are arrays of logical numbers. Null is equal to nothing. A
+    /// failure ends it with what had been reached.
+    automation::Ref<cMatriz> CrearMatrizAgrupada(const automation::Variant& axColumnsSelected,
+                                                 const automation::Variant& axColumnsGroup) const;
+
+    // Cursor: While table.Scan ... Wend
+
+    /// Goes to the next row, or begins with the first or a given logical row; False at the end.
+    bool Scan(std::int32_t nFromRow = ScanFromFirst);
+    void EndScan() { lScanning = false; }
+    std::int32_t CurrentRowInScan() const { return nScanRow; }
+    /// A cell of the cursor's row; Null outside of a scan, when nothing is written either.
+    automation::Variant RowItem(std::int32_t nCol) const {
+        return lScanning ? Item(nCol, nScanRow) : automation::Variant::null();
+    }
+    void RowItem(std::int32_t nCol, const automation::Variant& value) {
+        if (lScanning) Item(nCol, nScanRow, value);
+    }
+
+    /// Opens a window to look at a table that has rows: `viewOf` (TableView.h) prepares it, and the dialog
+    /// that is registered there shows it. As long as none is, nothing opens.
+    void Show() const;
+
     const automation::ClassTable& classTable() const override { return table(); }
     static const automation::ClassTable& table();
 
@@ -254,6 +333,16 @@ private:
     void appendRow(std::span<const automation::Variant> values);
     void growReserve();
     void keepRows(std::span<const std::int32_t> keep);
+    bool sortRows(std::span<const SortKey> keys);
+    void sortSlowly(std::int64_t col, bool lAscending);
+    bool permute(std::span<std::int32_t> order);
+    std::int64_t findRow(const automation::Variant& searched, std::int64_t col, std::int32_t mode) const;
+    std::int64_t findText(const automation::Variant& searched, std::int64_t col, bool ignoreCase) const;
+    template <class Test>
+    std::int64_t firstRowWhere(std::int64_t col, Test test) const;
+    void addUp(automation::Variant& total, std::int32_t nIndex, bool lRow) const;
+    void group(cMatriz& result, std::span<const std::int64_t> totals,
+               std::span<const std::int64_t> groups) const;
 
     CellBlock cells; ///< The rows of the array: those in use, those reserved, one if the table is empty
     bool lDimensioned = false;
@@ -265,6 +354,10 @@ private:
     std::int32_t nColBase = 0;
     std::int32_t nColOffset = 0;
     BulkAddition bulk;
+    bool lTextCompare = true;
+    bool lSortFailed = false;
+    bool lScanning = false;
+    std::int32_t nScanRow = 0; ///< Logical
 };
 
 } // namespace tesela

@@ -73,6 +73,45 @@ void addRows(Builder& table) {
         .method("SetFirstIndex", &cMatriz::SetFirstIndex, {"nCol", "nRow"});
 }
 
+void addSearch(Builder& table) {
+    using Find = bool (cMatriz::*)(const Variant&, std::int32_t, std::int32_t&, std::int32_t) const;
+    using ReadCompare = bool (cMatriz::*)() const;
+    using WriteCompare = void (cMatriz::*)(bool);
+    table.property("TextCompare", ReadCompare(&cMatriz::TextCompare), WriteCompare(&cMatriz::TextCompare))
+        .method("Lookup", &cMatriz::Lookup,
+                {"xSearchedValue", "nSearchedColumn", "nReturnedColumn", optional("xDefaultValue"),
+                 optional("nDefaultRow")})
+        .method("FindRow", Find(&cMatriz::FindRow),
+                {"xValue", "nCol", optional("nRet"), optional("nModoComparacion", 0)})
+        .method("SeekRow", &cMatriz::SeekRow,
+                {"xValue", "nCol", optional("nRet"), optional("lAproximada", false)})
+        .method("SortOnColumn", &cMatriz::SortOnColumn,
+                {optional("nColumn", cMatriz::FirstSortColumn), optional("lAscending", true),
+                 optional("lUseQuickSort", true)})
+        .method("QSort", &cMatriz::QSort,
+                {"nCol1", optional("nModoCol1", 1), optional("nCol2"), optional("nModoCol2", 0),
+                 optional("nCol3"), optional("nModoCol3", 0), optional("nCol4"), optional("nModoCol4", 0),
+                 optional("nCol5"), optional("nModoCol5", 0)});
+}
+
+void addSummary(Builder& table) {
+    using ReadItem = Variant (cMatriz::*)(std::int32_t) const;
+    using WriteItem = void (cMatriz::*)(std::int32_t, const Variant&);
+    table
+        .method("Sum", &cMatriz::Sum,
+                {optional("nIndex", 0), optional("lRow", false), optional("nDecimales", -1)})
+        .method("Scan", &cMatriz::Scan, {optional("nFromRow", cMatriz::ScanFromFirst)})
+        .method("EndScan", &cMatriz::EndScan)
+        .method("CurrentRowInScan", &cMatriz::CurrentRowInScan)
+        .property("RowItem", ReadItem(&cMatriz::RowItem), WriteItem(&cMatriz::RowItem), {"nCol"})
+        .method("Show", &cMatriz::Show)
+        .method("CheckDuplicates", &cMatriz::CheckDuplicates,
+                {"nCol", optional("nFirstFound"), optional("nSecondFound"), optional("xValueToSkip", true),
+                 optional("lIgnoreCase", true)})
+        .method("CrearMatrizAgrupada", &cMatriz::CrearMatrizAgrupada,
+                {"axColumnsSelected", "axColumnsGroup"});
+}
+
 } // namespace
 
 const automation::ClassTable& cMatriz::table() {
@@ -81,7 +120,9 @@ const automation::ClassTable& cMatriz::table() {
             .help("A table of values: rows and columns of any numbers, sorted, searched and summed.")
             .with(addShape)
             .with(addConversions)
-            .with(addRows);
+            .with(addRows)
+            .with(addSearch)
+            .with(addSummary);
     return table;
 }
 

@@ -4,7 +4,7 @@
 
 #include "automation/Conversions.h"
 #include "automation/LateBound.h"
-#include "automation/Operators.h"
+#include "data/cell_order.h"
 #include "frame/Globales.h"
 #include "host/MsgBox.h"
 
@@ -35,12 +35,6 @@ void reportFailure(const Error& error) {
     globales().oLogFile->WriteLog(u"Error Nº" + automation::textOf(error.number()) + u" en AddRow: " +
                                   error.description());
     if (error.number() == errors::SubscriptOutOfRange) host::MsgBox(u"Error: subíndice fuera de límites");
-}
-
-/// Gives `test` a cell; an object is held meanwhile, for what its comparison sets off may change the table.
-template <class Test>
-bool testHeld(const Variant& cell, Test test) {
-    return cell.isObject() ? test(Variant(cell)) : test(cell);
 }
 
 /// Values that do not compare are not equal.

@@ -1,0 +1,139 @@
+// Rows in order.
+
+#include "data/cMatriz.h"
+
+#include "automation/Conversions.h"
+#include "automation/Strings.h"
+#include "data/cell_order.h"
+#include "data/row_order.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <numeric>
+#include <vector>
+
+namespace tesela {
+
+using automation::String;
+using automation::Variant;
+
+namespace {
+
+/// The key of the slow sort. A text column is ordered by capitals; Null counts as "" or 0; what does not
+/// convert is Empty.
+Variant slowKey(const Variant& cell, bool isText) {
+    if (!isText) return cell.isNull() ? Variant(0) : cell;
+    if (cell.isNull()) return String();
+    try {
+        return automation::UCase(automation::CStr(cell));
+    } catch (const automation::Error&) {
+        return {};
+    }
+}
+
+using Order = std::vector<std::int32_t>;
+
+/// Compares each place with each later one and exchanges what stands the wrong way round.
+template <class Precedes>
+void exchangeSort(Order& order, Precedes precedes) {
+    for (std::size_t i = 0; i < order.size(); ++i)
+        for (std::size_t j = i + 1; j < order.size(); ++j)
+            if (precedes(order[j], order[i])) std::swap(order[i], order[j]);
+}
+
+/// Merges ever longer runs. It comes to its end whatever the comparisons say.
+template <class Precedes>
+void mergeSort(Order& order, Precedes precedes) {
+    Order merged(order.size());
+    for (std::size_t run = 1; run < order.size(); run *= 2) {
+        for (std::size_t start = 0; start < order.size(); start += 2 * run) {
+            const std::size_t middle = std::min(start + run, order.size());
+            const std::size_t end = std::min(middle + run, order.size());
+            std::size_t left = start, right = middle;
+            for (std::size_t place = start; place < end; ++place) {
+                const bool takeRight = left == middle || (right < end && precedes(order[right], order[left]));
+                merged[place] = takeRight ? order[right++] : order[left++];
+            }
+        }
+        order.swap(merged);
+    }
+}
+
+} // namespace
+
+bool cMatriz::QSort(std::int32_t nCol1, std::int32_t nModoCol1, std::int32_t nCol2, std::int32_t nModoCol2,
+                    std::int32_t nCol3, std::int32_t nModoCol3, std::int32_t nCol4, std::int32_t nModoCol4,
+                    std::int32_t nCol5, std::int32_t nModoCol5) {
+    const std::array<SortKey, 5> given{{{colPlace(nCol1), nModoCol1},
+                                        {colPlace(nCol2), nModoCol2},
+                                        {colPlace(nCol3), nModoCol3},
+                                        {colPlace(nCol4), nModoCol4},
+                                        {colPlace(nCol5), nModoCol5}}};
+    const bool areThere = std::all_of(given.begin(), given.end(), [](const SortKey& key) {
+        return key.mode == tslMatriz_Sort_Unsorted || key.col >= 0;
+    });
+    const auto end = std::find_if(given.begin(), given.end(),
+                                  [](const SortKey& key) { return key.mode == tslMatriz_Sort_Unsorted; });
+    if (!areThere || end == given.begin() || nRowCount < 2) return false;
+    return sortRows({given.begin(), end});
+}
+
+/// Sorts by the keys unless a sort has failed before; whether it succeeded.
+bool cMatriz::sortRows(std::span<const SortKey> keys) {
+    if (lSortFailed) return false;
+    try {
+        Order order;
+        lSortFailed = !orderRows(cells, nRowCount, nRowBase, keys, lTextCompare, order);
+        if (!permute(order)) lSortFailed = true;
+    } catch (const std::exception&) {
+        lSortFailed = true;
+    }
+    return !lSortFailed;
+}
+
+/// Puts the rows into an order; false if there are not as many any more.
+bool cMatriz::permute(std::span<std::int32_t> order) {
+    if (static_cast<std::int64_t>(order.size()) != nRowCount) return false;
+    cells.permuteRows(order);
+    return true;
+}
+
+void cMatriz::SortOnColumn(std::int32_t nColumn, bool lAscending, bool lUseQuickSort) {
+    const std::int64_t col = nColumn == FirstSortColumn ? (lDimensioned ? 0 : -1) : colPlace(nColumn);
+    if (col < 0 || nRowCount < 2) return;
+    const SortKey key{col, lAscending ? tslMatriz_Sort_Ascending : tslMatriz_Sort_Descending};
+    if (lUseQuickSort && sortRows({&key, 1})) return;
+    if (col >= nColCount) return;
+    try {
+        sortSlowly(col, lAscending);
+    } catch (const std::exception&) {
+        // The rows stay as they are.
+    }
+}
+
+void cMatriz::sortSlowly(std::int64_t col, bool lAscending) {
+    constexpr std::size_t fewRows = 2000; // so many are exchanged in no time
+    const bool isText = cells.at(col, 0).isString();
+    std::vector<Variant> keys;
+    keys.reserve(static_cast<std::size_t>(nRowCount));
+    for (std::int32_t row = 0; row < nRowCount && col < nColCount; ++row) {
+        const Variant cell = cells.at(col, row);
+        keys.push_back(slowKey(cell, isText));
+    }
+    const auto precedes = [&](std::int32_t a, std::int32_t b) {
+        const int order =
+            compareCells(keys[static_cast<std::size_t>(b)], keys[static_cast<std::size_t>(a)], lTextCompare);
+        return lAscending ? order > 0 : order < 0;
+    };
+    Order order(keys.size());
+    std::iota(order.begin(), order.end(), 0);
+    if (order.size() <= fewRows) {
+        exchangeSort(order, precedes);
+    } else {
+        mergeSort(order, precedes);
+    }
+    permute(order);
+}
+
+} // namespace tesela
