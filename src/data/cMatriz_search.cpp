@@ -16,7 +16,6 @@
 
 namespace tesela {
 
-using automation::Error;
 using automation::String;
 using automation::Variant;
 

@@ -19,9 +19,7 @@
 namespace tesela {
 
 using automation::Currency;
-using automation::Error;
 using automation::Ref;
-using automation::String;
 using automation::Variant;
 
 namespace {
