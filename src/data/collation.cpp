@@ -1,5 +1,7 @@
 #include "data/collation.h"
 
+#include "automation/Strings.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -174,18 +176,35 @@ int sign(int difference) {
     return difference < 0 ? -1 : difference > 0 ? 1 : 0;
 }
 
-/// The ANSI form of a text. Most texts have only characters whose byte is their own number.
+/// The capitals of the characters, by their bytes: as `UCase` has them where a character's byte is its own
+/// number.
+constexpr std::array<char, 256> makeCapitals() {
+    constexpr int caseStep = 0x20;
+    std::array<char, 256> capitals{};
+    for (int code = 0; code < 256; ++code) {
+        const bool isSmall = (code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
+        capitals[static_cast<std::size_t>(code)] = static_cast<char>(isSmall ? code - caseStep : code);
+    }
+    capitals[0xFF] = '\x9F'; // ÿ
+    return capitals;
+}
+
+constexpr std::array<char, 256> capitals = makeCapitals();
+
+/// The ANSI form of a text or of its capitals. Most texts have only characters whose byte is their own
+/// number.
+template <bool asCapitals>
 class AnsiForm {
 public:
-    explicit AnsiForm(std::u16string_view text) {
-        const auto hasOwnNumber = [](char16_t c) { return c < 0x80 || (c >= 0xA0 && c <= 0xFF); };
-        if (text.size() > sizeof few_ || !std::all_of(text.begin(), text.end(), hasOwnNumber)) {
-            long_ = automation::String(text).ansi();
+    explicit AnsiForm(const automation::String& text) {
+        const std::u16string_view units = text;
+        if (units.size() > sizeof few_ || !std::all_of(units.begin(), units.end(), hasOwnNumber)) {
+            long_ = (asCapitals ? automation::UCase(text) : text).ansi();
             bytes_ = long_;
             return;
         }
-        std::transform(text.begin(), text.end(), few_, [](char16_t c) { return static_cast<char>(c); });
-        bytes_ = {few_, text.size()};
+        std::transform(units.begin(), units.end(), few_, byteOf);
+        bytes_ = {few_, units.size()};
     }
     AnsiForm(const AnsiForm&) = delete;
     AnsiForm& operator=(const AnsiForm&) = delete;
@@ -193,6 +212,11 @@ public:
     std::string_view bytes() const noexcept { return bytes_; }
 
 private:
+    static bool hasOwnNumber(char16_t c) { return c < 0x80 || (c >= 0xA0 && c <= 0xFF); }
+    static char byteOf(char16_t c) {
+        return asCapitals ? capitals[static_cast<std::uint8_t>(c)] : static_cast<char>(c);
+    }
+
     char few_[80];
     std::string long_;
     std::string_view bytes_;
@@ -231,7 +255,11 @@ int TS_Compara(std::string_view a, std::string_view b) noexcept {
 }
 
 int TS_Compara(const automation::String& a, const automation::String& b) {
-    return TS_Compara(AnsiForm(a).bytes(), AnsiForm(b).bytes());
+    return TS_Compara(AnsiForm<false>(a).bytes(), AnsiForm<false>(b).bytes());
+}
+
+int compareCapitals(const automation::String& a, std::string_view b) {
+    return TS_Compara(AnsiForm<true>(a).bytes(), b);
 }
 
 void appendSortKey(std::string_view text, std::string& key) {
@@ -250,7 +278,7 @@ void appendSortKey(std::string_view text, std::string& key) {
 }
 
 void appendSortKey(const automation::String& text, std::string& key) {
-    appendSortKey(AnsiForm(text).bytes(), key);
+    appendSortKey(AnsiForm<false>(text).bytes(), key);
 }
 
 } // namespace tesela

@@ -19,6 +19,9 @@ int TS_Compara(std::string_view a, std::string_view b) noexcept;
 /// The same of the texts' ANSI forms.
 int TS_Compara(const automation::String& a, const automation::String& b);
 
+/// The comparison of the first text's capitals (`UCase`) with a text in its ANSI form.
+int compareCapitals(const automation::String& a, std::string_view b);
+
 /// Appends the bytes that stand for a text in bulk sorting: two keys compare by their bytes (`memcmp`, then
 /// the shorter first) as `TS_Compara` compares their texts, and keys of texts that are equal to it are the
 /// same. The key of a small, plain text is as long as the text; the longest has 9 bytes a character and 2

@@ -1,5 +1,6 @@
 #include "data/collation.h"
 
+#include "automation/Strings.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -189,6 +190,23 @@ TEST(Collation, KeysOfPlainTextAreAsLongAsTheText) {
     std::string key = "before";
     tesela::appendSortKey(String(u"mar"), key);
     EXPECT_EQ("before" + keyOf("mar"), key);
+}
+
+TEST(Collation, CapitalsCompareAsTheUpperCaseOfTheText) {
+    const auto check = [](const String& text) {
+        const std::string capitals = automation::UCase(text).ansi();
+        EXPECT_EQ(0, tesela::compareCapitals(text, capitals)) << text.utf8();
+        for (const char16_t* other : {u"ÑANDÚ", u"M", u"ŸÝ", u"ẞ", u"µ", u""}) {
+            const std::string bytes = ansi(other);
+            EXPECT_EQ(TS_Compara(capitals, bytes), tesela::compareCapitals(text, bytes)) << text.utf8();
+        }
+    };
+    for (const char byte : allBytes())
+        check(String::fromAnsi(std::string_view(&byte, 1)));
+    check(u"Ñandú, ñu y ÿ");
+    check(u"œuvre žluť");
+    check(u"αβγ");
+    check(String::repeat(u'ñ', 200));
 }
 
 TEST(Collation, WideTextsCompareByTheirAnsiForm) {
