@@ -17,6 +17,15 @@ int main(int argc, char** argv) {
     } measurements[] = {{"addrow_bulk", bench::measureAddRow},
                         {"item_get", bench::measureItemGet},
                         {"item_let", bench::measureItemLet},
+                        {"qsort_number", bench::measureSortNumber},
+                        {"qsort_text", bench::measureSortText},
+                        {"qsort_five_keys", bench::measureSortFiveKeys},
+                        {"findrow", bench::measureFindRow},
+                        {"lookup", bench::measureLookup},
+                        {"seekrow", bench::measureSeekRow},
+                        {"filter", bench::measureFilter},
+                        {"sum", bench::measureSum},
+                        {"group_1000", bench::measureGroups},
                         {"fromstring", bench::measureParsing},
                         {"memory", bench::measureMemory}};
     for (const auto& each : measurements) {
