@@ -50,11 +50,13 @@ RecordForm::RecordForm(std::shared_ptr<const DataFile> file, const String& table
 }
 
 void RecordForm::showTable(const String& table) {
-    auto source = file_->open(table);
+    RecordTable records(file_->open(table));
     std::vector<automation::Variant> first;
-    const bool hasRecords = source->read(1, first);
-    if (!source->countIsFinal()) source->countOn();
-    source_ = std::move(source);
+    const bool hasRecords = records.read(1, first);
+    if (!records.source().countIsFinal()) records.source().countOn();
+    records_ = std::move(records);
+    names_.reset();
+    sought_ = {};
     table_ = table;
     record_ = hasRecords ? 1 : 0;
     values_ = std::move(first);
@@ -62,7 +64,7 @@ void RecordForm::showTable(const String& table) {
     removeLabels();
     makeLabels();
     showRecord();
-    counting_.Enabled(!source_->countIsFinal());
+    counting_.Enabled(!source().countIsFinal());
 }
 
 // -------------------------------------------------------------------------------------------- labels
@@ -89,7 +91,7 @@ void RecordForm::makeLabels() {
     const float x = host::Screen::TwipsPerPixelX();
     const float y = host::Screen::TwipsPerPixelY();
     std::vector<FieldMeasure> measures;
-    for (const Column& column : source_->columns())
+    for (const Column& column : source().columns())
         measures.push_back({static_cast<int>(TextWidth(column.name) / x) + 1, column.type});
     layout_ = FieldLayout();
     const int noteWidth = static_cast<int>(TextWidth(noteText()) / x) + 1;
@@ -97,7 +99,7 @@ void RecordForm::makeLabels() {
     SetClientSize(static_cast<float>(layout_.client.cx) * x, static_cast<float>(layout_.client.cy) * y);
 
     for (std::size_t i = 0; i < layout_.fields.size(); ++i) {
-        const Column& column = source_->columns()[i];
+        const Column& column = source().columns()[i];
         const auto index = static_cast<short>(i);
         lbl& caption = add<lbl>(u"lblCampo", index);
         caption.AutoSize(tesela::tslAutoSize_NO);
@@ -128,22 +130,31 @@ void RecordForm::showPage() {
         labels_[i].caption->Extender().Visible(visible);
         labels_[i].value->Extender().Visible(visible);
     }
-    note_->Caption(noteText());
+    note_->Caption(literal(noteText()));
 }
 
-/// What the keys do; where the fields take several pages, which one this is.
+/// What the keys do; where the fields take several pages, which one this is; what is sought while it is
+/// typed.
 String RecordForm::noteText() const {
+    if (!sought_.empty()) return soughtText();
     if (layout_.pages > 1) {
         const std::string page = std::to_string(page_ + 1) + " de " + std::to_string(layout_.pages);
         return u"Campos: página " + String::fromUtf8(page) + u"   Ctrl+flechas arriba y abajo: otra página";
     }
-    const String keys = u"RePág: anterior   AvPág: siguiente   Inicio: primero   Fin: último";
-    return file_->tables().size() > 1 ? keys + u"   Ctrl+AvPág: otra tabla" : keys;
+    String keys = u"RePág: anterior   AvPág: siguiente   Inicio: primero   Fin: último";
+    if (nameColumn(source().columns())) keys += u"   Letras: buscar";
+    if (file_->tables().size() > 1) keys += u"   Ctrl+AvPág: otra tabla";
+    return keys;
+}
+
+String RecordForm::soughtText() const {
+    const String& name = source().columns()[*nameColumn(source().columns())].name;
+    return name + u": \u201C" + sought_ + (isSoughtThere_ ? u"\u201D" : u"\u201D   No hay ninguno así");
 }
 
 void RecordForm::showRecord() {
     for (std::size_t i = 0; i < labels_.size(); ++i) {
-        const Column& column = source_->columns()[i];
+        const Column& column = source().columns()[i];
         lbl& label = *labels_[i].value;
         String text;
         if (i < values_.size()) {
@@ -162,8 +173,8 @@ void RecordForm::showRecord() {
 }
 
 void RecordForm::showTitle() {
-    Caption(titleText(source_->name(), record_, std::max(source_->knownCount(), record_),
-                      source_->countIsFinal()));
+    Caption(titleText(source().name(), record_, std::max(source().knownCount(), record_),
+                      source().countIsFinal()));
 }
 
 // -------------------------------------------------------------------------------------------- moving
@@ -184,9 +195,9 @@ void RecordForm::guarded(F&& work) {
 void RecordForm::goTo(std::int64_t record) {
     record = std::max<std::int64_t>(record, 1);
     std::vector<automation::Variant> values;
-    if (!source_->read(record, values)) {
-        record = source_->count();
-        if (record == 0 || !source_->read(record, values)) return;
+    if (!records_->read(record, values)) {
+        record = source().count();
+        if (record == 0 || !records_->read(record, values)) return;
     }
     record_ = record;
     values_ = std::move(values);
@@ -194,13 +205,30 @@ void RecordForm::goTo(std::int64_t record) {
 }
 
 void RecordForm::goToLast() {
-    goTo(std::max<std::int64_t>(source_->count(), 1));
+    goTo(std::max<std::int64_t>(source().count(), 1));
+}
+
+void RecordForm::goToName(const String& start) {
+    const auto column = nameColumn(source().columns());
+    if (!column) return;
+    if (!names_) names_.emplace(source(), *column);
+    sought_ = start;
+    const auto found = names_->seek(start);
+    isSoughtThere_ = found && found->begins;
+    note_->Caption(literal(noteText()));
+    if (found) goTo(found->record);
+}
+
+void RecordForm::stopSeeking() {
+    if (sought_.empty()) return;
+    sought_ = {};
+    note_->Caption(literal(noteText()));
 }
 
 void RecordForm::countOn() {
     guarded([this] {
-        source_->countOn();
-        if (source_->countIsFinal()) counting_.Enabled(false);
+        source().countOn();
+        if (source().countIsFinal()) counting_.Enabled(false);
         showTitle();
     });
 }
@@ -208,7 +236,7 @@ void RecordForm::countOn() {
 void RecordForm::nextTable(int step) {
     const std::vector<String> tables = file_->tables();
     const auto count = static_cast<int>(tables.size());
-    const auto here = std::find(tables.begin(), tables.end(), source_->name()) - tables.begin();
+    const auto here = std::find(tables.begin(), tables.end(), source().name()) - tables.begin();
     if (count > 1)
         showTable(tables[static_cast<std::size_t>((static_cast<int>(here) + step + count) % count)]);
 }
@@ -265,9 +293,32 @@ void RecordForm::onKeyDown(short& KeyCode, short& Shift) {
         const bool used = Shift == 0                ? plainKey(KeyCode)
                           : Shift == host::CtrlMask ? controlKey(KeyCode)
                                                     : false;
-        if (used) KeyCode = 0;
+        if (used) {
+            stopSeeking();
+            KeyCode = 0;
+        }
     });
     if (!failure_) host::Form::onKeyDown(KeyCode, Shift);
+}
+
+void RecordForm::onKeyPress(short& KeyAscii) {
+    guarded([&] {
+        const auto code = static_cast<char>(KeyAscii);
+        if (KeyAscii == platform::VK_ESCAPE) {
+            stopSeeking();
+        } else if (KeyAscii == platform::VK_BACK) {
+            if (sought_.length() > 1)
+                goToName(sought_.left(sought_.length() - 1));
+            else
+                stopSeeking();
+        } else if (KeyAscii > u' ' || (KeyAscii == u' ' && !sought_.empty())) {
+            goToName(sought_ + String::fromAnsi({&code, 1}));
+        } else {
+            return;
+        }
+        KeyAscii = 0;
+    });
+    if (!failure_) host::Form::onKeyPress(KeyAscii);
 }
 
 } // namespace fichas

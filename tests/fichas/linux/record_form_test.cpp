@@ -49,6 +49,7 @@ protected:
         desk_.pump();
     }
     lbl& value(short index) const { return form_->get<lbl>(u"lblValor", index); }
+    lbl& note() const { return form_->get<lbl>(u"lblNota"); }
     lbl& caption(short index) const { return form_->get<lbl>(u"lblCampo", index); }
 
     support::Desk desk_;
@@ -193,6 +194,71 @@ TEST_F(RecordFormTest, ATextThatIsClippedIsReadUnderTheMouse) {
     EXPECT_EQ(value(1).ToolTip().utf8(), longText);
     press(platform::VK_NEXT);
     EXPECT_EQ(value(1).ToolTip(), u"");
+}
+
+constexpr const char* sixNames = "id;nombre\n1;Zapata\n2;Álvarez\n3;Marta\n4;Alba\n5;María\n6;R&D\n";
+
+TEST_F(RecordFormTest, LettersGoToTheFirstNameThatBeginsSo) {
+    RecordForm& form = openCsv(sixNames);
+    const auto after = [&](std::string_view keys) {
+        for (const char key : keys)
+            press(key);
+        return form.record();
+    };
+    EXPECT_EQ(after("M"), 5);
+    EXPECT_EQ(note().Caption(), u"nombre: “m”");
+    EXPECT_EQ(after("ART"), 3);
+    EXPECT_EQ(note().Caption(), u"nombre: “mart”");
+    EXPECT_EQ(form.Caption(), u"datos.csv — 3 de 6");
+    EXPECT_EQ(value(1).Caption(), u"Marta");
+    press(platform::VK_BACK);
+    EXPECT_EQ(form.record(), 5);
+    press(platform::VK_ESCAPE);
+    EXPECT_EQ(after("ALV"), 2) << "accents need not be typed";
+    EXPECT_EQ(after("X"), 5) << "the next in the order";
+    EXPECT_EQ(note().Caption(), u"nombre: “alvx”   No hay ninguno así");
+}
+
+TEST_F(RecordFormTest, MovingOnEndsTheSearch) {
+    RecordForm& form = openCsv(sixNames);
+    const String keys = note().Caption();
+    EXPECT_NE(keys.find(u"Letras: buscar"), String::npos);
+    press('Z');
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_EQ(note().Caption(), keys);
+    press('M');
+    EXPECT_EQ(form.record(), 5) << "a new search";
+    press(platform::VK_BACK);
+    EXPECT_EQ(note().Caption(), keys);
+    EXPECT_EQ(form.record(), 5);
+    press(platform::VK_BACK);
+    press(platform::VK_ESCAPE);
+    press(platform::VK_SPACE);
+    EXPECT_EQ(form.record(), 5);
+    form.goToName(u"R&");
+    EXPECT_EQ(form.record(), 6);
+    EXPECT_EQ(note().Caption(), u"nombre: “R&&”");
+}
+
+TEST_F(RecordFormTest, WithoutTextThereIsNothingToSeek) {
+    RecordForm& form = openCsv("id;precio\n1;2\n3;4\n");
+    const String keys = note().Caption();
+    EXPECT_EQ(keys.find(u"Letras"), String::npos);
+    press('3');
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(note().Caption(), keys);
+}
+
+TEST_F(RecordFormTest, EachTableHasItsOwnNames) {
+    RecordForm& form =
+        openDatabase("CREATE TABLE uno(id INTEGER, nombre TEXT); INSERT INTO uno VALUES(1, 'b'), (2, 'a');"
+                     "CREATE TABLE dos(nombre TEXT); INSERT INTO dos VALUES('x'), ('b'), ('a');");
+    press('A');
+    EXPECT_EQ(form.Caption(), u"uno — 2 de 2");
+    press(platform::VK_NEXT, true);
+    press('A');
+    EXPECT_EQ(form.Caption(), u"dos — 3 de 3");
 }
 
 TEST_F(RecordFormTest, TheTourLeavesAPictureOfEachStep) {
