@@ -60,6 +60,7 @@ void measureOrdered(Tables& tables, const std::string& name, Column column) {
 template <class Value>
 std::vector<Value> sample(const std::vector<Record>& records, std::size_t count, Value Record::*field) {
     std::vector<Value> values;
+    values.reserve(count);
     for (std::size_t i = 0; i < count; ++i)
         values.push_back(records[(i * 7919 + 500'000) % records.size()].*field);
     return values;
@@ -71,6 +72,7 @@ std::vector<Variant> variantsOf(const std::vector<std::int32_t>& numbers) {
 
 std::vector<Variant> variantsOf(const std::vector<std::string>& texts) {
     std::vector<Variant> values;
+    values.reserve(texts.size());
     for (const std::string& text : texts)
         values.emplace_back(String::fromAnsi(text));
     return values;
