@@ -2,46 +2,23 @@
 // this benchmark's own; the time ends when the window's colour stands on the screen, read from outside, so
 // that no program judges itself.
 #include "../measure.h"
+#include "../processes.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
-#include <spawn.h>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace {
+
+using bench::start;
 
 constexpr int rounds = 15;
 constexpr double patience = 10; // seconds until a program counts as failed
 constexpr unsigned long expectedColour = 0x3060C0;
-
-pid_t start(const std::vector<std::string>& words, int output = -1) {
-    std::vector<char*> argv;
-    argv.reserve(words.size() + 1);
-    for (const auto& word : words)
-        argv.push_back(const_cast<char*>(word.c_str()));
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-    if (output >= 0) posix_spawn_file_actions_adddup2(&actions, output, 1);
-    pid_t pid = 0;
-    const int failed = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    return failed ? 0 : pid;
-}
-
-void end(pid_t pid) {
-    kill(pid, SIGTERM);
-    waitpid(pid, nullptr, 0);
-}
 
 unsigned long pixel(Display* display) {
     XImage* image = XGetImage(display, DefaultRootWindow(display), 300, 200, 1, 1, AllPlanes, ZPixmap);
@@ -84,25 +61,10 @@ bool measureInicio(const std::string& folder) {
     return true;
 }
 
-/// Starts an X server on a free display number and returns its process; sets DISPLAY.
-pid_t startServer() {
-    int ends[2];
-    if (pipe(ends) != 0) return 0;
-    const pid_t server =
-        start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"}, ends[1]);
-    close(ends[1]);
-    char number[16] = {};
-    const ssize_t got = server ? read(ends[0], number, sizeof number - 1) : 0;
-    close(ends[0]);
-    if (got <= 0) return 0;
-    setenv("DISPLAY", (":" + std::to_string(std::atoi(number))).c_str(), 1);
-    return server;
-}
-
 } // namespace
 
 int main(int, char** argv) {
-    using bench::seconds;
+    using namespace bench;
     std::string folder = argv[0];
     folder.erase(folder.rfind('/') + 1);
     unsetenv("WAYLAND_DISPLAY");

@@ -199,8 +199,19 @@ void get::ButtonWidth(std::int32_t value) {
 
 // --- Look ------------------------------------------------------------------------------------------
 
+String get::ToolTip() const {
+    try {
+        return Extender().ToolTipText();
+    } catch (const automation::Error&) {
+        return {}; // a container without tool tips
+    }
+}
+
 void get::ToolTip(const String& value) {
-    Extender().ToolTipText(value);
+    try {
+        Extender().ToolTipText(value);
+    } catch (const automation::Error&) {
+    }
     changed(u"ToolTip");
 }
 

@@ -194,7 +194,7 @@ public:
     void Live(bool value);
     using LibraryControl::Scheme;
     void Scheme(tslSchemeConstants value);
-    automation::String ToolTip() const { return Extender().ToolTipText(); }
+    automation::String ToolTip() const;
     void ToolTip(const automation::String& value);
     /// -1 follows the shared colour table.
     host::OLE_COLOR BackColor() const { return nBackColor; }

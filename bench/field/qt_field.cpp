@@ -1,0 +1,65 @@
+#include "fields.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <vector>
+
+namespace bench {
+
+namespace {
+
+class QtField : public TypingField {
+public:
+    explicit QtField(const char* mask) : picture_(fieldWidth, fieldHeight, QImage::Format_RGB32) {
+        edit_.resize(fieldWidth, fieldHeight);
+        if (*mask) edit_.setInputMask(QString::fromLatin1(mask));
+        edit_.setAttribute(Qt::WA_DontShowOnScreen);
+        edit_.show();
+        edit_.setFocus();
+        QCoreApplication::processEvents();
+    }
+    void type(char character) override {
+        const QString text{QLatin1Char(character)};
+        QKeyEvent press(QEvent::KeyPress, character, Qt::NoModifier, text);
+        QKeyEvent release(QEvent::KeyRelease, character, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&edit_, &press);
+        edit_.render(&picture_);
+        QCoreApplication::sendEvent(&edit_, &release);
+    }
+    void clear() override {
+        edit_.clear();
+        edit_.setCursorPosition(0);
+    }
+
+private:
+    QLineEdit edit_;
+    QImage picture_;
+};
+
+} // namespace
+
+std::unique_ptr<TypingField> makeQtField(const char* mask) {
+    return std::make_unique<QtField>(mask);
+}
+
+void showQtForm() {
+    QWidget form;
+    form.resize(formColumns * fieldWidth, formRows * fieldHeight);
+    for (int i = 0; i < formFields; ++i) {
+        auto* edit = new QLineEdit(&form);
+        edit->setGeometry(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
+                          fieldHeight);
+        edit->setMaxLength(20);
+        edit->setText(QStringLiteral("Nombre %1").arg(i));
+        edit->setAlignment(Qt::AlignRight);
+    }
+    form.setAttribute(Qt::WA_DontShowOnScreen);
+    form.show();
+    QImage picture(form.size(), QImage::Format_RGB32);
+    form.render(&picture);
+}
+
+} // namespace bench

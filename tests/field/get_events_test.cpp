@@ -1,0 +1,389 @@
+// Focus, companion buttons, mouse, and whom the field tells.
+#include "field/FieldTest.h"
+#include "host/PictureBox.h"
+
+using namespace tesela;
+using namespace tests;
+
+namespace {
+
+/// Stands for a status bar, an on-screen keyboard and a button: notes the calls that it gets by name.
+class Companion : public automation::Object {
+public:
+    void SetToolTipFromCtl(const automation::String& text) { note("tip:" + text.utf8()); }
+    void SetTextAlertFromCtl(const automation::String& text) { note("alert:" + text.utf8()); }
+    void ClearTextAlertFromCtl(const automation::String& text) { note("clear:" + text.utf8()); }
+    void SetNewCtl(const automation::Ref<automation::Object>& control) {
+        note("control:" + control->typeName().utf8());
+    }
+    bool CausesValidation() const { return causesValidation; }
+    void CausesValidation(bool value) { causesValidation = value; }
+
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table =
+            automation::ClassTable::of<Companion>("Companion")
+                .method("SetToolTipFromCtl", &Companion::SetToolTipFromCtl, {"cText"})
+                .method("SetTextAlertFromCtl", &Companion::SetTextAlertFromCtl, {"cText"})
+                .method("ClearTextAlertFromCtl", &Companion::ClearTextAlertFromCtl, {"cText"})
+                .method("SetNewCtl", &Companion::SetNewCtl, {"oCtl"})
+                .property("CausesValidation",
+                          static_cast<bool (Companion::*)() const>(&Companion::CausesValidation),
+                          static_cast<void (Companion::*)(bool)>(&Companion::CausesValidation));
+        return table;
+    }
+
+    std::string calls;
+    bool causesValidation = true;
+
+private:
+    void note(const std::string& call) { calls += call + ";"; }
+};
+
+class get_events : public tests::FieldTest {
+protected:
+    platform::POINT at(int x, int y) const {
+        platform::POINT point{x, y};
+        platform::ClientToScreen(field->hWnd(), &point);
+        return point;
+    }
+    void click(int x, int y = 8, int button = platform::VK_LBUTTON) {
+        desk.advance(1000); // not the second press of a double click
+        desk.click(at(x, y), button);
+        desk.pump();
+    }
+    void press(int key) { FieldTest::press(key); }
+    int width() const { return field->bounds().pixels().right - field->bounds().pixels().left; }
+    /// The column in the middle of a button, counted from the right.
+    int button(int fromRight) const { return width() - 3 - field->ButtonWidth() * fromRight - 7; }
+    void allButtons() {
+        field->BotonCombo(true);
+        field->BotonBuscar(true);
+        field->BotonFicha(true);
+        field->EVCombo.join([this](bool& forced, bool&) { events += forced ? "combo!" : "combo"; });
+        field->EVBuscar.join([this] { events += "search"; });
+        field->EVFicha.join([this] { events += "record"; });
+        if (!form->Visible()) show();
+    }
+};
+
+} // namespace
+
+TEST_F(get_events, TheFocusHistoryIsKept) {
+    show();
+    EXPECT_EQ(before->hWND(), globales().nHWndFocus);
+    enter();
+    EXPECT_TRUE(field->HasFocus());
+    EXPECT_EQ(field->hWND(), globales().nHWndFocus);
+    EXPECT_EQ(before->hWND(), field->CtrlFocus());
+    field->CtrlFocus(0);
+    desk.pump();
+    EXPECT_TRUE(before->HasFocus()) << "0 stands for the one before";
+}
+
+TEST_F(get_events, TheCompanionsAreToldOfTheFocus) {
+    const auto bar = automation::make<Companion>();
+    const auto keyboard = automation::make<Companion>();
+    const auto coupled = automation::make<Companion>();
+    field->ToolTip(u"nombre");
+    field->StatusBarAsociado(bar);
+    field->OnScreenKeyboardAsociado(keyboard);
+    field->ControlAsociado(coupled);
+    enter();
+    EXPECT_EQ("tip:nombre;", bar->calls);
+    EXPECT_EQ("control:get;", keyboard->calls);
+    EXPECT_FALSE(coupled->causesValidation);
+    leave();
+    EXPECT_EQ("tip:nombre;", bar->calls);
+    EXPECT_TRUE(coupled->causesValidation);
+}
+
+TEST_F(get_events, AMessageStandsInTheStatusBarForOneVisit) {
+    const auto bar = automation::make<Companion>();
+    field->ToolTip(u"nombre");
+    field->StatusBarAsociado(bar);
+    field->SetMsgForStatusBar(u"falta el nombre");
+    enter();
+    leave();
+    EXPECT_EQ("alert:falta el nombre;clear:nombre;", bar->calls);
+}
+
+TEST_F(get_events, ACompanionThatDoesNotAnswerLeavesTheFieldQuietly) {
+    enter();
+    field->ControlAsociado(automation::Ref<automation::Object>(automation::make<cFecha>().get()));
+    leave();
+    EXPECT_TRUE(after->HasFocus());
+}
+
+TEST_F(get_events, KeyWatchCanCancelAKey) {
+    field->KeyWatch.join([](short& code, short&) { code = 0; });
+    field->Text(u"abc");
+    enter();
+    press(platform::VK_END);
+    EXPECT_EQ(0, field->caretPosition());
+    EXPECT_EQ(platform::VK_END, field->LastKey());
+}
+
+TEST_F(get_events, TabIsWatchedWhenTheHostMovesTheFocus) {
+    short watched = 0, shifted = -1;
+    field->KeyWatch.join([&](short& code, short& shift) {
+        watched = code;
+        shifted = shift;
+    });
+    enter();
+    leave();
+    EXPECT_EQ(platform::VK_TAB, watched);
+    EXPECT_EQ(0, shifted);
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    EXPECT_EQ(1, shifted);
+    EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding());
+}
+
+TEST_F(get_events, KeyPressCanKeepACharacterOut) {
+    field->KeyPress.join([](short& code) {
+        if (code == 'b') code = 0;
+        if (code == 'c') code = 'x';
+    });
+    enter();
+    type(u"abc");
+    EXPECT_EQ("ax", text());
+}
+
+TEST_F(get_events, TheGateSwallowsKeysAndMouse) {
+    field->Text(u"abc");
+    enter();
+    field->EventsEnabled(false);
+    type(u"x");
+    press(platform::VK_END);
+    field->EventsEnabled(true);
+    EXPECT_EQ("abc", text());
+    EXPECT_EQ(0, field->caretPosition());
+}
+
+TEST_F(get_events, ButtonsActWhenTheyAreReleased) {
+    allButtons();
+    click(button(2));
+    EXPECT_EQ("combo!", events);
+    click(button(1));
+    click(button(0));
+    EXPECT_EQ("combo!searchrecord", events);
+    EXPECT_TRUE(field->HasFocus());
+}
+
+TEST_F(get_events, AButtonThatThePointerHasLeftDoesNotAct) {
+    allButtons();
+    desk.moveMouse(at(button(1), 8));
+    desk.pressButton();
+    desk.moveMouse(at(10, 8));
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ("", events);
+    desk.advance(1000);
+    desk.moveMouse(at(button(1), 8));
+    desk.pressButton();
+    desk.moveMouse(at(10, 8));
+    desk.pump();
+    desk.moveMouse(at(button(1), 8));
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ("search", events) << "it came back";
+}
+
+TEST_F(get_events, ADisabledButtonDoesNotAct) {
+    allButtons();
+    field->EnabledBuscar(false);
+    click(button(1));
+    EXPECT_EQ("", events);
+}
+
+TEST_F(get_events, TheRightButtonOnTheListClearsTheField) {
+    allButtons();
+    field->Text(u"abc");
+    click(button(2), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("combo!", events);
+    EXPECT_EQ("", text());
+    field->Text(u"abc");
+    field->Locked(true);
+    click(button(2), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("abc", text());
+}
+
+TEST_F(get_events, TheFieldTakesTheFocusBackUnlessItIsToldNotTo) {
+    allButtons();
+    bool keeps = false;
+    field->EVBuscar.join([&] {
+        after->Extender().SetFocus();
+        if (keeps) field->NoReclamarFocus();
+    });
+    click(button(1));
+    EXPECT_TRUE(field->HasFocus());
+    keeps = true;
+    click(button(1));
+    EXPECT_TRUE(after->HasFocus());
+}
+
+TEST_F(get_events, KeysAskFirstAndThenAct) {
+    std::string asked;
+    field->KeySearch.join([&](bool& cancel, bool& checkOnly) {
+        asked += checkOnly ? "?" : "!";
+        cancel = false;
+    });
+    field->Text(u"abc");
+    enter();
+    FieldTest::press(platform::VK_MENU, platform::VK_RIGHT);
+    EXPECT_EQ("?!", asked);
+    EXPECT_EQ(0, field->caretPosition()) << "the key is used up";
+}
+
+TEST_F(get_events, AClickPutsTheCaretBetweenTheNearestCharacters) {
+    field->Text(u"iiiiiiiiii");
+    enter();
+    click(4);
+    EXPECT_EQ(0, field->caretPosition());
+    click(width() - 8);
+    EXPECT_EQ(10, field->caretPosition());
+    int last = -1;
+    for (int x = 3; x < 40; ++x) {
+        click(x);
+        EXPECT_GE(field->caretPosition(), last);
+        last = field->caretPosition();
+    }
+}
+
+TEST_F(get_events, DraggingSelectsPastTheEdgesToo) {
+    field->Text(u"abcdefghij");
+    enter();
+    desk.moveMouse(at(3, 8));
+    desk.pressButton();
+    desk.moveMouse(at(width() + 200, 8));
+    desk.pump();
+    EXPECT_EQ(10, field->SelLength());
+    desk.moveMouse(at(-50, 8));
+    desk.pump();
+    EXPECT_EQ(0, field->SelLength());
+    desk.moveMouse(at(width() + 200, 300));
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ(10, field->SelLength());
+}
+
+TEST_F(get_events, ADoubleClickSelectsAWord) {
+    field->Text(u"uno dos tres");
+    enter();
+    desk.doubleClick(at(30, 8));
+    desk.pump();
+    const auto selected = field->Text().substring(static_cast<std::size_t>(field->SelStart()),
+                                                  static_cast<std::size_t>(field->SelLength()));
+    EXPECT_EQ("dos", selected.utf8());
+}
+
+TEST_F(get_events, AFieldThatIsNotToBeEditedLeavesTheFocusWhereItIs) {
+    field->EnabledGet(false);
+    show();
+    click(10);
+    EXPECT_TRUE(before->HasFocus());
+    EXPECT_FALSE(field->HasFocus());
+    press(platform::VK_TAB);
+    EXPECT_TRUE(after->HasFocus()) << "Tab passes it by";
+    field->SetFocusIfEnabled();
+    EXPECT_TRUE(after->HasFocus());
+    field->EnabledGet(true);
+    field->SetFocusIfEnabled();
+    EXPECT_TRUE(field->HasFocus());
+}
+
+TEST_F(get_events, AnotherProgramInFrontKeepsTheOriginalValue) {
+    field->Text(u"uno");
+    enter();
+    type(u"x");
+    EXPECT_EQ("uno", field->OriginalValue(false).asString().utf8());
+    field->SetFocusToCtl(automation::Ref<automation::Object>(after));
+    EXPECT_EQ(after->hWND(), globales().nHWndReclamar);
+}
+
+TEST_F(get_events, TheCaretStandsWhereTheTextIs) {
+    field->Text(u"abc");
+    enter();
+    platform::POINT first{}, last{};
+    platform::GetCaretPos(&first);
+    press(platform::VK_END);
+    platform::GetCaretPos(&last);
+    EXPECT_GT(last.x, first.x);
+    EXPECT_EQ(first.y, last.y);
+}
+
+TEST_F(get_events, SetCaretPositionKeepsToTheText) {
+    field->Mascara(u"##/##");
+    enter();
+    field->SetCaretPosition(3);
+    EXPECT_EQ(3, field->caretPosition());
+    field->SetCaretPosition(2);
+    field->SetCaretPosition(6);
+    field->SetCaretPosition(-1);
+    EXPECT_EQ(3, field->caretPosition()) << "a literal and what lies outside are refused";
+}
+
+TEST_F(get_events, TheOnScreenKeyboardTypes) {
+    enter();
+    field->ProcesarTeclaFromOnScreenKeyboard(u"ñ", 0, 0);
+    field->ProcesarTeclaFromOnScreenKeyboard(u"a", 0, host::ShiftMask);
+    EXPECT_EQ("ña", text());
+    field->ProcesarTeclaFromOnScreenKeyboard({}, platform::VK_LEFT, 0);
+    EXPECT_EQ(1, field->caretPosition());
+    field->ProcesarTeclaFromOnScreenKeyboard({}, platform::VK_TAB, 0);
+    desk.pump();
+    EXPECT_TRUE(after->HasFocus());
+}
+
+TEST_F(get_events, AHandlerMayRemoveTheField) {
+    enter();
+    field->KeyPress.join([this](short&) { form->remove(*field); });
+    desk.type(u"a");
+    desk.pump();
+    EXPECT_EQ(nullptr, form->find(u"get1"));
+}
+
+TEST_F(get_events, AHeldPaintWaitsForItsEnd) {
+    show();
+    int paints = 0;
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    field->UserDrawn.join([&](automation::Ref<cCanvas>&) { ++paints; });
+    field->BeginRefresh();
+    field->EndRefresh();
+    EXPECT_EQ(0, paints) << "nothing was changed";
+    field->BeginRefresh();
+    field->Text(u"uno");
+    field->BackColor(0xFF);
+    EXPECT_EQ(0, paints);
+    field->EndRefresh();
+    EXPECT_EQ(1, paints);
+}
+
+TEST_F(get_events, BandsArePaintedInTheBackgroundOnly) {
+    field->PaintHGradient();
+    field->UserDrawnMode(tslCtlUserDrawnMode_Background);
+    field->MaxLength(10);
+    int paints = 0;
+    field->PaintBackground.join([&](automation::Ref<cCanvas>& canvas) {
+        ++paints;
+        field->PaintHGradient(3, 0x0000FF, 0x00FF00);
+        EXPECT_EQ(0x0000FF, canvas->GetPixel(1, 1));
+    });
+    show();
+    field->Render();
+    EXPECT_GT(paints, 0);
+}
+
+TEST_F(get_events, TheGaugeGoesOffWithZeros) {
+    field->Text({});
+    show();
+    const auto plain = desk.look(field->hWnd());
+    field->AutoPaintGauge(50, 100);
+    EXPECT_NE(plain, desk.look(field->hWnd()));
+    field->AutoPaintGauge(0, 0);
+    EXPECT_EQ(plain, desk.look(field->hWnd()));
+    field->PaintGauge(1, 2, true, 1);
+    EXPECT_NE(plain, desk.look(field->hWnd()));
+    field->Render();
+    EXPECT_EQ(plain, desk.look(field->hWnd())) << "that one was painted once";
+}

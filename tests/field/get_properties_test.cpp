@@ -1,0 +1,252 @@
+// What a form keeps of a field, and how its properties act on one another.
+#include "field/FieldTest.h"
+#include "support/MemberNames.h"
+#include "support/RecordingSite.h"
+
+#include <algorithm>
+
+using namespace tesela;
+using namespace tests;
+
+namespace {
+
+class get_properties : public tests::FieldTest {
+protected:
+    static host::PropertyBag saved(get& field) {
+        host::PropertyBag bag;
+        field.writeProperties(bag);
+        return bag;
+    }
+    static std::vector<std::string> names(const host::PropertyBag& bag) {
+        std::vector<std::string> result;
+        for (const auto& item : bag.items())
+            result.push_back(item.first.utf8());
+        return result;
+    }
+    /// No property has its default.
+    void changeEverything(get& f) {
+        f.Scheme(tslSchemeHeader_B);
+        f.ShownEnabled(false);
+        f.BotonCombo(true);
+        f.BotonBuscar(true);
+        f.BotonFicha(true);
+        f.ButtonWidth(20);
+        f.EnabledGet(false);
+        f.EnabledCombo(false);
+        f.EnabledBuscar(false);
+        f.EnabledFicha(false);
+        f.Alias(u"clientes");
+        f.Campo(u"saldo");
+        f.UserFont(true);
+        f.TipoDato(tslTipoDatoNumero);
+        f.Mascara(u"#,##0.00;;##0.00");
+        f.Mayusculas(tslMayusculasUCase);
+        f.AutoFormat(tslGetAutoFormatProperCase);
+        f.VacioEnBlanco(true);
+        f.Seleccionado(tslSeleccionadoSiempre);
+        f.Enabled(false);
+        f.Text(u"12,5");
+        f.ToolTip(u"ayuda");
+        f.BackColor(0x123456);
+        f.ForeColor(0x654321);
+        f.Font(f.Ambient().Font());
+        f.Font()->Italic(true);
+        f.FontWidth(1.25F);
+        f.BorderStyle(tslBorderStyleNone);
+        f.Appearance(tslAppearanceFlat);
+        f.Locked(true);
+        f.MaxLength(9);
+        f.AutoSize(tslAutoSize_NO);
+        f.AutoTrim(tslAutoTrim_Left);
+        f.Alignment(tslAlignmentCenter);
+        f.PasswordChar(u"*");
+        f.CaracteresValidos(u"0123");
+        f.MousePointer(11);
+        f.MultiLine(true);
+    }
+};
+
+const std::vector<std::string> order{
+    "Scheme",        "ShownEnabled", "BotonCombo",    "BotonBuscar",  "BotonFicha",   "ButtonWidth",
+    "EnabledGet",    "EnabledCombo", "EnabledBuscar", "EnabledFicha", "Alias",        "Campo",
+    "UserFont",      "TipoDato",     "Mascara",       "MascaraFocus", "Mayusculas",   "AutoFormat",
+    "VacioEnBlanco", "Seleccionado", "Enabled",       "Text",         "ToolTip",      "BackColor",
+    "ForeColor",     "Font",         "FontWidth",     "BorderStyle",  "Appearance",   "Locked",
+    "MaxLength",     "AutoSize",     "AutoTrim",      "Alignment",    "PasswordChar", "CaracteresValidos",
+    "MousePointer",  "MultiLine"};
+
+} // namespace
+
+TEST_F(get_properties, PersistedNamesStandInTheirOrder) {
+    changeEverything(*field);
+    EXPECT_EQ(order, names(saved(*field)));
+}
+
+TEST_F(get_properties, DefaultsCostNoStorage) {
+    field->readProperties(*std::make_unique<host::PropertyBag>());
+    auto left = names(saved(*field));
+    std::erase(left, "ForeColor"); // the table's colour of the moment
+    EXPECT_TRUE(left.empty()) << testing::PrintToString(left);
+}
+
+TEST_F(get_properties, AnEmptyBagGivesTheDefaults) {
+    changeEverything(*field);
+    host::PropertyBag empty;
+    field->readProperties(empty);
+    EXPECT_EQ("Texto a mostrar", text());
+    EXPECT_EQ(tslSchemeUseDefault, field->Scheme());
+    EXPECT_TRUE(field->ShownEnabled());
+    EXPECT_FALSE(field->BotonCombo());
+    EXPECT_EQ(15, field->ButtonWidth());
+    EXPECT_TRUE(field->EnabledGet());
+    EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
+    EXPECT_EQ("", field->MascaraFocus().utf8());
+    EXPECT_EQ(-1, field->BackColor());
+    EXPECT_FALSE(field->Locked());
+    EXPECT_EQ(0, field->MaxLength());
+    EXPECT_EQ(tslAutoSize_Y, field->AutoSize());
+    EXPECT_TRUE(field->Font()->equals(*field->Ambient().Font()));
+}
+
+TEST_F(get_properties, EveryPropertyComesBackFromItsBag) {
+    changeEverything(*field);
+    host::PropertyBag bag = saved(*field);
+    get& other = form->add<get>(u"get9");
+    other.readProperties(bag);
+    EXPECT_EQ(saved(*field).Contents().utf8(), saved(other).Contents().utf8());
+    EXPECT_EQ("12,50", other.Text().utf8());
+    EXPECT_EQ("##0.00", other.MascaraFocus().utf8());
+    EXPECT_EQ(9, other.MaxLength());
+    EXPECT_FALSE(other.Extender().TabStop()) << "neither shown enabled nor to be edited";
+}
+
+TEST_F(get_properties, AWrongValueInTheBagIsSkippedAndTheNextIsRead) {
+    host::PropertyBag bag;
+    for (const std::string& name : order)
+        if (name != "Text" && name != "ToolTip")
+            bag.WriteProperty(automation::String::fromUtf8(name), Variant(u"¿?"));
+    bag.WriteProperty(u"Text", Variant(u"uno"));
+    field->readProperties(bag);
+    EXPECT_EQ("¿?", field->Alias().utf8()) << "a text is a value of these";
+    EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
+    EXPECT_EQ(15, field->ButtonWidth());
+}
+
+TEST_F(get_properties, TabStopIsKeptAcrossTheReading) {
+    host::PropertyBag bag;
+    field->Extender().TabStop(false);
+    field->readProperties(bag);
+    EXPECT_FALSE(field->Extender().TabStop());
+    field->Extender().TabStop(true);
+    field->readProperties(bag);
+    EXPECT_TRUE(field->Extender().TabStop());
+}
+
+TEST_F(get_properties, EverySetterReportsItsProperty) {
+    const auto alone = automation::make<get>();
+    support::RecordingSite site(*alone, form->hWnd(), {0, 0, 1500, 300});
+    site.changed.clear();
+    changeEverything(*alone);
+    for (const std::string& name : order)
+        EXPECT_EQ(1, std::min<long>(1, std::count(site.changed.begin(), site.changed.end(), name))) << name;
+}
+
+TEST_F(get_properties, NarrowButtonsAreRefused) {
+    field->ButtonWidth(14);
+    EXPECT_EQ(15, field->ButtonWidth());
+    field->ButtonWidth(31);
+    EXPECT_EQ(31, field->ButtonWidth());
+    field->ButtonWidth(15);
+    EXPECT_EQ(15, field->ButtonWidth());
+}
+
+TEST_F(get_properties, BackColorFollowsTheTableAndForeColorDoesNot) {
+    field->ForeColor(-1);
+    const auto text = field->ForeColor();
+    EXPECT_NE(-1, text);
+    field->GlobalCtlCfg(tslCtlGlobalCfg_Get_ForeColor, Variant(std::int32_t{0x123456}));
+    EXPECT_EQ(text, field->ForeColor());
+    field->BackColor(-1);
+    EXPECT_EQ(-1, field->BackColor());
+    field->BackColor(host::colorButtonFace);
+    EXPECT_EQ(automation::fromVariant<std::int32_t>(GlobalCtlCfg(tslCtlGlobalCfg_Get_DisabledBackColor)),
+              field->BackColor());
+}
+
+TEST_F(get_properties, ShownEnabledLocksTheFieldAndLeavesItEnabled) {
+    field->BackColor(0x112233);
+    field->ShownEnabled(false);
+    EXPECT_TRUE(field->Locked());
+    EXPECT_TRUE(field->Enabled());
+    EXPECT_FALSE(field->Extender().TabStop());
+    EXPECT_EQ(-1, field->BackColor());
+    field->ShownEnabled(true);
+    EXPECT_FALSE(field->Locked());
+    EXPECT_TRUE(field->Extender().TabStop());
+}
+
+TEST_F(get_properties, WhatEnabledWasSetToIsKeptForTheApplication) {
+    field->EnabledGet(false);
+    field->EnabledCombo(true);
+    EXPECT_FALSE(field->lInternalPreEnabledGet);
+    EXPECT_TRUE(field->lInternalPreEnabledBtnCombo);
+    EXPECT_FALSE(field->Extender().TabStop());
+    field->EnabledGet(true);
+    EXPECT_TRUE(field->Extender().TabStop());
+}
+
+TEST_F(get_properties, ALineOfTextIsAsHighAsItsFontNeeds) {
+    const float height = field->Height();
+    field->Font()->Size(automation::Currency(18));
+    EXPECT_GT(field->Height(), height);
+    field->AutoSize(tslAutoSize_NO);
+    field->Height(900);
+    EXPECT_EQ(900, field->Height());
+}
+
+TEST_F(get_properties, SchemesSetColoursFontAndLayout) {
+    field->BackColor(0x112233);
+    field->BorderStyle(tslBorderStyleNone);
+    field->TipoDato(tslTipoDatoFecha);
+    field->Scheme(tslSchemeHeader_A);
+    EXPECT_EQ(-1, field->BackColor());
+    EXPECT_EQ("Arial", field->Font()->Name().utf8());
+    EXPECT_EQ(12, field->Font()->Size().toDouble());
+    EXPECT_TRUE(field->Font()->Bold());
+    EXPECT_TRUE(field->UserFont());
+    EXPECT_EQ(tslBorderStyleFixedSingle, field->BorderStyle());
+    EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
+    form->BackColor(0x00C0FF);
+    field->Scheme(tslSchemeUseAmbient);
+    EXPECT_EQ(0x00C0FF, field->BackColor());
+    field->Scheme(tslSchemeUseActual);
+    EXPECT_EQ(0x00C0FF, field->BackColor());
+    EXPECT_EQ(tslSchemeUseActual, field->Scheme());
+}
+
+TEST_F(get_properties, LiveHidesAndDisables) {
+    field->Live(false);
+    EXPECT_FALSE(field->Extender().Visible());
+    EXPECT_FALSE(field->Enabled());
+    field->Live(true);
+    EXPECT_TRUE(field->Extender().Visible());
+}
+
+TEST_F(get_properties, AfterItsEndAFieldPaintsNothingAndRefusesFonts) {
+    const automation::Ref<get> held(field);
+    const auto font = field->Font();
+    form->remove(*field);
+    EXPECT_FALSE(held->Font());
+    EXPECT_EQ(91, tests::errorOf([&] { held->Font(font); }));
+    held->Text(u"uno");
+    held->Render();
+    EXPECT_EQ("uno", held->Text().utf8());
+}
+
+TEST_F(get_properties, AllMembersAreReachedByName) {
+    const auto members = tests::memberNames(get::table());
+    for (const char* name : {"Text", "Value", "ValorVerdadero", "Mascara", "FormatoMascara", "ValidateFecha",
+                             "ValidateFltCodigos", "IsForwarding", "SetFocusIfEnabled", "PaintHGradient",
+                             "AutoPaintGauge", "Change", "EVCombo", "UserDrawn"})
+        EXPECT_EQ(1, std::count(members.begin(), members.end(), name)) << name;
+}
