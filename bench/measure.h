@@ -42,14 +42,15 @@ struct Candidate {
 };
 
 /// Runs the candidates once unmeasured, then in turn, `rounds` times each; gives the median seconds of a run
-/// of each.
-inline std::vector<double> interleaved(const std::vector<Candidate>& candidates, int rounds) {
+/// of each, by a clock.
+inline std::vector<double> interleaved(const std::vector<Candidate>& candidates, int rounds,
+                                       double (*clock)() = processorSeconds) {
     std::vector<std::vector<double>> times(candidates.size());
-    const auto run = [](const Candidate& candidate) {
+    const auto run = [clock](const Candidate& candidate) {
         if (candidate.prepare) candidate.prepare();
-        const double start = processorSeconds();
+        const double start = clock();
         candidate.work();
-        return processorSeconds() - start;
+        return clock() - start;
     };
     for (const Candidate& candidate : candidates)
         run(candidate); // memory and caches are made now

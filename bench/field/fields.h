@@ -17,6 +17,8 @@ public:
     /// Types a character and has the field painted.
     virtual void type(char character) = 0;
     virtual void clear() = 0;
+    /// Waits until the last picture is finished, where another program draws.
+    virtual void finish() {}
 };
 
 using MakeField = std::function<std::unique_ptr<TypingField>()>;

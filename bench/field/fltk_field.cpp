@@ -3,8 +3,8 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Input.H>
+#include <FL/x.H>
 
-#include <cstdio>
 #include <string>
 
 namespace bench {
@@ -21,7 +21,7 @@ public:
     }
     void type(char character) override {
         char text[] = {character, 0};
-        Fl::e_keysym = character;
+        Fl::e_keysym = static_cast<unsigned char>(character);
         Fl::e_text = text;
         Fl::e_length = 1;
         input_.handle(FL_KEYBOARD);
@@ -31,6 +31,8 @@ public:
         input_.value("");
         input_.position(0);
     }
+
+    void finish() override { XSync(fl_display, False); }
 
 private:
     Fl_Double_Window window_;
@@ -55,6 +57,7 @@ void showFltkForm() {
     window.show();
     Fl::check();
     Fl::flush();
+    XSync(fl_display, False);
 }
 
 } // namespace bench

@@ -35,7 +35,7 @@ public:
     ~OurField() override { form_->unload(); }
     void type(char character) override {
         // What the queue would bring; the picture is finished when the character is handled.
-        const auto code = static_cast<platform::WPARAM>(character);
+        const auto code = static_cast<platform::WPARAM>(static_cast<unsigned char>(character));
         platform::SendMessageA(field_.hWnd(), platform::WM_KEYDOWN, code, 1);
         platform::SendMessageA(field_.hWnd(), platform::WM_CHAR, code, 1);
         platform::SendMessageA(field_.hWnd(), platform::WM_KEYUP, code, 1);
@@ -64,8 +64,9 @@ host::PropertyBag savedField(int number) {
 void fill(host::Form& form) {
     for (int i = 0; i < formFields; ++i) {
         get& field = form.add<get>(u"get" + automation::String::fromUtf8(std::to_string(i)));
-        field.Extender().Move(static_cast<float>(i % formColumns * fieldWidth) * pixel,
-                              static_cast<float>(i / formColumns * fieldHeight) * pixel, fieldWidth * pixel,
+        const int column = i % formColumns, row = i / formColumns;
+        field.Extender().Move(static_cast<float>(column * fieldWidth) * pixel,
+                              static_cast<float>(row * fieldHeight) * pixel, fieldWidth * pixel,
                               fieldHeight * pixel);
         host::PropertyBag bag = savedField(i);
         field.readProperties(bag);

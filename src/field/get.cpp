@@ -54,22 +54,18 @@ void get::onTerminate() {
 }
 
 void get::UserControl_InitProperties() {
-    lUserMode = Ambient().UserMode();
-    {
-        const HeldPaint held(*this);
-        Scheme(tslSchemeUseDefault);
-        TipoDato(tslTipoDatoCaracter);
-        Text(Extender().Name());
-        ToolTip({});
-        BackColor(-1);
-        ForeColor(-1);
-        Enabled(true);
-        Alias({});
-        Campo({});
-        if (!lUserMode) createByDialog();
-    }
-    nNoRender = 0;
-    Render();
+    beginReading();
+    Scheme(tslSchemeUseDefault);
+    TipoDato(tslTipoDatoCaracter);
+    Text(Extender().Name());
+    ToolTip({});
+    BackColor(-1);
+    ForeColor(-1);
+    Enabled(true);
+    Alias({});
+    Campo({});
+    if (!lUserMode) createByDialog();
+    finishReading();
 }
 
 /// While a form is designed: asks for the type of a new field, its length and its first text, "1,8,"0"".
@@ -325,9 +321,24 @@ void get::FontWidth(float value) {
 }
 
 void get::fontChanged() {
+    nLineHeight = 0;
+    if (lReading) return; // once, when all properties are read
     UserControl::Font(*oFont);
-    measureLine();
     onResize();
+}
+
+/// While all properties are written neither paints nor new sizes count; the end makes up for them.
+void get::beginReading() {
+    lUserMode = Ambient().UserMode();
+    nNoRender = 1;
+    lReading = true;
+}
+
+void get::finishReading() {
+    lReading = false;
+    fontChanged();
+    nNoRender = 0;
+    Render();
 }
 
 void get::measureLine() {
@@ -359,7 +370,7 @@ platform::SIZE get::fittingSize(platform::SIZE now) const {
 }
 
 void get::onResize() {
-    if (!oFont) return;
+    if (!oFont || lReading) return;
     if (nLineHeight == 0) measureLine();
     const auto pixels = [](float twips) { return static_cast<std::int32_t>(std::lround(twips)); };
     const platform::SIZE now{pixels(ScaleX(Width(), host::ScaleMode::Twips, host::ScaleMode::Pixels)),

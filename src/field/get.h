@@ -486,6 +486,8 @@ private:
     host::StdFont& ownFont() const;
 
     void createByDialog();
+    void beginReading();
+    void finishReading();
 
     automation::String cTexto;
     automation::String cTextoOriginal;
@@ -559,8 +561,10 @@ private:
     bool lPerdidoAOtraApp = false;
     bool lCanvasValido = false;
     bool lPendienteRender = false;
+    bool lRenderAlMostrar = false; ///< A Render waits until the field is to be seen
     bool lInResize = false;
     bool lInRender = false;
+    bool lReading = false; ///< All properties are being written
     bool lAlwaysLeft = false;
     bool lShownEnabled = true;
 };

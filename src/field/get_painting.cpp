@@ -113,7 +113,10 @@ private:
 
 void get::Render() {
     lPendienteRender = true;
-    if (nNoRender == 1 || lInRender || !oFont || !hWnd() || !prepareCanvas()) return;
+    if (nNoRender == 1 || lInRender || !oFont || !hWnd()) return;
+    // Nobody sees a field on a hidden form: its first paint makes the picture.
+    lRenderAlMostrar = !platform::IsWindowVisible(hWnd());
+    if (lRenderAlMostrar || !prepareCanvas()) return;
     lInRender = true;
     const automation::Ref<automation::Object> alive(this);
     try {
@@ -144,7 +147,7 @@ void get::showCanvas() {
 }
 
 void get::onPaint() {
-    if (!lCanvasValido) {
+    if (!lCanvasValido || lRenderAlMostrar) {
         Render();
         return;
     }

@@ -124,8 +124,7 @@ const Persisted persisted[] = {
 } // namespace
 
 void get::onReadProperties(host::PropertyBag& bag) {
-    lUserMode = Ambient().UserMode();
-    nNoRender = 1;
+    beginReading();
     const bool stopped = tabStop();
     for (const Persisted& property : persisted) {
         try {
@@ -138,8 +137,7 @@ void get::onReadProperties(host::PropertyBag& bag) {
     }
     if (isRecordIdentifier() && cTexto.empty())
         Text(automation::CStr(bag.ReadProperty(u"Text", Variant(u"Texto a mostrar"))));
-    nNoRender = 0;
-    Render();
+    finishReading();
 }
 
 void get::onWriteProperties(host::PropertyBag& bag) {

@@ -2,12 +2,12 @@
 
 #include "automation/ClassTable.h"
 #include "automation/Error.h"
+#include "automation/Names.h"
 #include "host/FormSite.h"
 #include "host/MessageLoop.h"
 #include "host/Picture.h"
 #include "host/Session.h"
 #include "host/ToolTipWindow.h"
-#include "platform/locale.h"
 
 #include <algorithm>
 
@@ -19,10 +19,6 @@ constexpr std::int32_t NameInUse = 672;
 constexpr std::int32_t ControlNotFound = 730;
 constexpr std::int32_t AlreadyVisible = 400;
 constexpr std::int32_t ModalIsOpen = 401;
-
-bool sameName(const automation::String& a, const automation::String& b) {
-    return a.length() == b.length() && platform::upperCase(a) == platform::upperCase(b);
-}
 
 /// As long as it lives, controls come onto the form invisible.
 class Hiding {
@@ -103,7 +99,8 @@ void Form::remove(Control& control) {
 
 Control* Form::find(const automation::String& controlName, short index) const {
     for (const auto& site : sites_) {
-        if (site->index() == index && sameName(site->name(), controlName)) return &site->control();
+        if (site->index() == index && automation::sameName(site->name(), controlName))
+            return &site->control();
     }
     return nullptr;
 }
@@ -118,7 +115,8 @@ std::vector<Control*> Form::controls() const {
 std::vector<short> Form::indexesOf(const automation::String& controlName) const {
     std::vector<short> list;
     for (const auto& site : sites_) {
-        if (site->index() != NotInArray && sameName(site->name(), controlName)) list.push_back(site->index());
+        if (site->index() != NotInArray && automation::sameName(site->name(), controlName))
+            list.push_back(site->index());
     }
     return list;
 }
@@ -192,7 +190,7 @@ Timer& Form::addTimer(const automation::String& timerName, short index) {
 
 Timer* Form::findTimer(const automation::String& timerName, short index) const {
     for (const NamedTimer& each : timers_) {
-        if (each.index == index && sameName(each.name, timerName)) return each.timer.get();
+        if (each.index == index && automation::sameName(each.name, timerName)) return each.timer.get();
     }
     return nullptr;
 }

@@ -1,10 +1,10 @@
 #include "host/PropertyBag.h"
 
 #include "automation/Argument.h"
+#include "automation/Names.h"
 #include "host/FormReader.h"
 #include "host/FormWriter.h"
 #include "host/StdFont.h"
-#include "platform/locale.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,10 +12,6 @@
 namespace host {
 
 namespace {
-
-bool sameName(const automation::String& a, const automation::String& b) {
-    return a.length() == b.length() && platform::upperCase(a) == platform::upperCase(b);
-}
 
 std::optional<double> number(const automation::Variant& value) {
     switch (value.type()) {
@@ -77,15 +73,15 @@ automation::Variant stored(const automation::Variant& value) {
 
 automation::Variant PropertyBag::ReadProperty(const automation::String& name,
                                               const automation::Variant& defaultValue) const {
-    const auto item =
-        std::find_if(items_.begin(), items_.end(), [&](const Item& i) { return sameName(i.first, name); });
+    const auto item = std::find_if(items_.begin(), items_.end(),
+                                   [&](const Item& i) { return automation::sameName(i.first, name); });
     return item == items_.end() ? defaultValue : item->second;
 }
 
 void PropertyBag::WriteProperty(const automation::String& name, const automation::Variant& value,
                                 const automation::Variant& defaultValue) {
-    const auto item =
-        std::find_if(items_.begin(), items_.end(), [&](const Item& i) { return sameName(i.first, name); });
+    const auto item = std::find_if(items_.begin(), items_.end(),
+                                   [&](const Item& i) { return automation::sameName(i.first, name); });
     if (same(value, defaultValue)) {
         if (item != items_.end()) items_.erase(item);
     } else if (item != items_.end()) {
@@ -96,7 +92,8 @@ void PropertyBag::WriteProperty(const automation::String& name, const automation
 }
 
 bool PropertyBag::contains(const automation::String& name) const {
-    return std::any_of(items_.begin(), items_.end(), [&](const Item& i) { return sameName(i.first, name); });
+    return std::any_of(items_.begin(), items_.end(),
+                       [&](const Item& i) { return automation::sameName(i.first, name); });
 }
 
 automation::String PropertyBag::Contents() const {

@@ -81,24 +81,40 @@ HWND firstToPaint(const Window& window) {
     return {};
 }
 
+/// Takes the frames of a window's children out of a region of the screen, those in front of `last` or all.
+/// Most lie elsewhere, which their bounds tell at once.
+void coverByChildren(Region& region, const Window& parent, const Window* last) {
+    const POINT origin = clientOrigin(parent);
+    RECT bounds = offset(region.bounds(), -origin.x, -origin.y);
+    for (const Window* child : parent.children) {
+        if (child == last) break;
+        if (!child->is(WS_VISIBLE) || isEmpty(overlapOf(bounds, child->frame))) continue;
+        region = region.subtracted(Region(offset(child->frame, origin.x, origin.y)));
+        bounds = offset(region.bounds(), -origin.x, -origin.y);
+    }
+}
+
+/// What is to be seen of a window within a region of the screen.
+Region visibleWithin(const Window& window, Region region, bool withoutChildren) {
+    for (const Window* w = &window; !isTopLevel(*w); w = w->parent) {
+        region = region.intersected(Region(screenClient(*w->parent)));
+        if (w->is(WS_CLIPSIBLINGS)) coverByChildren(region, *w->parent, w);
+    }
+    if (withoutChildren) coverByChildren(region, window, nullptr);
+    return region;
+}
+
+bool hasVisiblePart(const Window& window, bool whole) {
+    return isShown(window) && !isDesktop(window) && (!window.is(WS_MINIMIZE) || whole);
+}
+
 } // namespace
 
 Region visibleRegion(const Window& window, bool whole, bool withoutChildren) {
-    if (!isShown(window) || isDesktop(window) || (window.is(WS_MINIMIZE) && !whole)) return {};
-    Region region(whole ? screenFrame(window) : screenClient(window));
-    if (!whole) region = region.intersected(Region(screenFrame(window)));
-    for (const Window* w = &window; !isTopLevel(*w); w = w->parent) {
-        region = region.intersected(Region(screenClient(*w->parent)));
-        if (!w->is(WS_CLIPSIBLINGS)) continue;
-        for (const Window* sibling : w->parent->children) {
-            if (sibling == w) break;
-            if (sibling->is(WS_VISIBLE)) region = region.subtracted(Region(screenFrame(*sibling)));
-        }
-    }
-    if (withoutChildren)
-        for (const Window* child : window.children)
-            if (child->is(WS_VISIBLE)) region = region.subtracted(Region(screenFrame(*child)));
-    return region;
+    if (!hasVisiblePart(window, whole)) return {};
+    Region region(screenFrame(window));
+    if (!whole) region = region.intersected(Region(screenClient(window)));
+    return visibleWithin(window, std::move(region), withoutChildren);
 }
 
 void resizePixels(Window& topLevel) {
@@ -141,16 +157,20 @@ void copyPixels(Window& topLevel, const Region& screen, POINT by) {
 }
 
 void invalidate(Window& window, const Region& client, bool erase, bool children) {
-    const bool clipsChildren = window.is(WS_CLIPCHILDREN);
     const Region onScreen = screenRegion(window, client);
-    const Region seen = visibleRegion(window, false, clipsChildren).intersected(onScreen);
-    if (!seen.empty()) {
-        window.update = window.update.united(clientRegion(window, seen));
-        window.eraseDue = window.eraseDue || erase;
+    if (hasVisiblePart(window, false)) {
+        const Region inside = onScreen.intersected(Region(screenFrame(window)));
+        const Region seen = visibleWithin(window, inside.intersected(Region(screenClient(window))),
+                                          window.is(WS_CLIPCHILDREN));
+        if (!seen.empty()) {
+            window.update = window.update.united(clientRegion(window, seen));
+            window.eraseDue = window.eraseDue || erase;
+        }
     }
     if (!children) return;
+    const RECT bounds = onScreen.bounds();
     for (Window* child : window.children) {
-        if (!child->is(WS_VISIBLE)) continue;
+        if (!child->is(WS_VISIBLE) || isEmpty(overlapOf(bounds, screenFrame(*child)))) continue;
         const Region part = onScreen.intersected(Region(screenFrame(*child)));
         if (part.empty()) continue;
         if (screenFrame(*child) != screenClient(*child)) child->frameDue = true;
