@@ -6,6 +6,7 @@
 #include "drawing/rounding.h"
 #include "host/MsgBox.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -257,17 +258,26 @@ std::int32_t cCanvas::PolyBezierTo(std::int32_t nVertices, const Array& aXCoord,
 /// Lines that grow by a pixel at both ends with each step away from the tip.
 void cCanvas::drawScanLines(POINT tip, POINT step, std::int32_t count, bool vertical) {
     constexpr std::int32_t most = 1 << 17; // no surface reaches further
+    constexpr int linesAtOnce = 16;
+    std::array<POINT, std::size_t{2} * linesAtOnce> ends;
+    POINT* end = ends.data();
+    const auto draw = [&] {
+        platform::drawLines(nPaintDC, ends.data(), static_cast<int>(end - ends.data()) / 2);
+        end = ends.data();
+    };
     for (std::int32_t k = 1; k < std::min(count, most); ++k) {
         const std::int32_t x = saturatingSum(tip.x, std::int64_t{k} * step.x);
         const std::int32_t y = saturatingSum(tip.y, std::int64_t{k} * step.y);
         if (vertical) {
-            MoveTo(x, saturatingSum(y, -k));
-            LineTo(x, saturatingSum(y, k + 1));
+            *end++ = {x, saturatingSum(y, -k)};
+            *end++ = {x, saturatingSum(y, k + 1)};
         } else {
-            MoveTo(saturatingSum(x, -k), y);
-            LineTo(saturatingSum(x, k + 1), y);
+            *end++ = {saturatingSum(x, -k), y};
+            *end++ = {saturatingSum(x, k + 1), y};
         }
+        if (end == ends.data() + ends.size()) draw();
     }
+    if (end != ends.data()) draw();
 }
 
 void cCanvas::DrawTriangle(std::int32_t nX, std::int32_t nY, std::int32_t nScanLines, host::OLE_COLOR nRGB,

@@ -193,6 +193,8 @@ BOOL ScaleViewportExtEx(HDC dc, int multiplierX, int divisorX, int multiplierY, 
 BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
 BOOL GetCurrentPositionEx(HDC dc, POINT* position);
 BOOL LineTo(HDC dc, int x, int y);
+/// Lines from the first to the second of each pair of points, as MoveToEx and LineTo draw them.
+BOOL drawLines(HDC dc, const POINT* points, int lines);
 BOOL Polyline(HDC dc, const POINT* points, int count);
 BOOL PolylineTo(HDC dc, const POINT* points, int count);
 BOOL Polygon(HDC dc, const POINT* points, int count);

@@ -83,6 +83,11 @@ BOOL fillWithNewBrush(HDC dc, const RECT& rect, COLORREF color) {
     return filled;
 }
 
+void drawLine(HDC dc, POINT from, POINT to) {
+    MoveToEx(dc, from.x, from.y, nullptr);
+    LineTo(dc, to.x, to.y);
+}
+
 /// Fills the frame of one logical unit inside a rectangle.
 void fillFrame(const DeviceContext& context, const Painter& painter, const RECT& r) {
     painter.fill(patternBox(context, {r.left, r.top, r.right, r.top + 1}));
@@ -157,6 +162,22 @@ BOOL LineTo(HDC dc, int x, int y) {
     drawPlainLine(*context, context->toSurface(context->state.position), context->toSurface(POINT{x, y}),
                   ink);
     context->state.position = {x, y};
+    return TRUE_;
+}
+
+BOOL drawLines(HDC dc, const POINT* points, int lines) {
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context || lines < 1) return FALSE_;
+    const Masks ink = plainInk(*context);
+    const POINT* const end = points + std::ptrdiff_t{2} * lines;
+    if (ink == leaveAlone) {
+        for (; points != end; points += 2)
+            drawLine(dc, points[0], points[1]);
+        return TRUE_;
+    }
+    for (; points != end; points += 2)
+        drawPlainLine(*context, context->toSurface(points[0]), context->toSurface(points[1]), ink);
+    context->state.position = end[-1];
     return TRUE_;
 }
 

@@ -215,13 +215,14 @@ Masks plainInk(const DeviceContext& context) {
 }
 
 void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
+    // The first pixel of a line backwards is the last of the area, which ends behind it.
     if (from.y == to.y) {
-        const bool forward = to.x > from.x;
-        maskClipped(context, {forward ? from.x : to.x + 1, from.y, forward ? to.x : from.x + 1, from.y + 1},
+        const bool backwards = to.x < from.x;
+        maskClipped(context, {backwards ? to.x + 1 : from.x, from.y, backwards ? from.x + 1 : to.x, from.y + 1},
                     ink);
     } else if (from.x == to.x) {
-        const bool forward = to.y > from.y;
-        maskClipped(context, {from.x, forward ? from.y : to.y + 1, from.x + 1, forward ? to.y : from.y + 1},
+        const bool backwards = to.y < from.y;
+        maskClipped(context, {from.x, backwards ? to.y + 1 : from.y, from.x + 1, backwards ? from.y + 1 : to.y},
                     ink);
     } else {
         drawSlanted(context, from, to, ink);

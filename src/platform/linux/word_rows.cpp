@@ -110,12 +110,18 @@ void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     });
 }
 
-constexpr WordRows plainRows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill, fillRows};
+/// Chooses them when the program starts.
+const struct FastestRows {
+    FastestRows() {
+        if (const WordRows* rows = avx2WordRows()) fastestWordRows = rows;
+    }
+} fastestRows;
 
 } // namespace
 
-const WordRows& plainWordRows() {
-    return plainRows;
-}
+constinit const WordRows plainWordRows{copy,       blendConstant, blendAlpha, copyOpaque,
+                                       copyColors, fill,          fillRows};
+
+constinit const WordRows* fastestWordRows = &plainWordRows;
 
 } // namespace platform::driver

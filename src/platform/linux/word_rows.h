@@ -43,15 +43,15 @@ struct WordRows {
 };
 
 /// For every processor.
-const WordRows& plainWordRows();
+extern const WordRows plainWordRows;
 
 /// For the one that the program runs on if it has AVX2, null otherwise.
 const WordRows* avx2WordRows();
 
-/// The fastest for this processor.
+/// Those for this processor from the start of the program on, the plain ones until then.
+extern const WordRows* fastestWordRows;
 inline const WordRows& wordRows() {
-    static const WordRows& rows = avx2WordRows() ? *avx2WordRows() : plainWordRows();
-    return rows;
+    return *fastestWordRows;
 }
 
 /// Sets all words of a rectangle, which may be empty. Rows that follow each other without a gap are one for

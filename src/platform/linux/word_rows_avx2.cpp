@@ -204,7 +204,7 @@ struct ColorCopy {
 
 WITH_AVX2 void copy(const WordBlocks& blocks) {
     if (blocks.width < wordsAtOnce) {
-        plainWordRows().copy(blocks);
+        plainWordRows.copy(blocks);
     } else {
         changeWords(blocks, Copy());
     }
@@ -212,7 +212,7 @@ WITH_AVX2 void copy(const WordBlocks& blocks) {
 
 WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
-        plainWordRows().blendConstant(blocks, alpha);
+        plainWordRows.blendConstant(blocks, alpha);
     } else if (alpha == half) {
         changeWords(blocks, HalfBlend());
     } else {
@@ -222,7 +222,7 @@ WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
 
 WITH_AVX2 void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
-        plainWordRows().blendAlpha(blocks, alpha);
+        plainWordRows.blendAlpha(blocks, alpha);
     } else if (alpha == full) {
         changeWords(blocks, AlphaBlend());
     } else {
@@ -232,7 +232,7 @@ WITH_AVX2 void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
 
 WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     if (blocks.width < wordsAtOnce) {
-        plainWordRows().copyOpaque(blocks, transparent);
+        plainWordRows.copyOpaque(blocks, transparent);
     } else {
         changeWords(blocks, OpaqueCopy{transparent});
     }
@@ -294,7 +294,7 @@ WITH_AVX2 inline void fillWith(std::uint32_t* first, std::ptrdiff_t stride, int 
 
 WITH_AVX2 void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
     if (width < wordsAtOnce) {
-        plainWordRows().fill(first, stride, width, height, value);
+        plainWordRows.fill(first, stride, width, height, value);
     } else {
         fillWith(first, stride, width, height, SameValue{_mm256_set1_epi32(static_cast<int>(value))});
     }
@@ -303,7 +303,7 @@ WITH_AVX2 void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int 
 WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
                         const std::uint32_t* values) {
     if (width < wordsAtOnce) {
-        plainWordRows().fillRows(first, stride, width, height, values);
+        plainWordRows.fillRows(first, stride, width, height, values);
     } else {
         fillWith(first, stride, width, height, ValuesOfRows{values});
     }
@@ -311,7 +311,7 @@ WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, 
 
 WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     if (blocks.width < wordsAtOnce) {
-        plainWordRows().copyColors(blocks, leftOut);
+        plainWordRows.copyColors(blocks, leftOut);
     } else {
         changeWords(blocks, ColorCopy{leftOut});
     }

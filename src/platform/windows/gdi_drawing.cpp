@@ -21,6 +21,15 @@ BOOL LineTo(HDC dc, int x, int y) {
     return ::LineTo(native(dc), x, y);
 }
 
+BOOL drawLines(HDC dc, const POINT* points, int lines) {
+    bool done = true;
+    for (; lines > 0; --lines, points += 2) {
+        done = MoveToEx(dc, points[0].x, points[0].y, nullptr) && done;
+        done = LineTo(dc, points[1].x, points[1].y) && done;
+    }
+    return done ? TRUE_ : FALSE_;
+}
+
 BOOL Polyline(HDC dc, const POINT* points, int count) {
     return ::Polyline(native(dc), as<::POINT>(points), count);
 }

@@ -59,7 +59,7 @@ std::uint32_t divided(std::uint32_t product) {
 
 /// All that this processor can do.
 std::vector<const WordRows*> kinds() {
-    std::vector<const WordRows*> result{&plainWordRows()};
+    std::vector<const WordRows*> result{&plainWordRows};
     if (avx2WordRows()) result.push_back(avx2WordRows());
     return result;
 }
