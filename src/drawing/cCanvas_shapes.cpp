@@ -258,26 +258,23 @@ std::int32_t cCanvas::PolyBezierTo(std::int32_t nVertices, const Array& aXCoord,
 /// Lines that grow by a pixel at both ends with each step away from the tip.
 void cCanvas::drawScanLines(POINT tip, POINT step, std::int32_t count, bool vertical) {
     constexpr std::int32_t most = 1 << 17; // no surface reaches further
-    constexpr int linesAtOnce = 16;
-    std::array<POINT, std::size_t{2} * linesAtOnce> ends;
-    POINT* end = ends.data();
-    const auto draw = [&] {
-        platform::drawLines(nPaintDC, ends.data(), static_cast<int>(end - ends.data()) / 2);
-        end = ends.data();
-    };
+    constexpr std::size_t linesAtOnce = 16;
+    std::array<platform::Line, linesAtOnce> lines;
+    std::size_t used = 0;
+    const auto draw = [&] { platform::drawLines(nPaintDC, lines.data(), static_cast<int>(used)); };
+    const std::int32_t centre = vertical ? tip.y : tip.x;
     for (std::int32_t k = 1; k < std::min(count, most); ++k) {
-        const std::int32_t x = saturatingSum(tip.x, std::int64_t{k} * step.x);
-        const std::int32_t y = saturatingSum(tip.y, std::int64_t{k} * step.y);
-        if (vertical) {
-            *end++ = {x, saturatingSum(y, -k)};
-            *end++ = {x, saturatingSum(y, k + 1)};
-        } else {
-            *end++ = {saturatingSum(x, -k), y};
-            *end++ = {saturatingSum(x, k + 1), y};
+        const std::int32_t at = vertical ? saturatingSum(tip.x, std::int64_t{k} * step.x)
+                                         : saturatingSum(tip.y, std::int64_t{k} * step.y);
+        const std::int32_t from = saturatingSum(centre, -k);
+        const std::int32_t to = saturatingSum(centre, k + 1);
+        lines[used++] = vertical ? platform::Line{at, from, at, to} : platform::Line{from, at, to, at};
+        if (used == linesAtOnce) {
+            draw();
+            used = 0;
         }
-        if (end == ends.data() + ends.size()) draw();
     }
-    if (end != ends.data()) draw();
+    if (used > 0) draw();
 }
 
 void cCanvas::DrawTriangle(std::int32_t nX, std::int32_t nY, std::int32_t nScanLines, host::OLE_COLOR nRGB,

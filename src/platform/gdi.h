@@ -193,8 +193,12 @@ BOOL ScaleViewportExtEx(HDC dc, int multiplierX, int divisorX, int multiplierY, 
 BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
 BOOL GetCurrentPositionEx(HDC dc, POINT* position);
 BOOL LineTo(HDC dc, int x, int y);
-/// Lines from the first to the second of each pair of points, as MoveToEx and LineTo draw them.
-BOOL drawLines(HDC dc, const POINT* points, int lines);
+/// A line from one place to another.
+struct Line {
+    LONG x1, y1, x2, y2;
+};
+/// Lines as MoveToEx and LineTo draw each of them.
+BOOL drawLines(HDC dc, const Line* lines, int count);
 BOOL Polyline(HDC dc, const POINT* points, int count);
 BOOL PolylineTo(HDC dc, const POINT* points, int count);
 BOOL Polygon(HDC dc, const POINT* points, int count);

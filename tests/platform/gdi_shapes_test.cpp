@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <random>
+#include <vector>
 
 using namespace platform;
 using test::Canvas;
@@ -344,6 +345,69 @@ TEST(Polygons, NeedTwoPoints) {
     EXPECT_FALSE(Polygon(canvas.dc(), points, 1));
     EXPECT_FALSE(Polyline(canvas.dc(), points, 1));
     EXPECT_TRUE(Polyline(canvas.dc(), points, 2));
+}
+
+/// Ways of drawing lines: a mode, a pen's width, a place of the logical origin, and whether a strip is
+/// clipped.
+struct LineWay {
+    int mode;
+    int width;
+    int origin;
+    bool isClipped;
+};
+
+void drawTwice(const LineWay& way, const std::vector<Line>& lines) {
+    constexpr int size = 24;
+    const Canvas together(size, size);
+    const Canvas apart(size, size);
+    for (const Canvas* canvas : {&together, &apart}) {
+        const Selected pen(canvas->dc(), CreatePen(PS_SOLID, way.width, RGB(10, 200, 90)));
+        PatBlt(canvas->dc(), 3, 3, 9, 9, WHITENESS);
+        SetROP2(canvas->dc(), way.mode);
+        SetWindowOrgEx(canvas->dc(), way.origin, -way.origin, nullptr);
+        if (way.isClipped) ExcludeClipRect(canvas->dc(), 2, 4, 9, 7);
+        if (canvas == &together) {
+            EXPECT_TRUE(drawLines(canvas->dc(), lines.data(), static_cast<int>(lines.size())));
+        } else {
+            for (const Line& line : lines) {
+                MoveToEx(canvas->dc(), line.x1, line.y1, nullptr);
+                LineTo(canvas->dc(), line.x2, line.y2);
+            }
+        }
+        SetWindowOrgEx(canvas->dc(), 0, 0, nullptr);
+    }
+    ASSERT_EQ(together.text(), apart.text()) << "mode " << way.mode << ", width " << way.width;
+    POINT position;
+    GetCurrentPositionEx(together.dc(), &position);
+    ASSERT_EQ(position, (POINT{lines.back().x2, lines.back().y2}));
+}
+
+TEST(Lines, DrawnTogetherLookAsOneByOne) {
+    std::mt19937 random(41);
+    std::uniform_int_distribution<int> place(-6, 30);
+    for (const int mode : {R2_COPYPEN, R2_XORPEN, R2_NOP, R2_WHITE})
+        for (const int width : {0, 1, 3})
+            for (const int origin : {0, -5})
+                for (const bool isClipped : {false, true}) {
+                    std::vector<Line> lines;
+                    for (int i = 0; i < 40; ++i) {
+                        const LONG x1 = place(random), y1 = place(random);
+                        const bool isLevel = i % 3 != 0, isUpright = i % 3 == 2;
+                        lines.push_back({x1, y1, isUpright ? x1 : place(random),
+                                         isLevel && !isUpright ? y1 : place(random)});
+                    }
+                    ASSERT_NO_FATAL_FAILURE(drawTwice({mode, width, origin, isClipped}, lines));
+                }
+}
+
+TEST(Lines, DrawnTogetherAreCollectedByAPath) {
+    const Canvas canvas(8, 8);
+    const Line lines[] = {{1, 1, 5, 1}, {6, 6, 2, 3}};
+    BeginPath(canvas.dc());
+    drawLines(canvas.dc(), lines, 2);
+    EndPath(canvas.dc());
+    EXPECT_EQ(GetPath(canvas.dc(), nullptr, nullptr, 0), 4);
+    EXPECT_EQ(canvas.at(2, 1), black);
 }
 
 TEST(Pixels, OutsideTheSurfaceHaveNoColour) {

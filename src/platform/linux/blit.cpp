@@ -168,12 +168,8 @@ void copyOntoItself(DeviceContext& target, const RECT& area, SourcePixels source
 }
 
 WordBlocks blocksAt(const Surface& to, POINT at, const Surface& from, POINT fromAt, int width, int height) {
-    return {row32(to, at.y) + at.x,
-            to.stride / wordSize,
-            row32(from, fromAt.y) + fromAt.x,
-            from.stride / wordSize,
-            width,
-            height};
+    return {row32(to, at.y) + at.x, wordStride(to), row32(from, fromAt.y) + fromAt.x,
+            wordStride(from),       width,          height};
 }
 
 } // namespace

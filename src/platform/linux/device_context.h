@@ -17,7 +17,9 @@ inline constexpr std::int64_t coordinateLimit = (1 << 27) - 1;
 /// The sum held within the range of a coordinate, far from its ends, so that differences of two never
 /// overflow.
 constexpr int boundedCoordinate(std::int64_t value) {
-    return static_cast<int>(std::clamp(value, -coordinateLimit, coordinateLimit));
+    if (value >= -coordinateLimit && value <= coordinateLimit) [[likely]]
+        return static_cast<int>(value);
+    return static_cast<int>(value < 0 ? -coordinateLimit : coordinateLimit);
 }
 
 constexpr RECT intersection(const RECT& a, const RECT& b) {

@@ -99,7 +99,7 @@ public:
 
 private:
     void paintAt(int y, const RoundRows& rows, bool isLast) const {
-        const std::ptrdiff_t stride = surface_.stride / 4;
+        const std::ptrdiff_t stride = wordStride(surface_);
         std::uint32_t* left = row32(surface_, y) + box_.left + rows.inset;
         const int width = static_cast<int>(box_.right - box_.left) - 2 * rows.inset;
         if (isLast && outline_) {

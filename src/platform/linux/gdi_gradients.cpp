@@ -100,8 +100,10 @@ struct SteppedLines {
         Number step;
 
         Component(WORD from, WORD to, std::int64_t line, std::int64_t length) {
-            const std::int64_t way = (std::int64_t{to} - from) * (std::int64_t{1} << places);
-            step = static_cast<Number>((way > 0 ? way + length - 1 : way) / length);
+            const auto lines = static_cast<Number>(length);
+            const bool rises = to > from;
+            const Number way = static_cast<Number>(rises ? to - from : from - to) << places;
+            step = rises ? (way + lines - 1) / lines : 0 - way / lines; // modulo 2 to the number's bits
             value = (Number{from} << places) + step * static_cast<Number>(line);
         }
         /// The upper half of the component some lines further.
@@ -147,7 +149,7 @@ void fillLevels(const Surface& surface, const RECT& r, const GradientLines& line
     for (LONG top = r.top; top < r.bottom; top += mostAtOnce) {
         const int count = std::min<int>(mostAtOnce, r.bottom - top);
         findWords(lines, line + (top - r.top), {words.data(), static_cast<std::size_t>(count)});
-        wordRows().fillRows(row32(surface, top) + r.left, surface.stride / 4, r.right - r.left, count,
+        wordRows().fillRows(row32(surface, top) + r.left, wordStride(surface), r.right - r.left, count,
                             words.data());
     }
 }
@@ -156,7 +158,7 @@ void fillLevels(const Surface& surface, const RECT& r, const GradientLines& line
 void fillColumns(const Surface& surface, const RECT& r, const GradientLines& lines, std::int64_t line) {
     std::vector<std::uint32_t> words(static_cast<std::size_t>(r.right - r.left));
     findWords(lines, line, words);
-    wordRows().copy({row32(surface, r.top) + r.left, surface.stride / 4, words.data(), 0,
+    wordRows().copy({row32(surface, r.top) + r.left, wordStride(surface), words.data(), 0,
                      static_cast<int>(words.size()), r.bottom - r.top});
 }
 
@@ -175,14 +177,13 @@ void ditherColumns(GradientRows& rows, const RECT& r, const GradientLines& lines
 }
 
 /// Paints one rectangle of a gradient a line of equal colour at a time.
-void fillRectangle(DeviceContext& context, TRIVERTEX a, TRIVERTEX b, bool across) {
-    if (across ? a.x > b.x : a.y > b.y) std::swap(a, b);
-    const POINT first = context.toSurface(POINT{a.x, a.y});
-    const POINT second = context.toSurface(POINT{b.x, b.y});
-    const RECT area = ordered({first.x, first.y, second.x, second.y});
+void fillRectangle(DeviceContext& context, const TRIVERTEX& a, const TRIVERTEX& b, bool across) {
+    const bool isTurned = across ? a.x > b.x : a.y > b.y;
+    const RECT area = ordered(context.toSurface(RECT{a.x, a.y, b.x, b.y}));
     const Surface& surface = *context.surface;
     const std::int64_t start = across ? area.left : area.top;
-    const GradientLines lines{a, b, (across ? area.right : area.bottom) - start};
+    const GradientLines lines{isTurned ? b : a, isTurned ? a : b,
+                              (across ? area.right : area.bottom) - start};
     for (const RECT& clip : context.drawable().rectangles()) {
         const RECT r = intersection(area, clip);
         if (isEmpty(r)) continue;

@@ -75,6 +75,21 @@ void blend(DeviceContext& context, const RECT& area, const Bitmap& picture) {
     blendPixels(context, area, pixelsOf(picture, {area.left, area.top}), byAlpha);
 }
 
+/// Blends a picture of words into the area of its size on words. Mostly all of it is to be seen.
+void blendKept(DeviceContext& context, const RECT& area, const Bitmap& picture) {
+    const std::optional<PlainArea> plain = plainArea(context);
+    if (!plain || !plain->covers(area)) {
+        blend(context, area, picture);
+        return;
+    }
+    constexpr unsigned full = 255;
+    const Surface& to = *context.surface;
+    const Surface& from = picture.surface;
+    wordRows().blendAlpha({row32(to, area.top) + area.left, wordStride(to), row32(from, 0), wordStride(from),
+                           from.width, from.height},
+                          full);
+}
+
 /// The icon's AND mask, and its colours or its XOR mask, brought to a size.
 std::unique_ptr<Bitmap> fittedMask(const Icon& icon, int width, int height) {
     return fitted(*icon.mask, {0, 0, icon.mask->surface.width, heightOf(icon)}, width, height);
@@ -138,7 +153,7 @@ void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) 
         if (!blends) {
             drawParts(context, area, words.mask.get(), words.image.get(), flags);
         } else if (words.image) {
-            blend(context, area, *words.image);
+            blendKept(context, area, *words.image);
         }
     } else if (!blends) {
         drawParts(context, area, fittedMask(icon, width, height).get(),

@@ -170,6 +170,15 @@ bool isExtendedPen(DWORD style, DWORD width, const LOGBRUSH& brush) {
     return width == 1 && brush.lbStyle == BS_SOLID && line != PS_INSIDEFRAME;
 }
 
+HPEN addPen(UINT style, LONG width, COLORREF color) {
+    if (style == static_cast<UINT>(PS_NULL)) return HPEN(stockObject(NULL_PEN));
+    auto pen = std::make_unique<Pen>();
+    pen->data.lopnStyle = style > static_cast<UINT>(PS_INSIDEFRAME) ? static_cast<UINT>(PS_SOLID) : style;
+    pen->data.lopnWidth.x = width < 0 ? -width : width;
+    pen->data.lopnColor = color;
+    return HPEN(addObject(std::move(pen)));
+}
+
 HBRUSH addBrush(const LOGBRUSH& data) {
     auto brush = std::make_unique<Brush>();
     brush->data = data;
@@ -319,18 +328,11 @@ HBRUSH CreateBrushIndirect(const LOGBRUSH* data) {
 }
 
 HPEN CreatePen(int style, int width, COLORREF color) {
-    const LOGPEN data{static_cast<UINT>(style), {width, 0}, color};
-    return CreatePenIndirect(&data);
+    return addPen(static_cast<UINT>(style), width, color);
 }
 
 HPEN CreatePenIndirect(const LOGPEN* data) {
-    if (!data) return {};
-    if (data->lopnStyle == static_cast<UINT>(PS_NULL)) return HPEN(stockObject(NULL_PEN));
-    auto pen = std::make_unique<Pen>();
-    pen->data = *data;
-    pen->data.lopnWidth = {data->lopnWidth.x < 0 ? -data->lopnWidth.x : data->lopnWidth.x, 0};
-    if (data->lopnStyle > static_cast<UINT>(PS_INSIDEFRAME)) pen->data.lopnStyle = PS_SOLID;
-    return HPEN(addObject(std::move(pen)));
+    return data ? addPen(data->lopnStyle, data->lopnWidth.x, data->lopnColor) : HPEN();
 }
 
 HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
+#include <utility>
 
 namespace platform::driver {
 
@@ -83,9 +85,42 @@ BOOL fillWithNewBrush(HDC dc, const RECT& rect, COLORREF color) {
     return filled;
 }
 
-void drawLine(HDC dc, POINT from, POINT to) {
-    MoveToEx(dc, from.x, from.y, nullptr);
-    LineTo(dc, to.x, to.y);
+void drawOneByOne(HDC dc, std::span<const Line> lines) {
+    for (const Line& line : lines) {
+        MoveToEx(dc, line.x1, line.y1, nullptr);
+        LineTo(dc, line.x2, line.y2);
+    }
+}
+
+/// Draws lines where a logical unit is a pixel. Level ones in one colour are filled together.
+void drawPlainLines(DeviceContext& context, std::span<const Line> lines, Masks ink) {
+    constexpr std::size_t mostSpans = 16;
+    std::array<WordSpan, mostSpans> spans;
+    std::size_t count = 0;
+    const auto fillSpans = [&] {
+        wordRows().fillSpans(spans.data(), static_cast<int>(std::exchange(count, 0)), ink.flip);
+    };
+    const std::optional<PlainArea> area = ink.keep == 0 ? plainArea(context) : std::nullopt;
+    const std::int64_t across = context.shiftAcross();
+    const std::int64_t down = context.shiftDown();
+    LONG lastX = 0;
+    LONG lastY = 0;
+    for (const Line& line : lines) {
+        lastX = line.x2;
+        lastY = line.y2;
+        const POINT from{boundedCoordinate(line.x1 + across), boundedCoordinate(line.y1 + down)};
+        const POINT to{boundedCoordinate(line.x2 + across), boundedCoordinate(line.y2 + down)};
+        const bool forwards = from.x < to.x;
+        if (!area || from.y != to.y) {
+            drawPlainLine(context, from, to, ink);
+        } else if (area->findSpan(forwards ? from.x : to.x + 1, from.y, forwards ? to.x : from.x + 1,
+                                  spans[count]) &&
+                   ++count == mostSpans) {
+            fillSpans();
+        }
+    }
+    fillSpans();
+    context.state.position = {lastX, lastY};
 }
 
 /// Fills the frame of one logical unit inside a rectangle.
@@ -165,19 +200,16 @@ BOOL LineTo(HDC dc, int x, int y) {
     return TRUE_;
 }
 
-BOOL drawLines(HDC dc, const POINT* points, int lines) {
+BOOL drawLines(HDC dc, const Line* lines, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
-    if (!context || lines < 1) return FALSE_;
-    const Masks ink = plainInk(*context);
-    const POINT* const end = points + std::ptrdiff_t{2} * lines;
+    if (!context || count < 1) return FALSE_;
+    const Masks ink = context->state.mapping.isUnscaled() ? plainInk(*context) : leaveAlone;
+    const std::span<const Line> all(lines, static_cast<std::size_t>(count));
     if (ink == leaveAlone) {
-        for (; points != end; points += 2)
-            drawLine(dc, points[0], points[1]);
-        return TRUE_;
+        drawOneByOne(dc, all);
+    } else {
+        drawPlainLines(*context, all, ink);
     }
-    for (; points != end; points += 2)
-        drawPlainLine(*context, context->toSurface(points[0]), context->toSurface(points[1]), ink);
-    context->state.position = end[-1];
     return TRUE_;
 }
 

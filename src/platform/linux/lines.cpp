@@ -179,21 +179,6 @@ RECT boxOf(POINT from, POINT to) {
             std::max(from.y, to.y) + 1};
 }
 
-void drawSlanted(DeviceContext& context, POINT from, POINT to, Masks ink) {
-    const Surface& surface = *context.surface;
-    const bool isSet = surface.bitsPerPixel == 32 && ink.keep == 0;
-    const RECT box = boxOf(from, to);
-    for (const RECT& clip : context.drawable().rectangles()) {
-        if (isEmpty(intersection(box, clip))) continue;
-        const SteppedLine line(from, to, clip);
-        if (isSet) {
-            line.fill32(surface, ink.flip);
-        } else {
-            line.each([&](int x, int y, std::int64_t) { maskPixel(surface, x, y, ink); });
-        }
-    }
-}
-
 COLORREF penColor(const DeviceContext& context, const Pen& pen) {
     const bool isDcPen = pen.stock && pen.handle == stockObject(DC_PEN);
     return isDcPen ? context.state.dcPenColor : pen.data.lopnColor;
@@ -214,18 +199,18 @@ Masks plainInk(const DeviceContext& context) {
     return masksOfMode(context.state.rop2, pixelOf(context, penColor(context, pen)));
 }
 
-void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
-    // The first pixel of a line backwards is the last of the area, which ends behind it.
-    if (from.y == to.y) {
-        const bool backwards = to.x < from.x;
-        maskClipped(context, {backwards ? to.x + 1 : from.x, from.y, backwards ? from.x + 1 : to.x, from.y + 1},
-                    ink);
-    } else if (from.x == to.x) {
-        const bool backwards = to.y < from.y;
-        maskClipped(context, {from.x, backwards ? to.y + 1 : from.y, from.x + 1, backwards ? from.y + 1 : to.y},
-                    ink);
-    } else {
-        drawSlanted(context, from, to, ink);
+void drawSlantedLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
+    const Surface& surface = *context.surface;
+    const bool isSet = surface.bitsPerPixel == 32 && ink.keep == 0;
+    const RECT box = boxOf(from, to);
+    for (const RECT& clip : context.drawable().rectangles()) {
+        if (isEmpty(intersection(box, clip))) continue;
+        const SteppedLine line(from, to, clip);
+        if (isSet) {
+            line.fill32(surface, ink.flip);
+        } else {
+            line.each([&](int x, int y, std::int64_t) { maskPixel(surface, x, y, ink); });
+        }
     }
 }
 

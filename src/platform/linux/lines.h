@@ -1,7 +1,7 @@
 #pragma once
 // Lines in a context's pen.
 
-#include "platform/linux/device_context.h"
+#include "platform/linux/painter.h"
 #include "platform/linux/rop.h"
 #include "platform/linux/wide_lines.h"
 
@@ -13,8 +13,26 @@ namespace platform::driver {
 /// wide, as most are, and no path or metafile takes the lines. For all others what leaves pixels alone.
 Masks plainInk(const DeviceContext& context);
 
-/// A line of such ink in surface coordinates, without its last pixel.
-void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink);
+/// A line of such ink in surface coordinates, without its last pixel: a slanted one, and one of any kind.
+void drawSlantedLine(DeviceContext& context, POINT from, POINT to, Masks ink);
+
+inline void drawPlainLine(DeviceContext& context, POINT from, POINT to, Masks ink) {
+    if (from.x != to.x && from.y != to.y) {
+        drawSlantedLine(context, from, to, ink);
+        return;
+    }
+    // The first pixel of a line backwards is the last of the area, which ends behind it. A level line is a
+    // pixel high, an upright one a pixel wide.
+    const bool isLevel = from.y == to.y;
+    const bool backwards = to.x < from.x || to.y < from.y;
+    const POINT first = backwards ? to : from;
+    const POINT end = backwards ? from : to;
+    const int before = backwards ? 1 : 0;
+    maskClipped(context,
+                isLevel ? RECT{first.x + before, from.y, end.x + before, from.y + 1}
+                        : RECT{from.x, first.y + before, from.x + 1, end.y + before},
+                ink);
+}
 
 /// A pen made ready for one drawing: its colour as masks, its dashes and its width.
 class Stroke {

@@ -6,25 +6,58 @@
 
 namespace platform::driver {
 
-/// Changes a rectangle of the context's surface by masks, as far as its clipping of several rectangles, or
-/// another depth than 32 bits, lets it be drawn on.
+/// The only rectangle of words that may be drawn on, made ready for fills; most contexts have one.
+class PlainArea {
+public:
+    PlainArea(const Surface& surface, const RECT& clip) : surface_(surface), clip_(clip) {}
+
+    /// Sets the words of a rectangle in surface coordinates, four numbers that stay in registers so.
+    void fill(LONG left, LONG top, LONG right, LONG bottom, std::uint32_t value) const {
+        left = std::max(left, clip_.left);
+        top = std::max(top, clip_.top);
+        const LONG width = std::min(right, clip_.right) - left;
+        const LONG height = std::min(bottom, clip_.bottom) - top;
+        if (width > 0 && height > 0)
+            fillWords(row32(surface_, top) + left, wordStride(surface_), width, height, value);
+    }
+
+    bool covers(const RECT& r) const {
+        return r.left >= clip_.left && r.top >= clip_.top && r.right <= clip_.right &&
+               r.bottom <= clip_.bottom;
+    }
+
+    /// Puts the words of a row into a span; false when there are none of them.
+    bool findSpan(LONG left, LONG y, LONG right, WordSpan& span) const {
+        if (y < clip_.top || y >= clip_.bottom) return false;
+        left = std::max(left, clip_.left);
+        span.width = std::min(right, clip_.right) - left;
+        if (span.width <= 0) return false;
+        span.first = row32(surface_, y) + left;
+        return true;
+    }
+
+private:
+    const Surface& surface_;
+    const RECT& clip_;
+};
+
+inline std::optional<PlainArea> plainArea(DeviceContext& context) {
+    const std::vector<RECT>& clips = context.drawable().rectangles();
+    if (clips.size() != 1 || context.surface->bitsPerPixel != 32) return {};
+    return PlainArea(*context.surface, clips[0]);
+}
+
+/// Changes a rectangle of the context's surface by masks, as far as it may be drawn on, whatever it is.
 void maskEachClipped(DeviceContext& context, const RECT& r, Masks masks);
 
-/// The same for every clipping. Most often the clipping is one rectangle and words are set.
+/// The same in the shortest way.
 inline void maskClipped(DeviceContext& context, const RECT& r, Masks masks) {
-    const std::vector<RECT>& clips = context.drawable().rectangles();
-    const Surface& surface = *context.surface;
-    if (clips.size() != 1 || surface.bitsPerPixel != 32 || masks.keep != 0) {
+    const std::optional<PlainArea> area = plainArea(context);
+    if (area && masks.keep == 0) {
+        area->fill(r.left, r.top, r.right, r.bottom, masks.flip);
+    } else {
         maskEachClipped(context, r, masks);
-        return;
     }
-    // Four numbers, so that they stay in registers.
-    const LONG left = std::max(r.left, clips[0].left);
-    const LONG top = std::max(r.top, clips[0].top);
-    const LONG right = std::min(r.right, clips[0].right);
-    const LONG bottom = std::min(r.bottom, clips[0].bottom);
-    if (left < right && top < bottom)
-        fillWords(row32(surface, top) + left, surface.stride / 4, right - left, bottom - top, masks.flip);
 }
 
 /// A brush made ready for the surface of one context and one operation without source.

@@ -20,6 +20,11 @@ inline std::uint32_t* row32(const Surface& surface, int y) {
     return reinterpret_cast<std::uint32_t*>(rowOf(surface, y));
 }
 
+/// Words from one row to the next on a surface of 32 bits.
+inline std::ptrdiff_t wordStride(const Surface& surface) {
+    return surface.stride >> 2; // a multiple of 4, above zero or below
+}
+
 inline bool bitAt(const std::uint8_t* row, int x) {
     return (row[x >> 3] >> (7 - (x & 7)) & 1) != 0;
 }
@@ -51,7 +56,7 @@ void changePixel(const Surface& surface, int x, int y, Masks masks);
 /// Changes values by masks, in a rectangle or at one pixel. The rectangle is not empty.
 inline void maskRectangle(const Surface& surface, int left, int top, int right, int bottom, Masks masks) {
     if (surface.bitsPerPixel == 32 && masks.keep == 0) {
-        fillWords(row32(surface, top) + left, surface.stride / 4, right - left, bottom - top, masks.flip);
+        fillWords(row32(surface, top) + left, wordStride(surface), right - left, bottom - top, masks.flip);
     } else {
         changeRectangle(surface, {left, top, right, bottom}, masks);
     }

@@ -104,6 +104,11 @@ void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height
         fill(first, stride, width, 1, values[y]);
 }
 
+void fillSpans(const WordSpan* spans, int count, std::uint32_t value) {
+    for (const WordSpan* span = spans; span != spans + count; ++span)
+        fill(span->first, 0, span->width, 1, value);
+}
+
 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     changeWords(blocks, [leftOut](std::uint32_t to, std::uint32_t from) {
         return (from != leftOut ? from : to) & colorBits;
@@ -120,7 +125,7 @@ const struct FastestRows {
 } // namespace
 
 constinit const WordRows plainWordRows{copy,       blendConstant, blendAlpha, copyOpaque,
-                                       copyColors, fill,          fillRows};
+                                       copyColors, fill,          fillRows,   fillSpans};
 
 constinit const WordRows* fastestWordRows = &plainWordRows;
 

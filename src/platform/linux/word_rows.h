@@ -22,6 +22,12 @@ struct WordBlocks {
     }
 };
 
+/// Words one after the other, at least one.
+struct WordSpan {
+    std::uint32_t* first;
+    int width;
+};
+
 /// What can be done with such rectangles.
 struct WordRows {
     void (*copy)(const WordBlocks& blocks);
@@ -40,6 +46,8 @@ struct WordRows {
     /// Sets all words of each row to the row's own value.
     void (*fillRows)(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
                      const std::uint32_t* values);
+    /// Sets all words of spans.
+    void (*fillSpans)(const WordSpan* spans, int count, std::uint32_t value);
 };
 
 /// For every processor.

@@ -309,6 +309,35 @@ WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, 
     }
 }
 
+/// Fewer words than a vector has: two halves of one, or two quarters, that may overlap.
+WITH_AVX2 inline void fillFew(std::uint32_t* first, int width, __m128i words) {
+    constexpr int wordsOfHalf = 4;
+    constexpr int wordsOfQuarter = 2;
+    if (width >= wordsOfHalf) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(first), words);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(first + width - wordsOfHalf), words);
+    } else if (width >= wordsOfQuarter) {
+        _mm_storeu_si64(first, words);
+        _mm_storeu_si64(first + width - wordsOfQuarter, words);
+    } else {
+        _mm_storeu_si32(first, words);
+    }
+}
+
+WITH_AVX2 void fillSpans(const WordSpan* spans, int count, std::uint32_t value) {
+    const __m256i words = _mm256_set1_epi32(static_cast<int>(value));
+    for (; count > 0; --count, ++spans) {
+        if (spans->width < wordsAtOnce) {
+            fillFew(spans->first, spans->width, _mm256_castsi256_si128(words));
+            continue;
+        }
+        std::uint32_t* const last = spans->first + spans->width - wordsAtOnce;
+        for (std::uint32_t* at = spans->first; at < last; at += wordsAtOnce)
+            store(at, words);
+        store(last, words);
+    }
+}
+
 WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.copyColors(blocks, leftOut);
@@ -317,7 +346,8 @@ WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     }
 }
 
-constexpr WordRows avx2Rows{copy, blendConstant, blendAlpha, copyOpaque, copyColors, fill, fillRows};
+constexpr WordRows avx2Rows{copy,       blendConstant, blendAlpha, copyOpaque,
+                            copyColors, fill,          fillRows,   fillSpans};
 
 } // namespace
 

@@ -21,11 +21,11 @@ BOOL LineTo(HDC dc, int x, int y) {
     return ::LineTo(native(dc), x, y);
 }
 
-BOOL drawLines(HDC dc, const POINT* points, int lines) {
+BOOL drawLines(HDC dc, const Line* lines, int count) {
     bool done = true;
-    for (; lines > 0; --lines, points += 2) {
-        done = MoveToEx(dc, points[0].x, points[0].y, nullptr) && done;
-        done = LineTo(dc, points[1].x, points[1].y) && done;
+    for (const Line* line = lines; line != lines + count; ++line) {
+        done = MoveToEx(dc, line->x1, line->y1, nullptr) && done;
+        done = LineTo(dc, line->x2, line->y2) && done;
     }
     return done ? TRUE_ : FALSE_;
 }

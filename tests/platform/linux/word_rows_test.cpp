@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 using namespace platform::driver;
@@ -154,6 +155,20 @@ TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
             for (int x = 1; x <= width; ++x)
                 target[static_cast<std::size_t>(y * stride + x)] = values[static_cast<std::size_t>(y - 1)];
         ASSERT_EQ(result, target) << width << " words";
+    }
+}
+
+TEST_P(WordRowsTest, FillsSpans) {
+    for (int width = 1; width <= 40; ++width) {
+        const auto fill = [&](WordBlocks blocks) {
+            const WordSpan spans[] = {{blocks.target, width}, {blocks.target + blocks.targetStride, 1}};
+            GetParam()->fillSpans(spans, 2, 0x12345678);
+        };
+        std::vector<std::uint32_t> target = words(1);
+        const auto first = target.begin() + stride + 1;
+        std::fill(first, first + width, 0x12345678u);
+        first[stride] = 0x12345678u;
+        ASSERT_EQ(changed(width, fill), target) << width << " words";
     }
 }
 
