@@ -75,7 +75,8 @@ std::string readText(::IStream& stream) {
     });
 }
 
-/// The size first: a control whose height follows its width needs it.
+/// The size first, which a control whose height follows its width needs, and again when all is read: on the way
+/// properties may have changed it.
 void ControlObject::load(host::PropertyBag& bag) {
     const ::SIZEL own = himetricSize();
     const auto side = [&](const char16_t* name, ::LONG present) {
@@ -85,6 +86,7 @@ void ControlObject::load(host::PropertyBag& bag) {
     ::SIZEL size{side(extentX, own.cx), side(extentY, own.cy)};
     check(SetExtent(DVASPECT_CONTENT, &size));
     control_->readProperties(bag);
+    check(SetExtent(DVASPECT_CONTENT, &size));
     dirty_ = false;
 }
 

@@ -8,6 +8,7 @@
 #include "automation/ClassTable.h"
 #include "automation/Conversions.h"
 #include "automation/Error.h"
+#include "automation/LateBound.h"
 #include "automation/Object.h"
 #include "automation/Record.h"
 #include "automation/Variant.h"

@@ -110,6 +110,16 @@ std::vector<Bound> boundsOf(::SAFEARRAY* array) {
     return reference;
 }
 
+/// A value that refers to the field of a record in memory.
+::VARIANT fieldReference(const RecordTable::Field& field, void* record, ::IRecordInfo& info) {
+    ::VARIANT reference;
+    ::VariantInit(&reference);
+    void* elements = nullptr;
+    check(info.GetFieldNoCopy(record, wide(plainName(field.name).c_str()), &reference, &elements));
+    reference.vt |= VT_BYREF;
+    return reference;
+}
+
 Array recordsFromSystem(::SAFEARRAY* array) {
     ComPointer<::IRecordInfo> info;
     check(::SafeArrayGetRecordInfo(array, info.out()));
@@ -168,9 +178,7 @@ Ref<Record> fromSystem(void* record, ::IRecordInfo* info) {
     if (!table) automation::throwTypeMismatch();
     Ref<Record> result = table->create();
     for (const RecordTable::Field& field : table->fields()) {
-        SystemValue value;
-        check(info->GetField(record, wide(plainName(field.name).c_str()), &value));
-        result->putField(field.name, fromSystem(value));
+        result->putField(field.name, fromSystem(fieldReference(field, record, *info)));
     }
     return result;
 }
@@ -178,9 +186,7 @@ Ref<Record> fromSystem(void* record, ::IRecordInfo* info) {
 void storeRecord(const Record& record, void* memory, ::IRecordInfo* info) {
     if (!info || !memory) automation::throwTypeMismatch();
     for (const RecordTable::Field& field : record.table().fields()) {
-        SystemValue value;
-        toSystem(record.field(field.name), value);
-        check(info->PutField(DISPATCH_PROPERTYPUT, memory, wide(plainName(field.name).c_str()), &value));
+        storeThrough(fieldReference(field, memory, *info), record.field(field.name));
     }
 }
 

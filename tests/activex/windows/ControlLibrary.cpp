@@ -1,6 +1,7 @@
 #include "activex/windows/ControlLibrary.h"
 
 #include "activex/windows/Failures.h"
+#include "activex/windows/ProgramObject.h"
 
 #include <deque>
 #include <vector>
@@ -124,6 +125,28 @@ namespace {
     ::VARIANT value = empty(VT_ERROR);
     value.scode = DISP_E_PARAMNOTFOUND;
     return value;
+}
+
+namespace {
+
+ComPointer<::IConnectionPoint> eventsOf(::IDispatch& object, std::u16string_view className) {
+    ComPointer<::IConnectionPoint> point;
+    if (const auto points = ComPointer<::IConnectionPointContainer>::of(&object))
+        points->FindConnectionPoint(activex::native(activex::exportedClass(className)->eventsId()),
+                                    point.out());
+    return point;
+}
+
+} // namespace
+
+DWORD listen(::IDispatch& object, std::u16string_view className, ::IUnknown& listener) {
+    DWORD cookie = 0;
+    if (const auto point = eventsOf(object, className)) point->Advise(&listener, &cookie);
+    return cookie;
+}
+
+void stopListening(::IDispatch& object, std::u16string_view className, DWORD cookie) {
+    if (const auto point = eventsOf(object, className)) point->Unadvise(cookie);
 }
 
 } // namespace support

@@ -1,0 +1,118 @@
+#include "activex/windows/Container.h"
+
+namespace support {
+
+Site::Site(::HWND window, const ::RECT& where, std::u16string_view className)
+    : ambient{{DISPID_AMBIENT_USERMODE, true},
+              {DISPID_AMBIENT_BACKCOLOR, std::int32_t{0x00FFEEDD}},
+              {DISPID_AMBIENT_FORECOLOR, std::int32_t{0x00112233}},
+              {DISPID_AMBIENT_DISPLAYNAME, u"control1"}},
+      place(where), window_(window), control_(create(className)) {
+    if (const auto object = as<::IOleObject>()) object->SetClientSite(this);
+    const auto points = as<::IConnectionPointContainer>();
+    ComPointer<::IConnectionPoint> point;
+    DWORD cookie = 0;
+    if (points && SUCCEEDED(points->FindConnectionPoint(IID_IPropertyNotifySink, point.out())))
+        point->Advise(static_cast<::IPropertyNotifySink*>(this), &cookie);
+}
+
+Site::~Site() {
+    if (const auto object = as<::IOleObject>()) {
+        object->Close(OLECLOSE_NOSAVE);
+        object->SetClientSite(nullptr);
+    }
+}
+
+::HRESULT Site::activate(bool withUi) {
+    return as<::IOleObject>()->DoVerb(withUi ? OLEIVERB_UIACTIVATE : OLEIVERB_INPLACEACTIVATE, nullptr, this,
+                                      0, window_, &place);
+}
+
+::HWND Site::controlWindow() const {
+    ::HWND window = nullptr;
+    if (const auto active = as<::IOleInPlaceObject>()) active->GetWindow(&window);
+    return window;
+}
+
+::HRESULT Site::QueryInterface(REFIID id, void** result) {
+    *result = nullptr;
+    if (id == IID_IUnknown || id == IID_IOleClientSite) *result = static_cast<::IOleClientSite*>(this);
+    if (id == IID_IOleInPlaceSite || id == IID_IOleWindow) *result = static_cast<::IOleInPlaceSite*>(this);
+    if (id == IID_IOleControlSite) *result = static_cast<::IOleControlSite*>(this);
+    if (id == IID_IDispatch) *result = static_cast<::IDispatch*>(this);
+    if (id == IID_IPropertyNotifySink) *result = static_cast<::IPropertyNotifySink*>(this);
+    return *result ? S_OK : E_NOINTERFACE;
+}
+
+::HRESULT Site::GetContainer(::IOleContainer** result) {
+    *result = nullptr;
+    return E_NOINTERFACE;
+}
+
+::HRESULT Site::GetWindow(::HWND* window) {
+    *window = window_;
+    return S_OK;
+}
+
+::HRESULT Site::OnUIActivate() {
+    ++uiActivations;
+    if (dropsOnUiActivate) drop();
+    return S_OK;
+}
+
+::HRESULT Site::GetWindowContext(::IOleInPlaceFrame** frame, ::IOleInPlaceUIWindow** document, ::RECT* own,
+                                 ::RECT* clip, ::OLEINPLACEFRAMEINFO*) {
+    *frame = nullptr;
+    *document = nullptr;
+    *own = place;
+    ::GetClientRect(window_, clip);
+    return S_OK;
+}
+
+::HRESULT Site::OnPosRectChange(const ::RECT* wanted) {
+    place = *wanted;
+    return as<::IOleInPlaceObject>()->SetObjectRects(&place, &place);
+}
+
+::HRESULT Site::GetExtendedControl(::IDispatch** result) {
+    *result = nullptr;
+    return E_NOTIMPL;
+}
+
+::HRESULT Site::TranslateAccelerator(::MSG* key, DWORD) {
+    keys.push_back(key->wParam);
+    return S_OK;
+}
+
+::HRESULT Site::OnFocus(BOOL gained) {
+    focus.push_back(gained != FALSE);
+    return S_OK;
+}
+
+::HRESULT Site::Invoke(::DISPID id, REFIID, ::LCID, WORD, ::DISPPARAMS*, ::VARIANT* result, ::EXCEPINFO*,
+                       ::UINT*) {
+    const auto found = ambient.find(id);
+    if (found == ambient.end()) return DISP_E_MEMBERNOTFOUND;
+    activex::toSystem(found->second, *result);
+    return S_OK;
+}
+
+ContainerWindow::ContainerWindow()
+    : window_(::CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 40, 40,
+                                400, 300, nullptr, nullptr, nullptr, nullptr)) {
+    ::SetForegroundWindow(window_);
+}
+
+ContainerWindow::~ContainerWindow() {
+    ::DestroyWindow(window_);
+}
+
+std::vector<::COLORREF> pixels(::HDC dc, int width, int height) {
+    std::vector<::COLORREF> result;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            result.push_back(::GetPixel(dc, x, y));
+    return result;
+}
+
+} // namespace support

@@ -1,0 +1,112 @@
+#pragma once
+// A container of controls that uses nothing but the system's interfaces.
+
+#include "activex/windows/ControlLibrary.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace support {
+
+/// One place in a window, with the control that stands there. What the control told its container is counted.
+class Site final : public ::IOleClientSite,
+                   public ::IOleInPlaceSite,
+                   public ::IOleControlSite,
+                   public ::IDispatch,
+                   public ::IPropertyNotifySink {
+public:
+    Site(::HWND window, const ::RECT& place, std::u16string_view className);
+    Site(const Site&) = delete;
+    Site& operator=(const Site&) = delete;
+    virtual ~Site();
+
+    ::IDispatch& control() const { return *control_.get(); }
+    template <class I>
+    ComPointer<I> as() const {
+        return ComPointer<I>::of(control_.get());
+    }
+    /// Activates in place; with `withUi` the control also gets the focus.
+    ::HRESULT activate(bool withUi = false);
+    /// The control's window; null while it is not active.
+    ::HWND controlWindow() const;
+    void drop() { control_.reset(); }
+
+    // What the container suggests, and what it saw.
+    std::map<::DISPID, automation::Variant> ambient;
+    ::RECT place;
+    int uiActivations = 0;
+    int uiDeactivations = 0;
+    int saves = 0;
+    std::vector<bool> focus;       ///< Gained, lost
+    std::vector<::WPARAM> keys;    ///< That the control passed on
+    std::vector<::DISPID> changes; ///< Properties that have new values
+    bool refusesActivation = false;
+    bool dropsOnUiActivate = false;
+
+    ::HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
+    ::ULONG STDMETHODCALLTYPE AddRef() override { return 2; } // lives on the stack of the test
+    ::ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    // IOleClientSite
+    ::HRESULT STDMETHODCALLTYPE SaveObject() override { return ++saves, S_OK; }
+    ::HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, ::IMoniker**) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE GetContainer(::IOleContainer** result) override;
+    ::HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
+    // IOleInPlaceSite
+    ::HRESULT STDMETHODCALLTYPE GetWindow(::HWND* window) override;
+    ::HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return refusesActivation ? S_FALSE : S_OK; }
+    ::HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE OnUIActivate() override;
+    ::HRESULT STDMETHODCALLTYPE GetWindowContext(::IOleInPlaceFrame** frame, ::IOleInPlaceUIWindow** document,
+                                                 ::RECT* own, ::RECT* clip, ::OLEINPLACEFRAMEINFO*) override;
+    ::HRESULT STDMETHODCALLTYPE Scroll(::SIZE) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return ++uiDeactivations, S_OK; }
+    ::HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE DiscardUndoState() override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE DeactivateAndUndo() override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE OnPosRectChange(const ::RECT* wanted) override;
+    // IOleControlSite
+    ::HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE GetExtendedControl(::IDispatch** result) override;
+    ::HRESULT STDMETHODCALLTYPE TransformCoords(::POINTL*, ::POINTF*, DWORD) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG* key, DWORD) override;
+    ::HRESULT STDMETHODCALLTYPE OnFocus(BOOL gained) override;
+    ::HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return E_NOTIMPL; }
+    // IDispatch: the ambient properties
+    ::HRESULT STDMETHODCALLTYPE GetTypeInfoCount(::UINT* count) override { return *count = 0, S_OK; }
+    ::HRESULT STDMETHODCALLTYPE GetTypeInfo(::UINT, ::LCID, ::ITypeInfo**) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, ::LPOLESTR*, ::UINT, ::LCID, ::DISPID*) override {
+        return DISP_E_UNKNOWNNAME;
+    }
+    ::HRESULT STDMETHODCALLTYPE Invoke(::DISPID id, REFIID, ::LCID, WORD, ::DISPPARAMS*, ::VARIANT* result,
+                                       ::EXCEPINFO*, ::UINT*) override;
+    // IPropertyNotifySink
+    ::HRESULT STDMETHODCALLTYPE OnChanged(::DISPID id) override { return changes.push_back(id), S_OK; }
+    ::HRESULT STDMETHODCALLTYPE OnRequestEdit(::DISPID) override { return S_OK; }
+
+private:
+    ::HWND window_;
+    ComPointer<::IDispatch> control_;
+};
+
+/// A visible window for sites, with a grey background.
+class ContainerWindow {
+public:
+    ContainerWindow();
+    ContainerWindow(const ContainerWindow&) = delete;
+    ContainerWindow& operator=(const ContainerWindow&) = delete;
+    ~ContainerWindow();
+    ::HWND handle() const { return window_; }
+
+private:
+    ::HWND window_;
+};
+
+/// The pixels of a device context, row by row.
+std::vector<::COLORREF> pixels(::HDC dc, int width, int height);
+
+} // namespace support

@@ -1,0 +1,387 @@
+// Controls in containers.
+
+#include "activex/windows/Container.h"
+#include "activex/windows/ControlObject.h"
+#include "activex/windows/Counted.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using activex::ComPointer;
+using support::ContainerWindow;
+using support::Site;
+using support::SystemValue;
+
+constexpr ::RECT firstPlace{10, 20, 130, 44};
+constexpr ::RECT secondPlace{10, 60, 130, 84};
+
+/// A property bag of a program.
+class Bag final : public activex::Counted<::IPropertyBag> {
+public:
+    std::map<std::wstring, automation::Variant> values;
+
+    ::HRESULT STDMETHODCALLTYPE Read(::LPCOLESTR name, ::VARIANT* value, ::IErrorLog*) override {
+        const auto found = values.find(name);
+        if (found == values.end()) return E_INVALIDARG;
+        activex::toSystem(found->second, *value);
+        return S_OK;
+    }
+    ::HRESULT STDMETHODCALLTYPE Write(::LPCOLESTR name, ::VARIANT* value) override {
+        values[name] = activex::fromSystem(*value);
+        return S_OK;
+    }
+};
+
+class Controls : public ::testing::Test {
+protected:
+    ContainerWindow window;
+    Site label{window.handle(), firstPlace, u"lbl"};
+    Site field{window.handle(), secondPlace, u"get"};
+
+    void SetUp() override {
+        ASSERT_EQ(label.as<::IPersistStreamInit>()->InitNew(), S_OK);
+        ASSERT_EQ(field.as<::IPersistStreamInit>()->InitNew(), S_OK);
+    }
+};
+
+/// What a control looks like through IViewObject on a context of a mapping of its own or a metafile's.
+std::vector<::COLORREF> drawn(const Site& site, int width, int height, bool throughMetafile = false) {
+    const ::HDC screen = ::GetDC(nullptr);
+    const ::HDC memory = ::CreateCompatibleDC(screen);
+    const ::HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+    ::SelectObject(memory, bitmap);
+    ::ReleaseDC(nullptr, screen);
+    const ::RECTL bounds{0, 0, width, height};
+    const auto view = site.as<::IViewObject>();
+    const auto draw = [&](::HDC dc) {
+        EXPECT_EQ(
+            view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr, nullptr, 0),
+            S_OK);
+    };
+    if (throughMetafile) {
+        const ::HDC recorder = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+        draw(recorder);
+        const ::HENHMETAFILE picture = ::CloseEnhMetaFile(recorder);
+        ::ENHMETAHEADER header{};
+        ::GetEnhMetaFileHeader(picture, sizeof header, &header);
+        EXPECT_GT(header.nRecords, 2u);
+        ::DeleteEnhMetaFile(picture);
+    }
+    draw(memory);
+    auto result = support::pixels(memory, width, height);
+    ::DeleteDC(memory);
+    ::DeleteObject(bitmap);
+    return result;
+}
+
+bool hasSeveralColors(const std::vector<::COLORREF>& picture) {
+    return std::any_of(picture.begin(), picture.end(), [&](::COLORREF c) { return c != picture.front(); });
+}
+
+TEST_F(Controls, StartWithWhatTheContainerSuggests) {
+    EXPECT_EQ(support::get(label.control(), L"Caption").asString(), u"control1");
+    EXPECT_EQ(support::get(label.control(), L"BackColor").asLong(), 0x00FFEEDD);
+    EXPECT_EQ(support::get(label.control(), L"ForeColor").asLong(), 0x00112233);
+}
+
+TEST_F(Controls, StandInTheirPlaceWhenActive) {
+    EXPECT_EQ(field.controlWindow(), nullptr);
+    ASSERT_EQ(field.activate(), S_OK);
+    const ::HWND own = field.controlWindow();
+    ASSERT_NE(own, nullptr);
+    EXPECT_EQ(::GetParent(own), window.handle());
+    EXPECT_TRUE(::IsWindowVisible(own));
+    ::RECT rectangle{};
+    ::GetWindowRect(own, &rectangle);
+    ::MapWindowPoints(nullptr, window.handle(), reinterpret_cast<::POINT*>(&rectangle), 2);
+    EXPECT_EQ(rectangle.left, secondPlace.left);
+    EXPECT_EQ(rectangle.top, secondPlace.top);
+    EXPECT_EQ(field.uiActivations, 0);
+    ASSERT_EQ(field.as<::IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    EXPECT_FALSE(::IsWindowVisible(own));
+    EXPECT_EQ(field.controlWindow(), nullptr);
+    EXPECT_EQ(field.activate(), S_OK) << "again";
+}
+
+TEST_F(Controls, StayAsTheyAreWhereTheContainerRefuses) {
+    field.refusesActivation = true;
+    EXPECT_EQ(field.activate(), E_FAIL);
+    EXPECT_EQ(field.controlWindow(), nullptr);
+    field.as<::IOleObject>()->SetClientSite(nullptr);
+    EXPECT_TRUE(FAILED(field.activate())) << "without a site";
+}
+
+TEST_F(Controls, GetTheFocusWithTheirActivation) {
+    ASSERT_EQ(field.activate(true), S_OK);
+    EXPECT_EQ(field.uiActivations, 1);
+    EXPECT_EQ(::GetFocus(), field.controlWindow());
+    EXPECT_EQ(field.focus, std::vector<bool>{true});
+    ::SetFocus(window.handle());
+    EXPECT_EQ(field.focus, (std::vector<bool>{true, false}));
+    field.as<::IOleInPlaceObject>()->UIDeactivate();
+    EXPECT_EQ(field.uiDeactivations, 1);
+}
+
+TEST_F(Controls, OfTextAloneTakeNoFocus) {
+    ASSERT_EQ(label.activate(true), S_OK);
+    EXPECT_NE(::GetFocus(), label.controlWindow());
+}
+
+TEST_F(Controls, LeaveTabToTheirContainer) {
+    ASSERT_EQ(field.activate(true), S_OK);
+    ::MSG tab{};
+    tab.hwnd = field.controlWindow();
+    tab.message = WM_KEYDOWN;
+    tab.wParam = VK_TAB;
+    EXPECT_EQ(field.as<::IOleInPlaceActiveObject>()->TranslateAccelerator(&tab), S_OK);
+    ASSERT_FALSE(field.keys.empty());
+    EXPECT_EQ(field.keys.back(), static_cast<::WPARAM>(VK_TAB));
+    ::SendMessageW(tab.hwnd, WM_KEYDOWN, VK_TAB, 1);
+    EXPECT_EQ(field.keys.size(), 2u) << "a key that came to the window alone";
+}
+
+TEST_F(Controls, ComeToTheFocusByAnAccessKey) {
+    ASSERT_EQ(field.activate(), S_OK);
+    ::CONTROLINFO info{};
+    EXPECT_EQ(field.as<::IOleControl>()->GetControlInfo(&info), S_OK);
+    EXPECT_EQ(info.cAccel, 0);
+    ::MSG key{};
+    key.wParam = 'N';
+    EXPECT_EQ(field.as<::IOleControl>()->OnMnemonic(&key), S_OK);
+    EXPECT_EQ(::GetFocus(), field.controlWindow());
+}
+
+TEST_F(Controls, TellTheirContainerOfEachPropertyThatChanges) {
+    label.changes.clear();
+    support::put(label.control(), L"Caption", support::text(L"Hola"));
+    EXPECT_TRUE(std::count(label.changes.begin(), label.changes.end(), 0)) << "Caption is the default member";
+    EXPECT_EQ(label.as<::IPersistStreamInit>()->IsDirty(), S_OK);
+    label.as<::IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY);
+    EXPECT_EQ(label.saves, 1);
+}
+
+TEST_F(Controls, AskTheirContainerForAnotherSize) {
+    ASSERT_EQ(label.activate(), S_OK);
+    support::put(label.control(), L"Caption",
+                 support::text(L"Un texto que es bastante más largo que el otro"));
+    const ::RECT wide = label.place;
+    support::put(label.control(), L"Caption", support::text(L"Uno"));
+    EXPECT_GT(wide.right - wide.left, label.place.right - label.place.left);
+    ::RECT client{};
+    ::GetClientRect(label.controlWindow(), &client);
+    EXPECT_EQ(client.right, label.place.right - label.place.left);
+}
+
+TEST_F(Controls, TellTheirSizeInHundredthsOfAMillimetre) {
+    support::put(label.control(), L"AutoSize", support::number(0));
+    ::SIZEL size{2540, 1270}; // an inch and a half
+    const auto object = label.as<::IOleObject>();
+    ASSERT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+    ::SIZEL told{};
+    EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &told), S_OK);
+    EXPECT_EQ(told.cx, 2540);
+    EXPECT_EQ(told.cy, 1270);
+    EXPECT_EQ(object->GetExtent(DVASPECT_ICON, &told), DV_E_DVASPECT);
+    size.cx = -1;
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), E_INVALIDARG);
+}
+
+TEST(Extents, AreRightAtEachResolution) {
+    EXPECT_EQ(activex::himetricFromPixels(96, 96), 2540);
+    EXPECT_EQ(activex::himetricFromPixels(120, 120), 2540);
+    EXPECT_EQ(activex::pixelsFromHimetric(2540, 120), 120);
+    for (const int dots : {96, 120, 144})
+        for (int pixels = 0; pixels < 2000; ++pixels)
+            ASSERT_EQ(activex::pixelsFromHimetric(activex::himetricFromPixels(pixels, dots), dots), pixels);
+}
+
+// Saving
+
+/// The system's font object of a control.
+ComPointer<::IFont> fontOf(const Site& site) {
+    SystemValue value;
+    ::DISPPARAMS none{};
+    site.control().Invoke(support::memberId(site.control(), L"Font"), IID_NULL, 0, DISPATCH_PROPERTYGET,
+                          &none, &value, nullptr, nullptr);
+    return ComPointer<::IFont>::of(value.pdispVal);
+}
+
+bool isItalic(const Site& site) {
+    BOOL italic = FALSE;
+    fontOf(site)->get_Italic(&italic);
+    return italic != FALSE;
+}
+
+void expectAlike(const Site& one, const Site& other) {
+    for (const wchar_t* name :
+         {L"Caption", L"BackColor", L"ForeColor", L"Alias", L"TipoDato", L"AutoSize", L"Scheme"})
+        EXPECT_EQ(automation::CStr(support::get(one.control(), name)),
+                  automation::CStr(support::get(other.control(), name)));
+    EXPECT_TRUE(isItalic(other));
+    ::SIZEL first{};
+    ::SIZEL second{};
+    one.as<::IOleObject>()->GetExtent(DVASPECT_CONTENT, &first);
+    other.as<::IOleObject>()->GetExtent(DVASPECT_CONTENT, &second);
+    EXPECT_EQ(first.cx, second.cx);
+    EXPECT_EQ(first.cy, second.cy);
+}
+
+class SavedControls : public Controls {
+protected:
+    void SetUp() override {
+        Controls::SetUp();
+        support::put(label.control(), L"Caption", support::text(L"Año \"nuevo\" €"));
+        support::put(label.control(), L"BackColor", support::number(255));
+        support::put(label.control(), L"Alias", support::text(L"clientes"));
+        fontOf(label)->put_Italic(TRUE);
+        support::put(label.control(), L"AutoSize", support::number(0));
+        ::SIZEL size{5080, 1270};
+        label.as<::IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
+    }
+    Site copy{window.handle(), secondPlace, u"lbl"};
+};
+
+TEST_F(SavedControls, ComeBackFromAPropertyBag) {
+    const auto bag = ComPointer<Bag>::adopt(new Bag);
+    ASSERT_EQ(label.as<::IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE), S_OK);
+    EXPECT_EQ(bag->values.count(L"Caption"), 1u);
+    EXPECT_EQ(bag->values.count(L"Campo"), 0u) << "a value that is the default";
+    ASSERT_EQ(copy.as<::IPersistPropertyBag>()->Load(bag.get(), nullptr), S_OK);
+    expectAlike(label, copy);
+    EXPECT_EQ(copy.as<::IPersistStreamInit>()->IsDirty(), S_FALSE);
+}
+
+TEST_F(SavedControls, ComeBackFromAStream) {
+    ComPointer<::IStream> stream;
+    ::CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
+    ASSERT_EQ(label.as<::IPersistStreamInit>()->Save(stream.get(), TRUE), S_OK);
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    ASSERT_EQ(copy.as<::IPersistStreamInit>()->Load(stream.get()), S_OK);
+    expectAlike(label, copy);
+}
+
+TEST_F(SavedControls, ComeBackFromAStorage) {
+    ComPointer<::ILockBytes> bytes;
+    ComPointer<::IStorage> storage;
+    ::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.out());
+    ASSERT_EQ(::StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
+                                             0, storage.out()),
+              S_OK);
+    ASSERT_EQ(label.as<::IPersistStorage>()->Save(storage.get(), FALSE), S_OK);
+    ASSERT_EQ(copy.as<::IPersistStorage>()->Load(storage.get()), S_OK);
+    expectAlike(label, copy);
+}
+
+TEST_F(SavedControls, RefuseStreamsThatAreNoneOfTheirs) {
+    for (const std::string& bytes :
+         {std::string(), std::string("x"), std::string("1TSL\xFF\xFF\xFF\xFF", 8),
+          std::string("1TSL\x05\0\0\0abc", 11), std::string("1TSL\x03\0\0\0(((", 11)}) {
+        ComPointer<::IStream> stream;
+        ::CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
+        stream->Write(bytes.data(), static_cast<::ULONG>(bytes.size()), nullptr);
+        stream->Seek({}, STREAM_SEEK_SET, nullptr);
+        EXPECT_TRUE(FAILED(copy.as<::IPersistStreamInit>()->Load(stream.get()))) << bytes.size();
+    }
+    EXPECT_EQ(copy.as<::IPersistStreamInit>()->Load(nullptr), E_POINTER);
+    EXPECT_EQ(copy.as<::IPersistPropertyBag>()->Load(nullptr, nullptr), E_POINTER);
+}
+
+TEST_F(SavedControls, PassOverValuesOfAWrongKind) {
+    const auto bag = ComPointer<Bag>::adopt(new Bag);
+    bag->values[L"BackColor"] = u"ninguno";
+    bag->values[L"Caption"] = u"sí";
+    ASSERT_EQ(copy.as<::IPersistPropertyBag>()->Load(bag.get(), nullptr), S_OK);
+    EXPECT_EQ(support::get(copy.control(), L"Caption").asString(), u"sí");
+}
+
+// Looks
+
+TEST_F(Controls, LookTheSameInactiveAsInTheirWindow) {
+    support::put(field.control(), L"Text", support::text(L"Texto"));
+    ASSERT_EQ(field.activate(), S_OK);
+    ::RECT client{};
+    ::GetClientRect(field.controlWindow(), &client);
+    ::UpdateWindow(field.controlWindow());
+    const ::HDC dc = ::GetDC(field.controlWindow());
+    const auto active = support::pixels(dc, client.right, client.bottom);
+    ::ReleaseDC(field.controlWindow(), dc);
+    EXPECT_TRUE(hasSeveralColors(active));
+    EXPECT_EQ(drawn(field, client.right, client.bottom), active);
+    field.as<::IOleInPlaceObject>()->InPlaceDeactivate();
+    EXPECT_EQ(drawn(field, client.right, client.bottom), active);
+}
+
+TEST_F(Controls, DrawIntoMetafilesAndInOtherSizes) {
+    support::put(label.control(), L"Caption", support::text(L"Hola"));
+    EXPECT_TRUE(hasSeveralColors(drawn(label, 60, 20, true)));
+    EXPECT_TRUE(hasSeveralColors(drawn(label, 240, 80)));
+    EXPECT_TRUE(hasSeveralColors(drawn(field, 300, 60, true)));
+    EXPECT_EQ(label.as<::IViewObject>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, 0),
+              DV_E_DVASPECT);
+}
+
+// Misbehaviour
+
+TEST_F(Controls, MayBeDroppedByTheirContainerInTheMiddle) {
+    field.dropsOnUiActivate = true;
+    field.as<::IOleObject>()->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &field, 0, window.handle(), &secondPlace);
+    field.drop();
+    SUCCEED();
+}
+
+TEST_F(Controls, TakeUnknownVerbsAndMissingPointersWithoutHarm) {
+    const auto object = field.as<::IOleObject>();
+    EXPECT_EQ(object->DoVerb(-40, nullptr, nullptr, 0, nullptr, nullptr), E_NOTIMPL);
+    EXPECT_EQ(object->DoVerb(40, nullptr, nullptr, 0, nullptr, nullptr), OLEOBJ_S_INVALIDVERB);
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+    EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+    EXPECT_EQ(object->GetUserClassID(nullptr), E_POINTER);
+    EXPECT_EQ(field.as<::IOleInPlaceObject>()->SetObjectRects(nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(field.as<::IOleInPlaceObject>()->GetWindow(nullptr), E_POINTER);
+    EXPECT_EQ(field.as<::IOleControl>()->GetControlInfo(nullptr), E_POINTER);
+    EXPECT_EQ(field.as<::IOleInPlaceActiveObject>()->TranslateAccelerator(nullptr), E_POINTER);
+    EXPECT_EQ(field.as<::IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, 0),
+              E_INVALIDARG);
+}
+
+// The system's own container
+
+using AtlWindow = BOOL WINAPI();
+using AtlAttach = ::HRESULT WINAPI(::IUnknown*, ::HWND, ::IUnknown**);
+
+TEST(SystemContainer, HoldsControlsInAWindowOfItsOwn) {
+    const ::HMODULE system = ::LoadLibraryW(L"atl100.dll");
+    ASSERT_NE(system, nullptr);
+    const auto function = [&](const char* name) {
+        return reinterpret_cast<void*>(::GetProcAddress(system, name));
+    };
+    ASSERT_TRUE(reinterpret_cast<AtlWindow*>(function("AtlAxWinInit"))());
+    const ContainerWindow window;
+    for (const activex::ExportedClass& each : activex::exportedClasses()) {
+        if (!each.isControl) continue;
+        SCOPED_TRACE(each.table().name().utf8());
+        const ::HWND host = ::CreateWindowExW(0, L"AtlAxWin100", L"", WS_CHILD | WS_VISIBLE, 8, 8, 160, 40,
+                                              window.handle(), nullptr, nullptr, nullptr);
+        ASSERT_NE(host, nullptr);
+        auto control = support::create(each.table().name());
+        ComPointer<::IUnknown> container;
+        ASSERT_EQ(reinterpret_cast<AtlAttach*>(function("AtlAxAttachControl"))(control.get(), host,
+                                                                               container.out()),
+                  S_OK);
+        ::HWND own = nullptr;
+        ASSERT_EQ(ComPointer<::IOleInPlaceObject>::of(control.get())->GetWindow(&own), S_OK);
+        EXPECT_EQ(::GetParent(own), host);
+        EXPECT_TRUE(::IsWindowVisible(own));
+        container.reset();
+        control.reset();
+        ::DestroyWindow(host);
+        EXPECT_FALSE(::IsWindow(own));
+    }
+}
+
+} // namespace
