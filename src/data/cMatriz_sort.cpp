@@ -5,6 +5,7 @@
 #include "automation/Conversions.h"
 #include "automation/Strings.h"
 #include "data/cell_order.h"
+#include "data/column_keys.h"
 #include "data/row_order.h"
 
 #include <algorithm>
@@ -40,6 +41,46 @@ void exchangeSort(Order& order, Precedes precedes) {
     for (std::size_t i = 0; i < order.size(); ++i)
         for (std::size_t j = i + 1; j < order.size(); ++j)
             if (precedes(order[j], order[i])) std::swap(order[i], order[j]);
+}
+
+/// The place of each value among all, from 0; equal values have the same.
+template <class Precedes>
+std::vector<std::int32_t> ranksOf(Order order, Precedes precedes) {
+    std::sort(order.begin(), order.end(), precedes);
+    std::vector<std::int32_t> ranks(order.size());
+    std::int32_t rank = 0;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (i > 0 && precedes(order[i - 1], order[i])) ++rank;
+        ranks[static_cast<std::size_t>(order[i])] = rank;
+    }
+    return ranks;
+}
+
+/// Makes the exchanges of `exchangeSort`, and so leaves equal keys in the same order. Blocks in which no key
+/// is less than the one in hand are passed over.
+void exchangeByRank(Order& order, std::vector<std::int32_t> ranks) {
+    constexpr std::size_t blockSize = 256;
+    const std::size_t count = ranks.size();
+    const auto leastFrom = [&](std::size_t start) {
+        const auto from = ranks.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto length = static_cast<std::ptrdiff_t>(std::min(blockSize, count - start));
+        return *std::min_element(from, from + length);
+    };
+    std::vector<std::int32_t> least;
+    for (std::size_t start = 0; start < count; start += blockSize)
+        least.push_back(leastFrom(start));
+    for (std::size_t i = 0; i + 1 < count; ++i)
+        for (std::size_t block = (i + 1) / blockSize; block < least.size(); ++block) {
+            if (least[block] >= ranks[i]) continue;
+            const std::size_t start = block * blockSize;
+            const std::size_t end = std::min(start + blockSize, count);
+            for (std::size_t j = std::max(start, i + 1); j < end; ++j)
+                if (ranks[j] < ranks[i]) {
+                    std::swap(ranks[i], ranks[j]);
+                    std::swap(order[i], order[j]);
+                }
+            least[block] = leastFrom(start);
+        }
 }
 
 /// Merges ever longer runs. It comes to its end whatever the comparisons say.
@@ -113,7 +154,7 @@ void cMatriz::SortOnColumn(std::int32_t nColumn, bool lAscending, bool lUseQuick
 }
 
 void cMatriz::sortSlowly(std::int64_t col, bool lAscending) {
-    constexpr std::size_t fewRows = 2000; // so many are exchanged in no time
+    constexpr std::size_t fewRows = 4000; // so many are exchanged in no time
     const bool isText = cells.at(col, 0).isString();
     std::vector<Variant> keys;
     keys.reserve(static_cast<std::size_t>(nRowCount));
@@ -128,10 +169,13 @@ void cMatriz::sortSlowly(std::int64_t col, bool lAscending) {
     };
     Order order(keys.size());
     std::iota(order.begin(), order.end(), 0);
-    if (order.size() <= fewRows) {
+    const ColumnTraits traits = traitsOf({keys.data(), 1, keys.size()});
+    if (traits.kind != ColumnKind::Mixed && !traits.hasNull) {
+        exchangeByRank(order, ranksOf(order, precedes));
+    } else if (order.size() <= fewRows) {
         exchangeSort(order, precedes);
     } else {
-        mergeSort(order, precedes);
+        mergeSort(order, precedes); // values of several kinds; equal ones keep their order
     }
     permute(order);
 }

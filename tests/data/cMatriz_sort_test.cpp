@@ -375,22 +375,45 @@ TEST_F(cMatrizSort_, NullsOfTheSlowSortAreEmptyTextsOr0) {
     EXPECT_EQ("-1 3, Null 2, 2 1", text());
 }
 
-TEST_F(cMatrizSort_, LargeTablesOfTheSlowSortComeOutAsSmallOnes) {
+TEST_F(cMatrizSort_, LargeTablesOfTheSlowSortMakeTheSameExchangesAsSmallOnes) {
     std::mt19937 random(5);
+    for (const bool ascending : {true, false}) {
+        std::vector<Variant> keys;
+        std::vector<std::pair<std::int32_t, std::int32_t>> model; // key and number of the row
+        for (std::int32_t i = 1; i <= 5000; ++i) {
+            const auto key = static_cast<std::int32_t>(random() % 3000);
+            const bool isNull = i % 50 == 0;
+            keys.emplace_back(isNull ? Variant::null() : Variant(key));
+            model.emplace_back(isNull ? 0 : key, i);
+        }
+        for (std::size_t i = 0; i < model.size(); ++i)
+            for (std::size_t j = i + 1; j < model.size(); ++j)
+                if (ascending ? model[i].first > model[j].first : model[i].first < model[j].first)
+                    std::swap(model[i], model[j]);
+        fillNumbered(keys);
+        table->SortOnColumn(1, ascending, false);
+        for (std::int32_t row = 1; row <= 5000; ++row)
+            ASSERT_EQ(model[static_cast<std::size_t>(row - 1)].second, table->Item(2, row).asLong()) << row;
+    }
+}
+
+TEST_F(cMatrizSort_, TheSlowSortOrdersManyRowsOfSeveralKinds) {
+    std::mt19937 random(6);
     std::vector<Variant> keys;
-    for (int i = 0; i < 5000; ++i)
-        keys.emplace_back(i % 50 == 0 ? Variant::null()
-                                      : Variant(static_cast<std::int32_t>(random() % 3000)));
+    for (int i = 0; i < 5000; ++i) {
+        const auto key = static_cast<std::int32_t>(random() % 3000);
+        keys.emplace_back(i % 2 == 0 ? Variant(key) : Variant(automation::Currency(key)));
+    }
+    keys.emplace_back(1.5);
     fillNumbered(keys);
     table->SortOnColumn(1, true, false);
-    for (std::int32_t row = 2; row <= 5000; ++row) {
-        const Variant a = table->Item(1, row - 1), b = table->Item(1, row);
-        ASSERT_LE(a.isNull() ? 0 : a.asLong(), b.isNull() ? 0 : b.asLong());
-    }
-    std::vector<bool> seen(5001);
-    for (std::int32_t row = 1; row <= 5000; ++row)
+    std::vector<bool> seen(keys.size() + 1);
+    for (std::int32_t row = 1; row <= table->Rows(); ++row) {
         seen[static_cast<std::size_t>(table->Item(2, row).asLong())] = true;
-    EXPECT_EQ(5000, std::count(seen.begin(), seen.end(), true));
+        if (row == 1) continue;
+        ASSERT_LE(automation::CDbl(table->Item(1, row - 1)), automation::CDbl(table->Item(1, row)));
+    }
+    EXPECT_EQ(5001, std::count(seen.begin(), seen.end(), true));
 }
 
 TEST_F(cMatrizSort_, ManyRowsOfAllOrdersEndInOrder) {
