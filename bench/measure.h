@@ -33,8 +33,8 @@ void keep(const T& value) {
     asm volatile("" : : "r,m"(value) : "memory");
 }
 
-/// One candidate: a name and a function that does the work once; where the work uses something up, a function that
-/// makes it anew before each time, which isn't measured.
+/// One candidate: a name and a function that does the work once; where the work uses something up, a function
+/// that makes it anew before each time, which isn't measured.
 struct Candidate {
     std::string name;
     std::function<void()> work;

@@ -14,7 +14,7 @@ using automation::Variant;
 namespace {
 
 constexpr std::size_t largeBlock = 4 << 20; // bytes from which on pages by the thousand are to be had
-constexpr std::int64_t growthShare = 8; // one more row is taken beforehand for so many that there are
+constexpr std::int64_t growthShare = 8;     // one more row is taken beforehand for so many that there are
 
 void* zeroed(std::size_t count, std::size_t size) {
     return CellBlock::allocate ? CellBlock::allocate(count, size) : std::calloc(count, size);

@@ -75,8 +75,8 @@ std::string readText(::IStream& stream) {
     });
 }
 
-/// The size first, which a control whose height follows its width needs, and again when all is read: on the way
-/// properties may have changed it.
+/// The size first, which a control whose height follows its width needs, and again when all is read: on the
+/// way properties may have changed it.
 void ControlObject::load(host::PropertyBag& bag) {
     const ::SIZEL own = himetricSize();
     const auto side = [&](const char16_t* name, ::LONG present) {
