@@ -21,7 +21,7 @@ constexpr int wordSize = 4;
 class Copier {
 public:
     Copier(DeviceContext& target, const SourcePixels& source, Rop3 rop, int width)
-        : target_(target), source_(source), rop_(rop), span_(spanFor(rop)), finder_(target),
+        : target_(target), source_(source), rop_(rop), span_(spanFor(rop)), finder_(target, *source.surface),
           way_(wayOf(*target.surface, *source.surface)) {
         const std::size_t words = static_cast<std::size_t>(width) + 1;
         if (usesPattern(rop)) pattern_.emplace(target, target.brush());
@@ -296,18 +296,23 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
     }
 }
 
-ValueFinder::ValueFinder(const DeviceContext& target)
-    : target_(target), showsPalette_(showsDisplayPalette(*target.surface)) {
+ValueFinder::ValueFinder(const DeviceContext& target, bool isExact)
+    : target_(target), showsPalette_(showsDisplayPalette(*target.surface)), isExact_(isExact) {
     constexpr std::size_t sortedColors = 256; // a format of so many finds them by itself
     const PixelFormat* format = target.surface->format;
     searches_ = showsPalette_ || target.surface->bitsPerPixel == 1 ||
-                (format && format->hasTable() && format->colors().size() < sortedColors);
+                (format && format->hasTable() && (isExact || format->colors().size() < sortedColors));
 }
+
+ValueFinder::ValueFinder(const DeviceContext& target) : ValueFinder(target, false) {}
+
+ValueFinder::ValueFinder(const DeviceContext& target, const Surface& source)
+    : ValueFinder(target, hasFewColors(source)) {}
 
 std::uint32_t ValueFinder::find(std::uint32_t color) const {
     const Surface& surface = *target_.surface;
     if (showsPalette_) return paletteValueOf(target_, color);
-    const bool hasManyEntries = surface.format && surface.bitsPerPixel != 1;
+    const bool hasManyEntries = !isExact_ && surface.format && surface.bitsPerPixel != 1;
     return hasManyEntries ? surface.format->copiedValueOf(color)
                           : valueOfColor(surface, color, blackAndWhite);
 }

@@ -68,12 +68,16 @@ void copyArea(DeviceContext& target, const RECT& area, DeviceContext& source, PO
 class ValueFinder {
 public:
     explicit ValueFinder(const DeviceContext& target);
+    /// For copies from a surface. The few colours of one with a colour table, or of 1 bit, are looked up
+    /// exactly.
+    ValueFinder(const DeviceContext& target, const Surface& source);
 
     std::uint32_t valueOf(std::uint32_t color);
     /// The same for a row of words, in place; their highest bytes do not count.
     void valuesOf(std::uint32_t* words, std::size_t count);
 
 private:
+    ValueFinder(const DeviceContext& target, bool isExact);
     std::uint32_t find(std::uint32_t color) const;
 
     struct Known {
@@ -83,6 +87,7 @@ private:
 
     const DeviceContext& target_;
     bool showsPalette_;
+    bool isExact_;             ///< Finds no colours by the middle of their cube
     bool searches_;            ///< Compares a colour with those of a table
     std::vector<Known> known_; ///< Answers of searches, which take long
 };

@@ -109,7 +109,7 @@ class OpaqueCopier {
 public:
     OpaqueCopier(const DeviceContext& target, const SourcePixels& source, std::uint32_t transparent,
                  int width)
-        : surface_(*target.surface), source_(source), transparent_(transparent), finder_(target),
+        : surface_(*target.surface), source_(source), transparent_(transparent), finder_(target, *source.surface),
           colors_(static_cast<std::size_t>(width)), values_(static_cast<std::size_t>(width)) {}
 
     void row(int x, int y, int count) {
@@ -341,7 +341,7 @@ BOOL PlgBlt(HDC dc, const POINT* points, HDC source, int xSource, int ySource, i
         return StretchBlt(dc, points[0].x, points[0].y, width, height, source, xSource, ySource, widthSource,
                           heightSource, SRCCOPY);
     }
-    ValueFinder finder(*to);
+    ValueFinder finder(*to, *from->surface);
     for (const RECT& clip : to->drawable().rectangles()) {
         const RECT r = intersection(target.bounds(), clip);
         for (int y = r.top; y < r.bottom; ++y) {

@@ -86,9 +86,10 @@ void copyRows(const Surface& from, int fromRow, const Surface& to, int toRow, in
         return;
     }
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width));
+    const ColorSearch search = hasFewColors(from) ? ColorSearch::Exact : ColorSearch::ByCubes;
     for (int i = 0; i < lines; ++i) {
         readRow(from, 0, fromRow + i, width, blackAndWhite, pixels.data());
-        writeRow(to, 0, toRow + i, width, blackAndWhite, pixels.data());
+        writeRow(to, 0, toRow + i, width, blackAndWhite, pixels.data(), search);
     }
 }
 

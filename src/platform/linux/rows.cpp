@@ -239,7 +239,8 @@ void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits
     }
 }
 
-void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in) {
+void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in,
+              ColorSearch search) {
     if (!to.format && to.bitsPerPixel != 1) {
         writeValues(to, x, y, count, in);
         return;
@@ -248,7 +249,7 @@ void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits,
     if (to.format && to.bitsPerPixel != 1 && !to.format->hasTable()) {
         to.format->copiedValuesOf(values.data(), values.size());
     } else {
-        const bool isCopied = to.format && to.bitsPerPixel != 1;
+        const bool isCopied = to.format && to.bitsPerPixel != 1 && search == ColorSearch::ByCubes;
         translateRow(values.data(), count, [&](std::uint32_t color) {
             color &= colorMask;
             return isCopied ? to.format->copiedValueOf(color) : valueOfColor(to, color, bits);

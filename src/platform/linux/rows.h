@@ -81,8 +81,17 @@ void alignBits(const std::uint8_t* from, int fromX, std::uint8_t* out, int toX, 
 /// they are, with their highest byte.
 void readRow(const Surface& from, int x, int y, int count, const TwoColors& bits, std::uint32_t* out);
 
+/// Whether a surface has a colour table or bits alone. Copies look the colours of such ones up exactly.
+inline bool hasFewColors(const Surface& surface) {
+    return surface.bitsPerPixel <= 8;
+}
+
+/// How the nearest of 256 colours is found; among fewer it is always found exactly.
+enum class ColorSearch { Exact, ByCubes };
+
 /// The opposite: each pixel takes the colour of the surface that copies find for it.
-void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in);
+void writeRow(const Surface& to, int x, int y, int count, const TwoColors& bits, const std::uint32_t* in,
+              ColorSearch search = ColorSearch::ByCubes);
 
 /// The colour of a value, and the value that is nearest to a colour.
 std::uint32_t colorOfValue(const Surface& surface, std::uint32_t value, const TwoColors& bits);
