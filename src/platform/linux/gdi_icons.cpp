@@ -33,10 +33,23 @@ bool hasAlpha(const Surface& surface) {
     return false;
 }
 
-/// A part of a bitmap stretched to a size, as a bitmap of the same depth.
-std::unique_ptr<Bitmap> fitted(const Bitmap& from, const RECT& part, int width, int height) {
-    const RECT area{0, 0, width, height};
-    return stretched(from.surface, {area, part}, area, COLORONCOLOR);
+/// Where an icon comes to lie on the surface. A mapping may turn it round.
+struct Place {
+    RECT area;
+    bool isLeftwards;
+    bool isUpwards;
+
+    explicit Place(const RECT& r)
+        : area(areaOf(r)), isLeftwards(r.right < r.left), isUpwards(r.bottom < r.top) {}
+    int width() const { return area.right - area.left; }
+    int height() const { return area.bottom - area.top; }
+    bool isTurned() const { return isLeftwards || isUpwards; }
+};
+
+/// A part of a bitmap stretched to a place's size, as a bitmap of the same depth.
+std::unique_ptr<Bitmap> fitted(const Bitmap& from, const RECT& part, const Place& place) {
+    const RECT all{0, 0, place.width(), place.height()};
+    return stretched(from.surface, {all, part, place.isLeftwards, place.isUpwards}, all, COLORONCOLOR);
 }
 
 /// Multiplies colours by their alpha, as blends take them.
@@ -91,19 +104,19 @@ void blendKept(DeviceContext& context, const RECT& area, const Bitmap& picture) 
 }
 
 /// The icon's AND mask, and its colours or its XOR mask, brought to a size.
-std::unique_ptr<Bitmap> fittedMask(const Icon& icon, int width, int height) {
-    return fitted(*icon.mask, {0, 0, icon.mask->surface.width, heightOf(icon)}, width, height);
+std::unique_ptr<Bitmap> fittedMask(const Icon& icon, const Place& place) {
+    return fitted(*icon.mask, {0, 0, icon.mask->surface.width, heightOf(icon)}, place);
 }
 
-std::unique_ptr<Bitmap> fittedImage(const Icon& icon, int width, int height) {
+std::unique_ptr<Bitmap> fittedImage(const Icon& icon, const Place& place) {
     const RECT all{0, 0, icon.mask->surface.width, heightOf(icon)};
-    if (icon.color) return fitted(*icon.color, all, width, height);
-    return fitted(*icon.mask, {all.left, all.bottom, all.right, 2 * all.bottom}, width, height);
+    if (icon.color) return fitted(*icon.color, all, place);
+    return fitted(*icon.mask, {all.left, all.bottom, all.right, 2 * all.bottom}, place);
 }
 
-std::unique_ptr<Bitmap> fittedBlend(const Icon& icon, int width, int height) {
+std::unique_ptr<Bitmap> fittedBlend(const Icon& icon, const Place& place) {
     const Surface& picture = icon.blend->surface;
-    return fitted(*icon.blend, {0, 0, picture.width, picture.height}, width, height);
+    return fitted(*icon.blend, {0, 0, picture.width, picture.height}, place);
 }
 
 /// Draws the parts that are asked for; either may be missing for want of memory.
@@ -124,41 +137,42 @@ std::unique_ptr<Bitmap> asWords(const DeviceContext& context, std::unique_ptr<Bi
     return words;
 }
 
-bool haveSize(const IconWords& words, int width, int height) {
-    return words.image && words.image->surface.width == width && words.image->surface.height == height;
+bool haveSize(const IconWords& words, const Place& place) {
+    return words.image && words.image->surface.width == place.width() &&
+           words.image->surface.height == place.height();
 }
 
 /// Icons are mostly drawn again and again at one size.
-const IconWords& wordsOf(Icon& icon, const DeviceContext& context, int width, int height) {
-    if (haveSize(icon.words, width, height)) return icon.words;
+const IconWords& wordsOf(Icon& icon, const DeviceContext& context, const Place& place) {
+    if (haveSize(icon.words, place)) return icon.words;
     icon.words = {};
     if (icon.blend) {
-        icon.words.image = fittedBlend(icon, width, height);
+        icon.words.image = fittedBlend(icon, place);
     } else {
-        icon.words.mask = asWords(context, fittedMask(icon, width, height));
-        icon.words.image = asWords(context, fittedImage(icon, width, height));
+        icon.words.mask = asWords(context, fittedMask(icon, place));
+        icon.words.image = asWords(context, fittedImage(icon, place));
     }
     return icon.words;
 }
 
-void drawIcon(DeviceContext& context, Icon& icon, const RECT& area, UINT flags) {
+void drawIcon(DeviceContext& context, Icon& icon, const Place& place, UINT flags) {
     constexpr int largestKept = 256; ///< Sides of icons that are kept as words
     context.needPixels();
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
-    const bool blends = (flags & DI_IMAGE) != 0 && icon.blend && context.surface->bitsPerPixel != 1;
-    const bool isKept = isPlain32(*context.surface) && width <= largestKept && height <= largestKept;
+    const RECT& area = place.area;
+    // With few colours there is none between the icon's and the ground's: there its mask counts.
+    const bool blends = (flags & DI_IMAGE) != 0 && icon.blend && !hasFewColors(*context.surface);
+    const bool isKept = isPlain32(*context.surface) && !place.isTurned() && place.width() <= largestKept &&
+                        place.height() <= largestKept;
     if (isKept && (blends || !icon.blend)) {
-        const IconWords& words = wordsOf(icon, context, width, height);
+        const IconWords& words = wordsOf(icon, context, place);
         if (!blends) {
             drawParts(context, area, words.mask.get(), words.image.get(), flags);
         } else if (words.image) {
             blendKept(context, area, *words.image);
         }
     } else if (!blends) {
-        drawParts(context, area, fittedMask(icon, width, height).get(),
-                  fittedImage(icon, width, height).get(), flags);
-    } else if (const auto picture = fittedBlend(icon, width, height)) {
+        drawParts(context, area, fittedMask(icon, place).get(), fittedImage(icon, place).get(), flags);
+    } else if (const auto picture = fittedBlend(icon, place)) {
         blend(context, area, *picture);
     }
 }
@@ -234,14 +248,15 @@ BOOL DrawIconEx(HDC dc, int x, int y, HICON handle, int width, int height, UINT 
     if (!context || !icon || step != 0) return FALSE_;
     width = sizeOr(width, flags, SM_CXICON, icon->mask->surface.width);
     height = sizeOr(height, flags, SM_CYICON, heightOf(*icon));
+    if (width < 1 || height < 1) return FALSE_;
+    const RECT logical = rectOf(x, y, width, height);
+    const Place place(context->toSurface(logical));
     constexpr int largest = 4096; ///< Beyond every sensible icon; the stretched picture is kept in memory
-    if (width < 1 || height < 1 || width > largest || height > largest) return FALSE_;
-    if (context->recorder)
-        recordIcon(*context->recorder, *icon, {x, y, x + width, y + height}, background, flags);
-    const POINT at = context->toSurface(POINT{x, y});
-    const RECT area{at.x, at.y, at.x + width, at.y + height};
-    if (const Brush* brush = find<Brush>(background)) Painter(*context, *brush, rop3Of(PATCOPY)).fill(area);
-    drawIcon(*context, *icon, area, flags);
+    if (place.width() > largest || place.height() > largest) return FALSE_;
+    if (context->recorder) recordIcon(*context->recorder, *icon, logical, background, flags);
+    if (const Brush* brush = find<Brush>(background))
+        Painter(*context, *brush, rop3Of(PATCOPY)).fill(place.area);
+    if (!isEmpty(place.area)) drawIcon(*context, *icon, place, flags);
     return TRUE_;
 }
 
