@@ -12,14 +12,15 @@ namespace {
 
 constexpr int mainSize = 64;
 
-/// Black and white for 1 bit; with more, colours that differ in every component.
+/// Black and white at the ends, as palettes of devices have them, so that masks can be all zeros and all ones;
+/// between them colours that differ in every component.
 void fillColors(BITMAPINFO& info) {
-    constexpr unsigned colorCount = 256;
-    for (unsigned i = 0; i < colorCount; ++i)
+    const unsigned last = info.bmiHeader.biBitCount > 8 ? 0 : (1u << info.bmiHeader.biBitCount) - 1;
+    for (unsigned i = 1; i < last; ++i)
         info.bmiColors[i] = {static_cast<BYTE>(i * 37), static_cast<BYTE>(i * 101 + 50),
                              static_cast<BYTE>(i * 59 + 100), 0};
     info.bmiColors[0] = {0, 0, 0, 0};
-    info.bmiColors[1] = {0xFF, 0xFF, 0xFF, 0};
+    if (last > 0) info.bmiColors[last] = {0xFF, 0xFF, 0xFF, 0};
 }
 
 HBITMAP makeSection(int width, int height, int bits) {

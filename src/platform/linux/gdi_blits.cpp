@@ -80,7 +80,7 @@ public:
             return;
         }
         Stretch shifted = stretch;
-        const bool joinsNumbers =
+        const bool joinsNumbers = !haveSameFormat(*to.surface, *from.surface) &&
             mode == BLACKONWHITE && from.surface->format && from.surface->format->hasTable();
         const auto colors = joinsNumbers ? colorsOf(*from.surface, shifted) : nullptr;
         picture_ = stretched(colors ? colors->surface : *from.surface, shifted, part, mode);
