@@ -96,7 +96,7 @@ public:
         target(kind);
         surface("other", 40, depth());
         line("on main");
-        gdi(call("SetStretchBltMode").some(1, BLACKONWHITE, HALFTONE));
+        gdi(call("SetStretchBltMode").some(1, BLACKONWHITE, COLORONCOLOR));
         // On 1 bit other colours would be patterns.
         if (kind[0] == '1') {
             gdi(call("brush = CreateSolidBrush").number(dice.of({0, 0xFFFFFF})));
@@ -146,6 +146,24 @@ public:
         }
         Call stretch = call("StretchBlt").place().turnedSize();
         show(from(stretch, turnedArea()).operation());
+    }
+    /// HALFTONE, wholly to be seen and to a target of all colours: its weights, and nothing that would hide
+    /// or multiply a difference between them.
+    void smooth() {
+        constexpr int targetSide = 200;
+        constexpr int shift = 80; // beyond what any turned size reaches
+        line(call("surface").word("main").number(targetSide).number(targetSide).word("32").text());
+        surface("other", 40, depth());
+        line("on main");
+        gdi(call("SetViewportOrgEx").number(shift).number(shift));
+        gdi(call("SetStretchBltMode").number(HALFTONE));
+        if (dice.oneIn(3)) {
+            Call stretch = call("StretchDib").number(dice.of({1, 4, 8, 16, 24, 32}));
+            show(stretch.some(1, 0, 9999).place().turnedSize().size(0, 8).size(1, 8).number(SRCCOPY));
+            return;
+        }
+        Call stretch = call("StretchBlt").place().turnedSize();
+        show(from(stretch, turnedArea()).number(SRCCOPY));
     }
     void masks() {
         Call mask = call("MaskBlt").place().size(1, 24).word("other").some(2, 0, 16);
@@ -305,7 +323,13 @@ constexpr Subject subjects[] = {
     {"letters", drawOn<&Writer::letters>},
 };
 
+constexpr Subject smoothSubject = {"smooth", [](Writer& w) { w.smooth(); }};
+
+/// From here on they are all smooth copies.
+constexpr int firstSmooth = 16500;
+
 const Subject& subjectOf(int number) {
+    if (number >= firstSmooth) return smoothSubject;
     return subjects[number % static_cast<int>(std::size(subjects))];
 }
 

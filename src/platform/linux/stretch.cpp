@@ -148,23 +148,29 @@ struct Between {
     float share = 0; ///< Of the second
 };
 
-/// On a surface so long, on which the source begins at `start`.
-std::vector<Between> betweenOf(const Axis& axis, int begin, int end, int start, int surfaceLength) {
+/// On a surface so long, on which the source begins at `start`. A position is the one before it and a step,
+/// in single precision from `origin` on: rounding is part of what the platform draws.
+std::vector<Between> betweenOf(const Axis& axis, int begin, int end, int start, int surfaceLength,
+                               int origin) {
     std::vector<Between> result;
     result.reserve(static_cast<std::size_t>(end - begin));
     const bool mirrored = axis.targetBackwards != axis.sourceBackwards;
-    for (int i = begin; i < end; ++i) {
-        const float position = static_cast<float>(i) * static_cast<float>(axis.sourceLength) /
-                               static_cast<float>(axis.targetLength);
+    const int last = axis.sourceLength - 1;
+    const float length = static_cast<float>(axis.sourceLength) / static_cast<float>(axis.targetLength);
+    const float step = mirrored ? -length : length;
+    // Step by step from the edge, however little of it is to be seen; from far outside at once.
+    constexpr int farthest = 1 << 16;
+    const int jump = begin > farthest ? begin : 0;
+    float position = static_cast<float>(mirrored ? origin + last : origin) + static_cast<float>(jump) * step;
+    for (int i = jump; i < begin; ++i)
+        position += step;
+    for (int i = begin; i < end; ++i, position += step) {
+        const float whole = std::floor(position);
+        const int place = static_cast<int>(whole) - origin;
         Between between;
-        const bool isWithin = position < static_cast<float>(axis.sourceLength);
-        between.first = isWithin ? static_cast<int>(position) : axis.sourceLength - 1;
-        between.second = std::min(between.first + 1, axis.sourceLength - 1);
-        between.share = position - static_cast<float>(between.first);
-        if (mirrored) {
-            between.first = axis.sourceLength - 1 - between.first;
-            between.second = axis.sourceLength - 1 - between.second;
-        }
+        between.first = std::clamp(place, 0, last);
+        between.second = std::clamp(place + 1, 0, last);
+        between.share = position - whole;
         between.first = heldWithin(start, between.first, surfaceLength);
         between.second = heldWithin(start, between.second, surfaceLength);
         result.push_back(between);
@@ -243,15 +249,18 @@ std::unique_ptr<Bitmap> translatedTo(const DeviceContext& target, const SourcePi
 }
 
 /// HALFTONE: each target position takes the four source positions around the point that its corner falls on.
-std::unique_ptr<Bitmap> smoothed(const SourcePixels& source, const Stretch& stretch, const RECT& part) {
+/// Positions count on the source's surface, or from its corner when colours are translated first.
+std::unique_ptr<Bitmap> smoothed(const SourcePixels& source, const Stretch& stretch, const RECT& part,
+                                 bool isTranslated) {
     auto result = makeBitmap(part.right - part.left, part.bottom - part.top, 32);
     if (!result) return nullptr;
     const RECT& to = stretch.to;
     const Surface& from = *source.surface;
+    const POINT origin = isTranslated ? POINT{} : POINT{stretch.from.left, stretch.from.top};
     const auto columns = betweenOf(acrossOf(stretch), part.left - to.left, part.right - to.left,
-                                   stretch.from.left, from.width);
-    const auto lines =
-        betweenOf(downOf(stretch), part.top - to.top, part.bottom - to.top, stretch.from.top, from.height);
+                                   stretch.from.left, from.width, origin.x);
+    const auto lines = betweenOf(downOf(stretch), part.top - to.top, part.bottom - to.top, stretch.from.top,
+                                 from.height, origin.y);
     const auto [first, last] = columnsIn(columns);
     ColorRows rows(source, first, last);
     for (std::size_t y = 0; y < lines.size(); ++y) {
@@ -308,13 +317,14 @@ void stretchArea(DeviceContext& target, const SourcePixels& source, const Stretc
     std::unique_ptr<Bitmap> translated;
     SourcePixels pixels = source;
     Stretch shifted = stretch;
-    if ((mode == BLACKONWHITE || mode == WHITEONBLACK) && !haveSameFormat(*target.surface, *source.surface)) {
+    const bool isTranslated = !haveSameFormat(*target.surface, *source.surface);
+    if ((mode == BLACKONWHITE || mode == WHITEONBLACK) && isTranslated) {
         translated = translatedTo(target, source, shifted);
         if (!translated) return;
         pixels.surface = &translated->surface;
     }
-    const auto picture =
-        mode == HALFTONE ? smoothed(pixels, shifted, part) : stretched(*pixels.surface, shifted, part, mode);
+    const auto picture = mode == HALFTONE ? smoothed(pixels, shifted, part, isTranslated)
+                                          : stretched(*pixels.surface, shifted, part, mode);
     if (!picture) return;
     pixels.surface = &picture->surface;
     pixels.valid = {0, 0, picture->surface.width, picture->surface.height};
