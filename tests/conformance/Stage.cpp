@@ -12,8 +12,8 @@ namespace {
 
 constexpr int mainSize = 64;
 
-/// Black and white at the ends, as palettes of devices have them, so that masks can be all zeros and all ones;
-/// between them colours that differ in every component.
+/// Black and white at the ends, as palettes of devices have them, so that masks can be all zeros and all
+/// ones; between them colours that differ in every component.
 void fillColors(BITMAPINFO& info) {
     const unsigned last = info.bmiHeader.biBitCount > 8 ? 0 : (1u << info.bmiHeader.biBitCount) - 1;
     for (unsigned i = 1; i < last; ++i)

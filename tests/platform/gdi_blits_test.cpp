@@ -287,6 +287,69 @@ TEST(Icons, LookTheSameEachTimeAtChangingSizes) {
     EXPECT_TRUE(DestroyIcon(icon));
 }
 
+TEST(Icons, FillTheirPlaceAsItIsMapped) {
+    const Canvas mask(2, 4, 1); // the AND mask above, the XOR mask below it
+    mask.set(0, 2, white);
+    mask.set(1, 3, white);
+    ICONINFO info;
+    info.hbmMask = mask.bitmap();
+    const HICON icon = CreateIconIndirect(&info);
+    const auto drawn = [&](int across, int down) {
+        const Canvas canvas(6, 2);
+        SetMapMode(canvas.dc(), MM_ANISOTROPIC);
+        SetViewportExtEx(canvas.dc(), across, down, nullptr);
+        SetViewportOrgEx(canvas.dc(), across < 0 ? 5 : 0, down < 0 ? 1 : 0, nullptr);
+        EXPECT_TRUE(DrawIconEx(canvas.dc(), 0, 0, icon, 2, 2, 0, HBRUSH(), DI_NORMAL));
+        SetMapMode(canvas.dc(), MM_TEXT);
+        SetViewportOrgEx(canvas.dc(), 0, 0, nullptr);
+        return canvas.text();
+    };
+    EXPECT_EQ(drawn(2, 1), "##....\n"
+                           "..##..\n");
+    EXPECT_EQ(drawn(-3, 1), "...###\n"
+                            "###...\n");
+    EXPECT_EQ(drawn(3, -1), "...###\n"
+                            "###...\n");
+    EXPECT_TRUE(DestroyIcon(icon));
+}
+
+TEST(Icons, GoByTheirMaskOnFewColors) {
+    const Canvas mask(2, 1, 1);
+    mask.set(1, 0, white);
+    void* pixels = nullptr;
+    BITMAPINFO format;
+    format.bmiHeader.biWidth = 2;
+    format.bmiHeader.biHeight = 1;
+    format.bmiHeader.biBitCount = 32;
+    ICONINFO info;
+    info.hbmMask = mask.bitmap();
+    info.hbmColor = CreateDIBSection(HDC(), &format, DIB_RGB_COLORS, &pixels, HANDLE(), 0);
+    static_cast<DWORD*>(pixels)[0] = 0x10FFFFFF; // hardly to be seen where it is blended
+    const HICON icon = CreateIconIndirect(&info);
+    const auto drawn = [&](int bitsPerPixel) {
+        const Canvas canvas(3, 1, bitsPerPixel);
+        canvas.set(1, 0, white);
+        EXPECT_TRUE(DrawIconEx(canvas.dc(), 0, 0, icon, 2, 1, 0, HBRUSH(), DI_NORMAL));
+        return canvas.text();
+    };
+    EXPECT_EQ(drawn(32), "+#.\n");
+    EXPECT_EQ(drawn(8), "##.\n");
+    EXPECT_TRUE(DestroyIcon(icon));
+    DeleteObject(info.hbmColor);
+}
+
+TEST(Copies, FindTheColorsOfBitsExactlyAndOthersByTheirCube) {
+    constexpr COLORREF blackish = RGB(128, 128, 120); // nearer to black, the middle of its cube to white
+    const Canvas picture(1, 1);
+    picture.set(0, 0, blackish);
+    const Canvas to(2, 1, 8);
+    BitBlt(to.dc(), 0, 0, 1, 1, picture.dc(), 0, 0, SRCCOPY);
+    const Canvas bits(1, 1, 1);
+    SetTextColor(to.dc(), blackish);
+    BitBlt(to.dc(), 1, 0, 1, 1, bits.dc(), 0, 0, SRCCOPY);
+    EXPECT_EQ(to.text(), "#.\n");
+}
+
 TEST(Icons, GiveBackTheirBitmapsAsCopies) {
     const Canvas mask(4, 6, 1);
     const Canvas picture(4, 6);

@@ -80,8 +80,8 @@ public:
             return;
         }
         Stretch shifted = stretch;
-        const bool joinsNumbers = !haveSameFormat(*to.surface, *from.surface) &&
-            mode == BLACKONWHITE && from.surface->format && from.surface->format->hasTable();
+        const bool joinsNumbers = !haveSameFormat(*to.surface, *from.surface) && mode == BLACKONWHITE &&
+                                  from.surface->format && from.surface->format->hasTable();
         const auto colors = joinsNumbers ? colorsOf(*from.surface, shifted) : nullptr;
         picture_ = stretched(colors ? colors->surface : *from.surface, shifted, part, mode);
         if (!picture_) return;
@@ -109,8 +109,9 @@ class OpaqueCopier {
 public:
     OpaqueCopier(const DeviceContext& target, const SourcePixels& source, std::uint32_t transparent,
                  int width)
-        : surface_(*target.surface), source_(source), transparent_(transparent), finder_(target, *source.surface),
-          colors_(static_cast<std::size_t>(width)), values_(static_cast<std::size_t>(width)) {}
+        : surface_(*target.surface), source_(source), transparent_(transparent),
+          finder_(target, *source.surface), colors_(static_cast<std::size_t>(width)),
+          values_(static_cast<std::size_t>(width)) {}
 
     void row(int x, int y, int count) {
         readRow(*source_.surface, x + source_.offset.x, y + source_.offset.y, count, source_.bits,
