@@ -108,15 +108,18 @@ public:
         case automation::VT_BOOL:
             kind_ = Kind::Text;
             text_ = automation::UCase(text_);
+            bytes_ = text_.ansi();
             break;
         default:
+            whole_ = wholeNumber(value);
             break;
         }
     }
 
     Result exact() const {
         return halve([&](std::int64_t low, std::int64_t middle, std::int64_t high) -> std::optional<Result> {
-            if (automation::isEqual(cell(middle), value_)) return Result{true, middle};
+            const auto isValue = [&](const Variant& held) { return automation::isEqual(held, value_); };
+            if (testHeld(at(middle), isValue)) return Result{true, middle};
             if (low >= high) return Result{false, middle};
             return {};
         });
@@ -133,10 +136,26 @@ public:
 private:
     enum class Kind { Number, Date, Text };
 
-    Variant cell(std::int64_t row) const {
+    static constexpr int stepsAhead = 3;
+
+    const Variant& at(std::int64_t row) const {
         if (row < 0 || row >= cells_.rows() || col_ >= cells_.cols())
             automation::throwError(automation::errors::SubscriptOutOfRange);
         return cells_.at(col_, row);
+    }
+    Variant cell(std::int64_t row) const { return at(row); }
+
+    static std::optional<std::int32_t> wholeNumber(const Variant& value) {
+        switch (value.type()) {
+        case automation::VT_UI1:
+            return value.asByte();
+        case automation::VT_I2:
+            return value.asInteger();
+        case automation::VT_I4:
+            return value.asLong();
+        default:
+            return {};
+        }
     }
 
     void prepareDates(const Variant& first, const Variant& end) {
@@ -159,12 +178,43 @@ private:
     bool isBefore(const String& rowText) const {
         switch (kind_) {
         case Kind::Number:
-            return automation::doubleFromText(text_) < automation::doubleFromText(rowText);
+            if (!number_) number_ = automation::doubleFromText(text_);
+            return *number_ < automation::doubleFromText(rowText);
         case Kind::Date:
-            return automation::dateFromText(text_) < automation::dateFromText(rowText);
+            if (!date_) date_ = automation::dateFromText(text_);
+            return *date_ < automation::dateFromText(rowText);
         default:
             return compareCells(text_, rowText, collate_) < 0;
         }
+    }
+
+    /// The order of a row's text and the searched one where the row's need not be made for it: whole numbers
+    /// compare as their texts do, and capitals can be compared without writing them down.
+    std::optional<int> orderAsIs(const Variant& cell) const {
+        if (kind_ == Kind::Text && collate_ && cell.isString())
+            return compareCapitals(cell.asString(), bytes_);
+        const auto number = whole_ ? wholeNumber(cell) : std::nullopt;
+        if (!number) return {};
+        return *number < *whole_ ? -1 : *number > *whole_ ? 1 : 0;
+    }
+
+    std::int64_t middleOf(std::int64_t low, std::int64_t high) const {
+        return (low + high + 2 * base_) / 2 - base_;
+    }
+
+    /// Sends for the memory of the rows that may come in the next steps, of which the search would wait for
+    /// each: the cells of those `steps` steps away, and the texts of those a step nearer.
+    void fetch(std::int64_t low, std::int64_t high, int steps) const {
+        if (low > high) return;
+        const std::int64_t middle = middleOf(low, high);
+        const Variant& cell = cells_.at(col_, middle);
+        if (steps == 0) {
+            __builtin_prefetch(&cell);
+            return;
+        }
+        if (steps == 1 && cell.isString()) __builtin_prefetch(cell.asString().c_str());
+        fetch(low, middle - 1, steps - 1);
+        fetch(middle + 1, high, steps - 1);
     }
 
     /// Halves the rows until the text is found, `look` has a result, or none are left.
@@ -172,11 +222,15 @@ private:
     Result halve(Look look) const {
         std::int64_t low = 0, high = last_;
         for (;;) {
-            const std::int64_t middle = (low + high + 2 * base_) / 2 - base_;
-            const String rowText = textOf(cell(middle));
-            if (isSame(rowText)) return {true, middle};
+            const std::int64_t middle = middleOf(low, high);
+            if (kind_ == Kind::Text && last_ < cells_.rows() && col_ < cells_.cols())
+                fetch(low, high, stepsAhead);
+            const std::optional<int> order = orderAsIs(at(middle));
+            const String rowText = order ? String() : textOf(cell(middle));
+            if (order ? *order == 0 : isSame(rowText)) return {true, middle};
             if (const auto result = look(low, middle, high)) return *result;
-            if (isBefore(rowText) != isDescending_) {
+            const bool isBeforeRow = order ? *order > 0 : isBefore(rowText);
+            if (isBeforeRow != isDescending_) {
                 high = middle - 1;
             } else {
                 low = middle + 1;
@@ -220,6 +274,10 @@ private:
     const Variant& value_;
     Kind kind_ = Kind::Number;
     String text_;
+    std::string bytes_;                 ///< The searched text in a column of texts, in the ANSI code page
+    std::optional<std::int32_t> whole_; ///< The searched number in a column of numbers, if it is a whole one
+    mutable std::optional<double> number_;         ///< Read from the text when a row of numbers asks for it,
+    mutable std::optional<automation::Date> date_; ///< and of dates: it may not be one
     String pattern_;
     bool isDescending_ = false;
 };
