@@ -70,6 +70,12 @@ inline void ratio(const std::string& name, const std::string& peer, double ours,
     std::fflush(stdout);
 }
 
+/// How far ahead the best possible would be: the peer's time divided by that of the bare machine.
+inline void floor(const std::string& name, const std::string& peer, double machine, double theirs) {
+    std::printf("floor\t%s\t%s\t%.2f\n", name.c_str(), peer.c_str(), theirs / machine);
+    std::fflush(stdout);
+}
+
 /// The time of one operation of ours, for the eye: it is the machine's as much as ours.
 inline void time(const std::string& name, double oneCall) {
     std::printf("time\t%s\t%.1f ns\n", name.c_str(), oneCall * 1e9);

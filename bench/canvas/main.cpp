@@ -18,11 +18,23 @@ namespace {
 using bench::Measurement;
 using bench::Operations;
 
-/// The machine's fill and copy of a whole sheet's bytes, in memory that it has touched before.
+/// The machine's own fill and copy: of a whole sheet's bytes, in memory that it has touched before, and of
+/// the rows of bytes of the smaller operations, which none of them can do without.
 class Machine {
 public:
     Operations fill() { return {{"fillbox_full", bench::repeated<&Machine::fillWhole>(*this)}}; }
     Operations copy() { return {{"bitblt_full", bench::repeated<&Machine::copyWhole>(*this)}}; }
+    Operations rows() {
+        using namespace bench;
+        return {
+            {"fillbox16", repeated<&Machine::fillRows<smallBox, smallBox>>(*this)},
+            {"gradient_v_100x20", repeated<&Machine::fillRows<bandWidth, bandHeight>>(*this)},
+            {"bitblt_100x20", repeated<&Machine::copyRows<bandWidth, bandHeight>>(*this)},
+            {"alphablend_100x20", repeated<&Machine::copyRows<bandWidth, bandHeight>>(*this)},
+            {"icon16", repeated<&Machine::copyRows<iconSide, iconSide>>(*this)},
+            {"transparentblt_32", repeated<&Machine::copyRows<spriteSide, spriteSide>>(*this)},
+        };
+    }
 
 private:
     void fillWhole(const bench::Place& place) {
@@ -33,8 +45,28 @@ private:
         std::memcpy(target_.data(), source_.data(), target_.size());
         bench::keep(target_.front());
     }
+    template <std::size_t width, int height>
+    void fillRows(const bench::Place& place) {
+        char* row = rowOf(place);
+        for (int y = 0; y < height; ++y, row += rowBytes)
+            std::memset(row, place.red(), width * pixelBytes);
+        bench::keep(target_.front());
+    }
+    template <std::size_t width, int height>
+    void copyRows(const bench::Place& place) {
+        char* row = rowOf(place);
+        const char* source = source_.data();
+        for (int y = 0; y < height; ++y, row += rowBytes, source += rowBytes)
+            std::memcpy(row, source, width * pixelBytes);
+        bench::keep(target_.front());
+    }
+    char* rowOf(const bench::Place& place) {
+        return target_.data() + place.y() * rowBytes + place.x() * pixelBytes;
+    }
 
-    static constexpr std::size_t bytes = std::size_t{bench::sheetWidth} * bench::sheetHeight * 4;
+    static constexpr std::size_t pixelBytes = 4;
+    static constexpr std::size_t rowBytes = bench::sheetWidth * pixelBytes;
+    static constexpr std::size_t bytes = rowBytes * bench::sheetHeight;
     std::vector<char> target_ = std::vector<char>(bytes, 'a');
     std::vector<char> source_ = std::vector<char>(bytes, 'b');
 };
@@ -59,24 +91,33 @@ std::map<std::string, double> windowsTimes() {
     return times;
 }
 
-/// Measures the operation with each library that has it; the first is ours.
-void measure(const Measurement& measurement, const std::vector<Library>& libraries,
+/// Measures the operation with each library that has it; the first is ours. What the machine takes for the
+/// bare rows of bytes is a bound for all: `floor` lines say how many times faster than each peer that is.
+void measure(const Measurement& measurement, const std::vector<Library>& libraries, const Operations& rows,
              const std::map<std::string, double>& windows) {
     constexpr int rounds = 41;
     std::vector<bench::Candidate> candidates;
-    for (const Library& library : libraries) {
-        const auto found = library.operations.find(measurement.name);
-        if (found == library.operations.end()) continue;
-        candidates.push_back(
-            {library.name, [draw = found->second, calls = measurement.calls] { draw(calls); }});
+    const auto add = [&](const char* name, const Operations& operations) {
+        const auto found = operations.find(measurement.name);
+        if (found == operations.end()) return false;
+        candidates.push_back({name, [draw = found->second, calls = measurement.calls] { draw(calls); }});
+        return true;
+    };
+    for (const Library& library : libraries)
+        add(library.name, library.operations);
+    const bool hasFloor = add("floor", rows);
+    std::vector<double> times = bench::interleaved(candidates, rounds);
+    if (hasFloor) candidates.pop_back();
+    if (const auto found = windows.find(measurement.name); found != windows.end()) {
+        candidates.push_back({"wine", {}});
+        times.insert(times.begin() + static_cast<std::ptrdiff_t>(candidates.size()) - 1,
+                     found->second * measurement.calls);
     }
-    const std::vector<double> times = bench::interleaved(candidates, rounds);
     for (std::size_t i = 1; i < candidates.size(); ++i)
         bench::ratio(measurement.name, candidates[i].name, times[0], times[i]);
-    const double ours = times[0] / measurement.calls;
-    if (const auto found = windows.find(measurement.name); found != windows.end())
-        bench::ratio(measurement.name, "wine", ours, found->second);
-    bench::time(measurement.name, ours);
+    for (std::size_t i = 1; i < candidates.size() && hasFloor; ++i)
+        bench::floor(measurement.name, candidates[i].name, times.back(), times[i]);
+    bench::time(measurement.name, times[0] / measurement.calls);
     if (std::strcmp(measurement.name, "button_cell") == 0)
         std::printf("button_cell: %.0f cells a second, Qt %.0f\n", measurement.calls / times[0],
                     measurement.calls / times[1]);
@@ -97,7 +138,9 @@ int main(int argc, char** argv) {
                                             {"qt", qt.operations()},
                                             {"memset", machine.fill()},
                                             {"memcpy", machine.copy()}};
+    const Operations rows = machine.rows();
     const std::map<std::string, double> windows = windowsTimes();
     for (const Measurement& measurement : bench::measurements)
-        if (argc < 2 || std::strcmp(argv[1], measurement.name) == 0) measure(measurement, libraries, windows);
+        if (argc < 2 || std::strcmp(argv[1], measurement.name) == 0)
+            measure(measurement, libraries, rows, windows);
 }
