@@ -74,6 +74,7 @@ private:
 
 /// Everything that SaveDC pushes and RestoreDC brings back.
 struct ContextState {
+    Mapping mapping;
     HBRUSH brush;
     HPEN pen;
     HFONT font;
@@ -94,7 +95,6 @@ struct ContextState {
     int arcDirection = AD_COUNTERCLOCKWISE;
     float miterLimit = 10;
     Path path;
-    Mapping mapping;
     std::optional<Region> clip; ///< Device coordinates
 };
 
@@ -106,13 +106,20 @@ struct DeviceContext : Object {
     ~DeviceContext() override;
 
     bool isMemory = true;
-    std::unique_ptr<MetafileRecorder> recorder; ///< Of a metafile's context, on which nothing is painted
-    HBITMAP bitmap;                             ///< Of a memory context
+    HBITMAP bitmap; ///< Of a memory context
     HPALETTE palette;
-    Surface* surface = nullptr; ///< The bitmap's, or the window's
-    POINT origin;               ///< Device (0, 0) on the surface
-    Region visible;             ///< In surface coordinates
+    std::unique_ptr<MetafileRecorder> recorder; ///< Of a metafile's context, on which nothing is painted
+    Surface* surface = nullptr;                 ///< The bitmap's, or the window's
+    POINT origin;                               ///< Device (0, 0) on the surface
+
+private:
+    // These lie beside what else every drawing reads first.
+    Region drawable_;
+    bool drawableKnown_ = false;
+
+public:
     ContextState state;
+    Region visible; ///< In surface coordinates
     std::vector<ContextState> saved;
 
     Brush& brush() const { return *find<Brush>(state.brush); }
@@ -159,9 +166,6 @@ struct DeviceContext : Object {
 private:
     RECT scaledToSurface(const RECT& r) const;
     void findDrawable();
-
-    Region drawable_;
-    bool drawableKnown_ = false;
 };
 
 /// A context in its initial state, with its stock objects selected; drawing on nothing yet.

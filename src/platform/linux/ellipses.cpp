@@ -3,6 +3,8 @@
 #include "platform/linux/rows.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace platform::driver {
 
@@ -78,6 +80,24 @@ void walkRows(SIZE corner, Visit visit) {
     });
     visitAlike();
     visit(row, true);
+}
+
+/// The rows of corners of one size, which controls draw again and again; those of the last few sizes are
+/// kept.
+const std::vector<RoundRows>& keptRows(SIZE corner) {
+    struct Kept {
+        SIZE corner;
+        std::vector<RoundRows> rows;
+    };
+    static std::array<Kept, 4> all;
+    static std::size_t oldest = 0;
+    for (const Kept& kept : all)
+        if (kept.corner == corner) return kept.rows;
+    Kept& kept = all[std::exchange(oldest, (oldest + 1) % all.size())];
+    kept.corner = corner;
+    kept.rows.clear();
+    walkRows(corner, [&](const RoundRows& rows, bool) { kept.rows.push_back(rows); });
+    return kept.rows;
 }
 
 /// Sets pixels of one surface of 32 bits.
@@ -198,7 +218,14 @@ void paintRound32(const Surface& surface, const RECT& box, SIZE size, std::optio
                   std::optional<std::uint32_t> outline) {
     const SIZE corner = boundedCorner(box, size);
     const RowPainter painter(surface, box, inside, outline);
-    walkRows(corner, [&](const RoundRows& rows, bool isLast) { painter.paint(rows, isLast); });
+    constexpr int largestKept = 256; ///< Of the sides of corners whose rows are kept
+    if (corner.cx <= largestKept && corner.cy <= largestKept) {
+        const std::vector<RoundRows>& all = keptRows(corner);
+        for (const RoundRows& rows : all)
+            painter.paint(rows, &rows == &all.back());
+    } else {
+        walkRows(corner, [&](const RoundRows& rows, bool isLast) { painter.paint(rows, isLast); });
+    }
     const int curved = (corner.cy - 1) / 2 + 1;
     painter.paintStraight(box.top + curved, box.bottom - curved);
 }
