@@ -315,6 +315,13 @@ private:
     struct Line {
         std::int32_t start, length;
     };
+    /// What a key may change of the picture.
+    struct Shown {
+        automation::String text;
+        std::int32_t caret, selStart, selLength;
+        bool inserting;
+        bool operator==(const Shown&) const = default;
+    };
     struct GreyIcon {
         automation::Ref<host::Picture> picture;
         automation::Ref<cCanvas> canvas;
@@ -398,6 +405,7 @@ private:
     void eraseSelection();
     void eraseRange(std::int32_t from, std::int32_t to);
     void setEdited(const automation::String& text, std::int32_t caret);
+    Shown whatShows() const;
     void noteDirection(short code, short shift);
     bool handleKey(short& KeyCode, short Shift);
     bool enterKey(short& KeyCode, short Shift);

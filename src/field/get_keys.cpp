@@ -118,6 +118,10 @@ void get::SetCaretPosition(std::int32_t nNewPos) {
     Render();
 }
 
+get::Shown get::whatShows() const {
+    return {cTexto, nCaret, nSelStart, nSelLength, lInsertando};
+}
+
 // --- A key goes down -------------------------------------------------------------------------------
 
 void get::onKeyDown(short& KeyCode, short& Shift) {
@@ -139,6 +143,7 @@ void get::onKeyDown(short& KeyCode, short& Shift) {
     lInKeyDown = false;
     if (!oFont) return;
     Globales& g = globales();
+    const Shown shown = whatShows();
     if (KeyCode == 0) {
         if (came == platform::VK_INSERT && cameShift == host::CtrlMask)
             g.oKeyboard->InsertState(!g.oKeyboard->InsertState());
@@ -148,8 +153,7 @@ void get::onKeyDown(short& KeyCode, short& Shift) {
     if (handleKey(KeyCode, Shift) || !oFont) return;
     g.nLastKey = KeyCode;
     skipLiterals(KeyCode);
-    constexpr short firstLetter = 'A', lastLetter = 'Z';
-    if (KeyCode != platform::VK_SPACE && (KeyCode < firstLetter || KeyCode > lastLetter)) Render();
+    if (whatShows() != shown || nUserDrawnMode != tslCtlUserDrawnMode_Default) Render();
     if (KeyCode != 0) raise(KeyDown, KeyCode, Shift);
 }
 
@@ -334,6 +338,7 @@ void get::insertKey() {
         lInsertando = !lInsertando;
     globales().oKeyboard->InsertState(lInsertando);
     makeCaret(naturalCaretWidth());
+    Render(); // which shows the caret
 }
 
 // --- Deleting --------------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 // The pictures of ./tesela shot, held to those in tests/golden. TESELA_GOLDEN_WRITE=1 keeps the new ones
-// instead; look at each before it is committed.
+// instead; look at each before it is committed. TESELA_GOLDEN_KIND is added to the names of the pictures,
+// which then are those of another display or, with TESELA_GOLDEN_LOCALE, of another locale.
 #include "platform/locale.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
@@ -29,7 +30,8 @@ std::string variable(const char16_t* name) {
 class Scenes : public ::testing::TestWithParam<const shot::Scene*> {
 protected:
     Scenes() {
-        platform::overrideUserLocale("es-ES");
+        const std::string locale = variable(u"TESELA_GOLDEN_LOCALE");
+        platform::overrideUserLocale(locale.empty() ? "es-ES" : locale);
         sample::writeSampleDatabase(slashed(u"sample.sqlite"));
         platform::SetEnvironmentVariableA("TESELA_SAMPLE", slashed(u"sample.sqlite").c_str());
     }
@@ -47,7 +49,8 @@ protected:
 
 TEST_P(Scenes, LooksAsItsGoldenPicture) {
     const shot::Scene& scene = *GetParam();
-    const std::string golden = variable(u"TESELA_TEST_DATA") + "/golden/" + scene.name + ".png";
+    const std::string golden =
+        variable(u"TESELA_TEST_DATA") + "/golden/" + scene.name + variable(u"TESELA_GOLDEN_KIND") + ".png";
     if (!variable(u"TESELA_GOLDEN_WRITE").empty()) {
         ASSERT_TRUE(scene.paint(golden));
         return;
