@@ -1,32 +1,46 @@
 #include "support/Desk.h"
 
 #include "platform/linux/headless.h"
+#include "support/linux/RealKeyboard.h"
 
 namespace support {
 
 using namespace platform;
 
+namespace {
+
+/// A desk in a real window is as its last user left it.
+void clear() {
+    if (!RealKeyboard::instance()) headless::reset();
+}
+
+} // namespace
+
 Desk::Desk() {
-    headless::reset();
+    clear();
 }
 
 Desk::~Desk() {
-    headless::reset();
+    clear();
 }
 
 void Desk::pressKey(int virtualKey) {
+    if (RealKeyboard* keyboard = RealKeyboard::instance()) return keyboard->press(virtualKey);
     headless::injectKeyDown(virtualKey);
 }
 
 void Desk::releaseKey(int virtualKey) {
+    if (RealKeyboard* keyboard = RealKeyboard::instance()) return keyboard->release(virtualKey);
     headless::injectKeyUp(virtualKey);
 }
 
 void Desk::strikeKey(int virtualKey) {
+    if (RealKeyboard* keyboard = RealKeyboard::instance()) return keyboard->strike(virtualKey);
     headless::injectKey(virtualKey);
 }
 
 void Desk::type(std::u16string_view text) {
+    if (RealKeyboard* keyboard = RealKeyboard::instance()) return keyboard->type(text);
     headless::injectText(text);
 }
 
@@ -59,6 +73,7 @@ void Desk::advance(DWORD milliseconds) {
 }
 
 int Desk::pump() {
+    if (RealKeyboard* keyboard = RealKeyboard::instance()) return keyboard->pump();
     int count = 0;
     for (MSG message; PeekMessageA(&message, {}, 0, 0, PM_REMOVE); ++count) {
         TranslateMessage(&message);

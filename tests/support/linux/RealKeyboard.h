@@ -1,0 +1,31 @@
+#pragma once
+// The keyboard of an X server, for tests that run in real windows: xdotool presses its keys.
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace support {
+
+class RealKeyboard {
+public:
+    /// The one of this process; null on the display in memory.
+    static RealKeyboard* instance();
+
+    void press(int virtualKey) { send("keydown " + nameOf(virtualKey)); }
+    void release(int virtualKey) { send("keyup " + nameOf(virtualKey)); }
+    void strike(int virtualKey) { send("key " + nameOf(virtualKey)); }
+    void type(std::u16string_view text);
+
+    /// Handles what the server brings until it has been quiet for a moment. Returns the messages' number.
+    int pump();
+
+private:
+    RealKeyboard();
+    void send(const std::string& command);
+    static std::string nameOf(int virtualKey);
+
+    std::FILE* tool_;
+};
+
+} // namespace support
