@@ -32,6 +32,14 @@ for suite in values controls; do
 done
 cp "$here/values.js" .
 play values.js
+
+# A script that does a whole job, as the package has it.
+echo "-- totales.vbs"
+for file in totales.vbs ventas.csv; do
+  iconv -f UTF-8 -t WINDOWS-1252 "$here/../../../apps/scripts/$file" >$file
+done
+run cscript //nologo totales.vbs ventas.csv totales.csv || failed=1
+iconv -f WINDOWS-1252 -t UTF-8 totales.csv | tr -d '\r' | diff - "$here/totales.expected" || failed=1
 run regsvr32 /s /u /n /i:user TeselaCtl.ocx || {
   echo "the library could not be taken out"
   failed=1
