@@ -8,13 +8,17 @@
 namespace activex {
 
 using platform::driver::handleFrom;
+using platform::driver::native;
 
 namespace {
 
-/// Holds the windows of controls that no container shows. It goes with the process.
+/// Holds the windows of controls that no container shows. It is as good as visible, so that such a control
+/// can make its picture, but has no extent and lies out of sight. It goes with the process.
 ::HWND parkingWindow() {
+    constexpr int outOfSight = -32'000;
     static const ::HWND window =
-        ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
+                          outOfSight, outOfSight, 0, 0, nullptr, nullptr, nullptr, nullptr);
     return window;
 }
 
@@ -59,6 +63,10 @@ std::vector<ConnectionPoint*> ControlObject::connectionPoints() {
     auto points = ComObject::connectionPoints();
     points.push_back(&notifications_);
     return points;
+}
+
+void ControlObject::park() {
+    ::SetParent(native(control_->window()), parkingWindow());
 }
 
 void ControlObject::show(bool visible) {

@@ -130,6 +130,7 @@ private:
     void applySize(const ::SIZEL& himetric);
     ::SIZEL himetricSize() const;
     ::RECT place() const;
+    void park();
     void viewChanged();
     void paint(::HDC dc);
 

@@ -92,7 +92,7 @@ using platform::driver::native;
     frame_.reset();
     document_.reset();
     control_->applyVisible(false);
-    ::SetParent(native(control_->window()), nullptr);
+    park();
     if (site) site->OnInPlaceDeactivate();
     return S_OK;
 }

@@ -6,6 +6,7 @@
 namespace activex {
 
 using platform::driver::handleFrom;
+using platform::driver::native;
 
 namespace {
 
@@ -19,8 +20,16 @@ bool paintsDirectly(::HDC dc, const ::RECTL& bounds, const ::RECT& own) {
 
 } // namespace
 
+/// A control that nobody has seen yet makes its picture with its first paint and shows it with the next.
 void ControlObject::paint(::HDC dc) {
-    control_->paintContent(handleFrom<platform::HDC>(dc));
+    const auto context = handleFrom<platform::HDC>(dc);
+    if (!isActive()) {
+        const ::HWND window = native(control_->window());
+        ::ShowWindow(window, SW_SHOWNA);
+        control_->paintContent(context);
+        ::ShowWindow(window, SW_HIDE);
+    }
+    control_->paintContent(context);
 }
 
 ::HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, ::DVTARGETDEVICE*, ::HDC, ::HDC dc,

@@ -59,7 +59,8 @@ public:
         ::VariantClear(&value);
         switch (below(12)) {
         case 0:
-            value = support::missing();
+            value.vt = VT_ERROR;
+            value.scode = DISP_E_PARAMNOTFOUND;
             break;
         case 1:
             value.vt = VT_NULL;
@@ -67,8 +68,8 @@ public:
         case 2:
         case 3:
         case 4:
-            value =
-                support::number(numbers[static_cast<std::size_t>(below(static_cast<int>(numbers.size())))]);
+            value.vt = VT_I4;
+            value.lVal = numbers[static_cast<std::size_t>(below(static_cast<int>(numbers.size())))];
             break;
         case 5:
             value.vt = VT_R8;
@@ -162,6 +163,9 @@ TEST(Endurance, RandomCallsGiveResultsOrErrors) {
     }
     EXPECT_GT(done, calls / 20);
     EXPECT_GT(failed, calls / 20);
+    const auto label = support::create(u"lbl");
+    for (int i = 0; i < calls / 10; ++i) // opens the gate of the events again
+        support::call(*label.get(), L"EventsEnabled", {support::boolean(true)});
 }
 
 /// What the process holds of the system.
