@@ -16,9 +16,10 @@ namespace {
 /// can make its picture, but has no extent and lies out of sight. It goes with the process.
 ::HWND parkingWindow() {
     constexpr int outOfSight = -32'000;
-    static const ::HWND window =
-        ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
-                          outOfSight, outOfSight, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    static ::HWND window = nullptr;
+    if (!::IsWindow(window)) // a program that closes all windows of its thread took it along
+        window = ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
+                                   outOfSight, outOfSight, 0, 0, nullptr, nullptr, nullptr, nullptr);
     return window;
 }
 
