@@ -65,7 +65,10 @@ void get::onKeyPress(short& KeyAscii) {
         if (!lBotonCombo) beep();
         KeyAscii = 0;
     } else if (erases) {
-        backspace(KeyAscii == controlBackspace);
+        // Some keyboards make the same character of Ctrl+Backspace as of Backspace alone.
+        const bool withControl =
+            (host::shiftState() & host::CtrlMask) != 0 && globales().nLastKey == platform::VK_BACK;
+        backspace(KeyAscii == controlBackspace || withControl);
         KeyAscii = 0;
     } else {
         typeCharacter(KeyAscii);

@@ -1,4 +1,5 @@
-// Random keys, clipboard contents, sizes and property writes, from fixed seeds, against what always holds.
+// Random keys, clipboard contents, sizes and property writes, from fixed seeds, against what always holds. Real input, as
+// other systems take it, comes too late for so many steps.
 #include "field/FieldTest.h"
 #include "field/masks.h"
 #include "host/Clipboard.h"
