@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# run.sh BITS TESELACTL.OCX: registers the control library for the user as its users do, runs the script suites
-# with cscript, and takes the library out again. What is left in the registry afterwards is a failure.
+# run.sh BITS TESELACTL.OCX: registers the control library for the machine as its users do (Wine finds no classes
+# of the user alone), runs the script suites with cscript, and takes the library out again. What is left in the
+# registry afterwards is a failure.
 set -euo pipefail
 bits=$1 library=$2
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -11,7 +12,7 @@ cp "$library" "$work/TeselaCtl.ocx"
 cd "$work"
 
 status=0
-run regsvr32 /s /n /i:user TeselaCtl.ocx || {
+run regsvr32 /s TeselaCtl.ocx || {
   status=$?
   [ $status = 77 ] && exit 77
   echo "the library could not be registered: $status"
@@ -40,12 +41,12 @@ for file in totales.vbs ventas.csv; do
 done
 run cscript //nologo totales.vbs ventas.csv totales.csv || failed=1
 iconv -f WINDOWS-1252 -t UTF-8 totales.csv | tr -d '\r' | diff - "$here/totales.expected" || failed=1
-run regsvr32 /s /u /n /i:user TeselaCtl.ocx || {
+run regsvr32 /s /u TeselaCtl.ocx || {
   echo "the library could not be taken out"
   failed=1
 }
 for part in CLSID TypeLib Interface; do
-  run reg query "HKCU\\Software\\Classes\\$part" /s 2>/dev/null || true
+  run reg query "HKLM\\Software\\Classes\\$part" /s 2>/dev/null || true
 done | iconv -f UTF-8 -t UTF-8 -c >"$work/left"
 if grep -qi 'TeselaC' "$work/left"; then
   echo "left in the registry:"
