@@ -531,6 +531,28 @@ TEST(MappedText, ExtraSpaceCountsInItsUnits) {
     EXPECT_EQ(sheet.extent("Tesela").cx, plain + 18);
 }
 
+TEST(Text, IsSmoothedTowardsTheColorThatTheSurfaceHas) {
+    LOGFONTW record;
+    record.lfHeight = -22;
+    record.lfQuality = ANTIALIASED_QUALITY;
+    const HFONT font = CreateFontIndirectW(&record);
+    const auto drawn = [&](COLORREF color) {
+        const Canvas canvas(90, 30, 16);
+        const HGDIOBJ previous = SelectObject(canvas.dc(), font);
+        SetBkMode(canvas.dc(), TRANSPARENT);
+        SetTextColor(canvas.dc(), color);
+        EXPECT_TRUE(TextOutW(canvas.dc(), 2, 2, u"Hola, mundo", 11));
+        SelectObject(canvas.dc(), previous);
+        std::vector<COLORREF> pixels;
+        for (int i = 0; i < canvas.width() * canvas.height(); ++i)
+            pixels.push_back(canvas.at(i % canvas.width(), i / canvas.width()));
+        return pixels;
+    };
+    // Five bits a component: both are the same colour there.
+    EXPECT_EQ(drawn(RGB(0xE7, 0x5A, 0x42)), drawn(RGB(0xE0, 0x5F, 0x47)));
+    DeleteObject(font);
+}
+
 TEST(Text, MetricsInBytesAreThoseInCharacters) {
     const Sheet sheet(fontOf(outlineFont, -13));
     TEXTMETRICA narrow;

@@ -38,11 +38,22 @@ bool canSmooth(const Surface& surface) {
     return canSmooth(surface.bitsPerPixel);
 }
 
+namespace {
+
+/// What text is drawn with: a colour where it may be smoothed, and then one that the surface has; else a
+/// value.
+std::uint32_t textPixel(const DeviceContext& context) {
+    const Surface& surface = *context.surface;
+    if (!canSmooth(surface)) return pixelOf(context, context.state.textColor);
+    const std::uint32_t color = pixelOfColor(plainColor(context, context.state.textColor));
+    return colorOfValue(surface, valueOfColor(surface, color, blackAndWhite), blackAndWhite);
+}
+
+} // namespace
+
 TextPainter::TextPainter(DeviceContext& context, const RECT* clip)
     : clips_(context.drawable().rectangles()), surface_(*context.surface), hasClip_(clip != nullptr),
-      clip_(clip ? *clip : RECT{}),
-      pixel_(canSmooth(surface_) ? pixelOfColor(plainColor(context, context.state.textColor))
-                                 : pixelOf(context, context.state.textColor)) {}
+      clip_(clip ? *clip : RECT{}), pixel_(textPixel(context)) {}
 
 void TextPainter::findRanges() {
     rangesKnown_ = true;
