@@ -322,6 +322,11 @@ private:
         bool inserting;
         bool operator==(const Shown&) const = default;
     };
+    /// A text that has room for a character, and the range that the character replaces.
+    struct Place {
+        std::u16string text;
+        std::int32_t from, to;
+    };
     struct GreyIcon {
         automation::Ref<host::Picture> picture;
         automation::Ref<cCanvas> canvas;
@@ -438,14 +443,15 @@ private:
     void keepDate(std::int32_t characters);
     bool dateCharacterFits(char16_t character) const;
     void typeCharacter(short& KeyAscii);
-    void insertTyped(short& KeyAscii, char16_t character, std::u16string text, std::int32_t from,
-                     std::int32_t to);
+    void insertTyped(short& KeyAscii, char16_t character, Place place);
+    std::optional<Place> placeFor(char16_t character);
     bool startsRelativeDate() const;
     automation::String dateTemplate();
     char16_t asTyped(short KeyAscii) const;
     bool isValid(char16_t character) const;
     bool fitsNumber(char16_t character, std::int32_t from, std::int32_t to);
-    std::optional<std::u16string> textWithRoom(std::int32_t& from, std::int32_t& to) const;
+    bool overwrites() const { return !lInsertando || !isPlain(); }
+    bool makeRoom(Place& place) const;
     void beep() const;
 
     // Caret
@@ -544,7 +550,9 @@ private:
     std::int32_t nCaretWidth = 1, nCaretMaxWidth = 1;
     std::int32_t nLineaAnterior = 0, nLineaSiguiente = 0; ///< Starts of the lines beside the caret's, from 1
     std::int32_t nCharDown = 0;
+    std::int32_t nFocoAlPulsar = 0;            ///< Who had the focus when the mouse was pressed
     Companion nBotonPulsado = Companion::None; ///< What the mouse has pressed
+    bool lFocoAlPulsar = false;                ///< The field itself had it
     bool lBotonEncima = false;                 ///< The pointer is over the pressed button
 
     bool lUserMode = true;

@@ -278,19 +278,22 @@ bool get::dateCharacterFits(char16_t character) const {
     return character == u'-' && (nCaret == firstSeparator || nCaret == secondSeparator);
 }
 
-/// Whether a digit has room in the number when it replaces the characters of a range.
+/// Whether a digit has room in the number when it replaces the characters of a range; and the decimal
+/// separator, which makes decimals of the digits behind it.
 bool get::fitsNumber(char16_t character, std::int32_t from, std::int32_t to) {
     if (nDigEnteros == 0 && cMascara.empty()) {
         // A field without a mask derives one from its length now.
         nTipoDato = tslTipoDatoCaracter;
         TipoDato(tslTipoDatoNumero);
     }
-    if (!isDigit(character)) return true;
     const std::u16string_view text = cTexto;
     const std::u16string head(text.substr(0, static_cast<std::size_t>(from)));
     const std::u16string tail(text.substr(static_cast<std::size_t>(to)));
     const String& separator = globales().cSepDecimal;
     const std::size_t inHead = separator.empty() ? std::u16string::npos : head.find(separator.view());
+    const bool separates = separator.length() == 1 && character == separator[0];
+    if (separates) return inHead != std::u16string::npos || countDigits(tail) <= nDigDecimales;
+    if (!isDigit(character)) return true;
     if (inHead != std::u16string::npos)
         return countDigits(head.substr(inHead)) + countDigits(tail) < nDigDecimales;
     const bool unlimited = nDigEnteros == 0 && nMaxLength <= 0 && cMascara.empty();
@@ -299,21 +302,36 @@ bool get::fitsNumber(char16_t character, std::int32_t from, std::int32_t to) {
     return unlimited || countDigits(head) + countDigits(before) < nDigEnteros;
 }
 
-/// Finds room within MaxLength for one more character in the place of a range, which grows by the character
-/// under the caret when that is overwritten. The text with room, or nothing.
-std::optional<std::u16string> get::textWithRoom(std::int32_t& from, std::int32_t& to) const {
-    std::u16string text = cTexto.string();
-    const bool replaces = from != to;
-    if (!lInsertando) {
-        if (!replaces && nMaxLength > 0 && from >= nMaxLength) return std::nullopt;
-        if (!replaces && to < length()) ++to;
-        return text;
+/// Finds room within MaxLength for one more character in the range of a place, which grows by the character
+/// under the caret when that is overwritten. False if there is none.
+bool get::makeRoom(Place& place) const {
+    const bool replaces = place.from != place.to;
+    if (overwrites()) {
+        if (!replaces && nMaxLength > 0 && place.from >= nMaxLength) return false;
+        if (!replaces && place.to < length()) ++place.to;
+        return true;
     }
-    const std::int32_t left = length() - (to - from);
-    if (nMaxLength <= 0 || left < nMaxLength) return text;
-    if (text.empty() || text.back() != u' ' || from >= nMaxLength || from >= length()) return std::nullopt;
+    std::u16string& text = place.text;
+    const std::int32_t left = length() - (place.to - place.from);
+    if (nMaxLength <= 0 || left < nMaxLength) return true;
+    if (text.empty() || text.back() != u' ' || place.from >= nMaxLength || place.from >= length())
+        return false;
     text.pop_back();
-    return text;
+    return true;
+}
+
+/// Where a character goes; nothing if the mask, the number or the length has no place for it.
+std::optional<get::Place> get::placeFor(char16_t character) {
+    if (hasTextMask() && (static_cast<std::size_t>(nCaret) >= cMascaraFocus.length() ||
+                          !maskTakes(cMascaraFocus[static_cast<std::size_t>(nCaret)], character)))
+        return std::nullopt;
+    Place place{{}, nCaret, nCaret};
+    if (isPlain() && hasSelection()) std::tie(place.from, place.to) = selection();
+    if (isDate() && isSign(character) && nCaret == 0) place.to = length(); // a relative date begins
+    if (isNumber() && !fitsNumber(character, place.from, place.to)) return std::nullopt;
+    place.text = cTexto.string(); // a number may just have got its mask
+    if (!makeRoom(place)) return std::nullopt;
+    return place;
 }
 
 void get::typeCharacter(short& KeyAscii) {
@@ -331,21 +349,13 @@ void get::typeCharacter(short& KeyAscii) {
         if (KeyAscii != 0) refuse();
         return;
     }
-    if (hasTextMask() && (static_cast<std::size_t>(nCaret) >= cMascaraFocus.length() ||
-                          !maskTakes(cMascaraFocus[static_cast<std::size_t>(nCaret)], character)))
-        return refuse();
-    std::int32_t from = nCaret, to = nCaret;
-    if (isPlain() && hasSelection()) std::tie(from, to) = selection();
-    if (isDate() && isSign(character) && nCaret == 0) to = length(); // a relative date begins
-    if (isNumber() && !fitsNumber(character, from, to)) return refuse();
-    const auto room = textWithRoom(from, to);
-    if (!room) return refuse();
-    insertTyped(KeyAscii, character, *room, from, to);
+    auto place = placeFor(character);
+    if (!place) return refuse();
+    insertTyped(KeyAscii, character, *std::move(place));
 }
 
-/// Offers the character to the application and puts it in, in the place of a range of the text.
-void get::insertTyped(short& KeyAscii, char16_t character, std::u16string text, std::int32_t from,
-                      std::int32_t to) {
+/// Offers the character to the application and puts it in its place.
+void get::insertTyped(short& KeyAscii, char16_t character, Place place) {
     globales().nLastKey = KeyAscii;
     const short offered = KeyAscii;
     const String before = cTexto;
@@ -356,15 +366,23 @@ void get::insertTyped(short& KeyAscii, char16_t character, std::u16string text, 
         return;
     }
     if (KeyAscii != offered) character = asTyped(KeyAscii);
-    if (cTexto != before) { // the handler has written another text
-        text = cTexto.string();
-        from = to = nCaret;
+    if (cTexto != before) { // the handler has written another text, which may have no room
+        nSelLength = 0;
+        auto found = placeFor(character);
+        if (!found) {
+            beep();
+            KeyAscii = 0;
+            Render();
+            return;
+        }
+        place = *std::move(found);
     }
-    text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), 1, character);
+    const auto [from, to] = std::pair(place.from, place.to);
+    place.text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), 1, character);
     const bool beforeLiteral = isLiteralAt(from + 1) || isDateSeparatorAt(from + 1);
     nSelLength = 0;
     nCaret = from;
-    SetTextoInterno(text, false);
+    SetTextoInterno(place.text, false);
     nCaret = std::min(nCaret + 1, length());
     Render();
     if (!beforeLiteral) return;

@@ -234,7 +234,10 @@ void get::returnFocus() {
     }
 }
 
+/// A press takes the focus before the field is told of it: what it needs to know of the time before is noted.
 void get::focusByMouse() {
+    lFocoAlPulsar = lHasFocus;
+    nFocoAlPulsar = globales().nHWndFocus;
     if (lEnabledGet) UserControl::focusByMouse();
 }
 

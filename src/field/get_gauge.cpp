@@ -45,10 +45,12 @@ void get::PaintGauge(double nCurrent, double nMax, bool lShowPorcentaje, std::in
     xGauge.nCurrent = nCurrent;
     xGauge.nMax = nMax;
     startGauge(lShowPorcentaje, nNumDec, nBaseColor);
-    if (!oFont || !hWnd() || !prepareCanvas()) return;
-    oCanvas->BeginPaint();
+    if (!oFont || !hWnd()) return;
+    if (!lInRender && !prepareCanvas()) return;
+    if (!lInRender) oCanvas->BeginPaint();
     oCanvas->SelectVBStdFont(oFont, 0, 0, FontQuality_Default, nFontWidth);
     paintGaugeBar();
+    if (lInRender) return; // a handler adds it to the picture that is being made
     showCanvas();
     oCanvas->EndPaint();
 }

@@ -48,8 +48,9 @@ void get::mouseDownOnText(std::int32_t x, std::int32_t y) {
         returnFocus();
         return;
     }
-    if (!lHasFocus && nAlignment != tslAlignmentLeftJustify) {
-        nCaret = 0;
+    if (!lFocoAlPulsar && nAlignment != tslAlignmentLeftJustify) {
+        nCaret = 0; // what lay under the pointer has moved to the left
+        Render();
     } else if (cMascaraFocus.empty() || isNumber()) {
         nCaret = nCharDown = nSelStart = PosicionDesdePixel(x, y);
         nSelLength = 0;
@@ -67,7 +68,7 @@ void get::mouseDownOnButton(Companion companion, short Button) {
         Button == host::LeftButton || (Button == host::RightButton && companion == Companion::Combo);
     if (!presses) return;
     if (!isEnabled(companion)) {
-        CtrlFocus(globales().nHWndFocus);
+        CtrlFocus(nFocoAlPulsar);
         return;
     }
     nBotonPulsado = companion;

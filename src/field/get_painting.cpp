@@ -15,8 +15,9 @@ namespace {
 
 constexpr host::OLE_COLOR white = 0xFFFFFF;
 constexpr host::OLE_COLOR black = 0;
-constexpr host::OLE_COLOR noColor = -1;  ///< Of a background that isn't flat
-constexpr std::int32_t scrollMargin = 8; ///< Pixels that stay free behind the caret
+constexpr host::OLE_COLOR noColor = -1;     ///< Of a background that isn't flat
+constexpr std::int32_t scrollMargin = 8;    ///< Pixels that stay free behind the caret
+constexpr std::int32_t widest = 0x7FFFFFFF; ///< No limit to a width
 constexpr std::int32_t largeIcon = 32, smallIcon = 16;
 
 constexpr std::int32_t searchSmall = 111, searchLarge = 137; ///< Icons of the library's resources
@@ -147,6 +148,7 @@ void get::showCanvas() {
 }
 
 void get::onPaint() {
+    if (lInRender) return; // a handler lets messages through; the paint that is under way ends with a picture
     if (!lCanvasValido || lRenderAlMostrar) {
         Render();
         return;
@@ -463,12 +465,16 @@ void get::dropButtonImages() {
 
 std::int32_t get::Painter::nearest(std::u16string_view part, std::int32_t x) const {
     if (x <= 0 || part.empty()) return 0;
+    // Even of the narrowest letters no more lie left of the place. Widths are told of letters that fit only.
+    const auto most = static_cast<std::size_t>(x) + 1;
+    const std::u16string_view near = part.substr(0, most);
     std::vector<std::int32_t> widths;
-    const auto fits = static_cast<std::size_t>(std::max(c.GetTextFitInExtent(part, x, widths), 0));
-    if (fits >= widths.size()) return static_cast<std::int32_t>(part.size());
-    const std::int32_t left = fits > 0 ? widths[fits - 1] : 0;
-    const bool nextIsNearer = widths[fits] - x < x - left;
-    return static_cast<std::int32_t>(std::min(fits + nextIsNearer, part.size()));
+    c.GetTextFitInExtent(near, widest, widths);
+    const auto beyond = std::upper_bound(widths.begin(), widths.end(), x);
+    auto position = static_cast<std::size_t>(beyond - widths.begin());
+    const std::int32_t left = position > 0 ? widths[position - 1] : 0;
+    if (beyond != widths.end() && *beyond - x < x - left) ++position;
+    return static_cast<std::int32_t>(std::min(position, part.size()));
 }
 
 std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
@@ -482,9 +488,12 @@ std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
         const auto row = static_cast<std::size_t>((y - f.nBordeY) / std::max(f.nLineHeight, 1));
         if (row < f.lines.size()) {
             const Line& place = f.lines[row];
-            position = place.start + nearest(shown.view().substr(static_cast<std::size_t>(place.start),
-                                                                 static_cast<std::size_t>(place.length)),
-                                             x - firstX());
+            const std::int32_t inLine = nearest(shown.view().substr(static_cast<std::size_t>(place.start),
+                                                                    static_cast<std::size_t>(place.length)),
+                                                x - firstX());
+            // The end of a line that goes on is the start of the next one.
+            const bool goesOn = row + 1 < f.lines.size();
+            position = place.start + std::min(inLine, place.length - goesOn);
         }
     } else {
         position = nearest(shown, x - f.nTextX);
@@ -494,7 +503,7 @@ std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
 }
 
 std::int32_t get::PosicionDesdePixel(std::int32_t x, std::int32_t y) {
-    if (!oFont || !prepareCanvas()) return nCaret;
+    if (!oFont || lInRender || !prepareCanvas()) return nCaret;
     std::int32_t position = Painter(*this).characterAt(x, y);
     if (position > 0 && (isLiteralAt(position) || isDateSeparatorAt(position))) --position;
     return position;

@@ -82,6 +82,7 @@ void get::fitPositions() {
 
 String get::formatted(const String& text) const {
     if (isNumber()) {
+        if (text.empty() && isRecordIdentifier()) return {}; // a record that has none yet
         const double number = automation::IsNumeric(text) ? automation::doubleFromText(text) : 0;
         return automation::Format(automation::Round(number, roundingDecimals(nDigDecimales)), cMascara);
     }

@@ -149,6 +149,25 @@ TEST_F(get_events, KeyPressCanKeepACharacterOut) {
     EXPECT_EQ("ax", text());
 }
 
+TEST_F(get_events, ATextThatAKeyPressHandlerWritesMayLeaveNoRoom) {
+    field->MaxLength(5);
+    field->KeyPress.join([this](short&) { field->Text(u"abcde"); });
+    enter();
+    type(u"x");
+    EXPECT_EQ("abcde", text());
+}
+
+TEST_F(get_events, ACharacterOverwritesTheMaskedTextThatItsHandlerWrote) {
+    field->Mascara(u"##/##");
+    field->KeyPress.join([this](short&) { field->Text(u"12/34"); });
+    enter();
+    type(u"9");
+    EXPECT_EQ("92/34", text());
+    field->SetCaretPosition(4);
+    type(u"9");
+    EXPECT_EQ("12/39", text());
+}
+
 TEST_F(get_events, TheGateSwallowsKeysAndMouse) {
     field->Text(u"abc");
     enter();
@@ -194,6 +213,7 @@ TEST_F(get_events, ADisabledButtonDoesNotAct) {
     field->EnabledBuscar(false);
     click(button(1));
     EXPECT_EQ("", events);
+    EXPECT_TRUE(before->HasFocus()) << "it gives the focus back";
 }
 
 TEST_F(get_events, TheRightButtonOnTheListClearsTheField) {
@@ -247,6 +267,48 @@ TEST_F(get_events, AClickPutsTheCaretBetweenTheNearestCharacters) {
     click(20);
     EXPECT_LT(0, near);
     EXPECT_LT(near, field->caretPosition());
+}
+
+TEST_F(get_events, TheClickThatBringsTheFocusToAMovedTextPutsTheCaretAtItsStart) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##,##0");
+    field->Text(u"12345");
+    show();
+    click(width() - 8);
+    EXPECT_TRUE(field->HasFocus());
+    EXPECT_EQ(0, field->caretPosition()) << "the text lay at the right until then";
+    click(25);
+    EXPECT_LT(0, field->caretPosition());
+}
+
+TEST_F(get_events, TheCaretStaysInTheLineThatUpAndDownAndTheMouseChoose) {
+    // Three lines, the middle one shorter: from 0, from 30 and from 39
+    field->MultiLine(true);
+    field->AutoSize(tslAutoSize_NO);
+    field->Height(1200);
+    field->Text(u"aaaaaaaaaaaaaaaaaaaaaaaaaaaaa bbbbbbbb aaaaaaaaaaaaaaaaaaaaaaaaaaaaa");
+    enter();
+    field->SetCaretPosition(20);
+    press(platform::VK_DOWN);
+    EXPECT_EQ(38, field->caretPosition()) << "the end of the short line";
+    press(platform::VK_DOWN);
+    EXPECT_NEAR(47, field->caretPosition(), 2);
+    press(platform::VK_END);
+    press(platform::VK_UP);
+    EXPECT_EQ(38, field->caretPosition());
+    press(platform::VK_UP);
+    EXPECT_NEAR(8, field->caretPosition(), 2);
+    platform::POINT caret{};
+    platform::GetCaretPos(&caret);
+    field->SetCaretPosition(30);
+    platform::POINT below{};
+    platform::GetCaretPos(&below);
+    click(width() - 8, below.y + 3);
+    EXPECT_EQ(38, field->caretPosition());
+    click(width() - 8, caret.y + 3);
+    EXPECT_EQ(29, field->caretPosition());
+    click(width() - 8, 2 * below.y - caret.y + 3);
+    EXPECT_EQ(68, field->caretPosition()) << "the last line has its end for itself";
 }
 
 TEST_F(get_events, DraggingSelectsPastTheEdgesToo) {
@@ -385,4 +447,33 @@ TEST_F(get_events, TheGaugeGoesOffWithZeros) {
     EXPECT_NE(plain, desk.look(field->hWnd()));
     field->Render();
     EXPECT_EQ(plain, desk.look(field->hWnd())) << "that one was painted once";
+}
+
+TEST_F(get_events, AHandlerMayLetMessagesThroughInsideAPaint) {
+    field->Text(u"abc");
+    field->BotonCombo(true);
+    show();
+    const auto plain = desk.look(field->hWnd());
+    field->UserDrawnMode(tslCtlUserDrawnMode_Background);
+    int paints = 0;
+    field->PaintBackground.join([&](automation::Ref<cCanvas>&) {
+        ++paints;
+        platform::InvalidateRect(field->hWnd(), nullptr, 0);
+        platform::UpdateWindow(field->hWnd());
+    });
+    field->Render();
+    EXPECT_EQ(1, paints);
+    EXPECT_EQ(plain, desk.look(field->hWnd()));
+}
+
+TEST_F(get_events, AGaugeOfAHandlerBelongsToThePictureUnderWay) {
+    field->Text({});
+    show();
+    field->PaintGauge(1, 2);
+    const auto gauge = desk.look(field->hWnd());
+    field->Render();
+    EXPECT_NE(gauge, desk.look(field->hWnd()));
+    field->UserDrawn.join([this](automation::Ref<cCanvas>&) { field->PaintGauge(1, 2); });
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    EXPECT_EQ(gauge, desk.look(field->hWnd()));
 }

@@ -209,6 +209,19 @@ TEST_F(get_value, AnotherFieldIsWrittenByItsValue) {
     EXPECT_EQ("42", text());
 }
 
+TEST_F(get_value, ARecordIdentifierThatIsANumberShowsNothingForZero) {
+    field->Campo(u"TeselaID");
+    number(u"####0");
+    field->Value(std::int32_t{42});
+    EXPECT_EQ("42", text());
+    field->Value(std::int32_t{0});
+    EXPECT_EQ("", text());
+    EXPECT_EQ(0, field->Value().asLong());
+    enter();
+    leave();
+    EXPECT_EQ("", text());
+}
+
 TEST_F(get_value, ARecordIdentifierIsALong) {
     field->Campo(u"TeselaID");
     field->SetText(u"  42 ");
