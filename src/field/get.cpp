@@ -55,16 +55,20 @@ void get::onTerminate() {
 
 void get::UserControl_InitProperties() {
     beginReading();
-    Scheme(tslSchemeUseDefault);
-    TipoDato(tslTipoDatoCaracter);
-    Text(Extender().Name());
-    ToolTip({});
-    BackColor(-1);
-    ForeColor(-1);
-    Enabled(true);
-    Alias({});
-    Campo({});
-    if (!lUserMode) createByDialog();
+    try {
+        Scheme(tslSchemeUseDefault);
+        TipoDato(tslTipoDatoCaracter);
+        Text(Extender().Name());
+        ToolTip({});
+        BackColor(-1);
+        ForeColor(-1);
+        Enabled(true);
+        Alias({});
+        Campo({});
+        if (!lUserMode) createByDialog();
+    } catch (const automation::Error&) {
+        // An answer that can't be used leaves a plain field.
+    }
     finishReading();
 }
 
@@ -211,7 +215,7 @@ void get::ToolTip(const String& value) {
     changed(u"ToolTip");
 }
 
-host::OLE_COLOR get::slot(tslCtlGlobalCfgConstants index) const {
+host::OLE_COLOR get::slot(tslCtlGlobalCfgConstants index) {
     try {
         return automation::fromVariant<std::int32_t>(tesela::GlobalCtlCfg(index));
     } catch (const automation::Error&) {
@@ -381,10 +385,9 @@ void get::onResize() {
         Render();
         return;
     }
-    lInResize = true;
+    const Raised resizing(lInResize);
     Size(ScaleX(static_cast<float>(wanted.cx), host::ScaleMode::Pixels, host::ScaleMode::Twips),
          ScaleY(static_cast<float>(wanted.cy), host::ScaleMode::Pixels, host::ScaleMode::Twips));
-    lInResize = false;
 }
 
 void get::BeginRefresh() {

@@ -11,6 +11,7 @@
 #include "system/text_formatting.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -327,9 +328,17 @@ private:
         std::u16string text;
         std::int32_t from, to;
     };
-    struct GreyIcon {
-        automation::Ref<host::Picture> picture;
-        automation::Ref<cCanvas> canvas;
+    struct ButtonIcon;
+    /// Sets a flag for as long as it lives.
+    class Raised {
+    public:
+        explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+        ~Raised() { flag_ = false; }
+        Raised(const Raised&) = delete;
+        Raised& operator=(const Raised&) = delete;
+
+    private:
+        bool& flag_;
     };
     /// Holds painting for a while.
     class HeldPaint {
@@ -458,6 +467,7 @@ private:
     void makeCaret(std::int32_t width);
     void dropCaret();
     std::int32_t naturalCaretWidth() const;
+    bool ownsCaret() const;
     void placeCaret();
 
     // Mouse
@@ -485,7 +495,7 @@ private:
     class Painter;
     friend class Painter;
     static Shades makeShades();
-    host::OLE_COLOR slot(tslCtlGlobalCfgConstants index) const;
+    static host::OLE_COLOR slot(tslCtlGlobalCfgConstants index);
     bool prepareCanvas();
     void showCanvas();
     void dropButtonImages();
@@ -515,8 +525,8 @@ private:
     automation::Subscription fontSubscription;
     automation::Ref<cCanvas> oCanvas;
     automation::Ref<automation::Object> oControlAsociado, oOSK, oStBar;
-    GreyIcon searchIcon, recordIcon;
-    std::vector<Line> lines; ///< Of a multi-line text, from the last paint
+    std::shared_ptr<ButtonIcon> searchIcon, recordIcon; ///< Shared by the fields that show the same
+    std::vector<Line> lines;                            ///< Of a multi-line text, from the last paint
     Shades xTonos;
     Gauge xGauge;
 

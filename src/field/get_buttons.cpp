@@ -5,22 +5,6 @@
 
 namespace tesela {
 
-namespace {
-
-/// Sets a flag for as long as it lives.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& flag_;
-};
-
-} // namespace
-
 bool get::isEnabled(Companion companion) const {
     switch (companion) {
     case Companion::Combo:
@@ -42,7 +26,10 @@ void get::pressButton(Companion companion) {
     const std::int32_t focused = globales().nHWndFocus;
     if (!lEnEventoBoton && Enabled() && isEnabled(companion)) {
         dropCaret();
-        {
+        const auto caretBack = [this] {
+            if (oFont && lHasFocus) makeCaret(naturalCaretWidth());
+        };
+        try {
             const Raised running(lEnEventoBoton);
             bool forced = true, cancel = false;
             if (companion == Companion::Combo)
@@ -51,9 +38,13 @@ void get::pressButton(Companion companion) {
                 raiseInput(EVBuscar);
             else
                 raiseInput(EVFicha);
+        } catch (...) {
+            caretBack();
+            Render();
+            throw;
         }
         if (!oFont) return; // the handler has ended the field
-        if (lHasFocus) makeCaret(naturalCaretWidth());
+        caretBack();
     }
     if (lNoReclamarFocus) return;
     SetFocusIfEnabled(automation::Variant::missing(), focused);

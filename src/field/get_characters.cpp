@@ -249,10 +249,15 @@ bool get::startsRelativeDate() const {
     return isDate() && !cTexto.empty() && isSign(cTexto[0]);
 }
 
-/// Keeps the first characters of a date and blanks the others.
+/// Keeps the first characters of a date. Up to the last separator the others turn blank, so that the
+/// separators stay; behind it they go.
 void get::keepDate(std::int32_t characters) {
+    constexpr std::size_t behindSeparators = 6;
     const auto kept = static_cast<std::size_t>(characters);
-    setEdited(cTexto.left(kept) + dateTemplate().substring(kept), characters);
+    String text = cTexto.left(kept);
+    if (kept < behindSeparators) text += dateTemplate().substring(kept);
+    if (nMaxLength > 0) text = text.left(static_cast<std::size_t>(nMaxLength));
+    setEdited(text, characters);
 }
 
 // --- Typing ----------------------------------------------------------------------------------------
@@ -339,6 +344,7 @@ void get::typeCharacter(short& KeyAscii) {
         beep();
         KeyAscii = 0;
     };
+    if (isNumber() && KeyAscii == ',') KeyAscii = '.'; // which the application sees
     const char16_t character = asTyped(KeyAscii);
     if (isDate() && !dateCharacterFits(character)) {
         KeyAscii = 0;

@@ -108,10 +108,8 @@ void get::notifyCompanions() {
         else
             automation::callMethod(*oStBar, u"SetTextAlertFromCtl", cMsgStatusBar);
     }
-    if (oOSK) {
-        automation::callMethod(*oOSK, u"SetNewCtl", Variant(static_cast<automation::Object*>(this)));
-        lDesdeTeclado = false;
-    }
+    if (oOSK) automation::callMethod(*oOSK, u"SetNewCtl", Variant(static_cast<automation::Object*>(this)));
+    lDesdeTeclado = false;
 }
 
 /// Of the associated control, whose press shall not validate this field while it has the focus.

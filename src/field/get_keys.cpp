@@ -13,6 +13,12 @@ namespace tesela {
 
 using automation::String;
 
+namespace {
+
+platform::HWND caretWindow; ///< Of the field that has made the caret last
+
+} // namespace
+
 // --- Where things are ------------------------------------------------------------------------------
 
 /// Whether a place of the text shows a literal of the mask that has the focus.
@@ -57,7 +63,7 @@ std::int32_t get::wordLeft(std::int32_t from) const {
 
 std::int32_t get::naturalCaretWidth() const {
     constexpr std::int32_t insertWidth = 1, courierWidth = 8, otherWidth = 4;
-    if (lInsertando) return insertWidth;
+    if (!overwrites()) return insertWidth;
     return oFont && oFont->Name() == u"Courier" ? courierWidth : otherWidth;
 }
 
@@ -67,18 +73,26 @@ void get::makeCaret(std::int32_t width) {
     nCaretWidth = naturalCaretWidth();
     nCaretMaxWidth = width;
     lCaretMade = platform::CreateCaret(hWnd(), {}, width, nLineHeight) != 0;
+    caretWindow = hWnd();
     lCaretShown = false;
 }
 
+/// Whether the caret is still this field's: there is one for all windows, and whoever makes one takes it
+/// over.
+bool get::ownsCaret() const {
+    return lCaretMade && caretWindow == hWnd() && (lDesdeTeclado || platform::GetFocus() == hWnd());
+}
+
 void get::dropCaret() {
-    if (lCaretMade) platform::DestroyCaret();
+    if (lCaretMade && caretWindow == hWnd()) platform::DestroyCaret();
     lCaretMade = lCaretShown = false;
 }
 
 /// Shows the canvas with the caret at its place, as wide as there is room.
 void get::placeCaret() {
-    const bool shows = lCaretMade && lEnabledGet && lCaretVisible;
-    if (lCaretShown) platform::HideCaret(hWnd());
+    const bool owns = ownsCaret();
+    const bool shows = owns && lEnabledGet && lCaretVisible;
+    if (owns && lCaretShown) platform::HideCaret(hWnd());
     showCanvas();
     if (!shows) {
         lCaretShown = false;
@@ -103,7 +117,7 @@ void get::HideCaret(std::int32_t nHWND) {
 
 void get::CaretVisible(bool value) {
     lCaretVisible = value;
-    if (!lCaretMade || value == lCaretShown) return;
+    if (!ownsCaret() || value == lCaretShown || (value && !lEnabledGet)) return;
     if (value)
         ShowCaret(0);
     else
@@ -337,7 +351,7 @@ void get::insertKey() {
     else
         lInsertando = !lInsertando;
     globales().oKeyboard->InsertState(lInsertando);
-    makeCaret(naturalCaretWidth());
+    if (ownsCaret()) makeCaret(naturalCaretWidth());
     Render(); // which shows the caret
 }
 

@@ -120,7 +120,8 @@ void get::onMouseUp(short& Button, short& Shift, float& X, float& Y) {
             // A control in front of it keeps the focus.
         }
     }
-    if (acts && Button == host::RightButton && !lLocked && !isDate()) {
+    const bool clears = released == Companion::Combo && Button == host::RightButton;
+    if (acts && clears && lEnabledGet && !lLocked && !isDate()) {
         SetTextoInterno({}, true);
         nCaret = nSelStart = nSelLength = 0;
     }

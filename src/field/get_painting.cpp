@@ -6,6 +6,7 @@
 #include "platform/windows.h"
 
 #include <algorithm>
+#include <map>
 
 namespace tesela {
 
@@ -30,9 +31,7 @@ host::OLE_COLOR mixed(host::OLE_COLOR a, host::OLE_COLOR b, std::uint8_t share) 
 } // namespace
 
 get::Shades get::makeShades() {
-    const auto tableColor = [](tslCtlGlobalCfgConstants index) {
-        return GetVBSysColor(automation::fromVariant<std::int32_t>(tesela::GlobalCtlCfg(index)));
-    };
+    const auto tableColor = [](tslCtlGlobalCfgConstants index) { return GetVBSysColor(slot(index)); };
     const host::OLE_COLOR face = tableColor(tslCtlGlobalCfg_Btn_Face);
     if (!globales().lHighColor) {
         const auto system = [](int number) { return GetVBSysColor(host::systemColor(number)); };
@@ -49,6 +48,39 @@ get::Shades get::makeShades() {
             mixed(face, black, 160),
             mixed(face, black, 80),
             mixed(face, tableColor(tslCtlGlobalCfg_Btn_MaxGradientColor), 64)};
+}
+
+namespace {
+
+/// All that the picture of a button's icon depends on.
+struct IconLook {
+    std::int32_t number;
+    std::int32_t top, bottom, edge; ///< Where it lies on the button's shading
+    host::OLE_COLOR face, gradientBase;
+    bool highColor;
+    auto operator<=>(const IconLook&) const = default;
+};
+
+} // namespace
+
+/// An icon of a button, and greyed. Fields that look the same share one, as long as one of them lives.
+struct get::ButtonIcon {
+    explicit ButtonIcon(const IconLook& icon) : look(icon) {}
+    static std::shared_ptr<ButtonIcon> of(const IconLook& look);
+
+    const IconLook look;
+    automation::Ref<host::Picture> picture;
+    automation::Ref<cCanvas> grey; ///< Null until a disabled button needs it
+};
+
+std::shared_ptr<get::ButtonIcon> get::ButtonIcon::of(const IconLook& look) {
+    static std::map<IconLook, std::weak_ptr<ButtonIcon>> all;
+    if (const auto found = all.find(look); found != all.end())
+        if (auto icon = found->second.lock()) return icon;
+    std::erase_if(all, [](const auto& entry) { return entry.second.expired(); });
+    auto icon = std::make_shared<ButtonIcon>(look);
+    all[look] = icon;
+    return icon;
 }
 
 /// One paint of one field.
@@ -80,8 +112,9 @@ private:
     void buttons();
     std::int32_t button(Companion companion, std::int32_t x);
     void arrow(std::int32_t x, std::int32_t shift, bool enabled);
-    void icon(GreyIcon& which, std::int32_t number, std::int32_t x, std::int32_t shift, bool enabled);
-    void makeGrey(GreyIcon& which, std::int32_t size, std::int32_t x, std::int32_t y);
+    void icon(std::shared_ptr<ButtonIcon>& which, std::int32_t number, std::int32_t x, std::int32_t shift,
+              bool enabled);
+    void makeGrey(ButtonIcon& which, std::int32_t size, std::int32_t x, std::int32_t y);
     void letApplicationPaint(const automation::Event<automation::Ref<cCanvas>&>& event);
 
     std::int32_t width(std::u16string_view part) const {
@@ -118,14 +151,13 @@ void get::Render() {
     // Nobody sees a field on a hidden form: its first paint makes the picture.
     lRenderAlMostrar = !platform::IsWindowVisible(hWnd());
     if (lRenderAlMostrar || !prepareCanvas()) return;
-    lInRender = true;
     const automation::Ref<automation::Object> alive(this);
     try {
+        const Raised painting(lInRender);
         Painter(*this).paint();
     } catch (const automation::Error&) {
         // A drawing call that fails never stops the field; what was painted so far is shown.
     }
-    lInRender = false;
     if (!oCanvas || !hWnd()) return;
     placeCaret();
     oCanvas->EndPaint();
@@ -258,10 +290,13 @@ void get::Painter::text() {
     f.lines.clear();
     c.SetBkMode(BackMode_Transparent);
     c.SetTextColor(textColor());
+    const bool clips = f.buttonCount() > 0; // behind the buttons a column of the field shows
+    if (clips) c.SetClippingRect({0, 0, f.nTextRight + 1, bottom + 1});
     if (f.lMultiLine)
         multiLine();
     else
         singleLine();
+    if (clips) c.ClearClipping();
     c.TextAlign(TextAlign_Left);
 }
 
@@ -414,51 +449,55 @@ void get::Painter::arrow(std::int32_t x, std::int32_t shift, bool enabled) {
     c.DrawTriangle(tipX, tipY, size, enabled ? f.slot(tslCtlGlobalCfg_Btn_ForeColor) : f.xTonos.dark, down);
 }
 
-void get::Painter::icon(GreyIcon& which, std::int32_t number, std::int32_t x, std::int32_t shift,
-                        bool enabled) {
+void get::Painter::icon(std::shared_ptr<ButtonIcon>& which, std::int32_t number, std::int32_t x,
+                        std::int32_t shift, bool enabled) {
     const std::int32_t size = number == searchLarge || number == recordLarge ? largeIcon : smallIcon;
-    if (!which.picture) which.picture = f.LoadStockIcon(number);
-    if (!which.picture) return;
     const std::int32_t left = x + (f.nButtonWidth - size) / 2 + shift;
     const std::int32_t top = (bottom + 1 - size) / 2 + shift;
+    const IconLook look{
+        number, top, bottom, f.nBordeY, f.xTonos.face, f.xTonos.gradientBase, globales().lHighColor};
+    if (!which || which->look != look) which = ButtonIcon::of(look);
+    if (!which->picture) which->picture = f.LoadStockIcon(number);
+    if (!which->picture) return;
     if (enabled) {
-        c.PaintPicture(which.picture, left, top, size, size);
+        c.PaintPicture(which->picture, left, top, size, size);
         return;
     }
-    if (!which.canvas) makeGrey(which, size, left, top);
-    which.canvas->BeginPaint();
-    c.BitBlt(which.canvas->GetPaintDC(), left, top, size, size);
-    which.canvas->EndPaint();
+    if (!which->grey) makeGrey(*which, size, left, top);
+    which->grey->BeginPaint();
+    c.BitBlt(which->grey->GetPaintDC(), left, top, size, size);
+    which->grey->EndPaint();
 }
 
 /// The icon, faded into the face of the buttons, on a copy of what lies under it. With few colours every
 /// other pixel of it is left out instead.
-void get::Painter::makeGrey(GreyIcon& which, std::int32_t size, std::int32_t x, std::int32_t y) {
+void get::Painter::makeGrey(ButtonIcon& which, std::int32_t size, std::int32_t x, std::int32_t y) {
     constexpr std::uint8_t share = 64;
     const host::OLE_COLOR face = f.xTonos.face;
-    const auto plain = automation::make<cCanvas>();
-    which.canvas = automation::make<cCanvas>();
-    for (auto* each : {plain.get(), which.canvas.get()})
+    // With few colours the device may show the face as a pattern: the icon is where two grounds differ by it.
+    const auto ground = automation::make<cCanvas>(), plain = automation::make<cCanvas>();
+    which.grey = automation::make<cCanvas>();
+    for (auto* each : {ground.get(), plain.get(), which.grey.get()})
         each->Configure({}, 0, 0, size, size, DCProvider_Auto, false);
-    plain->FillBox(0, 0, size - 1, size - 1, face);
-    const host::OLE_COLOR ground = plain->GetPixel(0, 0); // as the device shows the face
+    for (auto* each : {ground.get(), plain.get()})
+        each->FillBox(0, 0, size - 1, size - 1, face);
     plain->PaintPicture(which.picture, 0, 0, size, size);
-    which.canvas->BitBlt(c.GetPaintDC(), 0, 0, size, size, x, y);
+    which.grey->BitBlt(c.GetPaintDC(), 0, 0, size, size, x, y);
     for (std::int32_t row = 0; row < size; ++row)
         for (std::int32_t column = 0; column < size; ++column) {
             const host::OLE_COLOR pixel = plain->GetPixel(column, row);
-            if (pixel == ground) continue;
+            if (pixel == ground->GetPixel(column, row)) continue;
             if (globales().lHighColor)
-                which.canvas->SetPixel(column, row, mixed(pixel, face, share));
+                which.grey->SetPixel(column, row, mixed(pixel, face, share));
             else if ((row + column) % 2 == 0)
-                which.canvas->SetPixel(column, row, pixel);
+                which.grey->SetPixel(column, row, pixel);
         }
-    which.canvas->EndPaint();
+    which.grey->EndPaint();
 }
 
 void get::dropButtonImages() {
-    searchIcon = {};
-    recordIcon = {};
+    searchIcon.reset();
+    recordIcon.reset();
 }
 
 // --- The mouse -------------------------------------------------------------------------------------

@@ -126,17 +126,23 @@ const Persisted persisted[] = {
 void get::onReadProperties(host::PropertyBag& bag) {
     beginReading();
     const bool stopped = tabStop();
-    for (const Persisted& property : persisted) {
+    const auto attempt = [](const auto& step) {
         try {
-            property.write(*this, bag.ReadProperty(property.name, property.defaultValue(*this)));
+            step();
         } catch (const automation::Error&) {
             // A value that the property can't take is passed over and the next one is read.
         }
+    };
+    for (const Persisted& property : persisted) {
+        attempt(
+            [&] { property.write(*this, bag.ReadProperty(property.name, property.defaultValue(*this))); });
         if (property.name == std::u16string_view(u"EnabledFicha"))
             setTabStop(stopped && lShownEnabled && lEnabledGet);
     }
-    if (isRecordIdentifier() && cTexto.empty())
-        Text(automation::CStr(bag.ReadProperty(u"Text", Variant(u"Texto a mostrar"))));
+    attempt([&] {
+        if (isRecordIdentifier() && cTexto.empty())
+            Text(automation::CStr(bag.ReadProperty(u"Text", Variant(u"Texto a mostrar"))));
+    });
     finishReading();
 }
 

@@ -88,20 +88,26 @@ void get::ValorHora(Date value) {
 Date get::FechaYHora(Date dFecha) {
     Date hour;
     ValidateHora(hour);
-    return Date(std::trunc(dFecha.value()) + hour.value());
+    // The fraction is the time of the day before the calendar's day 0 too.
+    const double day = std::trunc(dFecha.value());
+    return Date(day < 0 ? day - hour.value() : day + hour.value());
 }
 
 String get::ValidateFltCodigos() {
-    SetTextoInterno(CodeList::normalised(cTexto), false);
-    const CodeList list(cTexto);
-    if (list.fault() != CodeList::Fault::None) {
-        SelStart(list.faultStart());
-        SelLength(list.faultLength());
-        return CodeList::message(list.fault());
+    try {
+        SetTextoInterno(CodeList::normalised(cTexto), false);
+        const CodeList list(cTexto);
+        if (list.fault() != CodeList::Fault::None) {
+            SelStart(list.faultStart());
+            SelLength(list.faultLength());
+            return CodeList::message(list.fault());
+        }
+        SetTextoInterno(list.text(), false);
+        Render();
+        return {};
+    } catch (const automation::Error& error) {
+        return error.description(); // a code beyond a Long
     }
-    SetTextoInterno(list.text(), false);
-    Render();
-    return {};
 }
 
 void get::RegisterValidate(std::int32_t nHWNDForm) {

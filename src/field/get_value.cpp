@@ -55,20 +55,22 @@ void get::SetText(const String& cNewText) {
     Render();
 }
 
-/// The one way in which a text enters. A call from inside another one only stores.
+/// The one way in which a text enters. A call from inside another one only stores. Change tells of another
+/// text that was given and has made the text another one; the same text in another form tells nothing.
 void get::SetTextoInterno(const String& cNuevo, bool lForzarFormato) {
     const String former = cTexto;
     cTexto = cNuevo;
     if (lEnSetTexto) return;
-    lEnSetTexto = true;
-    if (lHasFocus && !lLocked) {
-        TypedText filtered = FiltrarTexto({cTexto, nCaret});
-        cTexto = filtered.text;
-        nCaret = std::max(filtered.caret, 0);
+    {
+        const Raised entering(lEnSetTexto);
+        if (lHasFocus && !lLocked) {
+            TypedText filtered = FiltrarTexto({cTexto, nCaret});
+            cTexto = filtered.text;
+            nCaret = std::max(filtered.caret, 0);
+        }
+        if (lForzarFormato || !lHasFocus) cTexto = formatted(cTexto);
+        fitPositions();
     }
-    if (lForzarFormato || !lHasFocus) cTexto = formatted(cTexto);
-    fitPositions();
-    lEnSetTexto = false;
     if (cNuevo != former && cTexto != former) raiseInput(Change);
 }
 
@@ -133,7 +135,7 @@ Variant get::Value() {
 
 void get::Value(const Variant& value) {
     std::int32_t format = -1;
-    writeValue(format, value);
+    ValorVerdadero(format, value);
 }
 
 Variant get::ValorVerdadero() {
@@ -223,8 +225,8 @@ void get::writeValue(std::int32_t format, Variant value) {
         value = automation::value(value.dereferenced());
         if (value.isNull()) value = u"(Null)";
         if (identifier) {
-            const std::int32_t number = automation::CLng(automation::Val(automation::CStr(value)));
-            value = number == 0 ? Variant(u"") : Variant(number);
+            const bool none = automation::Val(automation::CStr(value)) == 0;
+            value = none ? Variant(u"") : Variant(automation::CLng(value));
         }
         if (identifier && value.isString())
             SetTextoInterno({}, false);
@@ -266,8 +268,10 @@ Date get::dateOr(const Variant& value) {
 
 void get::writeDate(const Variant& value) {
     const Date date = dateOr(value);
+    const auto none =
+        automation::make<cFecha>(); // the field's own object may have been handed out as its value
     for (const auto special : {tslDateEmpty, tslDateMin, tslDateMax})
-        if (date == oFecha->SetEspecial(special)) {
+        if (date == none->SetEspecial(special)) {
             SetTextoInterno(blankTemplate(), false);
             return;
         }

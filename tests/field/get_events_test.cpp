@@ -226,6 +226,23 @@ TEST_F(get_events, TheRightButtonOnTheListClearsTheField) {
     field->Locked(true);
     click(button(2), 8, platform::VK_RBUTTON);
     EXPECT_EQ("abc", text());
+    field->Locked(false);
+    field->EnabledGet(false);
+    click(button(2), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("abc", text()) << "it is not to be edited";
+}
+
+TEST_F(get_events, AnErrorInAButtonsEventLeavesTheCaret) {
+    field->BotonBuscar(true);
+    field->Text(u"abc");
+    field->EVBuscar.join([] { automation::throwError(automation::errors::Overflow); });
+    enter();
+    EXPECT_EQ(6, tests::errorOf([&] { FieldTest::press(platform::VK_MENU, platform::VK_RIGHT); }));
+    desk.pump();
+    press(platform::VK_END);
+    platform::POINT caret{};
+    platform::GetCaretPos(&caret);
+    EXPECT_GT(caret.x, 10);
 }
 
 TEST_F(get_events, TheFieldTakesTheFocusBackUnlessItIsToldNotTo) {
@@ -396,6 +413,47 @@ TEST_F(get_events, TheOnScreenKeyboardTypes) {
     EXPECT_TRUE(after->HasFocus());
 }
 
+TEST_F(get_events, TheFieldIsTidiedAfterTheOnScreenKeyboardToo) {
+    show();
+    field->ProcesarTeclaFromOnScreenKeyboard({}, -1, 0);
+    desk.pump();
+    type(u"  uno");
+    leave();
+    EXPECT_EQ("uno", text());
+}
+
+TEST_F(get_events, TheOnScreenKeyboardOverwritesInAMask) {
+    field->Mascara(u"##/##");
+    field->SetText(u"12/34");
+    field->ProcesarTeclaFromOnScreenKeyboard(u"9", 0, 0);
+    EXPECT_EQ("92/34", text());
+}
+
+TEST_F(get_events, AFieldWithoutTheFocusLeavesTheCaretOfAnotherAlone) {
+    after->Text(u"abcdef");
+    enter();
+    // It leaves the field before it has done with the caret.
+    field->ControlAsociado(automation::Ref<automation::Object>(automation::make<cFecha>().get()));
+    leave();
+    press(platform::VK_END);
+    platform::POINT placed{}, seen{};
+    platform::GetCaretPos(&placed);
+    field->Text(u"otro");
+    platform::GetCaretPos(&seen);
+    EXPECT_EQ(placed, seen);
+}
+
+TEST_F(get_events, AnApplicationSeesThePointThatACommaOfANumberStandsFor) {
+    std::string seen;
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##0.00");
+    field->KeyPress.join([&](short& code) { seen += static_cast<char>(code); });
+    enter();
+    type(u"1,5");
+    EXPECT_EQ("1.5", seen);
+    EXPECT_EQ("1,5", text());
+}
+
 TEST_F(get_events, AHandlerMayRemoveTheField) {
     enter();
     field->KeyPress.join([this](short&) { form->remove(*field); });
@@ -476,4 +534,41 @@ TEST_F(get_events, AGaugeOfAHandlerBelongsToThePictureUnderWay) {
     field->UserDrawn.join([this](automation::Ref<cCanvas>&) { field->PaintGauge(1, 2); });
     field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
     EXPECT_EQ(gauge, desk.look(field->hWnd()));
+}
+
+TEST_F(get_events, LongTextsEndWhereTheButtonsBegin) {
+    field->BotonCombo(true);
+    field->Text({});
+    show();
+    const auto empty = desk.look(field->hWnd());
+    field->Text(automation::String::repeat(u'W', 60));
+    const auto full = desk.look(field->hWnd());
+    int differing = 0;
+    for (int y = 0; y < full.height; ++y) {
+        for (int x = 0; x < full.width; ++x) {
+            const bool differs = full.at(x, y) != empty.at(x, y);
+            differing += differs;
+            const bool behindText = x > full.width - 3 - field->ButtonWidth() - 1;
+            EXPECT_FALSE(differs && behindText) << x << ", " << y;
+        }
+    }
+    EXPECT_GT(differing, 0);
+}
+
+TEST_F(get_events, AGreyedIconBelongsToTheHeightOfItsButton) {
+    field->AutoSize(tslAutoSize_NO);
+    field->ButtonWidth(34);
+    field->BotonBuscar(true);
+    field->EnabledBuscar(false);
+    field->Height(300);
+    show();
+    after->Extender().Move(4500, 300, 3000, 300);
+    field->Height(900);
+    const auto grown = desk.look(field->hWnd());
+    after->AutoSize(tslAutoSize_NO);
+    after->ButtonWidth(34);
+    after->BotonBuscar(true);
+    after->EnabledBuscar(false);
+    after->Extender().Move(4500, 300, 3000, 900);
+    EXPECT_EQ(grown, desk.look(after->hWnd())) << "as if it had been so high from the beginning";
 }

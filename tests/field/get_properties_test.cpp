@@ -132,6 +132,18 @@ TEST_F(get_properties, AWrongValueInTheBagIsSkippedAndTheNextIsRead) {
     EXPECT_EQ(15, field->ButtonWidth());
 }
 
+TEST_F(get_properties, AnIdentifierWhoseTextIsNoneStillPaintsAndResizes) {
+    host::PropertyBag bag;
+    bag.WriteProperty(u"Campo", Variant(u"TeselaID"));
+    bag.WriteProperty(u"Text",
+                      Variant(automation::Ref<automation::Object>(automation::make<cFecha>().get())));
+    field->Text({});
+    field->readProperties(bag);
+    const float height = field->Height();
+    field->Font()->Size(automation::Currency(18));
+    EXPECT_GT(field->Height(), height);
+}
+
 TEST_F(get_properties, TabStopIsKeptAcrossTheReading) {
     host::PropertyBag bag;
     field->Extender().TabStop(false);
@@ -249,4 +261,11 @@ TEST_F(get_properties, AllMembersAreReachedByName) {
                              "ValidateFltCodigos", "IsForwarding", "SetFocusIfEnabled", "PaintHGradient",
                              "AutoPaintGauge", "Change", "EVCombo", "UserDrawn"})
         EXPECT_EQ(1, std::count(members.begin(), members.end(), name)) << name;
+}
+
+TEST_F(get_properties, AFieldIsMadeWhateverTheColourTableHolds) {
+    const Variant face = GlobalCtlCfg(tslCtlGlobalCfg_Btn_Face);
+    GlobalCtlCfg(tslCtlGlobalCfg_Btn_Face, Variant(u"x"));
+    EXPECT_EQ(0, tests::errorOf([&] { form->add<get>(u"get8"); }));
+    GlobalCtlCfg(tslCtlGlobalCfg_Btn_Face, face);
 }

@@ -133,3 +133,16 @@ TEST_F(get_validation, ValidadoIsTheApplicationsOwn) {
     field->Validado(true);
     EXPECT_TRUE(field->Validado());
 }
+
+TEST_F(get_validation, ACodeBeyondALongIsToldLikeOtherFaults) {
+    field->Text(u"1,99999999999");
+    EXPECT_NE("", field->ValidateFltCodigos().utf8());
+    EXPECT_EQ("1,99999999999", text());
+}
+
+TEST_F(get_validation, AnHourBelongsToItsDayBeforeTheCalendarsFirstToo) {
+    field->Mascara(u"##:##");
+    field->Text(u"12:00");
+    EXPECT_EQ(-100.5, field->FechaYHora(Date(-100.25)).value());
+    EXPECT_EQ(100.5, field->FechaYHora(Date(100.25)).value());
+}

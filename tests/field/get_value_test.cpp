@@ -209,6 +209,31 @@ TEST_F(get_value, AnotherFieldIsWrittenByItsValue) {
     EXPECT_EQ("42", text());
 }
 
+TEST_F(get_value, ABooleanWritesNothing) {
+    field->Text(u"uno");
+    field->Value(true);
+    EXPECT_EQ("uno", text());
+    number(u"##0");
+    field->Text(u"7");
+    field->Value(true);
+    EXPECT_EQ("7", text());
+}
+
+TEST_F(get_value, AnIdentifierIsRounded) {
+    field->Campo(u"TeselaID");
+    field->Value(1234.7);
+    EXPECT_EQ("1235", text());
+}
+
+TEST_F(get_value, TheOriginalValueOfABlankDateStaysTheEmptyDate) {
+    date();
+    enter();
+    field->Value(DateSerial(2024, 2, 29));
+    field->Value(Date(2958465.999988426));
+    field->Value(DateSerial(2024, 2, 29));
+    EXPECT_EQ(emptyDate, dateIn(field->OriginalValue(false)));
+}
+
 TEST_F(get_value, ARecordIdentifierThatIsANumberShowsNothingForZero) {
     field->Campo(u"TeselaID");
     number(u"####0");
@@ -229,8 +254,10 @@ TEST_F(get_value, ARecordIdentifierIsALong) {
     field->Value(std::int32_t{0});
     EXPECT_EQ("", text());
     EXPECT_EQ(0, field->Value().asLong());
-    field->Value(u"17 bis");
+    field->Value(u"17");
     EXPECT_EQ("17", text());
+    field->Value(u"18 bis");
+    EXPECT_EQ("17", text()) << "no whole number";
     field->SetText(u"abc");
     EXPECT_EQ(0, field->Value().asLong());
     field->SetText(u"99999999999");
