@@ -146,6 +146,19 @@ void disabledButtons(get& field) {
     field.EnabledFicha(false);
 }
 
+void locked(get& field) {
+    texted(field);
+    field.Locked(true);
+}
+
+/// Bands behind the groups of four digits of a long number.
+void banded(get& field) {
+    field.UserDrawnMode(tesela::tslCtlUserDrawnMode_Background);
+    field.MaxLength(20);
+    field.Font()->Name(u"Courier");
+    field.PaintBackground.join([&field](automation::Ref<tesela::cCanvas>&) { field.PaintHGradient(4); });
+}
+
 void types(Sheet& sheet) {
     using namespace tesela;
     sheet.column(u"Tipos y aspecto");
@@ -208,10 +221,7 @@ void types(Sheet& sheet) {
 void states(Sheet& sheet) {
     using namespace tesela;
     sheet.column(u"Estados y botones");
-    sheet.add(u"Bloqueado", [](get& f) {
-        texted(f);
-        f.Locked(true);
-    });
+    sheet.add(u"Bloqueado", locked);
     sheet.add(u"Bloqueado sin Tab", [](get& f) {
         texted(f);
         f.Extender().TabStop(false);
@@ -258,14 +268,10 @@ void states(Sheet& sheet) {
         f.Text({});
         f.AutoPaintGauge(1, 3, true, 2, 0x80FF80);
     });
-    const auto banded = [](get& f) {
-        f.UserDrawnMode(tslCtlUserDrawnMode_Background);
-        f.MaxLength(20);
-        f.Font()->Name(u"Courier");
-        f.PaintBackground.join([&f](automation::Ref<cCanvas>&) { f.PaintHGradient(4); });
+    sheet.add(u"Bandas", [](get& f) {
+        banded(f);
         f.Text(u"21000418450200051332");
-    };
-    sheet.add(u"Bandas", banded);
+    });
     sheet.add(u"Dibujado encima", [](get& f) {
         f.UserDrawnMode(tslCtlUserDrawnMode_Foreground);
         f.UserDrawn.join([](automation::Ref<cCanvas>& canvas) {
@@ -295,20 +301,11 @@ void focusLooks(Sheet& sheet) {
         headless::injectText(u", con un apellido muy largo");
     });
     sheet.focused(u"Sobrescribiendo", texted, [&](get&) { strike(VK_INSERT); });
-    sheet.focused(
-        u"Bloqueado",
-        [](get& f) {
-            texted(f);
-            f.Locked(true);
-        },
-        nothing);
+    sheet.focused(u"Bloqueado", locked, nothing);
     sheet.focused(
         u"Bandas",
         [](get& f) {
-            f.UserDrawnMode(tslCtlUserDrawnMode_Background);
-            f.MaxLength(20);
-            f.Font()->Name(u"Courier");
-            f.PaintBackground.join([&f](automation::Ref<cCanvas>&) { f.PaintHGradient(4); });
+            banded(f);
             f.Text(u"2100041845");
         },
         nothing);

@@ -21,7 +21,6 @@ constexpr Date emptyDate(-53688.0);
 constexpr Date minimumDate(-53688.00001157408);
 constexpr Date maximumDate(2958465.999988426);
 constexpr Date elevens(-287861.0); ///< 11 November 1111: each digit of it is a 1
-constexpr std::size_t longPatternLength = 10;
 
 double wholeDays(Date date) {
     return std::trunc(date.value());
@@ -31,7 +30,7 @@ double wholeDays(Date date) {
 
 cFecha::cFecha() : dValor(emptyDate) {
     EnsureInicio();
-    cFormato = globales().cFmtFecha.left(longPatternLength);
+    cFormato = longDatePattern();
     cVacio = automation::Format(elevens, cFormato).replaced(u"1", u" ");
 }
 

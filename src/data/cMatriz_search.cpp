@@ -21,11 +21,9 @@ using automation::Variant;
 
 namespace {
 
-/// The library's pattern of dates.
 String datePattern() {
-    constexpr std::size_t longPatternLength = 10;
     EnsureInicio();
-    return globales().cFmtFecha.left(longPatternLength);
+    return longDatePattern();
 }
 
 String upperText(const Variant& value) {

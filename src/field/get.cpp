@@ -7,6 +7,7 @@
 #include "drawing/colours.h"
 #include "drawing/rounding.h"
 #include "host/InputBox.h"
+#include "host/Raised.h"
 #include "platform/files.h"
 #include "platform/windows.h"
 
@@ -155,28 +156,23 @@ void get::EnabledGet(bool value) {
     changed(u"EnabledGet");
 }
 
+/// Enables a companion button; `wanted` notes the value for the application, changed or not.
+void get::enableButton(bool& enabled, bool& wanted, bool value, bool isShown, const char16_t* property) {
+    wanted = value;
+    if (value == enabled) return;
+    enabled = value;
+    if (isShown) Render();
+    changed(property);
+}
+
 void get::EnabledCombo(bool value) {
-    lInternalPreEnabledBtnCombo = value;
-    if (value == lEnabledCombo) return;
-    lEnabledCombo = value;
-    if (lBotonCombo) Render();
-    changed(u"EnabledCombo");
+    enableButton(lEnabledCombo, lInternalPreEnabledBtnCombo, value, lBotonCombo, u"EnabledCombo");
 }
-
 void get::EnabledBuscar(bool value) {
-    lInternalPreEnabledBtnBuscar = value;
-    if (value == lEnabledBuscar) return;
-    lEnabledBuscar = value;
-    if (lBotonBuscar) Render();
-    changed(u"EnabledBuscar");
+    enableButton(lEnabledBuscar, lInternalPreEnabledBtnBuscar, value, lBotonBuscar, u"EnabledBuscar");
 }
-
 void get::EnabledFicha(bool value) {
-    lInternalPreEnabledFicha = value;
-    if (value == lEnabledFicha) return;
-    lEnabledFicha = value;
-    if (lBotonFicha) Render();
-    changed(u"EnabledFicha");
+    enableButton(lEnabledFicha, lInternalPreEnabledFicha, value, lBotonFicha, u"EnabledFicha");
 }
 
 void get::BotonCombo(bool value) {
@@ -385,7 +381,7 @@ void get::onResize() {
         Render();
         return;
     }
-    const Raised resizing(lInResize);
+    const host::Raised resizing(lInResize);
     Size(ScaleX(static_cast<float>(wanted.cx), host::ScaleMode::Pixels, host::ScaleMode::Twips),
          ScaleY(static_cast<float>(wanted.cy), host::ScaleMode::Pixels, host::ScaleMode::Twips));
 }

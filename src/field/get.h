@@ -329,17 +329,6 @@ private:
         std::int32_t from, to;
     };
     struct ButtonIcon;
-    /// Sets a flag for as long as it lives.
-    class Raised {
-    public:
-        explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-        ~Raised() { flag_ = false; }
-        Raised(const Raised&) = delete;
-        Raised& operator=(const Raised&) = delete;
-
-    private:
-        bool& flag_;
-    };
     /// Holds painting for a while.
     class HeldPaint {
     public:
@@ -428,7 +417,8 @@ private:
     bool searchKey(short& KeyCode);
     bool addKey(short& KeyCode);
     void pressAssociated(short& KeyCode);
-    bool askThenDo(const automation::Event<bool&, bool&>& event, short& KeyCode);
+    template <class... More>
+    bool askThenDo(const automation::Event<bool&, bool&, More...>& event, short& KeyCode, More... more);
     void horizontalKey(short& KeyCode, short Shift, bool right);
     void edgeKey(short& KeyCode, short Shift);
     void anchorSelection(short Shift);
@@ -458,7 +448,8 @@ private:
     automation::String dateTemplate();
     char16_t asTyped(short KeyAscii) const;
     bool isValid(char16_t character) const;
-    bool fitsNumber(char16_t character, std::int32_t from, std::int32_t to);
+    void deriveNumberMask();
+    bool fitsNumber(char16_t character, std::int32_t from, std::int32_t to) const;
     bool overwrites() const { return !lInsertando || !isPlain(); }
     bool makeRoom(Place& place) const;
     void beep() const;
@@ -489,6 +480,7 @@ private:
     void pressButton(Companion companion);
     void setCausesValidation(bool value);
     void setTabStop(bool value);
+    void enableButton(bool& enabled, bool& wanted, bool value, bool isShown, const char16_t* property);
     bool tabStop() const;
 
     // Painting

@@ -1,6 +1,7 @@
 // What the companion buttons do.
 
 #include "field/get.h"
+#include "host/Raised.h"
 #include "platform/windows.h"
 
 namespace tesela {
@@ -30,7 +31,7 @@ void get::pressButton(Companion companion) {
             if (oFont && lHasFocus) makeCaret(naturalCaretWidth());
         };
         try {
-            const Raised running(lEnEventoBoton);
+            const host::Raised running(lEnEventoBoton);
             bool forced = true, cancel = false;
             if (companion == Companion::Combo)
                 raiseInput(EVCombo, forced, cancel);

@@ -283,14 +283,16 @@ bool get::dateCharacterFits(char16_t character) const {
     return character == u'-' && (nCaret == firstSeparator || nCaret == secondSeparator);
 }
 
+/// A number without a mask derives one from its length: it becomes a number anew.
+void get::deriveNumberMask() {
+    if (nDigEnteros != 0 || !cMascara.empty()) return;
+    nTipoDato = tslTipoDatoCaracter;
+    TipoDato(tslTipoDatoNumero);
+}
+
 /// Whether a digit has room in the number when it replaces the characters of a range; and the decimal
 /// separator, which makes decimals of the digits behind it.
-bool get::fitsNumber(char16_t character, std::int32_t from, std::int32_t to) {
-    if (nDigEnteros == 0 && cMascara.empty()) {
-        // A field without a mask derives one from its length now.
-        nTipoDato = tslTipoDatoCaracter;
-        TipoDato(tslTipoDatoNumero);
-    }
+bool get::fitsNumber(char16_t character, std::int32_t from, std::int32_t to) const {
     const std::u16string_view text = cTexto;
     const std::u16string head(text.substr(0, static_cast<std::size_t>(from)));
     const std::u16string tail(text.substr(static_cast<std::size_t>(to)));
@@ -333,8 +335,11 @@ std::optional<get::Place> get::placeFor(char16_t character) {
     Place place{{}, nCaret, nCaret};
     if (isPlain() && hasSelection()) std::tie(place.from, place.to) = selection();
     if (isDate() && isSign(character) && nCaret == 0) place.to = length(); // a relative date begins
-    if (isNumber() && !fitsNumber(character, place.from, place.to)) return std::nullopt;
-    place.text = cTexto.string(); // a number may just have got its mask
+    if (isNumber()) {
+        deriveNumberMask();
+        if (!fitsNumber(character, place.from, place.to)) return std::nullopt;
+    }
+    place.text = cTexto.string();
     if (!makeRoom(place)) return std::nullopt;
     return place;
 }
@@ -383,11 +388,11 @@ void get::insertTyped(short& KeyAscii, char16_t character, Place place) {
         }
         place = *std::move(found);
     }
-    const auto [from, to] = std::pair(place.from, place.to);
-    place.text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), 1, character);
-    const bool beforeLiteral = isLiteralAt(from + 1) || isDateSeparatorAt(from + 1);
+    place.text.replace(static_cast<std::size_t>(place.from), static_cast<std::size_t>(place.to - place.from),
+                       1, character);
+    const bool beforeLiteral = isLiteralAt(place.from + 1) || isDateSeparatorAt(place.from + 1);
     nSelLength = 0;
-    nCaret = from;
+    nCaret = place.from;
     SetTextoInterno(place.text, false);
     nCaret = std::min(nCaret + 1, length());
     Render();

@@ -4,6 +4,7 @@
 #include "automation/LateBound.h"
 #include "field/get.h"
 #include "field/masks.h"
+#include "host/Raised.h"
 #include "platform/windows.h"
 
 #include <algorithm>
@@ -147,14 +148,10 @@ void get::onKeyDown(short& KeyCode, short& Shift) {
     const short came = KeyCode, cameShift = Shift;
     if (!lEnabledGet) return;
     noteDirection(KeyCode, Shift);
-    lInKeyDown = true;
-    try {
+    {
+        const host::Raised watching(lInKeyDown);
         raise(KeyWatch, KeyCode, Shift);
-    } catch (...) {
-        lInKeyDown = false;
-        throw;
     }
-    lInKeyDown = false;
     if (!oFont) return;
     Globales& g = globales();
     const Shown shown = whatShows();
@@ -186,6 +183,19 @@ void get::noteDirection(short code, short shift) {
     default:
         break;
     }
+}
+
+/// Asks whether a key is supported; if so, lets go of Alt and raises the event to act. Gives whether it was.
+template <class... More>
+bool get::askThenDo(const automation::Event<bool&, bool&, More...>& event, short& KeyCode, More... more) {
+    bool cancel = true, checkOnly = true;
+    raise(event, cancel, checkOnly, more...);
+    if (cancel) return false;
+    globales().oKeyboard->KeyUp(platform::VK_MENU);
+    KeyCode = 0;
+    checkOnly = false;
+    raise(event, cancel, checkOnly, more...);
+    return true;
 }
 
 /// The keys that mean something to the field; true when nothing is left to do.
@@ -240,18 +250,6 @@ bool get::enterKey(short& KeyCode, short Shift) {
     return true;
 }
 
-/// Asks whether a key is supported; if so, lets go of Alt and raises the event to act. Gives whether it was.
-bool get::askThenDo(const automation::Event<bool&, bool&>& event, short& KeyCode) {
-    bool cancel = true, checkOnly = true;
-    raise(event, cancel, checkOnly);
-    if (cancel) return false;
-    globales().oKeyboard->KeyUp(platform::VK_MENU);
-    KeyCode = 0;
-    checkOnly = false;
-    raise(event, cancel, checkOnly);
-    return true;
-}
-
 /// Alt+Right, the search; true if there is one.
 bool get::searchKey(short& KeyCode) {
     if (!lBotonBuscar) return askThenDo(KeySearch, KeyCode);
@@ -260,14 +258,7 @@ bool get::searchKey(short& KeyCode) {
 }
 
 bool get::addKey(short& KeyCode) {
-    const bool add = KeyCode == platform::VK_ADD;
-    bool cancel = true, checkOnly = true;
-    raise(KeyAdd, cancel, checkOnly, add);
-    if (cancel) return false;
-    globales().oKeyboard->KeyUp(platform::VK_MENU);
-    KeyCode = 0;
-    checkOnly = false;
-    raise(KeyAdd, cancel, checkOnly, add);
+    if (!askThenDo(KeyAdd, KeyCode, KeyCode == platform::VK_ADD)) return false;
     Render();
     return true;
 }

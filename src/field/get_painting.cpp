@@ -3,6 +3,7 @@
 #include "drawing/colours.h"
 #include "drawing/rounding.h"
 #include "field/get.h"
+#include "host/Raised.h"
 #include "platform/windows.h"
 
 #include <algorithm>
@@ -153,7 +154,7 @@ void get::Render() {
     if (lRenderAlMostrar || !prepareCanvas()) return;
     const automation::Ref<automation::Object> alive(this);
     try {
-        const Raised painting(lInRender);
+        const host::Raised painting(lInRender);
         Painter(*this).paint();
     } catch (const automation::Error&) {
         // A drawing call that fails never stops the field; what was painted so far is shown.

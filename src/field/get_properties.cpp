@@ -2,6 +2,7 @@
 
 #include "automation/Conversions.h"
 #include "field/get.h"
+#include "frame/PersistedProperty.h"
 
 namespace tesela {
 
@@ -10,21 +11,7 @@ using automation::Variant;
 
 namespace {
 
-/// One persisted property: its default, how it reads as a Variant and how it is written from one.
-struct Persisted {
-    const char16_t* name;
-    Variant (*defaultValue)(const get&);
-    Variant (*read)(const get&);
-    void (*write)(get&, const Variant&);
-};
-
-template <auto Value>
-Variant constant(const get&) {
-    return Variant(Value);
-}
-Variant emptyText(const get&) {
-    return Variant(String());
-}
+using Persisted = PersistedProperty<get>;
 
 // Readers and writers of one kind of property, for its pair of overloads.
 
@@ -63,62 +50,70 @@ void setText(get& field, const Variant& value) {
 
 constexpr std::int32_t zero = 0, one = 1;
 
+constexpr Persisted textProperty{u"Text", [](const get&) { return Variant(u"Texto a mostrar"); },
+                                 text<&get::Text>, setText<&get::Text>};
+
 /// In the order in which they are read and written: the scheme first, so that the others override it.
 const Persisted persisted[] = {
-    {u"Scheme", constant<std::int32_t{tslSchemeUseDefault}>, [](const get& f) { return Variant(f.Scheme()); },
-     setChoice<tslSchemeConstants, &get::Scheme>},
-    {u"ShownEnabled", constant<true>, flag<&get::ShownEnabled>, setFlag<&get::ShownEnabled>},
-    {u"BotonCombo", constant<false>, flag<&get::BotonCombo>, setFlag<&get::BotonCombo>},
-    {u"BotonBuscar", constant<false>, flag<&get::BotonBuscar>, setFlag<&get::BotonBuscar>},
-    {u"BotonFicha", constant<false>, flag<&get::BotonFicha>, setFlag<&get::BotonFicha>},
-    {u"ButtonWidth", constant<std::int32_t{15}>, number<&get::ButtonWidth>, setNumber<&get::ButtonWidth>},
-    {u"EnabledGet", constant<true>, flag<&get::EnabledGet>, setFlag<&get::EnabledGet>},
-    {u"EnabledCombo", constant<true>, flag<&get::EnabledCombo>, setFlag<&get::EnabledCombo>},
-    {u"EnabledBuscar", constant<true>, flag<&get::EnabledBuscar>, setFlag<&get::EnabledBuscar>},
-    {u"EnabledFicha", constant<true>, flag<&get::EnabledFicha>, setFlag<&get::EnabledFicha>},
-    {u"Alias", emptyText, [](const get& f) { return Variant(f.Alias()); },
+    {u"Scheme", Persisted::constant<std::int32_t{tslSchemeUseDefault}>,
+     [](const get& f) { return Variant(f.Scheme()); }, setChoice<tslSchemeConstants, &get::Scheme>},
+    {u"ShownEnabled", Persisted::constant<true>, flag<&get::ShownEnabled>, setFlag<&get::ShownEnabled>},
+    {u"BotonCombo", Persisted::constant<false>, flag<&get::BotonCombo>, setFlag<&get::BotonCombo>},
+    {u"BotonBuscar", Persisted::constant<false>, flag<&get::BotonBuscar>, setFlag<&get::BotonBuscar>},
+    {u"BotonFicha", Persisted::constant<false>, flag<&get::BotonFicha>, setFlag<&get::BotonFicha>},
+    {u"ButtonWidth", Persisted::constant<std::int32_t{15}>, number<&get::ButtonWidth>,
+     setNumber<&get::ButtonWidth>},
+    {u"EnabledGet", Persisted::constant<true>, flag<&get::EnabledGet>, setFlag<&get::EnabledGet>},
+    {u"EnabledCombo", Persisted::constant<true>, flag<&get::EnabledCombo>, setFlag<&get::EnabledCombo>},
+    {u"EnabledBuscar", Persisted::constant<true>, flag<&get::EnabledBuscar>, setFlag<&get::EnabledBuscar>},
+    {u"EnabledFicha", Persisted::constant<true>, flag<&get::EnabledFicha>, setFlag<&get::EnabledFicha>},
+    {u"Alias", Persisted::emptyText, [](const get& f) { return Variant(f.Alias()); },
      [](get& f, const Variant& v) { f.Alias(automation::CStr(v)); }},
-    {u"Campo", emptyText, [](const get& f) { return Variant(f.Campo()); },
+    {u"Campo", Persisted::emptyText, [](const get& f) { return Variant(f.Campo()); },
      [](get& f, const Variant& v) { f.Campo(automation::CStr(v)); }},
-    {u"UserFont", constant<false>, flag<&get::UserFont>, setFlag<&get::UserFont>},
-    {u"TipoDato", constant<zero>, [](const get& f) { return Variant(f.TipoDato()); },
+    {u"UserFont", Persisted::constant<false>, flag<&get::UserFont>, setFlag<&get::UserFont>},
+    {u"TipoDato", Persisted::constant<zero>, [](const get& f) { return Variant(f.TipoDato()); },
      setChoice<tslTipoDatoConstants, &get::TipoDato>},
-    {u"Mascara", emptyText, text<&get::Mascara>, setText<&get::Mascara>},
-    {u"MascaraFocus", emptyText, text<&get::MascaraFocus>, setText<&get::MascaraFocus>},
-    {u"Mayusculas", constant<zero>, choice<tslMayusculasConstants, &get::Mayusculas>,
+    {u"Mascara", Persisted::emptyText, text<&get::Mascara>, setText<&get::Mascara>},
+    {u"MascaraFocus", Persisted::emptyText, text<&get::MascaraFocus>, setText<&get::MascaraFocus>},
+    {u"Mayusculas", Persisted::constant<zero>, choice<tslMayusculasConstants, &get::Mayusculas>,
      setChoice<tslMayusculasConstants, &get::Mayusculas>},
-    {u"AutoFormat", constant<zero>, choice<tslGetAutoFormatConstants, &get::AutoFormat>,
+    {u"AutoFormat", Persisted::constant<zero>, choice<tslGetAutoFormatConstants, &get::AutoFormat>,
      setChoice<tslGetAutoFormatConstants, &get::AutoFormat>},
-    {u"VacioEnBlanco", constant<false>, flag<&get::VacioEnBlanco>, setFlag<&get::VacioEnBlanco>},
-    {u"Seleccionado", constant<one>, choice<tslSeleccionadoConstants, &get::Seleccionado>,
+    {u"VacioEnBlanco", Persisted::constant<false>, flag<&get::VacioEnBlanco>, setFlag<&get::VacioEnBlanco>},
+    {u"Seleccionado", Persisted::constant<one>, choice<tslSeleccionadoConstants, &get::Seleccionado>,
      setChoice<tslSeleccionadoConstants, &get::Seleccionado>},
-    {u"Enabled", constant<true>, flag<&get::Enabled>, setFlag<&get::Enabled>},
-    {u"Text", [](const get&) { return Variant(u"Texto a mostrar"); }, text<&get::Text>, setText<&get::Text>},
-    {u"ToolTip", emptyText, [](const get& f) { return Variant(f.ToolTip()); }, setText<&get::ToolTip>},
-    {u"BackColor", constant<std::int32_t{-1}>, number<&get::BackColor>, setNumber<&get::BackColor>},
-    {u"ForeColor", constant<std::int32_t{-1}>, number<&get::ForeColor>, setNumber<&get::ForeColor>},
+    {u"Enabled", Persisted::constant<true>, flag<&get::Enabled>, setFlag<&get::Enabled>},
+    textProperty,
+    {u"ToolTip", Persisted::emptyText, [](const get& f) { return Variant(f.ToolTip()); },
+     setText<&get::ToolTip>},
+    {u"BackColor", Persisted::constant<std::int32_t{-1}>, number<&get::BackColor>,
+     setNumber<&get::BackColor>},
+    {u"ForeColor", Persisted::constant<std::int32_t{-1}>, number<&get::ForeColor>,
+     setNumber<&get::ForeColor>},
     {u"Font", [](const get& f) { return Variant(f.Ambient().Font()); },
      [](const get& f) { return Variant(f.Font()); },
      [](get& f, const Variant& v) { f.Font(automation::fromVariant<automation::Ref<host::StdFont>>(v)); }},
     {u"FontWidth", [](const get&) { return Variant(0.0F); },
      [](const get& f) { return Variant(f.FontWidth()); },
      [](get& f, const Variant& v) { f.FontWidth(automation::CSng(v)); }},
-    {u"BorderStyle", constant<one>, choice<tslBorderStyleConstants, &get::BorderStyle>,
+    {u"BorderStyle", Persisted::constant<one>, choice<tslBorderStyleConstants, &get::BorderStyle>,
      setChoice<tslBorderStyleConstants, &get::BorderStyle>},
-    {u"Appearance", constant<one>, choice<tslAppearanceConstants, &get::Appearance>,
+    {u"Appearance", Persisted::constant<one>, choice<tslAppearanceConstants, &get::Appearance>,
      setChoice<tslAppearanceConstants, &get::Appearance>},
-    {u"Locked", constant<false>, flag<&get::Locked>, setFlag<&get::Locked>},
-    {u"MaxLength", constant<zero>, number<&get::MaxLength>, setNumber<&get::MaxLength>},
-    {u"AutoSize", constant<std::int32_t{tslAutoSize_Y}>, choice<tslAutoSizeConstants, &get::AutoSize>,
-     setChoice<tslAutoSizeConstants, &get::AutoSize>},
-    {u"AutoTrim", constant<std::int32_t{tslAutoTrim_Both}>, choice<tslAutoTrimConstants, &get::AutoTrim>,
-     setChoice<tslAutoTrimConstants, &get::AutoTrim>},
-    {u"Alignment", constant<zero>, choice<tslAlignmentConstants, &get::Alignment>,
+    {u"Locked", Persisted::constant<false>, flag<&get::Locked>, setFlag<&get::Locked>},
+    {u"MaxLength", Persisted::constant<zero>, number<&get::MaxLength>, setNumber<&get::MaxLength>},
+    {u"AutoSize", Persisted::constant<std::int32_t{tslAutoSize_Y}>,
+     choice<tslAutoSizeConstants, &get::AutoSize>, setChoice<tslAutoSizeConstants, &get::AutoSize>},
+    {u"AutoTrim", Persisted::constant<std::int32_t{tslAutoTrim_Both}>,
+     choice<tslAutoTrimConstants, &get::AutoTrim>, setChoice<tslAutoTrimConstants, &get::AutoTrim>},
+    {u"Alignment", Persisted::constant<zero>, choice<tslAlignmentConstants, &get::Alignment>,
      setChoice<tslAlignmentConstants, &get::Alignment>},
-    {u"PasswordChar", emptyText, text<&get::PasswordChar>, setText<&get::PasswordChar>},
-    {u"CaracteresValidos", emptyText, text<&get::CaracteresValidos>, setText<&get::CaracteresValidos>},
-    {u"MousePointer", constant<zero>, number<&get::MousePointer>, setNumber<&get::MousePointer>},
-    {u"MultiLine", constant<false>, flag<&get::MultiLine>, setFlag<&get::MultiLine>},
+    {u"PasswordChar", Persisted::emptyText, text<&get::PasswordChar>, setText<&get::PasswordChar>},
+    {u"CaracteresValidos", Persisted::emptyText, text<&get::CaracteresValidos>,
+     setText<&get::CaracteresValidos>},
+    {u"MousePointer", Persisted::constant<zero>, number<&get::MousePointer>, setNumber<&get::MousePointer>},
+    {u"MultiLine", Persisted::constant<false>, flag<&get::MultiLine>, setFlag<&get::MultiLine>},
 };
 
 } // namespace
@@ -126,29 +121,22 @@ const Persisted persisted[] = {
 void get::onReadProperties(host::PropertyBag& bag) {
     beginReading();
     const bool stopped = tabStop();
-    const auto attempt = [](const auto& step) {
-        try {
-            step();
-        } catch (const automation::Error&) {
-            // A value that the property can't take is passed over and the next one is read.
-        }
-    };
     for (const Persisted& property : persisted) {
-        attempt(
-            [&] { property.write(*this, bag.ReadProperty(property.name, property.defaultValue(*this))); });
+        property.load(*this, bag);
         if (property.name == std::u16string_view(u"EnabledFicha"))
             setTabStop(stopped && lShownEnabled && lEnabledGet);
     }
-    attempt([&] {
-        if (isRecordIdentifier() && cTexto.empty())
-            Text(automation::CStr(bag.ReadProperty(u"Text", Variant(u"Texto a mostrar"))));
-    });
+    try {
+        if (isRecordIdentifier() && cTexto.empty()) textProperty.load(*this, bag);
+    } catch (const automation::Error&) {
+        // A container that tells no name: the field holds no identifier.
+    }
     finishReading();
 }
 
 void get::onWriteProperties(host::PropertyBag& bag) {
     for (const Persisted& property : persisted)
-        bag.WriteProperty(property.name, property.read(*this), property.defaultValue(*this));
+        property.save(*this, bag);
 }
 
 } // namespace tesela

@@ -17,7 +17,6 @@ using automation::String;
 
 namespace {
 
-constexpr std::size_t longPatternLength = 10;
 constexpr std::size_t hourLength = 5;
 
 } // namespace
@@ -40,7 +39,7 @@ bool get::ValidateFecha() {
             date = typedDate(text, entry);
         }
         if (!date) return false;
-        SetTextoInterno(automation::Format(*date, globales().cFmtFecha.left(longPatternLength)), false);
+        SetTextoInterno(automation::Format(*date, longDatePattern()), false);
         Render();
         return true;
     } catch (const automation::Error&) {

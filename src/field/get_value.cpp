@@ -10,6 +10,7 @@
 #include "automation/Strings.h"
 #include "field/get.h"
 #include "field/masks.h"
+#include "host/Raised.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +24,7 @@ using automation::Variant;
 namespace {
 
 constexpr Date elevens(-287861.0); ///< 11 November 1111: each digit of it is a 1
-constexpr std::size_t longPatternLength = 10;
-constexpr int mostDecimals = 22; ///< That rounding takes
+constexpr int mostDecimals = 22;   ///< That rounding takes
 constexpr int currencyDecimals = 4;
 
 int roundingDecimals(std::int32_t decimals) {
@@ -62,7 +62,7 @@ void get::SetTextoInterno(const String& cNuevo, bool lForzarFormato) {
     cTexto = cNuevo;
     if (lEnSetTexto) return;
     {
-        const Raised entering(lEnSetTexto);
+        const host::Raised entering(lEnSetTexto);
         if (lHasFocus && !lLocked) {
             TypedText filtered = FiltrarTexto({cTexto, nCaret});
             cTexto = filtered.text;
@@ -90,8 +90,7 @@ String get::formatted(const String& text) const {
     }
     if (isDate()) {
         if (!automation::IsDate(text)) return blankTemplate();
-        return automation::Format(automation::dateFromText(text),
-                                  globales().cFmtFecha.left(longPatternLength));
+        return automation::Format(automation::dateFromText(text), longDatePattern());
     }
     return cMascara.empty() ? text : LlenarMascara(text, cMascara);
 }
@@ -268,8 +267,8 @@ Date get::dateOr(const Variant& value) {
 
 void get::writeDate(const Variant& value) {
     const Date date = dateOr(value);
-    const auto none =
-        automation::make<cFecha>(); // the field's own object may have been handed out as its value
+    // The field's own object may have been handed out as its value.
+    const auto none = automation::make<cFecha>();
     for (const auto special : {tslDateEmpty, tslDateMin, tslDateMax})
         if (date == none->SetEspecial(special)) {
             SetTextoInterno(blankTemplate(), false);

@@ -131,6 +131,11 @@ String NormalizarFmtFecha(const String& cPatron) {
     return pattern + u";;" + pattern.replaced(u"yyyy", u"yy");
 }
 
+String longDatePattern() {
+    constexpr std::size_t length = 10;
+    return globales().cFmtFecha.left(length);
+}
+
 bool ValorEnArray(const Variant& xValor, const Variant& xLista) {
     const Variant list = xLista.dereferenced();
     if (!list.isArray()) return false;

@@ -76,6 +76,9 @@ automation::String GetLocaleString(platform::LCTYPE nLCType);
 /// A short date pattern of the locale as the pair that fields use: "d/M/yy" gives "dd/MM/yyyy;;dd/MM/yy".
 automation::String NormalizarFmtFecha(const automation::String& cPatron);
 
+/// The long-year pattern of `cFmtFecha`, as "dd/MM/yyyy".
+automation::String longDatePattern();
+
 /// True if the array holds an element equal to the value; the first hit wins. A value that is no array
 /// holds nothing.
 bool ValorEnArray(const automation::Variant& xValor, const automation::Variant& xLista);

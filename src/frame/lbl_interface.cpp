@@ -1,6 +1,7 @@
 // The label's member table and its persisted properties.
 
 #include "automation/Conversions.h"
+#include "frame/PersistedProperty.h"
 #include "frame/lbl.h"
 
 namespace tesela {
@@ -10,22 +11,7 @@ using automation::Variant;
 
 namespace {
 
-/// One persisted property: how it reads as a Variant, how it is written from one, and its default, which may
-/// depend on the container.
-struct Persisted {
-    const char16_t* name;
-    Variant (*defaultValue)(const lbl&);
-    Variant (*read)(const lbl&);
-    void (*write)(lbl&, const Variant&);
-};
-
-template <auto Value>
-Variant constant(const lbl&) {
-    return Variant(Value);
-}
-Variant emptyText(const lbl&) {
-    return Variant(String());
-}
+using Persisted = PersistedProperty<lbl>;
 
 template <class E>
 E enumFrom(const Variant& value) {
@@ -37,39 +23,41 @@ constexpr host::OLE_COLOR savedForeColor = host::systemColor(8);
 
 /// In the order in which they are read and written: the scheme first, so that the others override it.
 const Persisted persisted[] = {
-    {u"Scheme", constant<std::int32_t{tslSchemeUseDefault}>, [](const lbl& c) { return Variant(c.Scheme()); },
+    {u"Scheme", Persisted::constant<std::int32_t{tslSchemeUseDefault}>,
+     [](const lbl& c) { return Variant(c.Scheme()); },
      [](lbl& c, const Variant& v) { c.Scheme(enumFrom<tslSchemeConstants>(v)); }},
-    {u"Alias", emptyText, [](const lbl& c) { return Variant(c.Alias()); },
+    {u"Alias", Persisted::emptyText, [](const lbl& c) { return Variant(c.Alias()); },
      [](lbl& c, const Variant& v) { c.Alias(automation::CStr(v)); }},
-    {u"Campo", emptyText, [](const lbl& c) { return Variant(c.Campo()); },
+    {u"Campo", Persisted::emptyText, [](const lbl& c) { return Variant(c.Campo()); },
      [](lbl& c, const Variant& v) { c.Campo(automation::CStr(v)); }},
-    {u"TipoDato", constant<std::int32_t{tslTipoDatoCaracter}>,
+    {u"TipoDato", Persisted::constant<std::int32_t{tslTipoDatoCaracter}>,
      [](const lbl& c) { return Variant(c.TipoDato()); },
      [](lbl& c, const Variant& v) { c.TipoDato(enumFrom<tslTipoDatoConstants>(v)); }},
-    {u"Enabled", constant<true>, [](const lbl& c) { return Variant(c.Enabled()); },
+    {u"Enabled", Persisted::constant<true>, [](const lbl& c) { return Variant(c.Enabled()); },
      [](lbl& c, const Variant& v) { c.Enabled(automation::CBool(v)); }},
     {u"Caption", [](const lbl&) { return Variant(u"Texto a mostrar"); },
      [](const lbl& c) { return Variant(c.Caption()); },
      [](lbl& c, const Variant& v) { c.Caption(automation::CStr(v)); }},
-    {u"ToolTip", emptyText, [](const lbl& c) { return Variant(c.ToolTip()); },
+    {u"ToolTip", Persisted::emptyText, [](const lbl& c) { return Variant(c.ToolTip()); },
      [](lbl& c, const Variant& v) { c.ToolTip(automation::CStr(v)); }},
-    {u"BackColor", constant<savedBackColor>, [](const lbl& c) { return Variant(c.BackColor()); },
+    {u"BackColor", Persisted::constant<savedBackColor>, [](const lbl& c) { return Variant(c.BackColor()); },
      [](lbl& c, const Variant& v) { c.BackColor(automation::CLng(v)); }},
-    {u"ForeColor", constant<savedForeColor>, [](const lbl& c) { return Variant(c.ForeColor()); },
+    {u"ForeColor", Persisted::constant<savedForeColor>, [](const lbl& c) { return Variant(c.ForeColor()); },
      [](lbl& c, const Variant& v) { c.ForeColor(automation::CLng(v)); }},
-    {u"BackStyle", constant<std::int32_t{tslBackStyleOpaque}>,
+    {u"BackStyle", Persisted::constant<std::int32_t{tslBackStyleOpaque}>,
      [](const lbl& c) { return Variant(c.BackStyle()); },
      [](lbl& c, const Variant& v) { c.BackStyle(enumFrom<tslBackStyleConstants>(v)); }},
-    {u"BorderStyle", constant<std::int32_t{tslBorderStyleNone}>,
+    {u"BorderStyle", Persisted::constant<std::int32_t{tslBorderStyleNone}>,
      [](const lbl& c) { return Variant(c.BorderStyle()); },
      [](lbl& c, const Variant& v) { c.BorderStyle(enumFrom<tslBorderStyleConstants>(v)); }},
     {u"Font", [](const lbl& c) { return Variant(c.Ambient().Font()); },
      [](const lbl& c) { return Variant(c.Font()); },
      [](lbl& c, const Variant& v) { c.Font(automation::fromVariant<automation::Ref<host::StdFont>>(v)); }},
-    {u"Alignment", constant<std::int32_t{tslAlignmentLeftJustify}>,
+    {u"Alignment", Persisted::constant<std::int32_t{tslAlignmentLeftJustify}>,
      [](const lbl& c) { return Variant(c.Alignment()); },
      [](lbl& c, const Variant& v) { c.Alignment(enumFrom<tslAlignmentConstants>(v)); }},
-    {u"AutoSize", constant<std::int32_t{tslautoSize_X}>, [](const lbl& c) { return Variant(c.AutoSize()); },
+    {u"AutoSize", Persisted::constant<std::int32_t{tslautoSize_X}>,
+     [](const lbl& c) { return Variant(c.AutoSize()); },
      [](lbl& c, const Variant& v) { c.AutoSize(enumFrom<tslAutoSizeConstants>(v)); }},
 };
 
@@ -77,19 +65,14 @@ const Persisted persisted[] = {
 
 void lbl::onReadProperties(host::PropertyBag& bag) {
     const float width = Width();
-    for (const Persisted& property : persisted) {
-        try {
-            property.write(*this, bag.ReadProperty(property.name, property.defaultValue(*this)));
-        } catch (const automation::Error&) {
-            // A value that the property can't take is passed over and the next one is read.
-        }
-    }
+    for (const Persisted& property : persisted)
+        property.load(*this, bag);
     if (AutoSize() == tslAutoSize_Y) wrapAt(width);
 }
 
 void lbl::onWriteProperties(host::PropertyBag& bag) {
     for (const Persisted& property : persisted)
-        bag.WriteProperty(property.name, property.read(*this), property.defaultValue(*this));
+        property.save(*this, bag);
 }
 
 const automation::ClassTable& lbl::table() {

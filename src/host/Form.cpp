@@ -6,6 +6,7 @@
 #include "host/FormSite.h"
 #include "host/MessageLoop.h"
 #include "host/Picture.h"
+#include "host/Raised.h"
 #include "host/Session.h"
 #include "host/ToolTipWindow.h"
 
@@ -19,18 +20,6 @@ constexpr std::int32_t NameInUse = 672;
 constexpr std::int32_t ControlNotFound = 730;
 constexpr std::int32_t AlreadyVisible = 400;
 constexpr std::int32_t ModalIsOpen = 401;
-
-/// As long as it lives, controls come onto the form invisible.
-class Hiding {
-public:
-    explicit Hiding(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Hiding() { flag_ = false; }
-    Hiding(const Hiding&) = delete;
-    Hiding& operator=(const Hiding&) = delete;
-
-private:
-    bool& flag_;
-};
 
 } // namespace
 
@@ -130,7 +119,7 @@ Control& Form::cloneControl(Control& pattern, short index) {
     pattern.writeProperties(bag);
     DrawingWindow* container = &model->container() == this ? nullptr : &model->container();
     {
-        const Hiding hiding(startsHidden_);
+        const Raised hiding(startsHidden_); // controls come onto the form invisible
         add(copy, model->name(), index, container, &bag, pattern.bounds());
     }
     FormSite* made = siteOf(*copy);

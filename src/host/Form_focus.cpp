@@ -2,6 +2,7 @@
 
 #include "host/Form.h"
 #include "host/FormSite.h"
+#include "host/Raised.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -9,19 +10,6 @@
 namespace host {
 
 namespace {
-
-/// Sets a flag for as long as it lives.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag), former_(std::exchange(flag, true)) {}
-    ~Raised() { flag_ = former_; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& flag_;
-    bool former_;
-};
 
 bool contains(const automation::String& keys, char16_t character) {
     return platform::upperCase(keys).find(platform::upperCase({&character, 1})) != std::u16string::npos;

@@ -1,60 +1,19 @@
 #include "activex/windows/ConnectionPoint.h"
 
-#include "activex/windows/Counted.h"
+#include "activex/windows/Enumerator.h"
 
 #include <algorithm>
 
 namespace activex {
 
-namespace {
-
-/// The connections of a point at the time of the question.
-class Connections final : public Counted<::IEnumConnections> {
-public:
-    struct Item {
-        DWORD cookie;
-        ComPointer<::IUnknown> listener;
-    };
-
-    explicit Connections(std::vector<Item> items, std::size_t place = 0)
-        : items_(std::move(items)), place_(place) {}
-
-    ::HRESULT STDMETHODCALLTYPE Next(::ULONG count, ::CONNECTDATA* items, ::ULONG* fetched) override {
-        if (!items || (count != 1 && !fetched)) return E_POINTER;
-        ::ULONG given = 0;
-        for (; given < count && place_ < items_.size(); ++given, ++place_) {
-            items[given].dwCookie = items_[place_].cookie;
-            items[given].pUnk = ComPointer<::IUnknown>(items_[place_].listener).detach();
-        }
-        if (fetched) *fetched = given;
-        return given == count ? S_OK : S_FALSE;
-    }
-    ::HRESULT STDMETHODCALLTYPE Skip(::ULONG count) override {
-        const std::size_t left = items_.size() - place_;
-        place_ += count < left ? count : left;
-        return count <= left ? S_OK : S_FALSE;
-    }
-    ::HRESULT STDMETHODCALLTYPE Reset() override {
-        place_ = 0;
-        return S_OK;
-    }
-    ::HRESULT STDMETHODCALLTYPE Clone(::IEnumConnections** result) override {
-        if (!result) return E_POINTER;
-        *result = new Connections(items_, place_);
-        return S_OK;
-    }
-
-private:
-    std::vector<Item> items_;
-    std::size_t place_;
-};
-
-} // namespace
+::CONNECTDATA given(const Connection& held) {
+    return {given(held.listener), held.cookie};
+}
 
 void ConnectionPoint::callEach(const std::function<void(::IUnknown&)>& visit) const {
     // A listener may go, or bring others, while it is called.
-    const std::vector<Sink> present = sinks_;
-    for (const Sink& sink : present)
+    const std::vector<Connection> present = sinks_;
+    for (const Connection& sink : present)
         visit(*sink.listener.get());
 }
 
@@ -94,20 +53,17 @@ void ConnectionPoint::callEach(const std::function<void(::IUnknown&)>& visit) co
 }
 
 ::HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
-    const auto found =
-        std::find_if(sinks_.begin(), sinks_.end(), [&](const Sink& sink) { return sink.cookie == cookie; });
+    const auto found = std::find_if(sinks_.begin(), sinks_.end(),
+                                    [&](const Connection& sink) { return sink.cookie == cookie; });
     if (found == sinks_.end()) return CONNECT_E_NOCONNECTION;
-    const Sink leaving = std::move(*found); // its end may come back here
+    const Connection leaving = std::move(*found); // its end may come back here
     sinks_.erase(found);
     return S_OK;
 }
 
 ::HRESULT ConnectionPoint::EnumConnections(::IEnumConnections** result) {
     if (!result) return E_POINTER;
-    std::vector<Connections::Item> items;
-    for (const Sink& sink : sinks_)
-        items.push_back({sink.cookie, sink.listener});
-    *result = new Connections(std::move(items));
+    *result = new Enumerator<::IEnumConnections, ::CONNECTDATA, Connection>(sinks_);
     return S_OK;
 }
 

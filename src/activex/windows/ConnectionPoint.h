@@ -7,6 +7,12 @@
 
 namespace activex {
 
+/// A listener, and the number that ends its connection.
+struct Connection {
+    DWORD cookie;
+    ComPointer<::IUnknown> listener;
+};
+
 /// One kind of listener of an object. It is a part of the object and counted with it.
 class ConnectionPoint final : public ::IConnectionPoint {
 public:
@@ -32,14 +38,9 @@ public:
     ::HRESULT STDMETHODCALLTYPE EnumConnections(::IEnumConnections** result) override;
 
 private:
-    struct Sink {
-        DWORD cookie;
-        ComPointer<::IUnknown> listener;
-    };
-
     ::IConnectionPointContainer& owner_;
     Guid id_;
-    std::vector<Sink> sinks_;
+    std::vector<Connection> sinks_;
     DWORD lastCookie_ = 0;
 };
 

@@ -15,26 +15,8 @@ using platform::driver::native;
 namespace {
 
 ::DISPID ambientId(AmbientValue which) {
-    switch (which) {
-    case AmbientValue::BackColor:
-        return DISPID_AMBIENT_BACKCOLOR;
-    case AmbientValue::ForeColor:
-        return DISPID_AMBIENT_FORECOLOR;
-    case AmbientValue::Font:
-        return DISPID_AMBIENT_FONT;
-    case AmbientValue::UserMode:
-        return DISPID_AMBIENT_USERMODE;
-    case AmbientValue::ScaleUnits:
-        return DISPID_AMBIENT_SCALEUNITS;
-    case AmbientValue::DisplayName:
-        return DISPID_AMBIENT_DISPLAYNAME;
-    case AmbientValue::LocaleID:
-        return DISPID_AMBIENT_LOCALEID;
-    case AmbientValue::DisplayAsDefault:
-        return DISPID_AMBIENT_DISPLAYASDEFAULT;
-    case AmbientValue::UIDead:
-        return DISPID_AMBIENT_UIDEAD;
-    }
+    for (const AmbientId& each : ambientIds())
+        if (each.value == which) return each.id;
     return DISPID_UNKNOWN;
 }
 
@@ -49,6 +31,21 @@ void paintWindow(::HWND window, ::HDC dc, ::POINT place) {
 }
 
 } // namespace
+
+std::span<const AmbientId> ambientIds() {
+    static constexpr AmbientId ids[] = {
+        {DISPID_AMBIENT_BACKCOLOR, AmbientValue::BackColor},
+        {DISPID_AMBIENT_FORECOLOR, AmbientValue::ForeColor},
+        {DISPID_AMBIENT_FONT, AmbientValue::Font},
+        {DISPID_AMBIENT_USERMODE, AmbientValue::UserMode},
+        {DISPID_AMBIENT_SCALEUNITS, AmbientValue::ScaleUnits},
+        {DISPID_AMBIENT_DISPLAYNAME, AmbientValue::DisplayName},
+        {DISPID_AMBIENT_LOCALEID, AmbientValue::LocaleID},
+        {DISPID_AMBIENT_DISPLAYASDEFAULT, AmbientValue::DisplayAsDefault},
+        {DISPID_AMBIENT_UIDEAD, AmbientValue::UIDead},
+    };
+    return ids;
+}
 
 Variant ContainerSite::ambientValue(AmbientValue which) {
     const auto ambient = ComPointer<::IDispatch>::of(owner_.client());

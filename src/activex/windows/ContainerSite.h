@@ -2,9 +2,18 @@
 
 #include "activex/windows/ComPointer.h"
 
+#include <span>
+
 namespace activex {
 
 class ControlObject;
+
+/// The number under which containers know an ambient value.
+struct AmbientId {
+    ::DISPID id;
+    host::AmbientValue value;
+};
+std::span<const AmbientId> ambientIds();
 
 /// A control's container as the control sees it, made of the interfaces that the container gives. Where the
 /// container keeps no properties for its controls (no extended control), a few are kept here.

@@ -127,6 +127,7 @@ private:
     ::HRESULT activateInPlace(const ::RECT* place);
     ::HRESULT activateUi();
     void load(host::PropertyBag& bag);
+    host::PropertyBag saved();
     void applySize(const ::SIZEL& himetric);
     ::SIZEL himetricSize() const;
     ::RECT place() const;

@@ -182,25 +182,10 @@ bool ControlObject::passToContainer(::MSG& key) {
 }
 
 ::HRESULT ControlObject::OnAmbientPropertyChange(::DISPID which) {
-    using host::AmbientValue;
-    static constexpr struct {
-        ::DISPID id;
-        AmbientValue value;
-    } known[] = {
-        {DISPID_AMBIENT_BACKCOLOR, AmbientValue::BackColor},
-        {DISPID_AMBIENT_FORECOLOR, AmbientValue::ForeColor},
-        {DISPID_AMBIENT_FONT, AmbientValue::Font},
-        {DISPID_AMBIENT_USERMODE, AmbientValue::UserMode},
-        {DISPID_AMBIENT_SCALEUNITS, AmbientValue::ScaleUnits},
-        {DISPID_AMBIENT_DISPLAYNAME, AmbientValue::DisplayName},
-        {DISPID_AMBIENT_LOCALEID, AmbientValue::LocaleID},
-        {DISPID_AMBIENT_DISPLAYASDEFAULT, AmbientValue::DisplayAsDefault},
-        {DISPID_AMBIENT_UIDEAD, AmbientValue::UIDead},
-    };
     const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
         if (which == DISPID_UNKNOWN) control_->ambientChanged({});
-        for (const auto& each : known)
+        for (const AmbientId& each : ambientIds())
             if (each.id == which) control_->ambientChanged(host::nameOf(each.value));
         return S_OK;
     });

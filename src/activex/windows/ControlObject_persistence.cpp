@@ -19,6 +19,7 @@ constexpr wchar_t storedStream[] = L"Contents";
 /// What a stream begins with: a mark, and the length in bytes of the text that follows.
 constexpr std::uint32_t streamMark = 0x4C535431;
 constexpr std::uint32_t longestText = 64u << 20;
+constexpr std::int32_t badFormat = 321;
 
 /// A container's bag, asked for each value when the control wants it.
 class ContainerBag final : public host::PropertyBag {
@@ -39,7 +40,6 @@ private:
 void readAll(::IStream& stream, void* target, std::size_t size) {
     ::ULONG read = 0;
     const ::HRESULT result = stream.Read(target, static_cast<::ULONG>(size), &read);
-    constexpr std::int32_t badFormat = 321;
     if (FAILED(result) || read != size) automation::throwError(badFormat);
 }
 
@@ -52,7 +52,6 @@ void writeAll(::IStream& stream, const void* source, std::size_t size) {
 std::string readText(::IStream& stream) {
     std::array<std::uint32_t, 2> head{};
     readAll(stream, head.data(), sizeof head);
-    constexpr std::int32_t badFormat = 321;
     if (head[0] != streamMark || head[1] > longestText) automation::throwError(badFormat);
     std::string text;
     constexpr std::uint32_t piece = 64u << 10; // a false length must not take all memory
@@ -90,6 +89,15 @@ void ControlObject::load(host::PropertyBag& bag) {
     dirty_ = false;
 }
 
+host::PropertyBag ControlObject::saved() {
+    host::PropertyBag values;
+    const ::SIZEL size = himetricSize();
+    values.WriteProperty(extentX, static_cast<std::int32_t>(size.cx));
+    values.WriteProperty(extentY, static_cast<std::int32_t>(size.cy));
+    control_->writeProperties(values);
+    return values;
+}
+
 ::HRESULT ControlObject::Load(::IPropertyBag* bag, ::IErrorLog* log) {
     if (!bag) return E_POINTER;
     const auto alive = keepAlive();
@@ -104,10 +112,7 @@ void ControlObject::load(host::PropertyBag& bag) {
     if (!bag) return E_POINTER;
     const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
-        host::PropertyBag values;
-        values.WriteProperty(extentX, static_cast<std::int32_t>(himetricSize().cx));
-        values.WriteProperty(extentY, static_cast<std::int32_t>(himetricSize().cy));
-        control_->writeProperties(values);
+        const host::PropertyBag values = saved();
         for (const auto& [name, content] : values.items()) {
             SystemValue value;
             toSystem(content, value);
@@ -134,11 +139,7 @@ void ControlObject::load(host::PropertyBag& bag) {
     if (!stream) return E_POINTER;
     const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
-        host::PropertyBag values;
-        values.WriteProperty(extentX, static_cast<std::int32_t>(himetricSize().cx));
-        values.WriteProperty(extentY, static_cast<std::int32_t>(himetricSize().cy));
-        control_->writeProperties(values);
-        const std::string text = values.Contents().utf8();
+        const std::string text = saved().Contents().utf8();
         const std::array<std::uint32_t, 2> head{streamMark, static_cast<std::uint32_t>(text.size())};
         writeAll(*stream, head.data(), sizeof head);
         writeAll(*stream, text.data(), text.size());

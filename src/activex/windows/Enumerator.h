@@ -7,23 +7,27 @@
 
 namespace activex {
 
+/// What an enumerator gives of what it holds: a reference for the caller.
+template <class T>
+T* given(const ComPointer<T>& held) {
+    return ComPointer<T>(held).detach();
+}
+
 /// Steps through a list that was fixed when it was made. `Interface` is one of the system's IEnum interfaces,
-/// `Item` what it gives.
-template <class Interface, class Item>
+/// `Item` what it gives, by the function `given`, of each `Held`.
+template <class Interface, class Item, class Held = ComPointer<std::remove_pointer_t<Item>>>
 class Enumerator final : public Counted<Interface> {
 public:
-    using Held = ComPointer<std::remove_pointer_t<Item>>;
-
     explicit Enumerator(std::vector<Held> items, std::size_t place = 0)
         : items_(std::move(items)), place_(place) {}
 
     ::HRESULT STDMETHODCALLTYPE Next(::ULONG count, Item* items, ::ULONG* fetched) override {
         if (!items || (count != 1 && !fetched)) return E_POINTER;
-        ::ULONG given = 0;
-        while (given < count && place_ < items_.size())
-            items[given++] = Held(items_[place_++]).detach();
-        if (fetched) *fetched = given;
-        return given == count ? S_OK : S_FALSE;
+        ::ULONG filled = 0;
+        while (filled < count && place_ < items_.size())
+            items[filled++] = given(items_[place_++]);
+        if (fetched) *fetched = filled;
+        return filled == count ? S_OK : S_FALSE;
     }
     ::HRESULT STDMETHODCALLTYPE Skip(::ULONG count) override {
         const std::size_t left = items_.size() - place_;

@@ -2,6 +2,7 @@
 
 #include "activex/windows/Counted.h"
 #include "activex/windows/Values.h"
+#include "host/Raised.h"
 
 #include <unordered_map>
 
@@ -76,24 +77,16 @@ public:
 
     ::HRESULT STDMETHODCALLTYPE OnChanged(::DISPID) override {
         if (busy_) return S_OK;
-        const Busy busy(*this);
+        const host::Raised busy(busy_);
         readFrom(face_, *font_);
         return S_OK;
     }
     ::HRESULT STDMETHODCALLTYPE OnRequestEdit(::DISPID) override { return S_OK; }
 
 private:
-    struct Busy {
-        explicit Busy(FontLink& l) : link(l) { link.busy_ = true; }
-        Busy(const Busy&) = delete;
-        Busy& operator=(const Busy&) = delete;
-        ~Busy() { link.busy_ = false; }
-        FontLink& link;
-    };
-
     void fontChanged() {
         if (busy_) return;
-        const Busy busy(*this);
+        const host::Raised busy(busy_);
         writeTo(*font_, face_);
     }
 

@@ -31,8 +31,7 @@ public:
         for (std::size_t i = 0; i < values.size(); ++i) {
             ::VARIANT& holder = holders_[i];
             toSystem(values[i], holder);
-            list_[values.size() - 1 - i] =
-                values[i].isByRef() ? reference(values[i], holder) : shared(holder);
+            list_[values.size() - 1 - i] = values[i].isByRef() ? reference(values[i], holder) : holder;
         }
     }
 
@@ -44,7 +43,6 @@ public:
     }
 
 private:
-    static ::VARIANT shared(const ::VARIANT& holder) { return holder; }
     static ::VARIANT reference(const Variant& value, ::VARIANT& holder) {
         if (value.type() != (VT_BYREF | VT_VARIANT)) return referenceTo(holder);
         ::VARIANT result;
@@ -58,6 +56,19 @@ private:
     std::vector<SystemValue> holders_;
     std::vector<::VARIANT> list_;
 };
+
+String nameOf(::ITypeInfo& type) {
+    ::BSTR name = nullptr;
+    if (FAILED(type.GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr))) return {};
+    String result = fromBstr(name);
+    ::SysFreeString(name);
+    return result;
+}
+
+/// A class by the name of its default interface, which by custom is that name behind an underscore.
+std::u16string_view withoutUnderscore(std::u16string_view name) {
+    return name.starts_with(u'_') ? name.substr(1) : name;
+}
 
 WORD flagsOf(CallKind kind) {
     return static_cast<WORD>(kind);
@@ -90,13 +101,12 @@ const automation::ClassTable& HostObject::classTable() const {
 
 String HostObject::typeName() const {
     ComPointer<::ITypeInfo> type;
-    ::BSTR name = nullptr;
+    if (const auto described = ComPointer<::IProvideClassInfo>::of(object_.get()))
+        described->GetClassInfo(type.out());
+    if (type) return nameOf(*type.get());
     if (FAILED(object_->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.out())) || !type) return classTable().name();
-    if (FAILED(type->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr)))
-        return classTable().name();
-    String result = fromBstr(name);
-    ::SysFreeString(name);
-    return result;
+    const String name = nameOf(*type.get());
+    return withoutUnderscore(name);
 }
 
 std::int32_t HostObject::memberId(std::u16string_view name) const {

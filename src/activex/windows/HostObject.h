@@ -14,6 +14,8 @@ public:
     ::IDispatch& dispatch() const { return *object_.get(); }
 
     const automation::ClassTable& classTable() const override;
+    /// The class's name where the object tells its class, or else its interface's without a leading
+    /// underscore.
     automation::String typeName() const override;
     std::int32_t memberId(std::u16string_view name) const override;
     automation::Variant invoke(std::int32_t id, automation::CallKind kind,

@@ -10,6 +10,19 @@
 
 namespace support {
 
+/// What tells the class of an object.
+class ClassInfo final : public activex::Counted<::IProvideClassInfo> {
+public:
+    explicit ClassInfo(ComPointer<::ITypeInfo> type) : type_(std::move(type)) {}
+    ::HRESULT STDMETHODCALLTYPE GetClassInfo(::ITypeInfo** type) override {
+        *type = ComPointer(type_).detach();
+        return S_OK;
+    }
+
+private:
+    ComPointer<::ITypeInfo> type_;
+};
+
 /// Answers calls by name through a function; as a listener also the calls of events by their number.
 class ProgramObject final : public activex::Counted<::IDispatch> {
 public:
@@ -21,6 +34,11 @@ public:
 
     /// The interface of events that it listens to, beside that of calls by name.
     void listenTo(const ::IID& id) { events_ = id; }
+    /// What it tells of its interface and of its class; null, as at first, tells nothing.
+    void describe(ComPointer<::ITypeInfo> interfaceType, ComPointer<::ITypeInfo> classType = {}) {
+        interfaceType_ = std::move(interfaceType);
+        classType_ = std::move(classType);
+    }
     ::ULONG references() {
         AddRef();
         return Release();
@@ -32,13 +50,21 @@ public:
             *result = static_cast<::IDispatch*>(this);
             return S_OK;
         }
+        if (result && classType_ && id == __uuidof(::IProvideClassInfo)) {
+            *result = new ClassInfo(classType_);
+            return S_OK;
+        }
         return Counted::QueryInterface(id, result);
     }
     ::HRESULT STDMETHODCALLTYPE GetTypeInfoCount(::UINT* count) override {
-        *count = 0;
+        *count = interfaceType_ ? 1 : 0;
         return S_OK;
     }
-    ::HRESULT STDMETHODCALLTYPE GetTypeInfo(::UINT, ::LCID, ::ITypeInfo**) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE GetTypeInfo(::UINT, ::LCID, ::ITypeInfo** type) override {
+        if (!interfaceType_) return E_NOTIMPL;
+        *type = ComPointer(interfaceType_).detach();
+        return S_OK;
+    }
     ::HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, ::LPOLESTR* names, ::UINT, ::LCID,
                                               ::DISPID* ids) override {
         for (std::size_t i = 0; i < names_.size(); ++i) {
@@ -63,6 +89,8 @@ private:
     Answerer answerer_;
     std::vector<std::wstring> names_;
     ::IID events_{};
+    ComPointer<::ITypeInfo> interfaceType_;
+    ComPointer<::ITypeInfo> classType_;
 };
 
 inline ComPointer<ProgramObject> programObject(std::vector<std::wstring> names = {},

@@ -366,6 +366,102 @@ TEST(Objects, TellWhatTheyAre) {
     }
 }
 
+/// The description of a type of which only the name and the kind matter.
+ComPointer<::ITypeInfo> typeNamed(const wchar_t* name, ::TYPEKIND kind) {
+    constexpr ::SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+    ComPointer<::ICreateTypeLib2> library;
+    ComPointer<::ICreateTypeInfo> made;
+    if (FAILED(::CreateTypeLib2(system, L"never_saved.tlb", library.out()))) return {};
+    library->CreateTypeInfo(const_cast<wchar_t*>(name), kind, made.out());
+    return ComPointer<::ITypeInfo>::of(made.get());
+}
+
+/// What a source of records answers: three records of two fields each, "r0c1" in the first's second.
+::HRESULT answerRecords(::DISPID id, std::vector<::VARIANT*>& arguments, ::VARIANT* result, int& scanned) {
+    switch (id) {
+    case 1: // MoveFirst
+        return S_OK;
+    case 2: { // GetRows
+        std::array<::SAFEARRAYBOUND, 2> bounds{{{2, 0}, {3, 0}}};
+        result->vt = VT_ARRAY | VT_VARIANT;
+        result->parray = ::SafeArrayCreate(VT_VARIANT, 2, bounds.data());
+        for (std::array<LONG, 2> at{0, 0}; at[1] < 3; ++at[1])
+            for (at[0] = 0; at[0] < 2; ++at[0]) {
+                ::VARIANT value = support::number(10 * at[1] + at[0]);
+                ::SafeArrayPutElement(result->parray, at.data(), &value);
+            }
+        return S_OK;
+    }
+    case 3: // FieldCount
+        *result = support::number(2);
+        return S_OK;
+    case 4: // RecCount
+        *result = support::number(3);
+        return S_OK;
+    case 5: // Scan
+        *result = support::boolean(++scanned <= 3);
+        return S_OK;
+    case 6: // Field_ByColumnNumber
+        *result = support::number(10 * (scanned - 1) + arguments[0]->lVal);
+        return S_OK;
+    default:
+        return DISP_E_MEMBERNOTFOUND;
+    }
+}
+
+class SourceOfRecords : public ::testing::Test {
+protected:
+    bool fills(const wchar_t* member) {
+        scanned = 0;
+        return support::call(*table.get(), member, {support::object(records.get())}).value.asBoolean();
+    }
+    /// The column at that place, all records of it: 11 is the second field of the second record.
+    std::int32_t cell(std::int32_t col, std::int32_t row) {
+        const std::int32_t firstCol = support::get(*table.get(), L"FirstCol").asLong();
+        const std::int32_t firstRow = support::get(*table.get(), L"FirstRow").asLong();
+        return support::call(*table.get(), L"Item",
+                             {support::number(firstCol + col), support::number(firstRow + row)})
+            .value.asLong();
+    }
+
+    int scanned = 0;
+    ComPointer<::IDispatch> table = support::create(u"cMatriz");
+    ComPointer<support::ProgramObject> records = support::programObject(
+        {L"MoveFirst", L"GetRows", L"FieldCount", L"RecCount", L"Scan", L"Field_ByColumnNumber"},
+        [this](::DISPID id, std::vector<::VARIANT*>& arguments, ::VARIANT* result) {
+            return answerRecords(id, arguments, result, scanned);
+        });
+};
+
+TEST_F(SourceOfRecords, IsKnownByTheNameOfItsClass) {
+    records->describe(typeNamed(L"IOther", TKIND_DISPATCH), typeNamed(L"Recordset", TKIND_COCLASS));
+    ASSERT_TRUE(fills(L"DataFromRecordSet"));
+    EXPECT_EQ(support::get(*table.get(), L"Cols").asLong(), 2);
+    EXPECT_EQ(support::get(*table.get(), L"Rows").asLong(), 3);
+    EXPECT_EQ(cell(0, 0), 0);
+    EXPECT_EQ(cell(1, 0), 1);
+    EXPECT_EQ(cell(1, 2), 21);
+    EXPECT_FALSE(fills(L"DataFromDatos"));
+}
+
+TEST_F(SourceOfRecords, IsKnownByItsInterfaceWithoutTheUnderscoreWhenItTellsNoClass) {
+    records->describe(typeNamed(L"_Recordset", TKIND_DISPATCH));
+    EXPECT_TRUE(fills(L"DataFromRecordSet"));
+    EXPECT_EQ(cell(0, 1), 10);
+    records->describe(typeNamed(L"_cDatos", TKIND_DISPATCH));
+    EXPECT_FALSE(fills(L"DataFromRecordSet"));
+    ASSERT_TRUE(fills(L"DataFromDatos"));
+    EXPECT_EQ(cell(1, 1), 11);
+    EXPECT_EQ(cell(0, 2), 20);
+}
+
+TEST_F(SourceOfRecords, OfNoOrAnotherNameFillsNoTable) {
+    EXPECT_FALSE(fills(L"DataFromRecordSet"));
+    records->describe(typeNamed(L"__Recordset", TKIND_DISPATCH));
+    EXPECT_FALSE(fills(L"DataFromRecordSet"));
+    EXPECT_FALSE(fills(L"DataFromDatos"));
+}
+
 TEST(Objects, MayBePartsOfOthers) {
     const auto factory = support::factoryOf(activex::native(activex::exportedClass(u"lbl")->id));
     const auto outer = support::programObject();

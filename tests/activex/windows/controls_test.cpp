@@ -327,10 +327,17 @@ TEST_F(Controls, DrawIntoMetafilesAndInOtherSizes) {
 // Misbehaviour
 
 TEST_F(Controls, MayBeDroppedByTheirContainerInTheMiddle) {
+    ASSERT_EQ(S_OK, field.activate());
+    const ::HWND fieldWindow = field.controlWindow();
     field.dropsOnUiActivate = true;
-    field.as<::IOleObject>()->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &field, 0, window.handle(), &secondPlace);
-    field.drop();
-    SUCCEED();
+    {
+        const auto object = field.as<::IOleObject>();
+        EXPECT_EQ(S_OK,
+                  object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &field, 0, window.handle(), &secondPlace));
+        EXPECT_EQ(1, field.uiActivations);
+        EXPECT_TRUE(::IsWindow(fieldWindow)) << "as long as the caller holds it";
+    }
+    EXPECT_FALSE(::IsWindow(fieldWindow)) << "that was the last reference";
 }
 
 TEST_F(Controls, TakeUnknownVerbsAndMissingPointersWithoutHarm) {
