@@ -258,6 +258,10 @@ int TS_Compara(const automation::String& a, const automation::String& b) {
     return TS_Compara(AnsiForm<false>(a).bytes(), AnsiForm<false>(b).bytes());
 }
 
+int OCX_StrComp(const automation::String& cCadena1, const automation::String& cCadena2) {
+    return TS_Compara(cCadena1, cCadena2);
+}
+
 int compareCapitals(const automation::String& a, std::string_view b) {
     return TS_Compara(AnsiForm<true>(a).bytes(), b);
 }

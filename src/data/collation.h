@@ -19,6 +19,9 @@ int TS_Compara(std::string_view a, std::string_view b) noexcept;
 /// The same of the texts' ANSI forms.
 int TS_Compara(const automation::String& a, const automation::String& b);
 
+/// The same under the name that the library's services give it.
+int OCX_StrComp(const automation::String& cCadena1, const automation::String& cCadena2);
+
 /// The comparison of the first text's capitals (`UCase`) with a text in its ANSI form.
 int compareCapitals(const automation::String& a, std::string_view b);
 

@@ -209,6 +209,17 @@ TEST(Collation, CapitalsCompareAsTheUpperCaseOfTheText) {
     check(String::repeat(u'ñ', 200));
 }
 
+TEST(Collation, OrdersTheWordsOfADictionary) {
+    const std::vector<const char16_t*> dictionary = {u"",      u"caña",  u"cañón",  u"carro",
+                                                     u"chico", u"llano", u"lluvia", u"nube",
+                                                     u"Nube",  u"núbil", u"ñandú",  u"oasis"};
+    for (std::size_t i = 0; i < dictionary.size(); ++i)
+        for (std::size_t k = 0; k < dictionary.size(); ++k)
+            EXPECT_EQ(signOf(static_cast<int>(i) - static_cast<int>(k)),
+                      tesela::OCX_StrComp(dictionary[i], dictionary[k]))
+                << i << " and " << k;
+}
+
 TEST(Collation, WideTextsCompareByTheirAnsiForm) {
     EXPECT_EQ(0, compare(u"日本", u"??")) << "what the code page lacks";
     EXPECT_EQ(0, TS_Compara(String(u"€ “x”"), String::fromAnsi("\x80 \x93x\x94")));
