@@ -36,9 +36,9 @@ cairo_surface_t* square(int side, Pixel pixel) {
 
 } // namespace
 
-CairoSheet::CairoSheet()
-    : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheetWidth, sheetHeight)),
-      source_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheetWidth, sheetHeight)),
+CairoSheet::CairoSheet(const Sheet& sheet)
+    : extent_(sheet), surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheet.width, sheet.height)),
+      source_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, sheet.width, sheet.height)),
       sprite_(square(spriteSide,
                      [](int x, int y) {
                          constexpr std::uint32_t color =

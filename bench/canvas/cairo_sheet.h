@@ -10,12 +10,13 @@ namespace bench {
 
 class CairoSheet {
 public:
-    CairoSheet();
+    explicit CairoSheet(const Sheet& sheet);
     ~CairoSheet();
     CairoSheet(const CairoSheet&) = delete;
     CairoSheet& operator=(const CairoSheet&) = delete;
 
     Operations operations();
+    const Sheet& sheet() const { return extent_; }
 
 private:
     void fillBox(const Place& place, int side);
@@ -39,6 +40,7 @@ private:
 
     void color(const Place& place);
 
+    const Sheet& extent_;
     cairo_surface_t* surface_;
     cairo_surface_t* source_;
     cairo_surface_t* sprite_;

@@ -1,5 +1,6 @@
 // What controls are painted with, against Cairo's image surface and Qt's raster painter, which draw the same
-// on sheets of the same size and depth; whole sheets also against the machine's own fill and copy of as many
+// on sheets of the same size and depth: what controls are made of on a sheet of a control's size, and that
+// and all else on one of a window's; whole windows also against the machine's own fill and copy of as many
 // bytes.
 
 #include "cairo_sheet.h"
@@ -22,6 +23,9 @@ using bench::Operations;
 /// the rows of bytes of the smaller operations, which none of them can do without.
 class Machine {
 public:
+    explicit Machine(const bench::Sheet& sheet) : sheet_(sheet) {}
+
+    const bench::Sheet& sheet() const { return sheet_; }
     Operations fill() { return {{"fillbox_full", bench::repeated<&Machine::fillWhole>(*this)}}; }
     Operations copy() { return {{"bitblt_full", bench::repeated<&Machine::copyWhole>(*this)}}; }
     Operations rows() {
@@ -48,7 +52,7 @@ private:
     template <std::size_t width, int height>
     void fillRows(const bench::Place& place) {
         char* row = rowOf(place);
-        for (int y = 0; y < height; ++y, row += rowBytes)
+        for (int y = 0; y < height; ++y, row += rowBytes_)
             std::memset(row, place.red(), width * pixelBytes);
         bench::keep(target_.front());
     }
@@ -56,19 +60,20 @@ private:
     void copyRows(const bench::Place& place) {
         char* row = rowOf(place);
         const char* source = source_.data();
-        for (int y = 0; y < height; ++y, row += rowBytes, source += rowBytes)
+        for (int y = 0; y < height; ++y, row += rowBytes_, source += rowBytes_)
             std::memcpy(row, source, width * pixelBytes);
         bench::keep(target_.front());
     }
     char* rowOf(const bench::Place& place) {
-        return target_.data() + place.y() * rowBytes + place.x() * pixelBytes;
+        return target_.data() + static_cast<std::size_t>(place.y()) * rowBytes_ +
+               static_cast<std::size_t>(place.x()) * pixelBytes;
     }
 
     static constexpr std::size_t pixelBytes = 4;
-    static constexpr std::size_t rowBytes = bench::sheetWidth * pixelBytes;
-    static constexpr std::size_t bytes = rowBytes * bench::sheetHeight;
-    std::vector<char> target_ = std::vector<char>(bytes, 'a');
-    std::vector<char> source_ = std::vector<char>(bytes, 'b');
+    const bench::Sheet& sheet_;
+    std::size_t rowBytes_ = static_cast<std::size_t>(sheet_.width) * pixelBytes;
+    std::vector<char> target_ = std::vector<char>(rowBytes_ * static_cast<std::size_t>(sheet_.height), 'a');
+    std::vector<char> source_ = std::vector<char>(target_.size(), 'b');
 };
 
 struct Library {
@@ -93,14 +98,14 @@ std::map<std::string, double> windowsTimes() {
 
 /// Measures the operation with each library that has it; the first is ours. What the machine takes for the
 /// bare rows of bytes is a bound for all: `floor` lines say how many times faster than each peer that is.
-void measure(const Measurement& measurement, const std::vector<Library>& libraries, const Operations& rows,
-             const std::map<std::string, double>& windows) {
+void measure(const Measurement& measurement, const std::string& name, const std::vector<Library>& libraries,
+             const Operations& rows, const std::map<std::string, double>& windows) {
     constexpr int rounds = 41;
     std::vector<bench::Candidate> candidates;
-    const auto add = [&](const char* name, const Operations& operations) {
+    const auto add = [&](const char* library, const Operations& operations) {
         const auto found = operations.find(measurement.name);
         if (found == operations.end()) return false;
-        candidates.push_back({name, [draw = found->second, calls = measurement.calls] { draw(calls); }});
+        candidates.push_back({library, [draw = found->second, calls = measurement.calls] { draw(calls); }});
         return true;
     };
     for (const Library& library : libraries)
@@ -108,19 +113,39 @@ void measure(const Measurement& measurement, const std::vector<Library>& librari
     const bool hasFloor = add("floor", rows);
     std::vector<double> times = bench::interleaved(candidates, rounds);
     if (hasFloor) candidates.pop_back();
-    if (const auto found = windows.find(measurement.name); found != windows.end()) {
+    if (const auto found = windows.find(name); found != windows.end()) {
         candidates.push_back({"wine", {}});
         times.insert(times.begin() + static_cast<std::ptrdiff_t>(candidates.size()) - 1,
                      found->second * measurement.calls);
     }
     for (std::size_t i = 1; i < candidates.size(); ++i)
-        bench::ratio(measurement.name, candidates[i].name, times[0], times[i]);
+        bench::ratio(name, candidates[i].name, times[0], times[i]);
     for (std::size_t i = 1; i < candidates.size() && hasFloor; ++i)
-        bench::floor(measurement.name, candidates[i].name, times.back(), times[i]);
-    bench::time(measurement.name, times[0] / measurement.calls);
-    if (std::strcmp(measurement.name, "button_cell") == 0)
+        bench::floor(name, candidates[i].name, times.back(), times[i]);
+    bench::time(name, times[0] / measurement.calls);
+    if (name == "button_cell")
         std::printf("button_cell: %.0f cells a second, Qt %.0f\n", measurement.calls / times[0],
                     measurement.calls / times[1]);
+}
+
+/// The libraries on sheets of one size, measured by themselves: all operations that are drawn there, or the
+/// one of that name.
+void measureOn(const bench::Sheet& sheet, const char* only, const std::map<std::string, double>& windows) {
+    bench::OurSheet ours(sheet);
+    bench::CairoSheet cairo(sheet);
+    bench::QtSheet qt(sheet);
+    Machine machine(sheet);
+    const std::vector<Library> libraries = {{"tesela", ours.operations()},
+                                            {"cairo", cairo.operations()},
+                                            {"qt", qt.operations()},
+                                            {"memset", machine.fill()},
+                                            {"memcpy", machine.copy()}};
+    const Operations rows = machine.rows();
+    for (const Measurement& measurement : bench::measurements) {
+        if (only && std::strcmp(only, measurement.name) != 0) continue;
+        if (&sheet == &bench::controlSheet && !measurement.isOfControls) continue;
+        measure(measurement, bench::nameOn(sheet, measurement), libraries, rows, windows);
+    }
 }
 
 } // namespace
@@ -129,18 +154,8 @@ int main(int argc, char** argv) {
     // Qt's painter needs an application for its fonts, but no display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    bench::OurSheet ours;
-    bench::CairoSheet cairo;
-    bench::QtSheet qt;
-    Machine machine;
-    const std::vector<Library> libraries = {{"tesela", ours.operations()},
-                                            {"cairo", cairo.operations()},
-                                            {"qt", qt.operations()},
-                                            {"memset", machine.fill()},
-                                            {"memcpy", machine.copy()}};
-    const Operations rows = machine.rows();
+    const char* only = argc > 1 ? argv[1] : nullptr;
     const std::map<std::string, double> windows = windowsTimes();
-    for (const Measurement& measurement : bench::measurements)
-        if (argc < 2 || std::strcmp(argv[1], measurement.name) == 0)
-            measure(measurement, libraries, rows, windows);
+    measureOn(bench::controlSheet, only, windows);
+    measureOn(bench::windowSheet, only, windows);
 }

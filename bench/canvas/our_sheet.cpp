@@ -19,10 +19,10 @@ void configure(cCanvas& canvas, int width, int height, int color) {
 
 } // namespace
 
-OurSheet::OurSheet() {
+OurSheet::OurSheet(const Sheet& sheet) : extent_(sheet) {
     tesela::EnsureInicio();
-    configure(*canvas_, sheetWidth, sheetHeight, 0xFFFFFF);
-    configure(*source_, sheetWidth, sheetHeight, 0x996633);
+    configure(*canvas_, sheet.width, sheet.height, 0xFFFFFF);
+    configure(*source_, sheet.width, sheet.height, 0x996633);
     html_->Canvas(canvas_);
     html_->HTMLText(paragraph);
     makeIcon();
@@ -66,7 +66,7 @@ void OurSheet::fillBox256(const Place& p) {
 }
 
 void OurSheet::fillWhole(const Place& p) {
-    canvas_->FillBox(0, 0, sheetWidth - 1, sheetHeight - 1, colorOf(p));
+    canvas_->FillBox(0, 0, extent_.width - 1, extent_.height - 1, colorOf(p));
 }
 
 void OurSheet::drawBox(const Place& p) {
@@ -91,7 +91,7 @@ void OurSheet::copy(const Place& p) {
 }
 
 void OurSheet::copyWhole(const Place&) {
-    canvas_->BitBlt(source_->GetPaintDC(), 0, 0, sheetWidth, sheetHeight);
+    canvas_->BitBlt(source_->GetPaintDC(), 0, 0, extent_.width, extent_.height);
 }
 
 void OurSheet::blend(const Place& p) {

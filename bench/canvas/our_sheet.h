@@ -10,9 +10,10 @@ namespace bench {
 
 class OurSheet {
 public:
-    OurSheet();
+    explicit OurSheet(const Sheet& sheet);
 
     Operations operations();
+    const Sheet& sheet() const { return extent_; }
 
 private:
     void fillBox16(const Place& place);
@@ -38,6 +39,7 @@ private:
     void makeIcon();
     void makeSprite();
 
+    const Sheet& extent_;
     using CanvasRef = automation::Ref<tesela::cCanvas>;
     CanvasRef canvas_ = automation::make<tesela::cCanvas>();
     CanvasRef source_ = automation::make<tesela::cCanvas>();

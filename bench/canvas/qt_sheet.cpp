@@ -8,8 +8,8 @@ namespace bench {
 
 namespace {
 
-QImage filled(const QColor& color) {
-    QImage image(sheetWidth, sheetHeight, QImage::Format_RGB32);
+QImage filled(const Sheet& sheet, const QColor& color) {
+    QImage image(sheet.width, sheet.height, QImage::Format_RGB32);
     image.fill(color);
     return image;
 }
@@ -32,8 +32,8 @@ QFont sheetFont() {
 
 } // namespace
 
-QtSheet::QtSheet()
-    : sheet_(filled(Qt::white)), source_(filled(QColor(0x33, 0x66, 0x99))),
+QtSheet::QtSheet(const Sheet& sheet)
+    : extent_(sheet), sheet_(filled(sheet, Qt::white)), source_(filled(sheet, QColor(0x33, 0x66, 0x99))),
       sprite_(square(
           spriteSide,
           [](int x, int y) { return isSprite(x, y) ? qRgba(spriteRed, spriteGreen, spriteBlue, 0xFF) : 0; })),
@@ -80,7 +80,7 @@ void QtSheet::fillBox256(const Place& p) {
 }
 
 void QtSheet::fillWhole(const Place& p) {
-    painter_.fillRect(0, 0, sheetWidth, sheetHeight, colorOf(p));
+    painter_.fillRect(0, 0, extent_.width, extent_.height, colorOf(p));
 }
 
 void QtSheet::frame(int left, int top, int right, int bottom, const QColor& light, const QColor& shadow) {

@@ -15,9 +15,10 @@ namespace bench {
 
 class QtSheet {
 public:
-    QtSheet();
+    explicit QtSheet(const Sheet& sheet);
 
     Operations operations();
+    const Sheet& sheet() const { return extent_; }
 
 private:
     void fillBox16(const Place& place);
@@ -43,6 +44,7 @@ private:
     static QColor colorOf(const Place& place);
     void frame(int left, int top, int right, int bottom, const QColor& light, const QColor& shadow);
 
+    const Sheet& extent_;
     QImage sheet_;
     QImage source_;
     QImage sprite_;

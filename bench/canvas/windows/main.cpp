@@ -3,11 +3,14 @@
 #include "../../measure.h"
 #include "../our_sheet.h"
 
-int main() {
+namespace {
+
+void measure(const bench::Sheet& extent) {
     constexpr int rounds = 15;
-    bench::OurSheet sheet;
+    bench::OurSheet sheet(extent);
     const bench::Operations operations = sheet.operations();
     for (const bench::Measurement& measurement : bench::measurements) {
+        if (&extent == &bench::controlSheet && !measurement.isOfControls) continue;
         const auto& draw = operations.at(measurement.name);
         draw(1); // memory and caches are made now
         std::vector<double> times;
@@ -16,6 +19,13 @@ int main() {
             draw(measurement.calls);
             times.push_back(bench::seconds() - start);
         }
-        bench::time(measurement.name, bench::median(times) / measurement.calls);
+        bench::time(bench::nameOn(extent, measurement), bench::median(times) / measurement.calls);
     }
+}
+
+} // namespace
+
+int main() {
+    measure(bench::controlSheet);
+    measure(bench::windowSheet);
 }

@@ -106,9 +106,12 @@ struct SteppedLines {
             step = rises ? (way + lines - 1) / lines : 0 - way / lines; // modulo 2 to the number's bits
             value = (Number{from} << places) + step * static_cast<Number>(line);
         }
-        /// The upper half of the component some lines further.
-        std::uint32_t after(Number lines) const {
-            return static_cast<std::uint32_t>((value + step * lines) >> (places + 8));
+        /// The upper half of the component, of which then the next line's is at hand. The loop that calls it
+        /// goes several lines at once.
+        std::uint32_t next() {
+            const auto upper = static_cast<std::uint32_t>(value >> (places + 8));
+            value += step;
+            return upper;
         }
     };
 
@@ -116,16 +119,12 @@ struct SteppedLines {
         const auto component = [&](WORD TRIVERTEX::*part) {
             return Component(lines.first.*part, lines.last.*part, line, lines.length);
         };
-        const Component red = component(&TRIVERTEX::Red);
-        const Component green = component(&TRIVERTEX::Green);
-        const Component blue = component(&TRIVERTEX::Blue);
-        const Component alpha = component(&TRIVERTEX::Alpha);
-        Number number = 0;
-        for (std::uint32_t& word : words) {
-            word = alpha.after(number) << 24 | red.after(number) << 16 | green.after(number) << 8 |
-                   blue.after(number);
-            ++number;
-        }
+        Component red = component(&TRIVERTEX::Red);
+        Component green = component(&TRIVERTEX::Green);
+        Component blue = component(&TRIVERTEX::Blue);
+        Component alpha = component(&TRIVERTEX::Alpha);
+        for (std::uint32_t& word : words)
+            word = alpha.next() << 24 | red.next() << 16 | green.next() << 8 | blue.next();
     }
 };
 
