@@ -10,25 +10,42 @@ namespace activex {
 using platform::driver::handleFrom;
 using platform::driver::native;
 
-namespace {
-
 /// Holds the windows of controls that no container shows. It is as good as visible, so that such a control
-/// can make its picture, but has no extent and lies out of sight. It goes with the process.
-::HWND parkingWindow() {
-    constexpr int outOfSight = -32'000;
-    static ::HWND window = nullptr;
-    if (!::IsWindow(window)) // a program that closes all windows of its thread took it along
-        window = ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
-                                   outOfSight, outOfSight, 0, 0, nullptr, nullptr, nullptr, nullptr);
-    return window;
-}
+/// can make its picture, but has no extent and lies out of sight. It goes with the last control.
+class ControlObject::ParkingWindow {
+public:
+    ParkingWindow() = default;
+    ParkingWindow(const ParkingWindow&) = delete;
+    ParkingWindow& operator=(const ParkingWindow&) = delete;
+    ~ParkingWindow() {
+        if (::IsWindow(window_)) ::DestroyWindow(window_);
+    }
 
-} // namespace
+    /// The one that all controls of now share.
+    static std::shared_ptr<ParkingWindow> shared() {
+        static std::weak_ptr<ParkingWindow> present;
+        auto window = present.lock();
+        if (!window) present = window = std::make_shared<ParkingWindow>();
+        return window;
+    }
+
+    ::HWND handle() {
+        constexpr int outOfSight = -32'000;
+        if (!::IsWindow(window_)) // a program that closes all windows of its thread took it along
+            window_ =
+                ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
+                                  outOfSight, outOfSight, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        return window_;
+    }
+
+private:
+    ::HWND window_ = nullptr;
+};
 
 ControlObject::ControlObject(automation::Ref<host::UserControl> control, ::IUnknown* outer)
-    : ComObject(control, outer), control_(std::move(control)), site_(*this),
-      notifications_(*this, fromNative(__uuidof(::IPropertyNotifySink))) {
-    control_->enter(site_, nullptr, handleFrom<platform::HWND>(parkingWindow()), {});
+    : ComObject(control, outer), parking_(ParkingWindow::shared()), control_(std::move(control)),
+      site_(*this), notifications_(*this, fromNative(__uuidof(::IPropertyNotifySink))) {
+    control_->enter(site_, nullptr, handleFrom<platform::HWND>(parking_->handle()), {});
 }
 
 ControlObject::~ControlObject() {
@@ -67,7 +84,7 @@ std::vector<ConnectionPoint*> ControlObject::connectionPoints() {
 }
 
 void ControlObject::park() {
-    ::SetParent(native(control_->window()), parkingWindow());
+    ::SetParent(native(control_->window()), parking_->handle());
 }
 
 void ControlObject::show(bool visible) {

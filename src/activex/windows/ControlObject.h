@@ -3,6 +3,8 @@
 #include "activex/windows/ComObject.h"
 #include "activex/windows/ContainerSite.h"
 
+#include <memory>
+
 namespace activex {
 
 /// The face of a control: what `ComObject` gives, and what containers call. The control lives in a window
@@ -123,6 +125,8 @@ protected:
     void finish() override;
 
 private:
+    class ParkingWindow;
+
     ::HRESULT activate(bool withUi, const ::RECT* place);
     ::HRESULT activateInPlace(const ::RECT* place);
     ::HRESULT activateUi();
@@ -135,6 +139,7 @@ private:
     void viewChanged();
     void paint(::HDC dc);
 
+    std::shared_ptr<ParkingWindow> parking_; ///< Outlives the control
     automation::Ref<host::UserControl> control_;
     ContainerSite site_;
     ConnectionPoint notifications_;

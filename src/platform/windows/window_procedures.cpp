@@ -3,6 +3,7 @@
 
 #include "platform/windows.h"
 
+#include "platform/processes.h"
 #include "platform/windows/callbacks.h"
 #include "platform/windows/convert.h"
 
@@ -32,6 +33,12 @@ namespace {
 #undef SetWindowLongPtrA
 
 constexpr int procedureIndex = -4; // GWL_WNDPROC and GWLP_WNDPROC
+
+/// The owner of a window class. Where none is named it is the module that this code lies in: another one of
+/// the process that holds this code too has classes of the same names.
+::HINSTANCE ownerOf(HINSTANCE instance) {
+    return native(instance ? instance : moduleInstance());
+}
 
 /// What each class was registered with, what each window answers to, and the system's own procedures that
 /// were handed out as values of the ring's type: these are called by the system only.
@@ -191,7 +198,7 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     data.lpfnWndProc = systemProcedure;
     data.cbClsExtra = windowClass->cbClsExtra;
     data.cbWndExtra = windowClass->cbWndExtra;
-    data.hInstance = native(windowClass->hInstance);
+    data.hInstance = ownerOf(windowClass->hInstance);
     data.hIcon = native(windowClass->hIcon);
     data.hCursor = native(windowClass->hCursor);
     data.hbrBackground = native(windowClass->hbrBackground);
@@ -204,8 +211,8 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
 
 BOOL UnregisterClassA(const char* name, HINSTANCE instance) {
     ::WNDCLASSA data{};
-    const auto atom = static_cast<ATOM>(::GetClassInfoA(native(instance), name, &data));
-    const BOOL done = ::UnregisterClassA(name, native(instance));
+    const auto atom = static_cast<ATOM>(::GetClassInfoA(ownerOf(instance), name, &data));
+    const BOOL done = ::UnregisterClassA(name, ownerOf(instance));
     if (done) procedures().ofClass.erase(atom);
     return done;
 }
@@ -214,7 +221,7 @@ HWND CreateWindowExA(DWORD exStyle, const char* className, const char* windowNam
                      int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter) {
     return handleFrom<HWND>(
         afterCallbacks(::CreateWindowExA(exStyle, className, windowName, style, x, y, width, height,
-                                         native(parent), native(menu), native(instance), parameter)));
+                                         native(parent), native(menu), ownerOf(instance), parameter)));
 }
 
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -3,11 +3,14 @@
 namespace support {
 
 Site::Site(::HWND window, const ::RECT& where, std::u16string_view className)
+    : Site(window, where, create(className)) {}
+
+Site::Site(::HWND window, const ::RECT& where, ComPointer<::IDispatch> control)
     : ambient{{DISPID_AMBIENT_USERMODE, true},
               {DISPID_AMBIENT_BACKCOLOR, std::int32_t{0x00FFEEDD}},
               {DISPID_AMBIENT_FORECOLOR, std::int32_t{0x00112233}},
               {DISPID_AMBIENT_DISPLAYNAME, u"control1"}},
-      place(where), window_(window), control_(create(className)) {
+      place(where), window_(window), control_(std::move(control)) {
     if (const auto object = as<::IOleObject>()) object->SetClientSite(this);
     const auto points = as<::IConnectionPointContainer>();
     ComPointer<::IConnectionPoint> point;
@@ -56,13 +59,14 @@ Site::~Site() {
 
 ::HRESULT Site::OnUIActivate() {
     ++uiActivations;
+    if (onUiActivate) onUiActivate();
     if (dropsOnUiActivate) drop();
     return S_OK;
 }
 
-::HRESULT Site::GetWindowContext(::IOleInPlaceFrame** frame, ::IOleInPlaceUIWindow** document, ::RECT* own,
+::HRESULT Site::GetWindowContext(::IOleInPlaceFrame** itsFrame, ::IOleInPlaceUIWindow** document, ::RECT* own,
                                  ::RECT* clip, ::OLEINPLACEFRAMEINFO*) {
-    *frame = nullptr;
+    *itsFrame = ComPointer<::IOleInPlaceFrame>(frame).detach();
     *document = nullptr;
     *own = place;
     ::GetClientRect(window_, clip);
@@ -81,7 +85,7 @@ Site::~Site() {
 
 ::HRESULT Site::TranslateAccelerator(::MSG* key, DWORD) {
     keys.push_back(key->wParam);
-    return S_OK;
+    return !acceptsKey || acceptsKey(*key) ? S_OK : S_FALSE;
 }
 
 ::HRESULT Site::OnFocus(BOOL gained) {

@@ -3,6 +3,7 @@
 
 #include "activex/windows/ControlLibrary.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,6 +18,7 @@ class Site final : public ::IOleClientSite,
                    public ::IPropertyNotifySink {
 public:
     Site(::HWND window, const ::RECT& place, std::u16string_view className);
+    Site(::HWND window, const ::RECT& place, ComPointer<::IDispatch> control);
     Site(const Site&) = delete;
     Site& operator=(const Site&) = delete;
     virtual ~Site();
@@ -43,6 +45,9 @@ public:
     std::vector<::DISPID> changes; ///< Properties that have new values
     bool refusesActivation = false;
     bool dropsOnUiActivate = false;
+    ::IOleInPlaceFrame* frame = nullptr;          ///< Is told which control is active
+    std::function<void()> onUiActivate;           ///< A control becomes the active one
+    std::function<bool(const ::MSG&)> acceptsKey; ///< Whether the container uses a key; without it all
 
     ::HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
     ::ULONG STDMETHODCALLTYPE AddRef() override { return 2; } // lives on the stack of the test
@@ -60,8 +65,9 @@ public:
     ::HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return refusesActivation ? S_FALSE : S_OK; }
     ::HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return S_OK; }
     ::HRESULT STDMETHODCALLTYPE OnUIActivate() override;
-    ::HRESULT STDMETHODCALLTYPE GetWindowContext(::IOleInPlaceFrame** frame, ::IOleInPlaceUIWindow** document,
-                                                 ::RECT* own, ::RECT* clip, ::OLEINPLACEFRAMEINFO*) override;
+    ::HRESULT STDMETHODCALLTYPE GetWindowContext(::IOleInPlaceFrame** itsFrame,
+                                                 ::IOleInPlaceUIWindow** document, ::RECT* own, ::RECT* clip,
+                                                 ::OLEINPLACEFRAMEINFO*) override;
     ::HRESULT STDMETHODCALLTYPE Scroll(::SIZE) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return ++uiDeactivations, S_OK; }
     ::HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return S_OK; }

@@ -21,19 +21,50 @@ std::u16string controlLibraryFile() {
     return module;
 }
 
-ComPointer<::IClassFactory> factoryOf(const ::CLSID& id) {
+namespace {
+
+ComPointer<::IClassFactory> factoryIn(::HMODULE module, const ::CLSID& id) {
+    using ClassObject = ::HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**);
     ComPointer<::IClassFactory> factory;
-    const auto get =
-        exportedFunction<::HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    const auto get = reinterpret_cast<ClassObject*>(
+        reinterpret_cast<void*>(::GetProcAddress(module, "DllGetClassObject")));
     if (get) get(id, __uuidof(::IClassFactory), factory.address());
     return factory;
 }
 
-ComPointer<::IDispatch> create(std::u16string_view className) {
+ComPointer<::IDispatch> createFrom(::HMODULE module, std::u16string_view className) {
     ComPointer<::IDispatch> object;
-    const auto factory = factoryOf(activex::native(activex::exportedClass(className)->id));
+    const auto factory = factoryIn(module, activex::native(activex::exportedClass(className)->id));
     if (factory) factory->CreateInstance(nullptr, __uuidof(::IDispatch), object.address());
     return object;
+}
+
+} // namespace
+
+ComPointer<::IClassFactory> factoryOf(const ::CLSID& id) {
+    return factoryIn(controlLibrary(), id);
+}
+
+ComPointer<::IDispatch> create(std::u16string_view className) {
+    return createFrom(controlLibrary(), className);
+}
+
+LibraryCopy::LibraryCopy(const std::wstring& locale) {
+    wchar_t folder[MAX_PATH] = {};
+    ::GetTempPathW(MAX_PATH, folder);
+    const std::wstring file = folder + (L"TeselaCtl-" + locale) + L".ocx";
+    ::CopyFileW(activex::wide(controlLibraryFile().c_str()), file.c_str(), FALSE); // fails where it is loaded
+    wchar_t former[LOCALE_NAME_MAX_LENGTH] = {};
+    ::GetEnvironmentVariableW(L"TESELA_LOCALE", former, LOCALE_NAME_MAX_LENGTH);
+    ::SetEnvironmentVariableW(L"TESELA_LOCALE", locale.c_str());
+    ::OleInitialize(nullptr);
+    module_ = ::LoadLibraryW(file.c_str());
+    create(u"get"); // reads the locale
+    ::SetEnvironmentVariableW(L"TESELA_LOCALE", *former ? former : nullptr);
+}
+
+ComPointer<::IDispatch> LibraryCopy::create(std::u16string_view className) const {
+    return createFrom(module_, className);
 }
 
 ::DISPID memberId(::IDispatch& object, const wchar_t* name) {

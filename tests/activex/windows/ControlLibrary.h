@@ -5,6 +5,7 @@
 #include "activex/windows/Values.h"
 
 #include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace support {
@@ -22,6 +23,21 @@ template <class F>
 F* exportedFunction(const char* name) {
     return reinterpret_cast<F*>(reinterpret_cast<void*>(::GetProcAddress(controlLibrary(), name)));
 }
+
+/// The module once more, out of a copy of its file, with a state of its own that begins in that locale. There
+/// is one of each locale; what was loaded once stays in the process.
+class LibraryCopy {
+public:
+    explicit LibraryCopy(const std::wstring& locale);
+    LibraryCopy(const LibraryCopy&) = delete;
+    LibraryCopy& operator=(const LibraryCopy&) = delete;
+    ~LibraryCopy() { ::FreeLibrary(module_); }
+    ::HMODULE module() const { return module_; }
+    ComPointer<::IDispatch> create(std::u16string_view className) const;
+
+private:
+    ::HMODULE module_ = nullptr;
+};
 
 /// A new object of the class, as calls by name reach it.
 ComPointer<::IDispatch> create(std::u16string_view className);

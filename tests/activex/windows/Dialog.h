@@ -1,0 +1,77 @@
+#pragma once
+// A window of several controls as a program has it: a Tab order, and a loop that offers keys to the active
+// control.
+
+#include "activex/windows/Container.h"
+
+#include <memory>
+
+namespace support {
+
+/// Knows the active control. It lives as long as its dialog.
+class Frame final : public ::IOleInPlaceFrame {
+public:
+    explicit Frame(::HWND window) : window_(window) {}
+    Frame(const Frame&) = delete;
+    Frame& operator=(const Frame&) = delete;
+    virtual ~Frame() = default;
+
+    ::IOleInPlaceActiveObject* active() const { return active_.get(); }
+
+    ::HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
+    ::ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ::ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    ::HRESULT STDMETHODCALLTYPE GetWindow(::HWND* window) override { return *window = window_, S_OK; }
+    ::HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE GetBorder(::RECT*) override { return INPLACE_E_NOTOOLSPACE; }
+    ::HRESULT STDMETHODCALLTYPE RequestBorderSpace(const ::BORDERWIDTHS*) override {
+        return INPLACE_E_NOTOOLSPACE;
+    }
+    ::HRESULT STDMETHODCALLTYPE SetBorderSpace(const ::BORDERWIDTHS*) override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE SetActiveObject(::IOleInPlaceActiveObject* object, ::LPCOLESTR) override;
+    ::HRESULT STDMETHODCALLTYPE InsertMenus(::HMENU, ::OLEMENUGROUPWIDTHS*) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE SetMenu(::HMENU, ::HOLEMENU, ::HWND) override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE RemoveMenus(::HMENU) override { return E_NOTIMPL; }
+    ::HRESULT STDMETHODCALLTYPE SetStatusText(::LPCOLESTR) override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) override { return S_OK; }
+    ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG*, WORD) override { return S_FALSE; }
+
+private:
+    ::HWND window_;
+    ComPointer<::IOleInPlaceActiveObject> active_;
+};
+
+/// Tab and Shift+Tab walk through its controls and windows in the order in which they were added, round and
+/// round.
+class Dialog {
+public:
+    Dialog() : frame_(window_.handle()) {}
+
+    /// A new control, active in its place.
+    Site& add(const ::RECT& place, ComPointer<::IDispatch> control);
+    /// A window of one of the system's classes.
+    ::HWND add(const ::RECT& place, const wchar_t* systemClass);
+    /// Gives the focus to what was added as the number `index`, from 0.
+    void focus(std::size_t index);
+    /// Reads and dispatches messages until none waits.
+    void readMessages();
+    ::IOleInPlaceActiveObject* active() const { return frame_.active(); }
+    ::HWND handle() const { return window_.handle(); }
+
+private:
+    /// A control, or a window of the system.
+    struct Stop {
+        std::unique_ptr<Site> site;
+        ::HWND window = nullptr;
+    };
+    bool hasFocus(const Stop& stop) const;
+    void becomesActive(const Site& site);
+    bool walk(const ::MSG& key);
+    bool handles(::MSG& message);
+
+    ContainerWindow window_;
+    Frame frame_;
+    std::vector<Stop> stops_;
+};
+
+} // namespace support
