@@ -194,11 +194,11 @@ bool cCanvas::CreateFromPicture(automation::Ref<automation::Object>& oPic, platf
 
 bool cCanvas::CreateInPictureBox(automation::Ref<automation::Object>& oPBox, bool lCopyPicture) {
     using automation::getProperty;
-    using automation::setProperty;
+    using automation::letProperty;
     if (!oPBox || oPBox->typeName() != u"PictureBox") return false;
     if (!automation::fromVariant<bool>(getProperty(*oPBox, u"HasDC"))) return false;
-    setProperty(*oPBox, u"AutoRedraw", true);
-    setProperty(*oPBox, u"ScaleMode", scaleModePixels);
+    letProperty(*oPBox, u"AutoRedraw", true);
+    letProperty(*oPBox, u"ScaleMode", scaleModePixels);
     const auto number = [&](std::u16string_view name) {
         return automation::fromVariant<std::int32_t>(getProperty(*oPBox, name));
     };

@@ -61,7 +61,7 @@ void cHTML::RenderInPBox(Ref<Object>& oPBox, const String& cNewText, bool lUsePB
     using automation::getProperty;
     if (!oPBox) automation::throwError(automation::errors::ObjectVariableNotSet);
     const auto canvas = automation::make<cCanvas>();
-    automation::setProperty(*oPBox, u"AutoRedraw", true);
+    automation::letProperty(*oPBox, u"AutoRedraw", true);
     canvas->CreateInPictureBox(oPBox, true);
     setup.rightLimit = canvas->Width() - 2 * setup.leftMargin;
     if (lUsePBoxFont) {

@@ -39,6 +39,8 @@ public:
         interfaceType_ = std::move(interfaceType);
         classType_ = std::move(classType);
     }
+    /// How it was called the last time: DISPATCH_METHOD and its like.
+    WORD calledAs() const { return calledAs_; }
     ::ULONG references() {
         AddRef();
         return Release();
@@ -75,8 +77,9 @@ public:
         ids[0] = DISPID_UNKNOWN;
         return DISP_E_UNKNOWNNAME;
     }
-    ::HRESULT STDMETHODCALLTYPE Invoke(::DISPID id, REFIID, ::LCID, WORD, ::DISPPARAMS* parameters,
+    ::HRESULT STDMETHODCALLTYPE Invoke(::DISPID id, REFIID, ::LCID, WORD flags, ::DISPPARAMS* parameters,
                                        ::VARIANT* result, ::EXCEPINFO*, ::UINT*) override {
+        calledAs_ = flags;
         const activex::ComPointer<::IDispatch> alive(this);
         std::vector<::VARIANT*> arguments;
         for (::UINT i = parameters->cArgs; i-- > 0;)
@@ -88,6 +91,7 @@ public:
 private:
     Answerer answerer_;
     std::vector<std::wstring> names_;
+    WORD calledAs_ = 0;
     ::IID events_{};
     ComPointer<::ITypeInfo> interfaceType_;
     ComPointer<::ITypeInfo> classType_;

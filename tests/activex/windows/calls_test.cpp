@@ -366,6 +366,20 @@ TEST(Objects, TellWhatTheyAre) {
     }
 }
 
+TEST(Objects, OfAProgramGetValuesAsValues) {
+    std::vector<WORD> kinds;
+    ComPointer<support::ProgramObject> box;
+    box = support::programObject({L"AutoRedraw", L"Refresh"}, [&](::DISPID, auto&, auto*) {
+        kinds.push_back(box->calledAs());
+        return S_OK;
+    });
+    const auto html = support::create(u"cHTML");
+    EXPECT_EQ(
+        support::call(*html.get(), L"RenderInPBox", {support::object(box.get()), support::text(L"a")}).result,
+        S_OK);
+    EXPECT_EQ(kinds, (std::vector<WORD>{DISPATCH_PROPERTYPUT, DISPATCH_METHOD | DISPATCH_PROPERTYGET}));
+}
+
 /// The description of a type of which only the name and the kind matter.
 ComPointer<::ITypeInfo> typeNamed(const wchar_t* name, ::TYPEKIND kind) {
     constexpr ::SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
