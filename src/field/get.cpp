@@ -322,6 +322,7 @@ void get::FontWidth(float value) {
 
 void get::fontChanged() {
     nLineHeight = 0;
+    lines.forget();
     if (lReading) return; // once, when all properties are read
     UserControl::Font(*oFont);
     onResize();

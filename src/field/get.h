@@ -3,6 +3,7 @@
 #include "automation/Variant.h"
 #include "data/cFecha.h"
 #include "drawing/cCanvas.h"
+#include "field/TextLines.h"
 #include "field/field_enumerations.h"
 #include "field/typed_text.h"
 #include "frame/GlobalCtlCfg.h"
@@ -60,7 +61,7 @@ public:
     std::int32_t SelStart() const { return nSelStart; }
     void SelStart(std::int32_t value);
     /// Negative while a selection grows to the left.
-    std::int32_t SelLength() const { return nSelLength; }
+    std::int32_t SelLength() const;
     void SelLength(std::int32_t value);
     /// 0 is no limit.
     std::int32_t MaxLength() const { return nMaxLength; }
@@ -313,9 +314,6 @@ private:
         host::OLE_COLOR nColor = 0;
         host::OLE_COLOR nColorClaro = 0;
     };
-    struct Line {
-        std::int32_t start, length;
-    };
     /// What a key may change of the picture.
     struct Shown {
         automation::String text;
@@ -363,6 +361,7 @@ private:
     // The text
     std::int32_t length() const { return static_cast<std::int32_t>(cTexto.length()); }
     void SetTextoInterno(const automation::String& cNuevo, bool lForzarFormato);
+    void takeText(const automation::String& text, bool formats);
     automation::String formatted(const automation::String& text) const;
     automation::String blankTemplate() const;
     TypedText FiltrarTexto(const TypedText& typed) const;
@@ -453,6 +452,7 @@ private:
     bool overwrites() const { return !lInsertando || !isPlain(); }
     bool makeRoom(Place& place) const;
     void beep() const;
+    bool refuseIfLocked() const;
 
     // Caret
     void makeCaret(std::int32_t width);
@@ -489,6 +489,7 @@ private:
     static Shades makeShades();
     static host::OLE_COLOR slot(tslCtlGlobalCfgConstants index);
     bool prepareCanvas();
+    bool hasPicture();
     void showCanvas();
     void dropButtonImages();
     std::int32_t buttonCount() const { return lBotonCombo + lBotonBuscar + lBotonFicha; }
@@ -518,7 +519,7 @@ private:
     automation::Ref<cCanvas> oCanvas;
     automation::Ref<automation::Object> oControlAsociado, oOSK, oStBar;
     std::shared_ptr<ButtonIcon> searchIcon, recordIcon; ///< Shared by the fields that show the same
-    std::vector<Line> lines;                            ///< Of a multi-line text, from the last paint
+    TextLines lines;                                    ///< Of a multi-line text
     Shades xTonos;
     Gauge xGauge;
 
@@ -549,7 +550,7 @@ private:
     std::int32_t nBtnComboX = 0, nBtnBuscarX = 0, nBtnFichaX = 0;
     std::int32_t nTextX = 0; ///< Where the text begins
     std::int32_t nCaretX = 0, nCaretY = 0;
-    std::int32_t nCaretWidth = 1, nCaretMaxWidth = 1;
+    std::int32_t nCaretWidth = 1, nCaretMaxWidth = 1, nCaretHeight = 0;
     std::int32_t nLineaAnterior = 0, nLineaSiguiente = 0; ///< Starts of the lines beside the caret's, from 1
     std::int32_t nCharDown = 0;
     std::int32_t nFocoAlPulsar = 0;            ///< Who had the focus when the mouse was pressed

@@ -40,6 +40,13 @@ bool isSign(char16_t character) {
     return character == u'+' || character == u'-';
 }
 
+/// Text is painted in the ANSI code page.
+bool canBeShown(char16_t character) {
+    constexpr char16_t firstForeign = 0x80;
+    const std::u16string_view alone(&character, 1);
+    return character < firstForeign || String::fromAnsi(String(alone).ansi()) == String(alone);
+}
+
 std::int32_t countDigits(std::u16string_view text) {
     return static_cast<std::int32_t>(std::count_if(text.begin(), text.end(), isDigit));
 }
@@ -61,8 +68,7 @@ void get::onKeyPress(short& KeyAscii) {
         if (!controlCharacter(KeyAscii)) KeyAscii = 0;
         return;
     }
-    if (lLocked) {
-        if (!lBotonCombo) beep();
+    if (refuseIfLocked()) {
         KeyAscii = 0;
     } else if (erases) {
         // Some keyboards make the same character of Ctrl+Backspace as of Backspace alone.
@@ -75,12 +81,13 @@ void get::onKeyPress(short& KeyAscii) {
     }
 }
 
-/// False for one that means nothing here.
+/// False for one that means nothing here. A locked field refuses all but the ones that leave its text alone.
 bool get::controlCharacter(short& KeyAscii) {
     switch (KeyAscii) {
     case controlA:
         SelStart(0);
         SelLength(length());
+        refuseIfLocked();
         break;
     case controlC:
         copySelection();
@@ -92,7 +99,7 @@ bool get::controlCharacter(short& KeyAscii) {
         paste();
         break;
     case controlY:
-        cutAtCaret();
+        if (!refuseIfLocked()) cutAtCaret();
         break;
     case controlZ:
         restoreOriginal();
@@ -102,10 +109,17 @@ bool get::controlCharacter(short& KeyAscii) {
         raise(KeyPress, KeyAscii);
         break;
     default:
+        refuseIfLocked();
         return false;
     }
     KeyAscii = 0;
     return true;
+}
+
+/// Gives whether the field is locked. It beeps then, unless it has a list to choose from.
+bool get::refuseIfLocked() const {
+    if (lLocked && !lBotonCombo) beep();
+    return lLocked;
 }
 
 // --- Clipboard and taking back ---------------------------------------------------------------------
@@ -139,7 +153,7 @@ void get::paste() {
         return;
     }
     std::u16string pasted = host::Clipboard::GetText().string();
-    std::erase_if(pasted, [](char16_t c) { return c < firstPrintable; });
+    std::erase_if(pasted, [](char16_t c) { return c < firstPrintable || !canBeShown(c); });
     std::u16string text = cTexto.string();
     const auto [from, to] = hasSelection() ? selection() : std::pair(nCaret, nCaret);
     text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), pasted);
@@ -179,13 +193,8 @@ void get::restoreOriginal() {
 }
 
 void get::cutAtCaret() {
-    if (lLocked) return;
-    if (isDate() && !startsRelativeDate()) {
-        keepDate(nCaret);
-    } else {
-        const String head = cTexto.left(static_cast<std::size_t>(nCaret));
-        setEdited(hasTextMask() ? LlenarMascara(head, cMascaraFocus) : head, nCaret);
-    }
+    const String head = cTexto.left(static_cast<std::size_t>(nCaret));
+    setEdited(hasTextMask() ? LlenarMascara(head, cMascaraFocus) : head, nCaret);
     Render();
 }
 
@@ -310,12 +319,11 @@ bool get::fitsNumber(char16_t character, std::int32_t from, std::int32_t to) con
 }
 
 /// Finds room within MaxLength for one more character in the range of a place, which grows by the character
-/// under the caret when that is overwritten. False if there is none.
+/// behind it when that is overwritten. False if there is none.
 bool get::makeRoom(Place& place) const {
-    const bool replaces = place.from != place.to;
     if (overwrites()) {
-        if (!replaces && nMaxLength > 0 && place.from >= nMaxLength) return false;
-        if (!replaces && place.to < length()) ++place.to;
+        if (nMaxLength > 0 && place.from >= nMaxLength) return false;
+        if (place.to < length()) ++place.to;
         return true;
     }
     std::u16string& text = place.text;

@@ -75,7 +75,7 @@ void get::focusArrives() {
         nSelLength = whole ? length() : 0;
     }
     notifyCompanions();
-    SetTextoInterno(cTexto, false);
+    takeText(cTexto, false);
     if (!lPerdidoAOtraApp) xValorOriginal = Value();
     lPerdidoAOtraApp = false;
     Render();
@@ -168,7 +168,7 @@ void get::focusGone() {
     }
     if (lDesdeTeclado) return;
     dropCaret();
-    if (!isDate() || ValidateFecha()) SetTextoInterno(cTexto, false);
+    if (!isDate() || ValidateFecha()) takeText(cTexto, false);
     Render();
 }
 

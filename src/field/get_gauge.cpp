@@ -46,7 +46,7 @@ void get::PaintGauge(double nCurrent, double nMax, bool lShowPorcentaje, std::in
     xGauge.nMax = nMax;
     startGauge(lShowPorcentaje, nNumDec, nBaseColor);
     if (!oFont || !hWnd()) return;
-    if (!lInRender && !prepareCanvas()) return;
+    if (!lInRender && !hasPicture()) return;
     if (!lInRender) oCanvas->BeginPaint();
     oCanvas->SelectVBStdFont(oFont, 0, 0, FontQuality_Default, nFontWidth);
     paintGaugeBar();

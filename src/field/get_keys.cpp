@@ -36,12 +36,12 @@ bool get::isDateSeparatorAt(std::int32_t position) const {
 }
 
 bool get::hasSelection() const {
-    return nSelLength != 0;
+    return SelLength() != 0;
 }
 
 /// From the lower to the higher end.
 std::pair<std::int32_t, std::int32_t> get::selection() const {
-    return std::minmax({nSelStart, nSelStart + nSelLength});
+    return std::minmax({nSelStart, nSelStart + SelLength()});
 }
 
 /// To the end of the word and of the blanks behind it.
@@ -73,6 +73,7 @@ void get::makeCaret(std::int32_t width) {
     if (!hWnd()) return;
     nCaretWidth = naturalCaretWidth();
     nCaretMaxWidth = width;
+    nCaretHeight = nLineHeight;
     lCaretMade = platform::CreateCaret(hWnd(), {}, width, nLineHeight) != 0;
     caretWindow = hWnd();
     lCaretShown = false;
@@ -102,7 +103,7 @@ void get::placeCaret() {
     nCaretWidth = naturalCaretWidth();
     const bool fits = nCaretX + nCaretWidth <= nTextRight;
     const std::int32_t width = fits ? nCaretWidth : std::max(nTextRight - nCaretX, 1);
-    if (width != nCaretMaxWidth) makeCaret(width);
+    if (width != nCaretMaxWidth || nLineHeight != nCaretHeight) makeCaret(width);
     platform::SetCaretPos(nCaretX, nCaretY);
     platform::ShowCaret(hWnd());
     lCaretShown = true;
@@ -119,10 +120,12 @@ void get::HideCaret(std::int32_t nHWND) {
 void get::CaretVisible(bool value) {
     lCaretVisible = value;
     if (!ownsCaret() || value == lCaretShown || (value && !lEnabledGet)) return;
-    if (value)
+    if (value) {
+        platform::SetCaretPos(nCaretX, nCaretY);
         ShowCaret(0);
-    else
+    } else {
         HideCaret(0);
+    }
     lCaretShown = value;
 }
 

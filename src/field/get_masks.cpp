@@ -68,6 +68,7 @@ void get::MascaraFocus(const String& value) {
 
 void get::FormatoMascara(const String& cCombinado) {
     const CompactMask compact = readCompactMask(cCombinado);
+    const bool same = compact.mask == cMascara;
     {
         const HeldPaint held(*this);
         if (compact.letterCase) Mayusculas(*compact.letterCase);
@@ -76,6 +77,7 @@ void get::FormatoMascara(const String& cCombinado) {
         MascaraFocus({});
     }
     Mascara(compact.mask);
+    if (same) onResize(); // the mask has changed nothing, but its phantom digits and blanks may have
 }
 
 void get::TipoDato(tslTipoDatoConstants value) {

@@ -102,12 +102,11 @@ private:
                host::OLE_COLOR middle);
     void text();
     void singleLine();
-    void breakLines();
+    void breakLines(std::size_t count, std::int32_t position);
     void multiLine();
-    void placeCaretIn(std::size_t line);
+    void placeCaretIn(std::size_t row);
     void line(const String& part, std::int32_t start, std::int32_t x, std::int32_t y);
     void selected(const String& part, std::int32_t start, std::int32_t x, std::int32_t y);
-    void phantom(std::int32_t x, std::int32_t y);
     void border();
     void frame(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, bool sunk);
     void buttons();
@@ -133,6 +132,9 @@ private:
     std::int32_t lineWidth() const { return f.nTextRight - 2 * f.nBordeX - 9; }
     std::int32_t firstX() const { return f.nBordeX + 1; }
     std::int32_t firstY() const { return f.nBordeY + 1; }
+    std::int32_t lineY(std::size_t row) const {
+        return saturatingSum(firstY(), static_cast<std::int64_t>(row) * f.nLineHeight);
+    }
     /// How many characters of a part lie left of a place, the nearer of two positions.
     std::int32_t nearest(std::u16string_view part, std::int32_t x) const;
 
@@ -149,8 +151,8 @@ private:
 void get::Render() {
     lPendienteRender = true;
     if (nNoRender == 1 || lInRender || !oFont || !hWnd()) return;
-    // Nobody sees a field on a hidden form: its first paint makes the picture.
-    lRenderAlMostrar = !platform::IsWindowVisible(hWnd());
+    // Nobody sees a field on a hidden form: its first paint makes the picture, unless the application paints.
+    lRenderAlMostrar = nUserDrawnMode == tslCtlUserDrawnMode_Default && !platform::IsWindowVisible(hWnd());
     if (lRenderAlMostrar || !prepareCanvas()) return;
     const automation::Ref<automation::Object> alive(this);
     try {
@@ -171,6 +173,13 @@ bool get::prepareCanvas() {
     if (lCanvasValido && oCanvas->Width() == size.cx && oCanvas->Height() == size.cy) return true;
     oCanvas = automation::make<cCanvas>();
     lCanvasValido = oCanvas->Configure({}, 0, 0, size.cx, size.cy, DCProvider_Auto, false);
+    return lCanvasValido;
+}
+
+/// Whether there is a picture of the field, which is made now if none was yet. It may have the size of before
+/// while painting is held.
+bool get::hasPicture() {
+    if (!lCanvasValido) Render();
     return lCanvasValido;
 }
 
@@ -288,7 +297,6 @@ void get::Painter::frame(std::int32_t x1, std::int32_t y1, std::int32_t x2, std:
 void get::Painter::text() {
     f.nTextX = f.nCaretX = firstX();
     f.nCaretY = firstY();
-    f.lines.clear();
     c.SetBkMode(BackMode_Transparent);
     c.SetTextColor(textColor());
     const bool clips = f.buttonCount() > 0; // behind the buttons a column of the field shows
@@ -335,54 +343,38 @@ void get::Painter::singleLine() {
 }
 
 void get::Painter::multiLine() {
-    breakLines();
+    const auto rows =
+        static_cast<std::size_t>(std::max(bottom - firstY(), 0) / std::max(f.nLineHeight, 1)) + 1;
+    breakLines(rows, f.nCaret);
+    placeCaretIn(f.lines.at(f.nCaret));
     const std::int32_t edge = f.nTextRight - 1 - f.nBordeX;
-    for (std::size_t i = 0; i < f.lines.size(); ++i) {
-        const Line& place = f.lines[i];
-        const std::int32_t y = firstY() + static_cast<std::int32_t>(i) * f.nLineHeight;
-        const bool hasCaret = f.nCaret >= place.start && f.nCaret <= place.start + place.length;
-        if (hasCaret) placeCaretIn(i);
-        if (y > bottom && f.nCaret < place.start) break;
-        if (y > bottom) continue;
+    for (std::size_t i = 0; i < std::min(rows, f.lines.size()); ++i) {
+        const TextLines::Line& place = f.lines[i];
         const String part =
             shown.substring(static_cast<std::size_t>(place.start), static_cast<std::size_t>(place.length));
         const std::int32_t taken = alignment() == tslAlignmentLeftJustify ? 0 : width(part);
         std::int32_t x = firstX();
         if (alignment() == tslAlignmentRightJustify) x = edge - taken;
         if (alignment() == tslAlignmentCenter) x = (f.nTextRight - taken) / 2;
-        line(part, place.start, x, y);
+        line(part, place.start, x, lineY(i));
     }
 }
 
-/// Breaks at the last blank that fits, or where the line is full. The text has at least one line.
-void get::Painter::breakLines() {
-    const std::u16string_view all = shown;
-    std::size_t start = 0;
-    std::vector<std::int32_t> widths;
-    do {
-        // No more than fits even the narrowest letters is measured.
-        const auto most = static_cast<std::size_t>(std::max(lineWidth(), 1)) + 1;
-        const std::u16string_view rest = all.substr(start, most);
-        auto fits = static_cast<std::size_t>(
-            std::max(c.GetTextFitInExtent(rest, std::max(lineWidth(), 0), widths), 0));
-        fits = std::min(fits, rest.size());
-        if (start + fits < all.size()) {
-            const std::size_t blank = rest.substr(0, fits).rfind(u' ');
-            if (blank != std::u16string_view::npos) fits = blank + 1;
-            fits = std::max<std::size_t>(fits, 1);
-        }
-        f.lines.push_back({static_cast<std::int32_t>(start), static_cast<std::int32_t>(fits)});
-        start += fits;
-    } while (start < all.size());
+/// Finds so many lines of the text, and the one that holds a position.
+void get::Painter::breakLines(std::size_t count, std::int32_t position) {
+    f.lines.take(shown, std::max(lineWidth(), 0));
+    f.lines.find(count, position, [this](std::u16string_view piece, std::vector<std::int32_t>& reach) {
+        c.GetTextFitInExtent(piece, widest, reach);
+    });
 }
 
-void get::Painter::placeCaretIn(std::size_t index) {
-    const Line& place = f.lines[index];
+void get::Painter::placeCaretIn(std::size_t row) {
+    const TextLines::Line& place = f.lines[row];
     const std::u16string_view before = shown.view().substr(static_cast<std::size_t>(place.start),
                                                            static_cast<std::size_t>(f.nCaret - place.start));
     f.nCaretX = firstX() + width(before);
-    f.nCaretY = firstY() + static_cast<std::int32_t>(index) * f.nLineHeight;
-    f.nLineaAnterior = index > 0 ? f.lines[index - 1].start + 1 : 0;
+    f.nCaretY = lineY(row);
+    f.nLineaAnterior = row > 0 ? f.lines[row - 1].start + 1 : 0;
     f.nLineaSiguiente = place.start + place.length + 1;
 }
 
@@ -523,11 +515,10 @@ std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
     if (y < f.nBordeY) {
         position = 0;
     } else if (f.lMultiLine) {
-        f.lines.clear();
-        breakLines();
         const auto row = static_cast<std::size_t>((y - f.nBordeY) / std::max(f.nLineHeight, 1));
+        breakLines(row + 2, 0);
         if (row < f.lines.size()) {
-            const Line& place = f.lines[row];
+            const TextLines::Line& place = f.lines[row];
             const std::int32_t inLine = nearest(shown.view().substr(static_cast<std::size_t>(place.start),
                                                                     static_cast<std::size_t>(place.length)),
                                                 x - firstX());
@@ -543,7 +534,7 @@ std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
 }
 
 std::int32_t get::PosicionDesdePixel(std::int32_t x, std::int32_t y) {
-    if (!oFont || lInRender || !prepareCanvas()) return nCaret;
+    if (!oFont || lInRender || !hasPicture()) return nCaret;
     std::int32_t position = Painter(*this).characterAt(x, y);
     if (position > 0 && (isLiteralAt(position) || isDateSeparatorAt(position))) --position;
     return position;

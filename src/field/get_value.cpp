@@ -55,23 +55,27 @@ void get::SetText(const String& cNewText) {
     Render();
 }
 
-/// The one way in which a text enters. A call from inside another one only stores. Change tells of another
-/// text that was given and has made the text another one; the same text in another form tells nothing.
+/// The one way in which another text enters. Change tells of it if the text has become another one.
 void get::SetTextoInterno(const String& cNuevo, bool lForzarFormato) {
     const String former = cTexto;
-    cTexto = cNuevo;
+    takeText(cNuevo, lForzarFormato);
+    if (!lEnSetTexto && cTexto != former) raiseInput(Change);
+}
+
+/// Stores a text in the form of the moment: filtered as typed with the focus, formatted without. A call from
+/// inside another one only stores. Of the present text in another form, as the focus comes and goes, nobody
+/// is told.
+void get::takeText(const String& text, bool formats) {
+    cTexto = text;
     if (lEnSetTexto) return;
-    {
-        const host::Raised entering(lEnSetTexto);
-        if (lHasFocus && !lLocked) {
-            TypedText filtered = FiltrarTexto({cTexto, nCaret});
-            cTexto = filtered.text;
-            nCaret = std::max(filtered.caret, 0);
-        }
-        if (lForzarFormato || !lHasFocus) cTexto = formatted(cTexto);
-        fitPositions();
+    const host::Raised entering(lEnSetTexto);
+    if (lHasFocus && !lLocked) {
+        TypedText filtered = FiltrarTexto({cTexto, nCaret});
+        cTexto = filtered.text;
+        nCaret = std::max(filtered.caret, 0);
     }
-    if (cNuevo != former && cTexto != former) raiseInput(Change);
+    if (formats || !lHasFocus) cTexto = formatted(cTexto);
+    fitPositions();
 }
 
 /// Caret and selection stay within the text.
@@ -334,15 +338,18 @@ void get::Locked(bool value) {
 void get::SelStart(std::int32_t value) {
     if (value < 0 || value > length()) return;
     nSelStart = value;
-    fitPositions();
     Render();
     changed(u"SelStart");
+}
+
+/// Ends with the text, whichever of start and length was written first.
+std::int32_t get::SelLength() const {
+    return std::clamp(nSelLength, -nSelStart, length() - nSelStart);
 }
 
 void get::SelLength(std::int32_t value) {
     if (value < 0 || value > length()) return;
     nSelLength = value;
-    fitPositions();
     Render();
     changed(u"SelLength");
 }
