@@ -396,7 +396,7 @@ private:
     void becomeDate();
     void growAutoSize();
     void resetFont();
-    void useFont(const char16_t* name, double size);
+    void useFont(const char16_t* name, double size, double tolerance = 0);
     DateEntry dateEntry() const;
 
     // Editing

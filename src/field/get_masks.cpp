@@ -17,7 +17,7 @@ constexpr const char16_t* numberFont = u"Verdana";
 constexpr double maskFontSize = 10; // points
 constexpr double numberFontSize = 8;
 constexpr double normalFontSize = 8;
-constexpr double sizeTolerance = 0.5;
+constexpr double maskTolerance = 0.5;
 constexpr std::int32_t usualDigits = 10;
 constexpr std::int32_t dateLength = 10;
 constexpr float maskMargin = 8; // pixels
@@ -44,9 +44,9 @@ void get::Mascara(const String& value) {
 void get::takeMask(const String& mask) {
     if (!lUserFont) {
         if (isNumber())
-            useFont(numberFont, numberFontSize);
+            useFont(numberFont, numberFontSize, maskTolerance);
         else
-            useFont(maskFont, maskFontSize);
+            useFont(maskFont, maskFontSize, maskTolerance);
     }
     if (isNumber()) {
         const NumberDigits digits = digitsOfMask(cMascaraFocus);
@@ -158,11 +158,11 @@ void get::resetFont() {
         useFont(globales().cFontDefault.c_str(), normalFontSize);
 }
 
-/// Takes a font; a size that is nearly so stays.
-void get::useFont(const char16_t* name, double size) {
+/// Takes a font; a size that is off by no more than the tolerance stays.
+void get::useFont(const char16_t* name, double size, double tolerance) {
     host::StdFont& font = ownFont();
     if (font.Name() != name) font.Name(name);
-    if (std::fabs(font.Size().toDouble() - size) > sizeTolerance)
+    if (std::fabs(font.Size().toDouble() - size) > tolerance)
         font.Size(automation::Currency::fromDouble(size));
 }
 
@@ -174,8 +174,7 @@ void get::UserFont(bool value) {
 
 void get::FntNumbers() {
     UserFont(true);
-    ownFont().Name(numberFont);
-    ownFont().Size(automation::Currency::fromDouble(numberFontSize));
+    useFont(numberFont, numberFontSize);
 }
 
 } // namespace tesela

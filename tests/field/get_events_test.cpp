@@ -2,6 +2,8 @@
 #include "field/FieldTest.h"
 #include "host/PictureBox.h"
 
+#include <algorithm>
+
 using namespace tesela;
 using namespace tests;
 
@@ -39,6 +41,29 @@ private:
     void note(const std::string& call) { calls += call + ";"; }
 };
 
+/// Stands for a button of the library.
+class CoupledButton : public automation::Object {
+public:
+    bool Enabled() const { return enabled; }
+    void Set_And_Click() { ++presses; }
+    bool CausesValidation() const { return true; }
+    void CausesValidation(bool) {}
+
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table =
+            automation::ClassTable::of<CoupledButton>("btn")
+                .get("Enabled", &CoupledButton::Enabled)
+                .method("Set_And_Click", &CoupledButton::Set_And_Click)
+                .property("CausesValidation",
+                          static_cast<bool (CoupledButton::*)() const>(&CoupledButton::CausesValidation),
+                          static_cast<void (CoupledButton::*)(bool)>(&CoupledButton::CausesValidation));
+        return table;
+    }
+
+    int presses = 0;
+    bool enabled = true;
+};
+
 class get_events : public tests::FieldTest {
 protected:
     platform::POINT at(int x, int y) const {
@@ -51,7 +76,7 @@ protected:
         desk.click(at(x, y), button);
         desk.pump();
     }
-    void press(int key) { FieldTest::press(key); }
+    using FieldTest::press;
     int width() const { return field->bounds().pixels().right - field->bounds().pixels().left; }
     /// The column in the middle of a button, counted from the right.
     int button(int fromRight) const { return width() - 3 - field->ButtonWidth() * fromRight - 7; }
@@ -370,13 +395,209 @@ TEST_F(get_events, AFieldThatIsNotToBeEditedLeavesTheFocusWhereItIs) {
     EXPECT_TRUE(field->HasFocus());
 }
 
-TEST_F(get_events, AnotherProgramInFrontKeepsTheOriginalValue) {
+TEST_F(get_events, AnotherControlMayClaimTheFocusThatTheFieldGets) {
+    show();
+    field->SetFocusToCtl(automation::Ref<automation::Object>(after));
+    EXPECT_EQ(after->hWND(), globales().nHWndReclamar);
+    enter();
+    EXPECT_TRUE(after->HasFocus());
+    EXPECT_FALSE(field->HasFocus());
+}
+
+TEST_F(get_events, WithoutAControlBeforeThereIsNoneToGoBackTo) {
+    show();
+    globales().nHWndFocus = globales().nHWndFocusPrev = 0;
+    field->CtrlFocus(0);
+    desk.pump();
+    EXPECT_TRUE(before->HasFocus());
+    EXPECT_EQ(0, globales().nHWndFocus);
+}
+
+TEST_F(get_events, DirectionsAreNotedThoughTheKeyIsCancelled) {
+    field->KeyWatch.join([](short& code, short&) { code = 0; });
+    enter();
+    for (const auto& [key, direction] : {std::pair(platform::VK_UP, tslForwardFocus_Backward),
+                                         {platform::VK_DOWN, tslForwardFocus_Forward},
+                                         {platform::VK_UP, tslForwardFocus_Backward},
+                                         {platform::VK_RETURN, tslForwardFocus_Forward}}) {
+        press(key);
+        EXPECT_EQ(direction, field->IsForwarding()) << key;
+        EXPECT_TRUE(field->HasFocus());
+    }
+    press(platform::VK_CONTROL, platform::VK_UP);
+    EXPECT_EQ(tslForwardFocus_Forward, field->IsForwarding()) << "with Ctrl it is no direction";
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding());
+    leave();
+    EXPECT_TRUE(field->HasFocus());
+    leave();
+    EXPECT_EQ(tslForwardFocus_Forward, field->IsForwarding());
+}
+
+TEST_F(get_events, AFieldNotToBeEditedIsPassedInTheDirectionOfTheFocus) {
+    // As applications do it: what gets the focus passes it on.
+    field->Extender().GotFocus.join([this] {
+        if (field->EnabledGet()) return;
+        (before->IsForwarding() == tslForwardFocus_Forward ? after : before)->Extender().SetFocus();
+    });
+    field->EnabledGet(false);
+    field->Extender().TabStop(true);
+    show();
+    press(platform::VK_TAB);
+    EXPECT_TRUE(after->HasFocus());
+    field->SetFocusIfEnabled();
+    EXPECT_TRUE(after->HasFocus()) << "refused";
+    field->SetFocusIfEnabled(Variant(static_cast<automation::Object*>(before)));
+    EXPECT_TRUE(before->HasFocus()) << "the control that is given instead";
+    field->SetFocusIfEnabled(Variant::missing(), Variant(after->hWND()));
+    EXPECT_TRUE(after->HasFocus()) << "the window that had it";
+}
+
+TEST_F(get_events, KeyAddIsAskedAndThenDone) {
+    std::string asked;
+    bool supported = false;
+    field->KeyAdd.join([&](bool& cancel, bool& checkOnly, bool add) {
+        asked += checkOnly ? "?" : "!";
+        asked += add ? "+" : "-";
+        EXPECT_TRUE(!checkOnly || cancel);
+        cancel = !supported;
+    });
+    int down = 0;
+    field->KeyDown.join([&](short& code, short&) { down += code != platform::VK_MENU; });
+    enter();
+    FieldTest::press(platform::VK_MENU, platform::VK_ADD);
+    EXPECT_EQ("?+", asked);
+    EXPECT_EQ(1, down) << "not supported: the key is the application's";
+    supported = true;
+    FieldTest::press(platform::VK_MENU, platform::VK_ADD);
+    FieldTest::press(platform::VK_MENU, platform::VK_SUBTRACT);
+    EXPECT_EQ("?+?+!+?-!-", asked);
+    EXPECT_EQ(1, down) << "the keys are used up";
+    EXPECT_EQ("", text());
+}
+
+TEST_F(get_events, KeyViewFormIsAskedAndThenDone) {
+    std::string asked;
+    bool released = false;
+    field->KeyViewForm.join([&](bool& cancel, bool& checkOnly) {
+        asked += checkOnly ? "?" : "!";
+        if (!checkOnly) released = !globales().oKeyboard->KeyPressed(platform::VK_MENU);
+        cancel = false;
+    });
+    enter();
+    FieldTest::press(platform::VK_MENU, platform::VK_RETURN);
+    EXPECT_EQ("?!", asked);
+    EXPECT_TRUE(field->HasFocus());
+    desk.pump();
+    EXPECT_FALSE(globales().oKeyboard->KeyPressed(platform::VK_MENU));
+}
+
+TEST_F(get_events, AltDownPressesTheCoupledButton) {
+    const auto coupled = automation::make<CoupledButton>();
+    field->ControlAsociado(coupled);
+    int down = 0;
+    field->KeyDown.join([&](short& code, short&) { down += code == platform::VK_DOWN; });
+    enter();
+    FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
+    EXPECT_EQ(1, coupled->presses);
+    coupled->enabled = false;
+    FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
+    EXPECT_EQ(1, coupled->presses);
+    EXPECT_EQ(0, down) << "the key is used up";
+    field->ControlAsociado(automation::Ref<automation::Object>(automation::make<Companion>().get()));
+    FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
+    EXPECT_EQ(1, down) << "what is no button is not pressed";
+}
+
+TEST_F(get_events, AFurtherGotFocusOfTheSameVisitKeepsWhatTheFirstFound) {
     field->Text(u"uno");
     enter();
     type(u"x");
-    EXPECT_EQ("uno", field->OriginalValue(false).asString().utf8());
-    field->SetFocusToCtl(automation::Ref<automation::Object>(after));
-    EXPECT_EQ(after->hWND(), globales().nHWndReclamar);
+    // The window gets the focus anew, of which the field wasn't told that it had gone.
+    field->ControlAsociado(automation::Ref<automation::Object>(automation::make<cFecha>().get()));
+    after->Extender().SetFocus();
+    ASSERT_TRUE(field->HasFocus()) << "its companion's error ended what is done when the focus goes";
+    field->ControlAsociado({});
+    const auto previous = globales().nHWndFocusPrev;
+    field->Extender().SetFocus();
+    EXPECT_EQ(previous, globales().nHWndFocusPrev);
+    EXPECT_TRUE(field->HasChanged()) << "against the text of the first time";
+}
+
+TEST_F(get_events, AClickBehindAMinusOfAMaskGoesInFrontOfIt) {
+    field->Mascara(u"##-##");
+    field->Text(u"12-34");
+    int clicks = 0;
+    field->Click.join([&] { ++clicks; });
+    enter();
+    field->MouseDown.join([this](short&, short&, float&, float&) { field->PreserveCaretPos(); });
+    field->MouseUp.join([this](short&, short&, float&, float&) { field->SetCaretPosition(3); });
+    click(10);
+    EXPECT_EQ(1, clicks);
+    EXPECT_EQ(2, field->caretPosition());
+}
+
+TEST_F(get_events, TheCaretOfADateStandsBesideItsSeparators) {
+    field->TipoDato(tslTipoDatoFecha);
+    field->Text(u"14/03/2026");
+    enter();
+    for (const auto& [wanted, stands] : {std::pair(2, 3), {5, 6}, {4, 4}, {0, 0}}) {
+        field->SetCaretPosition(wanted);
+        EXPECT_EQ(stands, field->caretPosition());
+    }
+}
+
+TEST_F(get_events, AClickOnASeparatorOfADateGoesInFrontOfIt) {
+    field->TipoDato(tslTipoDatoFecha);
+    field->Text(u"14/03/2026");
+    enter();
+    std::vector<int> places;
+    for (int x = 3; x < width() - 4; x += 2) {
+        click(x);
+        places.push_back(field->caretPosition());
+    }
+    EXPECT_EQ(0, std::count(places.begin(), places.end(), 2) + std::count(places.begin(), places.end(), 5));
+    EXPECT_LT(0, std::count(places.begin(), places.end(), 1));
+}
+
+TEST_F(get_events, CtrlInsertThatAHandlerTakesLeavesTheMode) {
+    field->KeyWatch.join([](short& code, short& shift) {
+        if (code == platform::VK_INSERT && shift == host::CtrlMask) code = 0;
+    });
+    field->Text(u"abc");
+    enter();
+    EXPECT_TRUE(globales().oKeyboard->InsertState());
+    FieldTest::press(platform::VK_CONTROL, platform::VK_INSERT);
+    EXPECT_TRUE(globales().oKeyboard->InsertState());
+    press(platform::VK_INSERT);
+    EXPECT_FALSE(globales().oKeyboard->InsertState());
+    type(u"X");
+    EXPECT_EQ("Xbc", text());
+}
+
+TEST_F(get_events, APreservedCaretIsKeptForOneVisit) {
+    field->Text(u"abc");
+    enter();
+    press(platform::VK_END);
+    leave();
+    field->PreserveCaretPos();
+    field->Extender().SetFocus();
+    EXPECT_EQ(3, field->caretPosition());
+    after->Extender().SetFocus();
+    field->Extender().SetFocus();
+    EXPECT_EQ(0, field->caretPosition());
+}
+
+TEST_F(get_events, ACaretThatWasHiddenIsShownWhereTheTextIs) {
+    field->Text(u"abc");
+    enter();
+    platform::POINT first{}, last{};
+    platform::GetCaretPos(&first);
+    field->CaretVisible(false);
+    press(platform::VK_END);
+    field->CaretVisible(true);
+    platform::GetCaretPos(&last);
+    EXPECT_GT(last.x, first.x);
 }
 
 TEST_F(get_events, TheCaretStandsWhereTheTextIs) {
@@ -491,6 +712,34 @@ TEST_F(get_events, BandsArePaintedInTheBackgroundOnly) {
     show();
     field->Render();
     EXPECT_GT(paints, 0);
+}
+
+TEST_F(get_events, NoBandsWithoutTheBackgroundsEventOrALength) {
+    field->Text({});
+    field->MaxLength(10);
+    show();
+    const auto plain = desk.look(field->hWnd());
+    field->PaintHGradient(3, 0x0000FF, 0x00FF00);
+    EXPECT_EQ(plain, desk.look(field->hWnd())) << "outside of a paint";
+    const auto bands = [this](automation::Ref<cCanvas>&) { field->PaintHGradient(3, 0x0000FF, 0x00FF00); };
+    field->UserDrawn.join(bands);
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    EXPECT_EQ(plain, desk.look(field->hWnd())) << "in the other event";
+    field->PaintBackground.join(bands);
+    field->UserDrawnMode(tslCtlUserDrawnMode_Background);
+    EXPECT_NE(plain, desk.look(field->hWnd()));
+    field->MaxLength(0);
+    field->Render();
+    EXPECT_EQ(plain, desk.look(field->hWnd())) << "without a length";
+}
+
+TEST_F(get_events, TheApplicationPaintsAFieldThatIsNotSeenYet) {
+    int paints = 0;
+    field->UserDrawn.join([&](automation::Ref<cCanvas>&) { ++paints; });
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    EXPECT_EQ(1, paints);
+    field->Text(u"uno");
+    EXPECT_EQ(2, paints);
 }
 
 TEST_F(get_events, TheGaugeGoesOffWithZeros) {

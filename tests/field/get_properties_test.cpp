@@ -197,6 +197,117 @@ TEST_F(get_properties, ShownEnabledLocksTheFieldAndLeavesItEnabled) {
     EXPECT_TRUE(field->Extender().TabStop());
 }
 
+TEST_F(get_properties, AFieldShownAsDisabledStillGetsTheMouse) {
+    field->ShownEnabled(false);
+    show();
+    int presses = 0;
+    field->MouseDown.join([&](short&, short&, float&, float&) { ++presses; });
+    platform::POINT point{10, 8};
+    platform::ClientToScreen(field->hWnd(), &point);
+    desk.click(point);
+    desk.pump();
+    EXPECT_EQ(1, presses);
+}
+
+TEST_F(get_properties, BackColorMinusOneFollowsTheTableAtTheNextPaint) {
+    const Variant former = GlobalCtlCfg(tslCtlGlobalCfg_Get_BackColor);
+    field->BackColor(-1);
+    show();
+    const auto plain = desk.look(field->hWnd()).at(20, 8);
+    GlobalCtlCfg(tslCtlGlobalCfg_Get_BackColor, Variant(std::int32_t{0x40C0E0}));
+    EXPECT_EQ(plain, desk.look(field->hWnd()).at(20, 8)) << "not before";
+    field->Render();
+    EXPECT_EQ(0x40C0E0u, desk.look(field->hWnd()).at(20, 8));
+    field->BackColor(0x102030);
+    EXPECT_EQ(0x102030u, desk.look(field->hWnd()).at(20, 8));
+    GlobalCtlCfg(tslCtlGlobalCfg_Get_BackColor, former);
+}
+
+TEST_F(get_properties, ALockedFieldFadesAsLongAsTabStopsAtIt) {
+    show();
+    const auto column = [this] {
+        const auto picture = desk.look(field->hWnd());
+        std::vector<platform::COLORREF> colors;
+        for (int y = 2; y < picture.height - 2; ++y)
+            colors.push_back(picture.at(20, y));
+        return colors;
+    };
+    const auto isFlat = [](const std::vector<platform::COLORREF>& colors) {
+        return std::count(colors.begin(), colors.end(), colors[0]) == static_cast<long>(colors.size());
+    };
+    const auto plain = column();
+    EXPECT_TRUE(isFlat(plain));
+    field->Locked(true);
+    EXPECT_FALSE(isFlat(column()));
+    field->Extender().TabStop(false);
+    field->Render();
+    EXPECT_EQ(plain, column()) << "without the stop it looks as ever";
+    field->Extender().TabStop(true);
+    field->Extender().SetFocus();
+    desk.pump();
+    EXPECT_FALSE(isFlat(column())) << "with the focus too";
+    field->Extender().TabStop(false);
+    field->Render();
+    EXPECT_TRUE(isFlat(column()));
+}
+
+TEST_F(get_properties, IconsAreLargeFromButtonsOf32PixelsOn) {
+    field->AutoSize(tslAutoSize_NO);
+    field->BotonBuscar(true);
+    field->BorderStyle(tslBorderStyleNone);
+    field->Height(40 * 15);
+    show();
+    // An icon's pixels differ from the edge of the button, which fades from top to bottom only.
+    const auto iconWidth = [this](int buttonWidth) {
+        field->ButtonWidth(buttonWidth);
+        const auto picture = desk.look(field->hWnd());
+        const int left = picture.width - buttonWidth - 1;
+        int first = picture.width, last = 0;
+        for (int y = 3; y < picture.height - 3; ++y)
+            for (int x = left + 3; x < picture.width - 4; ++x)
+                if (picture.at(x, y) != picture.at(left + 2, y)) {
+                    first = std::min(first, x);
+                    last = std::max(last, x);
+                }
+        return last - first + 1;
+    };
+    EXPECT_GE(16, iconWidth(31));
+    EXPECT_LT(16, iconWidth(32));
+    field->Height(31 * 15);
+    EXPECT_GE(16, iconWidth(40)) << "a low field has small ones";
+}
+
+TEST_F(get_properties, AMaskThatStaysMayStillChangeTheLook) {
+    field->AutoSize(tslAutoSize_NO);
+    field->TipoDato(tslTipoDatoNumero);
+    field->FormatoMascara(u"(4)");
+    field->Text(u"12");
+    show();
+    const auto plain = desk.look(field->hWnd());
+    field->FormatoMascara(u"(4,0,2)");
+    EXPECT_EQ("#,##0", field->Mascara().utf8());
+    EXPECT_NE(plain, desk.look(field->hWnd())) << "two phantom decimals";
+    field->FormatoMascara(u"(4)");
+    EXPECT_EQ(plain, desk.look(field->hWnd()));
+}
+
+TEST_F(get_properties, TheMouseFindsTheTextOfThePictureWhilePaintingIsHeld) {
+    field->AutoSize(tslAutoSize_NO);
+    field->Text(u"abcdefgh");
+    enter();
+    const auto plain = desk.look(field->hWnd());
+    field->BeginRefresh();
+    field->Width(2 * field->Width());
+    platform::POINT point{20, 8};
+    platform::ClientToScreen(field->hWnd(), &point);
+    desk.click(point);
+    desk.pump();
+    EXPECT_LT(0, field->caretPosition());
+    EXPECT_GT(8, field->caretPosition());
+    EXPECT_EQ(plain.at(4, 8), desk.look(field->hWnd()).at(4, 8)) << "the former picture stays";
+    field->EndRefresh();
+}
+
 TEST_F(get_properties, WhatEnabledWasSetToIsKeptForTheApplication) {
     field->EnabledGet(false);
     field->EnabledCombo(true);

@@ -62,7 +62,54 @@ TEST_F(get_value, ChangeWaitsForTheGate) {
     EXPECT_EQ(1, changes);
 }
 
-TEST_F(get_value, ATextThatAChangeHandlerWritesIsOnlyStored) {
+TEST_F(get_value, ChangeIsRaisedExactlyWhenTheTextIsAnotherOne) {
+    number(u"#,##0.00");
+    field->Text(u"0");
+    changes = 0;
+    field->Value(std::int32_t{0});
+    EXPECT_EQ(0, changes) << "the same number";
+    field->Text(u"0,004");
+    EXPECT_EQ(0, changes) << "it rounds to what was there";
+    field->Mascara(u"#,##0");
+    EXPECT_EQ("0", text());
+    EXPECT_EQ(1, changes) << "a mask makes another text of it";
+    field->Text(u"1234");
+    EXPECT_EQ(2, changes);
+    enter();
+    EXPECT_EQ("1234", text());
+    EXPECT_EQ(2, changes) << "the same number as it is edited";
+    leave();
+    EXPECT_EQ("1.234", text());
+    EXPECT_EQ(2, changes);
+}
+
+TEST_F(get_value, ASecondSeparatorIsNoChange) {
+    number(u"#,##0.00");
+    enter();
+    type(u"1,5");
+    changes = 0;
+    type(u",");
+    EXPECT_EQ("1,5", text());
+    EXPECT_EQ(0, changes);
+}
+
+TEST_F(get_value, AZeroThatIsToBeBlankPaintsNothingAndStays) {
+    show();
+    number(u"##0.00");
+    field->SetText({});
+    const auto blank = desk.look(field->hWnd());
+    field->Value(std::int32_t{0});
+    EXPECT_NE(blank, desk.look(field->hWnd()));
+    field->VacioEnBlanco(true);
+    EXPECT_EQ(blank, desk.look(field->hWnd()));
+    EXPECT_EQ("0,00", text());
+    field->Value(0.004);
+    EXPECT_EQ(blank, desk.look(field->hWnd()));
+    field->Value(0.01);
+    EXPECT_NE(blank, desk.look(field->hWnd()));
+}
+
+TEST_F(get_value, ATextThatAChangeHandlerWritesTakesTheMaskToo) {
     field->Mascara(u"##");
     int depth = 0;
     field->Change.join([&] {
@@ -328,6 +375,15 @@ TEST_F(get_value, SelectionsOutsideOfTheTextAreIgnored) {
     field->Text(u"a");
     EXPECT_EQ(1, field->SelStart()) << "it stays within a shorter text";
     EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_value, StartAndLengthOfASelectionMayBeWrittenInAnyOrder) {
+    field->Text(u"hola!");
+    field->SelStart(3);
+    field->SelLength(5);
+    EXPECT_EQ(2, field->SelLength()) << "it ends with the text";
+    field->SelStart(0);
+    EXPECT_EQ(5, field->SelLength());
 }
 
 TEST_F(get_value, AutoTrimTrimsWhatTheFieldShows) {
