@@ -88,7 +88,7 @@ TEST_F(get_refusals, ALockedFieldBeepsAtWhatWouldChangeIt) {
     enter();
     EXPECT_EQ(1, beepsAtTyping(u"x"));
     EXPECT_EQ(1, beepsAt([&] { press(platform::VK_BACK); }));
-    for (const int letter : {'A', 'V', 'X', 'Y', 'Z', 'B'})
+    for (const char letter : {'A', 'V', 'X', 'Y', 'Z', 'B'})
         EXPECT_EQ(1, beepsAtControl(letter)) << letter;
     EXPECT_EQ(3, field->SelLength()) << "but Ctrl+A selects";
     EXPECT_EQ(0, beepsAtControl('C'));
