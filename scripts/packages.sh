@@ -11,7 +11,7 @@ packages_for() {
     windows) echo g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 wine xvfb xauth \
       debootstrap ;;
     desktop) echo xvfb xauth xdotool xclip x11-utils x11-xkb-utils x11-xserver-utils imagemagick openbox \
-      weston ;;
+      weston sqlite3 ;;
     exchange) echo libreoffice-draw-nogui ;;
     bench) echo xvfb xauth libfltk1.3-dev qtbase5-dev libcairo2-dev ;;
   esac

@@ -7,7 +7,7 @@ namespace fichas {
 namespace {
 
 constexpr int margin = 14;
-constexpr int border = 2;  ///< Of a value, above and below its text
+constexpr int border = 3;  ///< Of a value, above and below its text
 constexpr int rowGap = 6;  ///< Between two values
 constexpr int nameGap = 8; ///< Between a name and its value
 constexpr int columnGap = 28;
@@ -17,15 +17,29 @@ constexpr int mostName = 190;
 constexpr std::size_t rowsAlone = 16; ///< The most that one column takes
 constexpr std::size_t mostRows = 18;  ///< And each of two
 
-int valueWidth(ColumnType type) {
+constexpr int dayWidth = 82;
+constexpr int hourWidth = 44;
+constexpr int hourGap = 4; ///< Between a day and its hour
+
+/// The whole value, the hour of a point of time included.
+int valueWidth(const FieldMeasure& field) {
     constexpr int forText = 320;
     constexpr int forNumber = 130;
-    constexpr int forTruth = 50;
-    switch (type) {
+    constexpr int forTruth = 44;
+    constexpr int frame = 12;
+    constexpr int character = 7; // on average
+    switch (field.type) {
     case ColumnType::Text:
-        return forText;
+        if (field.length == 0 || field.length > forText / character) return forText;
+        return std::clamp(field.length * character + frame, forTruth, forText);
     case ColumnType::Boolean:
         return forTruth;
+    case ColumnType::Date:
+        return dayWidth;
+    case ColumnType::Time:
+        return hourWidth;
+    case ColumnType::DateTime:
+        return dayWidth + hourGap + hourWidth;
     default:
         return forNumber;
     }
@@ -64,7 +78,7 @@ FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, i
         int& width = nameWidth[columns.column(i)];
         width = std::max(width, std::min(fields[i].captionWidth, mostName));
         int& value = widest[columns.column(i)];
-        value = std::max(value, valueWidth(fields[i].type));
+        value = std::max(value, valueWidth(fields[i]));
     }
     const int left[2] = {margin, margin + nameWidth[0] + nameGap + widest[0] + columnGap};
     const int valueHeight = lineHeight + 2 * border;
@@ -80,7 +94,11 @@ FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, i
         place.page = static_cast<int>(columns.page(i));
         layout.pages = place.page + 1;
         place.caption = {left[column], top + border, nameRight, top + border + lineHeight};
-        place.value = {valueLeft, top, valueLeft + valueWidth(fields[i].type), top + valueHeight};
+        place.value = {valueLeft, top, valueLeft + valueWidth(fields[i]), top + valueHeight};
+        if (fields[i].type == ColumnType::DateTime) {
+            place.hour = {place.value.right - hourWidth, top, place.value.right, top + valueHeight};
+            place.value.right -= hourWidth + hourGap;
+        }
     }
     const std::size_t last = columns.count() - 1;
     const int right = std::max(left[last] + nameWidth[last] + nameGap + widest[last], margin + noteWidth);

@@ -13,12 +13,14 @@ namespace fichas {
 struct FieldMeasure {
     int captionWidth = 0; ///< Of its name in the window's font
     ColumnType type = ColumnType::Text;
+    int length = 0; ///< Of a text: the most characters; 0 without a limit
 };
 
 struct FieldPlace {
     int page = 0; ///< Counted from 0: fields that do not fit share the window page by page
     platform::RECT caption;
     platform::RECT value;
+    platform::RECT hour; ///< Of a point of time, beside the day; empty for other types
 };
 
 struct FieldLayout {

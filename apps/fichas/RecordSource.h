@@ -18,12 +18,34 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A record that could not be written; nothing of it was. The text is for the user, in UTF-8.
+class WriteError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The record is no longer as it was read: another program has changed it meanwhile.
+class ChangedMeanwhile : public WriteError {
+public:
+    using WriteError::WriteError;
+};
+
 enum class ColumnType { Text, Integer, Number, Currency, Date, DateTime, Time, Boolean, Binary };
 
 struct Column {
     automation::String name;
     ColumnType type = ColumnType::Text;
-    int decimals = -1; ///< Of numbers: how many to show; -1 as many as the value has
+    int decimals = -1;         ///< Of numbers: how many to show; -1 as many as the value has
+    int digits = 0;            ///< Of numbers: how many before the decimals; 0 where nothing says
+    int length = 0;            ///< Of texts: the most characters; 0 without a limit
+    bool isIdentifier = false; ///< Tells the record from the others, and is not to be changed
+    bool isRequired = false;   ///< Takes no Null
+};
+
+/// A new value for a column, counted from 0.
+struct Change {
+    std::size_t column = 0;
+    automation::Variant value;
 };
 
 /// Records in a fixed order, numbered from 1. Nothing holds them all in memory.
@@ -49,6 +71,14 @@ public:
     /// The values of a record, one a column: Null where there is none, and a String where the value is not
     /// of its column's type. False, with `values` untouched, where there is no such record.
     virtual bool read(std::int64_t record, std::vector<automation::Variant>& values) = 0;
+
+    /// Whether records can be written at all.
+    virtual bool takesChanges() const { return false; }
+
+    /// Writes changes of a record, all or none of them. `before` are its values as they were read: where they
+    /// are others by now it throws ChangedMeanwhile, and WriteError where the changes can't be written.
+    virtual void write(std::int64_t record, const std::vector<automation::Variant>& before,
+                       const std::vector<Change>& changes);
 };
 
 } // namespace fichas

@@ -2,7 +2,7 @@
 # Walks through the sample database in a real window: fichas.sh FICHAS TESELA-SAMPLE.
 . "$(dirname "$0")/../support/checks.sh"
 . "$(dirname "$0")/../support/x_server.sh"
-need Xvfb xdotool xprop import identify convert compare
+need Xvfb xdotool xprop import identify convert compare sqlite3
 . "$(dirname "$0")/sample_walk.sh"
 start_x_server
 export TESELA_DISPLAY=desktop
@@ -37,35 +37,53 @@ same_pixels() {
 
 shows "clientes — 1 de $count" "the first record"
 looks_like "${pictures[0]}" "looks as it does in memory"
-xdotool key Down
-shows "clientes — 2 de $count" "Down goes on"
-looks_like "${pictures[1]}" "and so does the second"
 xdotool key Next
-shows "clientes — 3 de $count" "PageDown goes on"
-xdotool key Right
-shows "clientes — 4 de $count" "Right goes on"
-xdotool key Prior
-shows "clientes — 3 de $count" "PageUp goes back"
-xdotool key Up
-shows "clientes — 2 de $count" "Up goes back"
-xdotool key Left Left
-shows "clientes — 1 de $count" "Left goes back and stops at the first"
-xdotool key End
-shows "clientes — $count de $count" "End goes to the last"
-looks_like "${pictures[3]}" "and the last looks as it does in memory"
-xdotool key Next Home Down
-shows "clientes — 2 de $count" "Home goes to the first"
+shows "clientes — 2 de $count" "PageDown goes on"
+looks_like "${pictures[1]}" "and so does the second"
+xdotool key Return
+looks_like "${pictures[2]}" "Return goes to the next field"
+xdotool key Prior Prior
+shows "clientes — 1 de $count" "PageUp goes back and stops at the first"
+xdotool key ctrl+End
+shows "clientes — $count de $count" "Ctrl+End goes to the last"
+xdotool key Prior ctrl+Home Next
+shows "clientes — 2 de $count" "Ctrl+Home goes to the first"
 xdotool key ctrl+Next
 shows "articulos — 1 de $(title_of "$window" | sed 's/.* //')" "Ctrl+PageDown goes to the next table"
 looks_like "${pictures[4]}" "and that looks as it does in memory"
 xdotool key ctrl+Prior
 shows "clientes — 1 de $count" "Ctrl+PageUp goes back to it"
 
+# What is typed gets into the file when the record is left, and not before.
+name() { sqlite3 "$sample" "SELECT nombre || '|' || fecha_alta FROM clientes WHERE id = $1"; }
+signed_up=$(name 1 | cut -d'|' -f2)
+xdotool type --delay 20 "Año Nuevo"
+xdotool key Return
+equal "a name that is being typed is not in the file" "$(name 1 | grep -c Nuevo)" 0
+xdotool key Next
+shows "clientes — 2 de $count" "a record is left with PageDown"
+equal "the name is in the file" "$(name 1)" "Año Nuevo|$signed_up"
+xdotool key F3
+xdotool type --delay 20 "Año N"
+shows "clientes — 1 de $count" "F3 and letters go to a name"
+xdotool key Return
+for _ in 1 2 3 4 5 6 7 8; do xdotool key Down; done
+xdotool type --delay 20 "3102"
+xdotool key Next
+xdotool key Return
+shows "clientes — 1 de $count" "a day that there isn't keeps its record"
+equal "and its file" "$(name 1)" "Año Nuevo|$signed_up"
+xdotool key alt+F4
+sleep 0.2
+holds "and its window" kill -0 "$program"
+xdotool key Home
+xdotool type --delay 20 "2802"
 xdotool key alt+F4
 gone() { ! kill -0 "$program" 2>/dev/null; }
 holds "the window closes" until_true gone
 wait "$program"
 equal "the program ended well" $? 0
+equal "the day that there is has been written" "$(name 1)" "Año Nuevo|${signed_up%%-*}-02-28"
 
 # Whoever has no terminal is told in a window.
 "$fichas" "$work/no-existe.csv" 2>"$err" &

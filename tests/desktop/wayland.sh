@@ -50,9 +50,9 @@ same_pixels() {
 }
 
 shows "${pictures[0]}" "a window opens and looks as it does in memory"
-xdotool key Down
+xdotool key Next
 shows "${pictures[1]}" "a key goes to the next record"
-xdotool key End
+xdotool key ctrl+End
 shows "${pictures[3]}" "and another one to the last"
 xdotool key alt+F4
 gone() { ! kill -0 "$program" 2>/dev/null; }

@@ -53,7 +53,7 @@ TEST_P(FieldLayoutOf, NamesEndAndValuesBeginAtCommonEdges) {
     for (const FieldPlace& field : layout.fields) {
         EXPECT_EQ(field.value.left - field.caption.right,
                   layout.fields[0].value.left - layout.fields[0].caption.right);
-        EXPECT_EQ(field.caption.top - field.value.top, 2) << "name and text share a line";
+        EXPECT_EQ(field.caption.top - field.value.top, 3) << "name and text share a line";
         nameEdges.push_back(field.caption.right);
     }
     std::sort(nameEdges.begin(), nameEdges.end());

@@ -29,7 +29,7 @@ refused() {
 
 differ() { ! cmp -s "$1" "$2"; }
 
-walk="1-primero.png 2-siguiente.png 3-pagina.png 4-ultimo.png"
+walk="1-primero.png 2-siguiente.png 3-campo.png 4-ultimo.png"
 
 run "$fichas" "$sample"
 tour "a tour of the sample database" $walk 5-otra-tabla.png

@@ -1,8 +1,11 @@
 #include "fichas/window/RecordForm.h"
 
 #include "fichas/Display.h"
+#include "fichas/window/FocusAway.h"
+#include "host/Colors.h"
 #include "host/Screen.h"
 #include "platform/input.h"
+#include "platform/windows.h"
 
 #include <algorithm>
 
@@ -20,20 +23,7 @@ String literal(const String& text) {
     return text.replaced(u"&", u"&&");
 }
 
-tesela::tslTipoDatoConstants dataTypeOf(ColumnType type) {
-    switch (type) {
-    case ColumnType::Integer:
-    case ColumnType::Number:
-    case ColumnType::Currency:
-        return tesela::tslTipoDatoNumero;
-    case ColumnType::Date:
-    case ColumnType::DateTime:
-    case ColumnType::Time:
-        return tesela::tslTipoDatoFecha;
-    default:
-        return tesela::tslTipoDatoCaracter;
-    }
-}
+constexpr host::OLE_COLOR reasonColor = 0x0000A0; // dark red
 
 } // namespace
 
@@ -56,25 +46,27 @@ void RecordForm::showTable(const String& table) {
     if (!records.source().countIsFinal()) records.source().countOn();
     records_ = std::move(records);
     names_.reset();
+    isSeeking_ = false;
     sought_ = {};
+    reason_ = {};
     table_ = table;
     record_ = hasRecords ? 1 : 0;
     values_ = std::move(first);
     page_ = 0;
-    removeLabels();
-    makeLabels();
+    removeFields();
+    makeFields();
     showRecord();
     counting_.Enabled(!source().countIsFinal());
 }
 
-// -------------------------------------------------------------------------------------------- labels
+// -------------------------------------------------------------------------------------------- fields
 
-void RecordForm::removeLabels() {
-    for (const FieldLabels& field : labels_) {
-        remove(*field.caption);
-        remove(*field.value);
+void RecordForm::removeFields() {
+    for (const LabelledField& labelled : fields_) {
+        remove(*labelled.caption);
+        labelled.field->remove(*this);
     }
-    labels_.clear();
+    fields_.clear();
     if (note_) remove(*note_);
     note_ = nullptr;
 }
@@ -87,62 +79,73 @@ void RecordForm::place(host::Control& control, const platform::RECT& area) {
                             twips(area.bottom - area.top, y));
 }
 
-void RecordForm::makeLabels() {
+void RecordForm::makeFields() {
     const float x = host::Screen::TwipsPerPixelX();
     const float y = host::Screen::TwipsPerPixelY();
     std::vector<FieldMeasure> measures;
     for (const Column& column : source().columns())
-        measures.push_back({static_cast<int>(TextWidth(column.name) / x) + 1, column.type});
+        measures.push_back({static_cast<int>(TextWidth(column.name) / x) + 1, column.type, column.length});
     layout_ = FieldLayout();
     const int noteWidth = static_cast<int>(TextWidth(noteText()) / x) + 1;
     layout_ = layOutFields(measures, static_cast<int>(TextHeight(u"Ág") / y), noteWidth);
     SetClientSize(static_cast<float>(layout_.client.cx) * x, static_cast<float>(layout_.client.cy) * y);
 
-    for (std::size_t i = 0; i < layout_.fields.size(); ++i) {
-        const Column& column = source().columns()[i];
-        const auto index = static_cast<short>(i);
-        lbl& caption = add<lbl>(u"lblCampo", index);
-        caption.AutoSize(tesela::tslAutoSize_NO);
-        caption.Alignment(tesela::tslAlignmentRightJustify);
-        caption.Caption(literal(column.name));
-        place(caption, layout_.fields[i].caption);
-
-        lbl& value = add<lbl>(u"lblValor", index);
-        value.AutoSize(tesela::tslAutoSize_NO);
-        value.BorderStyle(tesela::tslBorderStyleFixedSingle);
-        value.BackColor(host::colorWindowBackground);
-        value.ForeColor(host::colorWindowText);
-        value.Alias(table_);
-        value.Campo(column.name);
-        value.TipoDato(dataTypeOf(column.type));
-        place(value, layout_.fields[i].value);
-        labels_.push_back({&caption, &value});
-    }
+    for (std::size_t i = 0; i < layout_.fields.size(); ++i)
+        addField(i);
     note_ = &add<lbl>(u"lblNota");
     note_->AutoSize(tesela::tslAutoSize_NO);
     place(*note_, layout_.note);
     showPage();
 }
 
-void RecordForm::showPage() {
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-        const bool visible = layout_.fields[i].page == page_;
-        labels_[i].caption->Extender().Visible(visible);
-        labels_[i].value->Extender().Visible(visible);
-    }
-    note_->Caption(literal(noteText()));
+void RecordForm::addField(std::size_t column) {
+    const Column& about = source().columns()[column];
+    const FieldPlace& area = layout_.fields[column];
+    const auto index = static_cast<short>(column);
+    lbl& caption = add<lbl>(u"lblCampo", index);
+    caption.AutoSize(tesela::tslAutoSize_NO);
+    caption.Alignment(tesela::tslAlignmentRightJustify);
+    caption.Caption(literal(about.name));
+    place(caption, area.caption);
+
+    auto made = std::make_unique<ColumnField>(*this, about, table_, index);
+    ColumnField& field = *made;
+    fields_.push_back({&caption, std::move(made)});
+    place(field.field(), area.value);
+    if (field.hour()) place(*field.hour(), area.hour);
+    for (tesela::get* part : {&field.field(), field.hour()})
+        if (part)
+            part->Extender().Validate.join(
+                [this, &field, part](bool& cancel) { validate(field, *part, cancel); });
 }
 
-/// What the keys do; where the fields take several pages, which one this is; what is sought while it is
-/// typed.
+void RecordForm::showPage() {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const bool visible = layout_.fields[i].page == page_;
+        fields_[i].caption->Extender().Visible(visible);
+        fields_[i].field->field().Extender().Visible(visible);
+        if (tesela::get* hour = fields_[i].field->hour()) hour->Extender().Visible(visible);
+    }
+    showNote();
+}
+
+bool RecordForm::canEdit() const {
+    return record_ > 0 && source().takesChanges();
+}
+
+// ------------------------------------------------------------------------------------ the line below
+
+/// What is wrong; what is sought while it is typed; where the fields take several pages, which one this is;
+/// what the keys do.
 String RecordForm::noteText() const {
-    if (!sought_.empty()) return soughtText();
+    if (!reason_.empty()) return reason_;
+    if (isSeeking_) return soughtText();
     if (layout_.pages > 1) {
         const std::string page = std::to_string(page_ + 1) + " de " + std::to_string(layout_.pages);
         return u"Campos: página " + String::fromUtf8(page) + u"   Ctrl+flechas arriba y abajo: otra página";
     }
-    String keys = u"RePág: anterior   AvPág: siguiente   Inicio: primero   Fin: último";
-    if (nameColumn(source().columns())) keys += u"   Letras: buscar";
+    String keys = u"RePág: anterior   AvPág: siguiente   Ctrl+Inicio: primero   Ctrl+Fin: último";
+    if (nameColumn(source().columns())) keys += u"   F3: buscar";
     if (file_->tables().size() > 1) keys += u"   Ctrl+AvPág: otra tabla";
     return keys;
 }
@@ -152,22 +155,26 @@ String RecordForm::soughtText() const {
     return name + u": \u201C" + sought_ + (isSoughtThere_ ? u"\u201D" : u"\u201D   No hay ninguno así");
 }
 
+void RecordForm::showNote() {
+    note_->ForeColor(reason_.empty() ? host::colorButtonText : reasonColor);
+    note_->Caption(literal(noteText()));
+    const float width = note_->Extender().Width();
+    note_->ToolTip(TextWidth(noteText()) > width ? noteText() : String());
+}
+
+void RecordForm::complain(const String& reason) {
+    reason_ = reason;
+    showNote();
+}
+
 void RecordForm::showRecord() {
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-        const Column& column = source().columns()[i];
-        lbl& label = *labels_[i].value;
-        String text;
-        if (i < values_.size()) {
-            text = displayText(values_[i], column);
-            label.Alignment(standsAtRight(values_[i], column) ? tesela::tslAlignmentRightJustify
-                                                              : tesela::tslAlignmentLeftJustify);
-        }
-        const String shown = literal(text);
-        if (shown == label.Caption()) continue;
-        label.Caption(shown);
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const bool has = i < values_.size();
+        fields_[i].field->show(has ? values_[i] : automation::Variant::null(), !canEdit());
         // What is clipped can be read in full under the mouse.
-        const float width = label.Extender().Width() - 4 * host::Screen::TwipsPerPixelX();
-        label.ToolTip(TextWidth(text) > width ? text : String());
+        tesela::get& field = fields_[i].field->field();
+        const float width = field.Extender().Width() - 6 * host::Screen::TwipsPerPixelX();
+        field.ToolTip(TextWidth(field.Text()) > width ? field.Text() : String());
     }
     showTitle();
 }
@@ -193,12 +200,14 @@ void RecordForm::guarded(F&& work) {
 }
 
 void RecordForm::goTo(std::int64_t record) {
+    if (!save()) return;
     record = std::max<std::int64_t>(record, 1);
     std::vector<automation::Variant> values;
     if (!records_->read(record, values)) {
         record = source().count();
         if (record == 0 || !records_->read(record, values)) return;
     }
+    const FocusAway away;
     record_ = record;
     values_ = std::move(values);
     showRecord();
@@ -210,19 +219,21 @@ void RecordForm::goToLast() {
 
 void RecordForm::goToName(const String& start) {
     const auto column = nameColumn(source().columns());
-    if (!column) return;
+    if (!column || !save()) return;
     if (!names_) names_.emplace(source(), *column);
     sought_ = start;
+    isSeeking_ = true;
     const auto found = names_->seek(start);
-    isSoughtThere_ = found && found->begins;
-    note_->Caption(literal(noteText()));
-    if (found) goTo(found->record);
+    isSoughtThere_ = start.empty() || (found && found->begins);
+    showNote();
+    if (found && !start.empty()) goTo(found->record);
 }
 
 void RecordForm::stopSeeking() {
-    if (sought_.empty()) return;
+    if (!isSeeking_) return;
+    isSeeking_ = false;
     sought_ = {};
-    note_->Caption(literal(noteText()));
+    showNote();
 }
 
 void RecordForm::countOn() {
@@ -233,12 +244,15 @@ void RecordForm::countOn() {
     });
 }
 
+// ---------------------------------------------------------------------------------------------- keys
+
 void RecordForm::nextTable(int step) {
     const std::vector<String> tables = file_->tables();
     const auto count = static_cast<int>(tables.size());
     const auto here = std::find(tables.begin(), tables.end(), source().name()) - tables.begin();
-    if (count > 1)
-        showTable(tables[static_cast<std::size_t>((static_cast<int>(here) + step + count) % count)]);
+    if (count < 2 || !save()) return;
+    showTable(tables[static_cast<std::size_t>((static_cast<int>(here) + step + count) % count)]);
+    if (Visible()) moveFocus(true); // to the first field
 }
 
 void RecordForm::nextPage(int step) {
@@ -249,11 +263,29 @@ void RecordForm::nextPage(int step) {
 bool RecordForm::plainKey(short key) {
     switch (key) {
     case platform::VK_NEXT:
+        goTo(record_ + 1);
+        return true;
+    case platform::VK_PRIOR:
+        goTo(record_ - 1);
+        return true;
+    case platform::VK_F3:
+        if (save()) goToName({});
+        return true;
+    case platform::VK_ESCAPE:
+        escape();
+        return true;
+    default:
+        return !canEdit() && readersKey(key);
+    }
+}
+
+/// The keys that belong to the fields where these can be edited.
+bool RecordForm::readersKey(short key) {
+    switch (key) {
     case platform::VK_DOWN:
     case platform::VK_RIGHT:
         goTo(record_ + 1);
         return true;
-    case platform::VK_PRIOR:
     case platform::VK_UP:
     case platform::VK_LEFT:
         goTo(record_ - 1);
@@ -271,6 +303,12 @@ bool RecordForm::plainKey(short key) {
 
 bool RecordForm::controlKey(short key) {
     switch (key) {
+    case platform::VK_HOME:
+        goTo(1);
+        return true;
+    case platform::VK_END:
+        goToLast();
+        return true;
     case platform::VK_NEXT:
         nextTable(1);
         return true;
@@ -288,32 +326,56 @@ bool RecordForm::controlKey(short key) {
     }
 }
 
+void RecordForm::escape() {
+    if (isSeeking_)
+        stopSeeking();
+    else
+        discard();
+}
+
+/// While a name is sought: the keys that end it or that its characters come from.
+bool RecordForm::seekingKey(short key) {
+    switch (key) {
+    case platform::VK_RETURN:
+    case platform::VK_F3:
+        stopSeeking();
+        return true;
+    case platform::VK_DELETE:
+        return true;
+    default:
+        return false;
+    }
+}
+
 void RecordForm::onKeyDown(short& KeyCode, short& Shift) {
     guarded([&] {
+        if (isSeeking_ && seekingKey(KeyCode)) {
+            KeyCode = 0;
+            return;
+        }
         const bool used = Shift == 0                ? plainKey(KeyCode)
                           : Shift == host::CtrlMask ? controlKey(KeyCode)
                                                     : false;
-        if (used) {
-            stopSeeking();
-            KeyCode = 0;
-        }
+        if (!used) return;
+        if (KeyCode != platform::VK_F3) stopSeeking();
+        KeyCode = 0;
     });
     if (!failure_) host::Form::onKeyDown(KeyCode, Shift);
 }
 
+/// The characters of a name that is sought.
 void RecordForm::onKeyPress(short& KeyAscii) {
     guarded([&] {
+        if (!isSeeking_ && canEdit()) return;
         const auto code = static_cast<char>(KeyAscii);
-        if (KeyAscii == platform::VK_ESCAPE) {
-            stopSeeking();
-        } else if (KeyAscii == platform::VK_BACK) {
+        if (KeyAscii == platform::VK_BACK) {
             if (sought_.length() > 1)
                 goToName(sought_.left(sought_.length() - 1));
             else
                 stopSeeking();
         } else if (KeyAscii > u' ' || (KeyAscii == u' ' && !sought_.empty())) {
             goToName(sought_ + String::fromAnsi({&code, 1}));
-        } else {
+        } else if (KeyAscii < u' ' && !isSeeking_) {
             return;
         }
         KeyAscii = 0;

@@ -21,6 +21,9 @@ public:
     /// As the source's own: False, with `values` untouched, where there is no such record.
     bool read(std::int64_t record, std::vector<automation::Variant>& values);
 
+    /// What is read next comes from the source.
+    void forget() { page_->Clear(); }
+
 private:
     bool has(std::int64_t record) const { return record >= first_ && record - first_ < page_->Rows(); }
     void load(std::int64_t record);

@@ -228,6 +228,11 @@ Variant Recordset::Bookmark() const {
         [this] { return static_cast<double>(cursor_->rows().bookmark(cursor_->position())); });
 }
 
+std::optional<RowKey> Recordset::presentKey() const {
+    if (!cursor_->isOnRow()) throwRecordsetError(recordsetErrors::NoCurrentRecord);
+    return withDatabaseErrors([this] { return cursor_->rows().keyOf(cursor_->position()); });
+}
+
 void Recordset::Bookmark(const Variant& value) {
     withDatabaseErrors([&] {
         if (value.type() != automation::VT_R8) throwRecordsetError(recordsetErrors::InvalidArgument);

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace host {
@@ -94,6 +95,10 @@ public:
     /// record; the empty text brings the source's own order back.
     automation::String Sort() const { return sort_; }
     void Sort(const automation::String& columns);
+
+    /// How the present record is found in its table, for programs that write it with statements of their own;
+    /// nullopt where the records are no table's, and under a Filter or Sort. Error 3021 on no record.
+    std::optional<RowKey> presentKey() const;
 
     automation::Ref<host::Fields> Fields() const { return fields_; }
     /// The default member: the fields, or with an index one of them.

@@ -63,7 +63,7 @@ std::optional<std::int64_t> RowSet::positionOf(std::int64_t bookmark) {
 // ----------------------------------------------------------------------------------------- KeyedRows
 
 KeyedRows::KeyedRows(Database database, const std::string& table, const std::vector<std::string>& key)
-    : database_(std::move(database)), table_("main." + quotedIdentifier(table)) {
+    : database_(std::move(database)), name_(table), key_(key), table_("main." + quotedIdentifier(table)) {
     std::vector<std::string>& columns = keyColumns_;
     for (const std::string& column : key)
         columns.push_back("t." + quotedIdentifier(column));
@@ -192,6 +192,12 @@ bool KeyedRows::read(std::int64_t position, Row& row) {
     row = valuesOf(row_);
     row_.reset();
     return true;
+}
+
+std::optional<RowKey> KeyedRows::keyOf(std::int64_t position) {
+    std::optional<Key> key = keyAt(position);
+    if (!key) return std::nullopt;
+    return RowKey{name_, key_, std::move(*key)};
 }
 
 void KeyedRows::readOn(std::int64_t position, std::int64_t limit, const Sink& sink) {

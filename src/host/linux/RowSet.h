@@ -14,6 +14,14 @@
 
 namespace host {
 
+/// What tells a row of a table from all others: `columns` stand in the table's key, or are a name of its
+/// rowid.
+struct RowKey {
+    std::string table;
+    std::vector<std::string> columns;
+    std::vector<platform::DatabaseValue> values;
+};
+
 /// Rows in a fixed order, at positions from 1. Conditions and orders are SQL over `expression`s.
 class RowSet {
 public:
@@ -35,6 +43,9 @@ public:
 
     /// The row's values. False if it has gone since its position was found.
     virtual bool read(std::int64_t position, Row& row) = 0;
+
+    /// How the row is found in its table; nullopt where the rows are no table's or there is no such row.
+    virtual std::optional<RowKey> keyOf(std::int64_t) { return std::nullopt; }
 
     /// Hands at most `limit` rows from `position` on to `sink`.
     virtual void readOn(std::int64_t position, std::int64_t limit, const Sink& sink) = 0;
@@ -86,6 +97,7 @@ public:
     std::int64_t count() override;
     bool exists(std::int64_t position) override;
     bool read(std::int64_t position, Row& row) override;
+    std::optional<RowKey> keyOf(std::int64_t position) override;
     void readOn(std::int64_t position, std::int64_t limit, const Sink& sink) override;
     std::optional<std::int64_t> find(std::int64_t position, bool forward,
                                      const std::string& condition) override;
@@ -103,6 +115,8 @@ private:
     static int bindKey(platform::Statement& statement, const Key& key);
 
     platform::Database database_;
+    std::string name_;                    ///< The table's
+    std::vector<std::string> key_;        ///< Names of the columns of its key
     std::string table_;                   ///< As SQL names it
     std::vector<std::string> keyColumns_; ///< The same
     platform::Statement countAll_, first_, fromEnd_, after_, before_, block_, row_, rowsFrom_;

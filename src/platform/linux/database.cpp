@@ -53,7 +53,34 @@ const char* explanation(int code) {
     }
 }
 
+/// What a constraint that refused a row says to a user; empty for one that speaks for itself, as a trigger's
+/// own words do.
+std::string refusal(sqlite3* handle) {
+    const std::string message = sqlite3_errmsg(handle);
+    // Behind the colon stand the columns, or the name of the condition.
+    const std::size_t colon = message.find(": ");
+    const std::string what = colon == std::string::npos ? "" : message.substr(colon + 2);
+    switch (sqlite3_extended_errcode(handle)) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+        return "ya hay otro registro con el mismo valor de " + what;
+    case SQLITE_CONSTRAINT_NOTNULL:
+        return "falta el valor de " + what;
+    case SQLITE_CONSTRAINT_CHECK:
+        return "no se cumple la condición " + what;
+    case SQLITE_CONSTRAINT_FOREIGNKEY:
+        return "no hay ningún registro al que se pueda referir";
+    case SQLITE_CONSTRAINT_DATATYPE:
+        return "un valor no es del tipo de su columna";
+    default:
+        return message;
+    }
+}
+
 [[noreturn]] void fail(const DatabaseConnection& connection, int code) {
+    if ((code & 0xFF) == SQLITE_CONSTRAINT)
+        throw DatabaseError(SQLITE_CONSTRAINT, connection.path + ": " + refusal(connection.handle));
     const char* known = explanation(code);
     const std::string text =
         known ? known : "error de la base de datos: " + std::string(sqlite3_errmsg(connection.handle));

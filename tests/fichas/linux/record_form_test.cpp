@@ -1,6 +1,10 @@
 // The window of fichas with a user at the desk.
 #include "fichas/window/RecordForm.h"
 
+#include "automation/Clock.h"
+#include "automation/Currency.h"
+#include "automation/Date.h"
+#include "automation/DateFunctions.h"
 #include "fichas/window/linux/Tour.h"
 #include "platform/input.h"
 #include "platform/linux/database.h"
@@ -9,12 +13,31 @@
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
+#include <unistd.h>
 
 using namespace fichas;
 using automation::String;
+using tesela::get;
 using tesela::lbl;
 
 namespace {
+
+/// For a while the rights of a user without any, where the tests run as the superuser.
+class AsNobody {
+public:
+    AsNobody() {
+        constexpr uid_t nobody = 65534;
+        if (isSuperuser_ && seteuid(nobody) != 0) ADD_FAILURE() << "no other user";
+    }
+    ~AsNobody() {
+        if (isSuperuser_ && seteuid(0) != 0) ADD_FAILURE() << "no superuser any more";
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+private:
+    const bool isSuperuser_ = geteuid() == 0;
+};
 
 class RecordFormTest : public support::Started {
 protected:
@@ -48,7 +71,29 @@ protected:
         if (withControl) desk_.releaseKey(platform::VK_CONTROL);
         desk_.pump();
     }
-    lbl& value(short index) const { return form_->get<lbl>(u"lblValor", index); }
+    void type(std::u16string_view text) {
+        desk_.type(text);
+        desk_.pump();
+    }
+    void enter() { press(platform::VK_RETURN); }
+    get& value(short index) const { return form_->get<get>(u"getCampo", index); }
+    get& hour(short index) const { return form_->get<get>(u"getHora", index); }
+    platform::Database database(platform::Database::Access access) const {
+        return platform::Database(folder_.utf8File("datos.sqlite"), access);
+    }
+    /// The first value of what a query gives, as a text.
+    std::string stored(const std::string& query) const {
+        const platform::Database file = database(platform::Database::Access::ReadOnly);
+        platform::Statement statement = file.prepare(query);
+        if (!statement.step()) return "nothing";
+        return statement.isNull(0) ? "NULL" : std::string(statement.text(0));
+    }
+    /// What another program does to the file.
+    void elsewhere(const std::string& sql) const {
+        database(platform::Database::Access::ReadWrite).execute(sql);
+    }
+    std::string text(short index) const { return value(index).Text().utf8(); }
+    std::string noteText() const { return note().Caption().utf8(); }
     lbl& note() const { return form_->get<lbl>(u"lblNota"); }
     lbl& caption(short index) const { return form_->get<lbl>(u"lblCampo", index); }
 
@@ -61,59 +106,64 @@ protected:
 constexpr const char* threeRecords =
     "id;nombre;precio;alta\n1;Ana;1,50;01/02/2024\n2;R&D;;\n3;Eva;-3,25;31/12/2024\n";
 
-TEST_F(RecordFormTest, ShowsTheFirstRecordWithNamesBesideTheValues) {
+TEST_F(RecordFormTest, ShowsTheFirstRecordWithNamesBesideTheFields) {
     const RecordForm& form = openCsv(threeRecords);
     EXPECT_EQ(form.Caption(), u"datos.csv — 1 de 3");
     EXPECT_EQ(caption(1).Caption(), u"nombre");
-    EXPECT_EQ(value(0).Caption(), u"1");
-    EXPECT_EQ(value(1).Caption(), u"Ana");
-    EXPECT_EQ(value(2).Caption(), u"1,50");
-    EXPECT_EQ(value(3).Caption(), u"01/02/2024");
+    EXPECT_EQ(text(0), "1");
+    EXPECT_EQ(text(1), "Ana");
+    EXPECT_EQ(text(2), "1,50");
+    EXPECT_EQ(text(3), "01/02/2024");
     EXPECT_EQ(value(0).Alignment(), tesela::tslAlignmentRightJustify);
     EXPECT_EQ(value(1).Alignment(), tesela::tslAlignmentLeftJustify);
-    EXPECT_EQ(value(2).ValorVerdadero().asDouble(), 1.5);
-    EXPECT_EQ(value(3).ValorVerdadero().asDate(), automation::Date::join(2024, 2, 1));
+    EXPECT_EQ(value(2).Value().asCurrency(), automation::Currency::fromScaled(15000));
+    EXPECT_EQ(value(3).Value().asDate(), automation::Date::join(2024, 2, 1));
     EXPECT_EQ(value(3).Campo(), u"alta");
 }
 
-TEST_F(RecordFormTest, KeysWalkThroughTheRecords) {
+TEST_F(RecordFormTest, PageKeysAndControlWithHomeAndEndWalkThroughTheRecords) {
     RecordForm& form = openCsv(threeRecords);
+    const auto after = [&](int key, bool withControl = false) {
+        press(key, withControl);
+        return form.record();
+    };
+    EXPECT_EQ(after(platform::VK_NEXT), 2);
+    EXPECT_EQ(after(platform::VK_NEXT), 3);
+    EXPECT_EQ(after(platform::VK_NEXT), 3);
+    EXPECT_EQ(form.Caption(), u"datos.csv — 3 de 3");
+    EXPECT_EQ(text(2), "-3,25");
+    EXPECT_EQ(after(platform::VK_PRIOR), 2);
+    EXPECT_EQ(after(platform::VK_HOME, true), 1);
+    EXPECT_EQ(after(platform::VK_PRIOR), 1);
+    EXPECT_EQ(after(platform::VK_END, true), 3);
+    EXPECT_EQ(after(platform::VK_HOME, true), 1);
+    EXPECT_EQ(text(1), "Ana");
+}
+
+TEST_F(RecordFormTest, WhereNothingCanBeChangedTheArrowsWalkThroughTheRecords) {
+    RecordForm& form = openDatabase("CREATE VIEW v AS SELECT 'Eva' AS nombre UNION SELECT 'Luz'");
     const auto after = [&](int key) {
         press(key);
         return form.record();
     };
-    EXPECT_EQ(after(platform::VK_NEXT), 2);
-    EXPECT_EQ(after(platform::VK_DOWN), 3);
-    EXPECT_EQ(after(platform::VK_NEXT), 3);
-    EXPECT_EQ(form.Caption(), u"datos.csv — 3 de 3");
-    EXPECT_EQ(value(2).Caption(), u"-3,25");
-    EXPECT_EQ(after(platform::VK_PRIOR), 2);
+    EXPECT_EQ(after(platform::VK_DOWN), 2);
     EXPECT_EQ(after(platform::VK_UP), 1);
-    EXPECT_EQ(after(platform::VK_PRIOR), 1);
-    EXPECT_EQ(after(platform::VK_END), 3);
-    EXPECT_EQ(after(platform::VK_LEFT), 2);
-    EXPECT_EQ(after(platform::VK_RIGHT), 3);
+    EXPECT_EQ(after(platform::VK_RIGHT), 2);
+    EXPECT_EQ(after(platform::VK_LEFT), 1);
+    EXPECT_EQ(after(platform::VK_END), 2);
     EXPECT_EQ(after(platform::VK_HOME), 1);
-    EXPECT_EQ(value(1).Caption(), u"Ana");
+    EXPECT_EQ(after('L'), 2) << "letters search at once";
+    EXPECT_EQ(noteText(), "nombre: “l”");
+    EXPECT_EQ(text(0), "Luz");
+    EXPECT_TRUE(value(0).Locked());
 }
 
 TEST_F(RecordFormTest, AnAmpersandIsShownAndAMissingValueIsBlank) {
     openCsv(threeRecords);
     press(platform::VK_NEXT);
-    EXPECT_EQ(value(1).Caption(), u"R&&D") << "doubled for the label, which underlines after a single one";
-    EXPECT_EQ(value(2).Caption(), u"");
-    press(platform::VK_NEXT);
-    press(platform::VK_PRIOR);
-    EXPECT_EQ(value(1).Caption(), u"R&&D");
-}
-
-TEST_F(RecordFormTest, AnAmpersandAndTwoOfThemAreDifferentValues) {
-    openCsv("id;nombre\n1;R&D\n2;R&&D\n3;R&D\n");
-    EXPECT_EQ(value(1).Caption(), u"R&&D");
-    press(platform::VK_NEXT);
-    EXPECT_EQ(value(1).Caption(), u"R&&&&D");
-    press(platform::VK_NEXT);
-    EXPECT_EQ(value(1).Caption(), u"R&&D");
+    EXPECT_EQ(text(1), "R&D");
+    EXPECT_EQ(text(2), "");
+    EXPECT_EQ(text(3), "  /  /    ");
 }
 
 TEST_F(RecordFormTest, ControlWithThePageKeysChangesTheTable) {
@@ -124,11 +174,11 @@ TEST_F(RecordFormTest, ControlWithThePageKeysChangesTheTable) {
     EXPECT_EQ(form.Caption(), u"uno — 2 de 2");
     press(platform::VK_NEXT, true);
     EXPECT_EQ(form.Caption(), u"dos — 1 de 1");
-    EXPECT_EQ(value(1).Caption(), u"q");
+    EXPECT_EQ(text(1), "q");
     press(platform::VK_NEXT, true);
     EXPECT_EQ(form.Caption(), u"tres — ningún registro");
     press(platform::VK_NEXT);
-    press(platform::VK_END);
+    press(platform::VK_END, true);
     EXPECT_EQ(form.Caption(), u"tres — ningún registro");
     press(platform::VK_NEXT, true);
     EXPECT_EQ(form.Caption(), u"uno — 1 de 2");
@@ -182,7 +232,7 @@ TEST_F(RecordFormTest, AFaultThatIsReachedEndsTheWindowWithItsMessage) {
         text += std::to_string(i) + ";un nombre cualquiera\n";
     RecordForm& form = openCsv(text + "x\n");
     EXPECT_FALSE(form.failure());
-    press(platform::VK_END);
+    press(platform::VK_END, true);
     ASSERT_TRUE(form.failure());
     EXPECT_EQ(*form.failure(), "datos.csv, línea 400002: hay 1 campo y en la primera línea 2 campos");
     EXPECT_FALSE(form.loaded());
@@ -198,53 +248,70 @@ TEST_F(RecordFormTest, ATextThatIsClippedIsReadUnderTheMouse) {
 
 constexpr const char* sixNames = "id;nombre\n1;Zapata\n2;Álvarez\n3;Marta\n4;Alba\n5;María\n6;R&D\n";
 
-TEST_F(RecordFormTest, LettersGoToTheFirstNameThatBeginsSo) {
+TEST_F(RecordFormTest, AfterF3LettersGoToTheFirstNameThatBeginsSo) {
     RecordForm& form = openCsv(sixNames);
     const auto after = [&](std::string_view keys) {
         for (const char key : keys)
             press(key);
         return form.record();
     };
+    press(platform::VK_F3);
+    EXPECT_EQ(noteText(), "nombre: “”");
     EXPECT_EQ(after("M"), 5);
-    EXPECT_EQ(note().Caption(), u"nombre: “m”");
+    EXPECT_EQ(noteText(), "nombre: “m”");
     EXPECT_EQ(after("ART"), 3);
-    EXPECT_EQ(note().Caption(), u"nombre: “mart”");
+    EXPECT_EQ(noteText(), "nombre: “mart”");
     EXPECT_EQ(form.Caption(), u"datos.csv — 3 de 6");
-    EXPECT_EQ(value(1).Caption(), u"Marta");
+    EXPECT_EQ(text(1), "Marta");
     press(platform::VK_BACK);
     EXPECT_EQ(form.record(), 5);
     press(platform::VK_ESCAPE);
+    press(platform::VK_F3);
     EXPECT_EQ(after("ALV"), 2) << "accents need not be typed";
     EXPECT_EQ(after("X"), 5) << "the next in the order";
-    EXPECT_EQ(note().Caption(), u"nombre: “alvx”   No hay ninguno así");
+    EXPECT_EQ(noteText(), "nombre: “alvx”   No hay ninguno así");
+    EXPECT_EQ(text(1), "María") << "nothing was typed into a field";
 }
 
 TEST_F(RecordFormTest, MovingOnEndsTheSearch) {
     RecordForm& form = openCsv(sixNames);
     const String keys = note().Caption();
-    EXPECT_NE(keys.find(u"Letras: buscar"), String::npos);
+    EXPECT_NE(keys.find(u"F3: buscar"), String::npos);
+    press(platform::VK_F3);
     press('Z');
     press(platform::VK_NEXT);
     EXPECT_EQ(form.record(), 2);
     EXPECT_EQ(note().Caption(), keys);
+    press(platform::VK_F3);
     press('M');
     EXPECT_EQ(form.record(), 5) << "a new search";
     press(platform::VK_BACK);
     EXPECT_EQ(note().Caption(), keys);
     EXPECT_EQ(form.record(), 5);
-    press(platform::VK_BACK);
-    press(platform::VK_ESCAPE);
-    press(platform::VK_SPACE);
-    EXPECT_EQ(form.record(), 5);
+    press(platform::VK_F3);
+    press(platform::VK_RETURN);
+    EXPECT_EQ(note().Caption(), keys);
     form.goToName(u"R&");
     EXPECT_EQ(form.record(), 6);
-    EXPECT_EQ(note().Caption(), u"nombre: “R&&”");
+    EXPECT_EQ(noteText(), "nombre: “R&&”");
+}
+
+TEST_F(RecordFormTest, ANameThatHasJustBeenTypedIsFound) {
+    RecordForm& form = openDatabase("CREATE TABLE t(nombre TEXT); INSERT INTO t VALUES('Ana'), ('Asesoría'), "
+                                    "('Academia')");
+    type(u"Año Nuevo");
+    press(platform::VK_F3);
+    for (const char16_t letter : std::u16string_view(u"Año N"))
+        type({&letter, 1});
+    EXPECT_EQ(noteText(), "nombre: “Año N”");
+    EXPECT_EQ(form.record(), 1);
 }
 
 TEST_F(RecordFormTest, WithoutTextThereIsNothingToSeek) {
     RecordForm& form = openCsv("id;precio\n1;2\n3;4\n");
     const String keys = note().Caption();
-    EXPECT_EQ(keys.find(u"Letras"), String::npos);
+    EXPECT_EQ(keys.find(u"F3"), String::npos);
+    press(platform::VK_F3);
     press('3');
     EXPECT_EQ(form.record(), 1);
     EXPECT_EQ(note().Caption(), keys);
@@ -254,11 +321,328 @@ TEST_F(RecordFormTest, EachTableHasItsOwnNames) {
     RecordForm& form =
         openDatabase("CREATE TABLE uno(id INTEGER, nombre TEXT); INSERT INTO uno VALUES(1, 'b'), (2, 'a');"
                      "CREATE TABLE dos(nombre TEXT); INSERT INTO dos VALUES('x'), ('b'), ('a');");
+    press(platform::VK_F3);
     press('A');
     EXPECT_EQ(form.Caption(), u"uno — 2 de 2");
     press(platform::VK_NEXT, true);
+    press(platform::VK_F3);
     press('A');
     EXPECT_EQ(form.Caption(), u"dos — 3 de 3");
+}
+
+// ------------------------------------------------------------------------------------------- editing
+
+/// A table with a column of each type: fields 0 to 8.
+constexpr const char* everyType =
+    "CREATE TABLE t(id INTEGER PRIMARY KEY, nombre VARCHAR(10) NOT NULL, precio NUMERIC(8,2), peso REAL,"
+    " alta DATE, hora TIME, cita DATETIME, activo BOOLEAN, notas);"
+    "INSERT INTO t VALUES(1, 'Ana', 1234.5, 0.125, '2024-02-29', '10:30:15', '2024-03-01 08:15:30', 1, NULL);"
+    "INSERT INTO t VALUES(2, 'Eva', NULL, NULL, NULL, NULL, NULL, NULL, 'x');";
+
+TEST_F(RecordFormTest, EachColumnIsAFieldOfItsType) {
+    openDatabase(everyType);
+    EXPECT_EQ(text(2), "1.234,50");
+    EXPECT_EQ(text(3), "0,125");
+    EXPECT_EQ(text(4), "29/02/2024");
+    EXPECT_EQ(text(5), "10:30");
+    EXPECT_EQ(text(6), "01/03/2024");
+    EXPECT_EQ(hour(6).Text(), u"08:15");
+    EXPECT_EQ(text(7), "Sí");
+    EXPECT_EQ(value(1).MaxLength(), 10);
+    EXPECT_EQ(value(2).TipoDato(), tesela::tslTipoDatoNumero);
+    EXPECT_EQ(value(4).TipoDato(), tesela::tslTipoDatoFecha);
+    press(platform::VK_NEXT);
+    for (const short blank : {2, 3})
+        EXPECT_EQ(text(blank), "") << blank;
+    EXPECT_EQ(text(4), "  /  /    ");
+    EXPECT_EQ(hour(6).Text(), u"  :  ");
+    EXPECT_EQ(text(7), "");
+}
+
+TEST_F(RecordFormTest, EnterAndTheArrowsWalkTheFieldsAndPassOverIdentifiers) {
+    openDatabase(everyType);
+    EXPECT_TRUE(value(1).HasFocus()) << "the identifier in front of it is read-only";
+    EXPECT_TRUE(value(0).Locked());
+    enter();
+    EXPECT_TRUE(value(2).HasFocus());
+    press(platform::VK_DOWN);
+    EXPECT_TRUE(value(3).HasFocus());
+    press(platform::VK_UP);
+    EXPECT_TRUE(value(2).HasFocus());
+}
+
+TEST_F(RecordFormTest, WhatWasTypedIsWrittenWhenTheRecordIsLeft) {
+    RecordForm& form = openDatabase(everyType);
+    type(u"Luz");
+    enter();
+    type(u"77,5");
+    enter();
+    type(u"2,5");
+    enter();
+    type(u"010323");
+    enter();
+    EXPECT_EQ(text(4), "01/03/2023");
+    type(u"1145");
+    enter();
+    enter();
+    type(u"0930");
+    enter();
+    type(u"n");
+    enter();
+    type(u"algo");
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Ana") << "not yet";
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_EQ(stored("SELECT nombre || '|' || precio || '|' || peso || '|' || alta || '|' || hora || '|' || "
+                     "cita || '|' || activo || '|' || notas FROM t"),
+              "Luz|77.5|2.5|2023-03-01|11:45:00|2024-03-01 09:30:00|0|algo");
+    EXPECT_EQ(stored("SELECT typeof(precio) || typeof(activo) FROM t"), "realinteger");
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(text(1), "Luz");
+    EXPECT_EQ(text(7), "No");
+}
+
+TEST_F(RecordFormTest, FieldsThatAreWalkedThroughChangeNothing) {
+    openDatabase(everyType);
+    elsewhere("CREATE TRIGGER t_update BEFORE UPDATE ON t BEGIN SELECT RAISE(ABORT, 'escrito'); END");
+    for (int record = 1; record <= 2; ++record) {
+        for (int field = 0; field < 12; ++field)
+            enter();
+        press(platform::VK_NEXT);
+    }
+    EXPECT_EQ(form_->record(), 2);
+    EXPECT_EQ(stored("SELECT hora FROM t"), "10:30:15");
+    EXPECT_EQ(stored("SELECT count(*) FROM t WHERE precio IS NULL AND peso IS NULL AND alta IS NULL AND "
+                     "hora IS NULL AND cita IS NULL AND activo IS NULL"),
+              "1");
+    EXPECT_EQ(text(2), "") << "Null is no 0";
+}
+
+TEST_F(RecordFormTest, ADateCompletesItself) {
+    openDatabase(everyType);
+    value(4).Extender().SetFocus();
+    press(platform::VK_DELETE);
+    type(u"0503");
+    enter();
+    const int year = automation::Year(automation::Today());
+    EXPECT_EQ(text(4), "05/03/" + std::to_string(year));
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT alta FROM t"), std::to_string(year) + "-03-05");
+}
+
+TEST_F(RecordFormTest, ADayThatIsChangedKeepsItsHourAndItsSeconds) {
+    openDatabase(everyType);
+    value(6).Extender().SetFocus();
+    type(u"02");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT cita FROM t"), "2024-03-02 08:15:30");
+}
+
+TEST_F(RecordFormTest, AFieldThatIsEmptiedBecomesNull) {
+    openDatabase(everyType);
+    for (const short field : {2, 4, 7}) {
+        value(field).Extender().SetFocus();
+        press(platform::VK_DELETE);
+    }
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form_->record(), 2) << note().Caption().utf8();
+    EXPECT_EQ(stored("SELECT precio IS NULL AND alta IS NULL AND activo IS NULL FROM t"), "1");
+}
+
+TEST_F(RecordFormTest, ABadValueKeepsTheFocusWithItsReason) {
+    RecordForm& form = openDatabase(everyType);
+    value(4).Extender().SetFocus();
+    type(u"31");
+    const String typed = value(4).Text();
+    enter();
+    EXPECT_TRUE(value(4).HasFocus());
+    EXPECT_EQ(value(4).Text(), typed);
+    EXPECT_EQ(noteText(), "alta: “31/02/24” no es una fecha");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_TRUE(value(4).HasFocus());
+    EXPECT_EQ(value(4).Text(), typed);
+    EXPECT_FALSE(form.unload()) << "not even the window closes";
+    press(platform::VK_HOME);
+    type(u"28");
+    enter();
+    EXPECT_TRUE(value(5).HasFocus());
+    EXPECT_EQ(note().Caption().find(u"fecha"), String::npos);
+    type(u"2561");
+    enter();
+    EXPECT_TRUE(value(5).HasFocus());
+    EXPECT_EQ(noteText(), "hora: “25:61” no es una hora");
+}
+
+TEST_F(RecordFormTest, AMissingValueIsToldInItsField) {
+    RecordForm& form = openDatabase(everyType);
+    press(platform::VK_DELETE);
+    enter();
+    type(u"5");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(noteText(), "nombre: falta el valor");
+    EXPECT_TRUE(value(1).HasFocus());
+    EXPECT_EQ(text(2), "5,00") << "what was typed stays";
+}
+
+TEST_F(RecordFormTest, EscapeGivesTheChangesUp) {
+    openDatabase(everyType);
+    type(u"Luz");
+    enter();
+    type(u"7");
+    press(platform::VK_ESCAPE);
+    EXPECT_EQ(text(1), "Ana");
+    EXPECT_EQ(text(2), "1234,50") << "as it is edited";
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT nombre || precio FROM t"), "Ana1234.5");
+}
+
+TEST_F(RecordFormTest, ClosingTheWindowWritesAndTableAndSearchDoToo) {
+    RecordForm& form = openDatabase(std::string(everyType) + "CREATE TABLE otra(a);");
+    type(u"Uno");
+    press(platform::VK_NEXT, true);
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Uno");
+    press(platform::VK_PRIOR, true);
+    type(u"Dos");
+    press(platform::VK_F3);
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Dos");
+    press(platform::VK_ESCAPE);
+    type(u"Tres");
+    EXPECT_TRUE(form.unload());
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Tres");
+}
+
+TEST_F(RecordFormTest, AWriteThatFailsLosesNothingAndWritesNothing) {
+    RecordForm& form = openDatabase(std::string(everyType) + "CREATE UNIQUE INDEX u ON t(nombre);");
+    type(u"Eva");
+    enter();
+    type(u"5");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(text(1), "Eva");
+    EXPECT_EQ(text(2), "5,00");
+    EXPECT_NE(note().Caption().find(u"ya hay otro registro con el mismo valor de t.nombre"), String::npos)
+        << note().Caption().utf8();
+    EXPECT_FALSE(form.unload());
+    EXPECT_EQ(stored("SELECT nombre || precio FROM t"), "Ana1234.5");
+    value(1).Extender().SetFocus();
+    type(u"Sol");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_EQ(stored("SELECT nombre || precio FROM t"), "Sol5");
+}
+
+TEST_F(RecordFormTest, AReadOnlyFileIsToldAndLosesNothing) {
+    RecordForm& form = openDatabase(everyType);
+    namespace files = std::filesystem;
+    constexpr files::perms mayRead =
+        files::perms::owner_read | files::perms::group_read | files::perms::others_read;
+    files::permissions(folder_.utf8File("datos.sqlite"), mayRead);
+    type(u"Luz");
+    {
+        // The superuser may write everything.
+        const AsNobody nobody;
+        press(platform::VK_NEXT);
+    }
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(text(1), "Luz");
+    EXPECT_NE(noteText().find("la base de datos es de sólo lectura"), std::string::npos) << noteText();
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Ana");
+    press(platform::VK_ESCAPE);
+    EXPECT_EQ(text(1), "Ana");
+    EXPECT_TRUE(form.unload());
+}
+
+TEST_F(RecordFormTest, ReferencesBetweenTablesAreHeldTo) {
+    openDatabase("CREATE TABLE pedido(n INTEGER PRIMARY KEY, cliente INTEGER REFERENCES cliente(id));"
+                 "CREATE TABLE cliente(id INTEGER PRIMARY KEY); INSERT INTO cliente VALUES(1);"
+                 "INSERT INTO pedido VALUES(1, 1)");
+    type(u"2");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT cliente FROM pedido"), "1");
+    EXPECT_NE(note().Caption().find(u"no hay ningún registro"), String::npos) << note().Caption().utf8();
+}
+
+TEST_F(RecordFormTest, WhatAnotherProgramHasChangedIsNotOverwrittenUnseen) {
+    RecordForm& form = openDatabase(everyType);
+    type(u"Luz");
+    elsewhere("UPDATE t SET nombre = 'Sol', precio = 9 WHERE id = 1");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(stored("SELECT nombre FROM t"), "Sol");
+    EXPECT_NE(note().Caption().find(u"otro programa ha cambiado nombre, precio"), String::npos)
+        << note().Caption().utf8();
+    EXPECT_EQ(text(1), "Luz") << "what was typed stays";
+    EXPECT_EQ(text(2), "9,00") << "and what was not shows what is there now";
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_EQ(stored("SELECT nombre || precio FROM t"), "Luz9");
+}
+
+TEST_F(RecordFormTest, ARecordThatHasGoneIsNotWrittenAndKeepsWhatWasTyped) {
+    RecordForm& form = openDatabase(everyType);
+    type(u"Luz");
+    elsewhere("DELETE FROM t WHERE id = 1");
+    press(platform::VK_NEXT);
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(text(1), "Luz");
+    EXPECT_NE(note().Caption().find(u"otro programa ha borrado este registro"), String::npos);
+    EXPECT_EQ(stored("SELECT count(*) FROM t"), "1");
+    press(platform::VK_ESCAPE);
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2);
+}
+
+TEST_F(RecordFormTest, ValuesThatAFieldCannotGiveBackAreShownAsTheyAre) {
+    openDatabase("CREATE TABLE t(alta DATE, precio NUMERIC(8,2), peso REAL, nota TEXT, foto BLOB);"
+                 "INSERT INTO t VALUES('ayer', 'mucho', 1.5, 'una' || char(10) || 'dos', x'0102');"
+                 "INSERT INTO t VALUES('2024-01-02', 1.005, 2, 'x', NULL)");
+    EXPECT_EQ(text(0), "ayer");
+    EXPECT_EQ(text(1), "mucho");
+    EXPECT_EQ(text(3), "una dos");
+    EXPECT_TRUE(value(3).Locked()) << "a field of one line would lose the other";
+    EXPECT_EQ(text(4), "2 bytes");
+    EXPECT_TRUE(value(4).Locked());
+    value(0).Extender().SetFocus();
+    enter();
+    EXPECT_TRUE(value(1).HasFocus()) << "what was not changed is not judged";
+    value(0).Extender().SetFocus();
+    type(u"3/1/2024");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT alta || precio FROM t"), "2024-01-03mucho") << noteText();
+    EXPECT_EQ(text(0), "02/01/24");
+    EXPECT_EQ(text(1), "1,005");
+    EXPECT_TRUE(value(1).Locked()) << "two decimals would not be the value";
+    EXPECT_FALSE(value(3).Locked());
+}
+
+TEST_F(RecordFormTest, DatesStayInTheFormInWhichTheFileHasThem) {
+    openDatabase("CREATE TABLE t(a DATETIME, b DATE, c DATETIME);"
+                 "INSERT INTO t VALUES(1709197200, 2460369.5, '2024-02-29T09:00:00Z')");
+    for (const short field : {0, 1, 2}) {
+        value(field).Extender().SetFocus();
+        type(u"010324");
+    }
+    EXPECT_TRUE(form_->save()) << note().Caption().utf8();
+    EXPECT_EQ(stored("SELECT a || '|' || b || '|' || c FROM t"), "1709283600|2460370.5|2024-03-01T09:00:00Z");
+}
+
+TEST_F(RecordFormTest, ColumnsWithoutATypeHaveThatOfTheirValues) {
+    openDatabase("CREATE TABLE t(n, d, h, x); INSERT INTO t VALUES(7, '2024-02-29', '10:30', 'a'), (8, NULL, "
+                 "'11:00:00', 5)");
+    EXPECT_EQ(value(0).TipoDato(), tesela::tslTipoDatoNumero);
+    EXPECT_EQ(text(1), "29/02/2024");
+    EXPECT_EQ(text(2), "10:30");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(text(3), "5");
+    value(3).Extender().SetFocus();
+    type(u"6");
+    value(0).Extender().SetFocus();
+    type(u"9");
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(stored("SELECT typeof(n) || n || typeof(x) || x FROM t WHERE h > '11'"), "integer9integer6");
 }
 
 TEST_F(RecordFormTest, TheTourLeavesAPictureOfEachStep) {

@@ -62,11 +62,11 @@ std::vector<std::string> takeTour(RecordForm& form, bool hasOtherTables) {
     Tour tour(form);
     form.Show();
     tour.takePicture("primero");
-    tour.press(platform::VK_DOWN);
-    tour.takePicture("siguiente");
     tour.press(platform::VK_NEXT);
-    tour.takePicture("pagina");
-    tour.press(platform::VK_END);
+    tour.takePicture("siguiente");
+    tour.press(platform::VK_RETURN);
+    tour.takePicture("campo");
+    tour.press(platform::VK_END, true);
     tour.takePicture("ultimo");
     if (hasOtherTables) {
         tour.press(platform::VK_NEXT, true);
