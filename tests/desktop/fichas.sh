@@ -2,9 +2,10 @@
 # Walks through the sample database in a real window: fichas.sh FICHAS TESELA-SAMPLE.
 . "$(dirname "$0")/../support/checks.sh"
 . "$(dirname "$0")/../support/x_server.sh"
-need Xvfb xdotool xprop import identify convert compare sqlite3
+need Xvfb xdotool xprop import identify convert compare sqlite3 setxkbmap
 . "$(dirname "$0")/sample_walk.sh"
 start_x_server
+setxkbmap es # ñ has a key of its own
 export TESELA_DISPLAY=desktop
 
 "$fichas" "$sample" &
@@ -74,7 +75,7 @@ xdotool key Return
 shows "clientes — 1 de $count" "a day that there isn't keeps its record"
 equal "and its file" "$(name 1)" "Año Nuevo|$signed_up"
 xdotool key alt+F4
-sleep 0.2
+sleep 0.2 # in which it would have closed
 holds "and its window" kill -0 "$program"
 xdotool key Home
 xdotool type --delay 20 "2802"

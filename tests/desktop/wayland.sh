@@ -52,8 +52,10 @@ same_pixels() {
 shows "${pictures[0]}" "a window opens and looks as it does in memory"
 xdotool key Next
 shows "${pictures[1]}" "a key goes to the next record"
+xdotool key Return
+shows "${pictures[2]}" "another one to the next field"
 xdotool key ctrl+End
-shows "${pictures[3]}" "and another one to the last"
+shows "${pictures[3]}" "and two together to the last record"
 xdotool key alt+F4
 gone() { ! kill -0 "$program" 2>/dev/null; }
 holds "the window closes" until_true gone
