@@ -1,5 +1,5 @@
-// A record of the sample database while it is edited in fichas: one value has been typed, and a date that there
-// isn't keeps the focus.
+// A record of the sample database while it is edited in fichas: one value has been typed, and a date that
+// there isn't keeps the focus.
 #include "fichas/DataFile.h"
 #include "fichas/window/RecordForm.h"
 #include "host/MessageLoop.h"

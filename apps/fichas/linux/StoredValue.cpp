@@ -35,8 +35,8 @@ std::string printed(const char* pattern, Parts... parts) {
 std::string isoText(Date value, ColumnType type, const std::string& former) {
     constexpr std::size_t dayLength = 10;
     const automation::DateParts parts = value.split();
-    const std::string day = printed("%04d-%02d-%02d", parts.year, parts.month, parts.day);
-    const std::string time = printed("%02d:%02d:%02d", parts.hour, parts.minute, parts.second);
+    std::string day = printed("%04d-%02d-%02d", parts.year, parts.month, parts.day);
+    std::string time = printed("%02d:%02d:%02d", parts.hour, parts.minute, parts.second);
     if (type == ColumnType::Date) return day;
     if (type == ColumnType::Time) return time;
     const bool isJoinedByT = former.size() > dayLength && former[dayLength] == 'T';

@@ -6,7 +6,6 @@
 namespace fichas {
 
 using automation::String;
-using automation::Variant;
 
 /// A field that is about to lose the focus keeps it with a value that its column does not take.
 void RecordForm::validate(ColumnField& field, tesela::get& part, bool& cancel) {

@@ -56,7 +56,7 @@ const char* explanation(int code) {
 /// What a constraint that refused a row says to a user; empty for one that speaks for itself, as a trigger's
 /// own words do.
 std::string refusal(sqlite3* handle) {
-    const std::string message = sqlite3_errmsg(handle);
+    std::string message = sqlite3_errmsg(handle);
     // Behind the colon stand the columns, or the name of the condition.
     const std::size_t colon = message.find(": ");
     const std::string what = colon == std::string::npos ? "" : message.substr(colon + 2);
