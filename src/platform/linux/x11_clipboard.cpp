@@ -185,6 +185,8 @@ bool X11Clipboard::take(const XEvent& event) {
         answer(event.xselectionrequest);
         return true;
     case SelectionClear:
+        // Whoever empties the clipboard and fills it again hears of the loss when it has become ours anew.
+        if (isOwner()) return true;
         content_.clear();
         owned_ = 0;
         return true;
