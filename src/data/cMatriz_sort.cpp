@@ -56,31 +56,66 @@ std::vector<std::int32_t> ranksOf(Order order, Precedes precedes) {
     return ranks;
 }
 
-/// Makes the exchanges of `exchangeSort`, and so leaves equal keys in the same order. Blocks in which no key
-/// is less than the one in hand are passed over.
-void exchangeByRank(Order& order, std::vector<std::int32_t> ranks) {
-    constexpr std::size_t blockSize = 256;
-    const std::size_t count = ranks.size();
-    const auto leastFrom = [&](std::size_t start) {
-        const auto from = ranks.begin() + static_cast<std::ptrdiff_t>(start);
-        const auto length = static_cast<std::ptrdiff_t>(std::min(blockSize, count - start));
-        return *std::min_element(from, from + length);
-    };
-    std::vector<std::int32_t> least;
-    for (std::size_t start = 0; start < count; start += blockSize)
-        least.push_back(leastFrom(start));
-    for (std::size_t i = 0; i + 1 < count; ++i)
-        for (std::size_t block = (i + 1) / blockSize; block < least.size(); ++block) {
-            if (least[block] >= ranks[i]) continue;
-            const std::size_t start = block * blockSize;
-            const std::size_t end = std::min(start + blockSize, count);
-            for (std::size_t j = std::max(start, i + 1); j < end; ++j)
-                if (ranks[j] < ranks[i]) {
-                    std::swap(ranks[i], ranks[j]);
-                    std::swap(order[i], order[j]);
-                }
-            least[block] = leastFrom(start);
+/// The rows of one rank that were met so far, in the order that the exchanges have given them, as a ring:
+/// `last` is the last one, `next` of each row the one that follows it, of the last the first.
+struct Peers {
+    std::int32_t last = -1, count = 0;
+    std::int32_t lesser = 0; ///< Rows of lower rank that were met when it was last put in order
+};
+
+/// Moves as many rows from the front of the ring to its end as rows of lower rank were met since.
+void turn(Peers& peers, std::int32_t lesser, const std::vector<std::int32_t>& next) {
+    const std::int32_t turns = peers.count == 0 ? 0 : (lesser - peers.lesser) % peers.count;
+    for (std::int32_t i = 0; i < turns; ++i)
+        peers.last = next[static_cast<std::size_t>(peers.last)];
+    peers.lesser = lesser;
+}
+
+/// Counts of ranks, and how many there are below one.
+class RankCounts {
+public:
+    explicit RankCounts(std::size_t ranks) : sums_(ranks + 1) {}
+    void add(std::int32_t rank) {
+        for (std::size_t i = static_cast<std::size_t>(rank) + 1; i < sums_.size(); i += i & (~i + 1))
+            ++sums_[i];
+    }
+    std::int32_t below(std::int32_t rank) const {
+        std::int32_t sum = 0;
+        for (auto i = static_cast<std::size_t>(rank); i > 0; i -= i & (~i + 1))
+            sum += sums_[i];
+        return sum;
+    }
+
+private:
+    std::vector<std::int32_t> sums_; ///< Each of as many counts as its number's lowest bit says
+};
+
+/// The order to which the exchanges of `exchangeSort` lead, equal keys included, without making them. They
+/// come to the same as putting row after row behind its peers among those before it, where each row turns
+/// the peers of every higher rank by one: their first becomes their last.
+Order orderByRank(const std::vector<std::int32_t>& ranks) {
+    std::vector<Peers> peers(ranks.size());
+    std::vector<std::int32_t> next(ranks.size());
+    RankCounts met(ranks.size());
+    for (std::size_t i = 0; i < ranks.size(); ++i) {
+        const auto row = static_cast<std::int32_t>(i);
+        Peers& own = peers[static_cast<std::size_t>(ranks[i])];
+        turn(own, met.below(ranks[i]), next);
+        next[i] = row;
+        if (own.count++ > 0) std::swap(next[i], next[static_cast<std::size_t>(own.last)]);
+        own.last = row;
+        met.add(ranks[i]);
+    }
+    Order order;
+    order.reserve(ranks.size());
+    for (std::size_t rank = 0; order.size() < ranks.size(); ++rank) {
+        turn(peers[rank], static_cast<std::int32_t>(order.size()), next);
+        for (std::int32_t i = 0, row = peers[rank].last; i < peers[rank].count; ++i) {
+            row = next[static_cast<std::size_t>(row)];
+            order.push_back(row);
         }
+    }
+    return order;
 }
 
 /// Merges ever longer runs. It comes to its end whatever the comparisons say.
@@ -171,7 +206,7 @@ void cMatriz::sortSlowly(std::int64_t col, bool lAscending) {
     std::iota(order.begin(), order.end(), 0);
     const ColumnTraits traits = traitsOf({keys.data(), 1, keys.size()});
     if (traits.kind != ColumnKind::Mixed && !traits.hasNull) {
-        exchangeByRank(order, ranksOf(order, precedes));
+        order = orderByRank(ranksOf(std::move(order), precedes));
     } else if (order.size() <= fewRows) {
         exchangeSort(order, precedes);
     } else {

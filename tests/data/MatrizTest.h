@@ -3,7 +3,9 @@
 
 #include "automation/Conversions.h"
 #include "automation/LateBound.h"
+#include "automation/Operators.h"
 #include "data/cMatriz.h"
+#include "data/collation.h"
 #include "support/Started.h"
 
 #include <string>
@@ -37,6 +39,14 @@ inline std::string textOf(const tesela::cMatriz& table) {
 inline std::string shapeOf(const tesela::cMatriz& table) {
     return std::to_string(table.Rows()) + "x" + std::to_string(table.Cols()) + " from " +
            std::to_string(table.FirstRow()) + "," + std::to_string(table.FirstCol());
+}
+
+/// How a table orders two values, as it is told: negative, 0 or positive.
+inline int statedOrder(const automation::Variant& a, const automation::Variant& b, bool textCompare) {
+    if (textCompare && a.isString()) return tesela::TS_Compara(a.asString(), automation::CStr(b));
+    const auto order = automation::compare(a, b);
+    if (order == automation::Comparison::Less) return -1;
+    return order == automation::Comparison::Greater ? 1 : 0;
 }
 
 class MatrizTest : public support::Started {

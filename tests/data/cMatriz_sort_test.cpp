@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <numeric>
 #include <random>
 
 using automation::Array;
@@ -62,11 +63,7 @@ public:
     }
 
 private:
-    int compare(const Variant& a, const Variant& b) const {
-        if (collate_ && a.isString()) return TS_Compara(a.asString(), automation::CStr(b));
-        const auto order = automation::compare(a, b);
-        return order == automation::Comparison::Less ? -1 : order == automation::Comparison::Greater ? 1 : 0;
-    }
+    int compare(const Variant& a, const Variant& b) const { return tests::statedOrder(a, b, collate_); }
     std::pair<Variant, std::int32_t>& at(std::int32_t row) {
         return rows_.at(static_cast<std::size_t>(row - base_));
     }
@@ -395,6 +392,46 @@ TEST_F(cMatrizSort_, LargeTablesOfTheSlowSortMakeTheSameExchangesAsSmallOnes) {
         for (std::int32_t row = 1; row <= 5000; ++row)
             ASSERT_EQ(model[static_cast<std::size_t>(row - 1)].second, table->Item(2, row).asLong()) << row;
     }
+}
+
+TEST_F(cMatrizSort_, EqualKeysOfTheSlowSortStandAsTheExchangesLeaveThem) {
+    constexpr std::int32_t rows = 7, keys = 3;
+    std::int32_t combinations = 1;
+    for (std::int32_t row = 0; row < rows; ++row)
+        combinations *= keys;
+    for (std::int32_t combination = 0; combination < combinations; ++combination)
+        for (const bool ascending : {true, false}) {
+            std::vector<Variant> column;
+            for (std::int32_t rest = combination, row = 0; row < rows; ++row, rest /= keys)
+                column.emplace_back(rest % keys);
+            fillNumbered(column);
+            std::string expected;
+            std::vector<std::int32_t> order(rows);
+            std::iota(order.begin(), order.end(), 0);
+            const auto key = [&](std::int32_t row) {
+                return column[static_cast<std::size_t>(order[static_cast<std::size_t>(row)])].asLong();
+            };
+            for (std::int32_t i = 0; i < rows; ++i) {
+                for (std::int32_t j = i + 1; j < rows; ++j)
+                    if (ascending ? key(i) > key(j) : key(i) < key(j))
+                        std::swap(order[static_cast<std::size_t>(i)], order[static_cast<std::size_t>(j)]);
+                expected += std::to_string(order[static_cast<std::size_t>(i)] + 1) + " ";
+            }
+            table->SortOnColumn(1, ascending, false);
+            ASSERT_EQ(expected, origins()) << combination << (ascending ? " up" : " down");
+        }
+}
+
+TEST_F(cMatrizSort_, TheSlowSortOrdersManyRowsInTheReverseOrder) {
+    constexpr std::int32_t rows = 200000;
+    std::vector<Variant> keys;
+    for (std::int32_t row = 0; row < rows; ++row)
+        keys.emplace_back((rows - row) / 2);
+    fillNumbered(keys);
+    table->SortOnColumn(1, true, false);
+    for (std::int32_t row = 2; row <= rows; ++row)
+        ASSERT_LE(table->Item(1, row - 1).asLong(), table->Item(1, row).asLong());
+    EXPECT_EQ(rows, table->Item(2, 1).asLong());
 }
 
 TEST_F(cMatrizSort_, TheSlowSortOrdersManyRowsOfSeveralKinds) {
