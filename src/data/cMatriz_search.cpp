@@ -134,7 +134,7 @@ public:
 private:
     enum class Kind { Number, Date, Text };
 
-    static constexpr int stepsAhead = 3;
+    static constexpr int stepsAhead = 2;
 
     const Variant& at(std::int64_t row) const {
         if (row < 0 || row >= cells_.rows() || col_ >= cells_.cols())

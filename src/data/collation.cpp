@@ -191,6 +191,11 @@ constexpr std::array<char, 256> makeCapitals() {
 
 constexpr std::array<char, 256> capitals = makeCapitals();
 
+/// Whether a character's byte in the ANSI code page is its own number.
+bool hasOwnNumber(char16_t c) {
+    return c < 0x80 || (c >= 0xA0 && c <= 0xFF);
+}
+
 /// The ANSI form of a text or of its capitals. Most texts have only characters whose byte is their own
 /// number.
 template <bool asCapitals>
@@ -212,7 +217,6 @@ public:
     std::string_view bytes() const noexcept { return bytes_; }
 
 private:
-    static bool hasOwnNumber(char16_t c) { return c < 0x80 || (c >= 0xA0 && c <= 0xFF); }
     static char byteOf(char16_t c) {
         return asCapitals ? capitals[static_cast<std::uint8_t>(c)] : static_cast<char>(c);
     }
@@ -263,6 +267,18 @@ int OCX_StrComp(const automation::String& cCadena1, const automation::String& cC
 }
 
 int compareCapitals(const automation::String& a, std::string_view b) {
+    const std::u16string_view units = a;
+    const std::size_t shorter = std::min(units.size(), b.size());
+    std::size_t same = 0;
+    while (same < shorter && hasOwnNumber(units[same]) && capitals[units[same]] == b[same])
+        ++same;
+    if (same == units.size() && same == b.size()) return 0;
+    // Most texts differ in a letter, which decides whatever follows.
+    if (same < shorter && hasOwnNumber(units[same])) {
+        const int one = table.elements[static_cast<std::uint8_t>(capitals[units[same]])].place;
+        const int other = table.elements[static_cast<std::uint8_t>(b[same])].place;
+        if (one != 0 && other != 0 && one != other) return sign(one - other);
+    }
     return TS_Compara(AnsiForm<true>(a).bytes(), b);
 }
 
