@@ -5,6 +5,8 @@
 #include "automation/ClassTable.h"
 #include "automation/Clock.h"
 #include "automation/Format.h"
+#include "automation/Operators.h"
+#include "automation/Strings.h"
 
 #include <random>
 
@@ -33,7 +35,252 @@ protected:
     }
 };
 
+/// The searches as they are told, step by step, on one column whose physical and logical numbers are the
+/// same.
+class StatedSearch {
+public:
+    explicit StatedSearch(const cMatriz& table) : table_(table) {}
+
+    /// Row of `FindRow`, 0 for none.
+    std::int32_t find(Variant value, std::int32_t mode) const {
+        const bool ignoreCase = mode & tslMatrizFindCompareIgnoreCase;
+        mode &= tslMatrizFindCompareMaskModes;
+        try {
+            if (ignoreCase) value = automation::UCase(automation::CStr(value));
+            const String start = mode == tslMatrizFindCompareAproximada
+                                     ? automation::RTrim(automation::CStr(value))
+                                     : String();
+            for (std::int32_t row = table_.FirstRow(); row <= table_.LastRow(); ++row) {
+                Variant own = cell(row);
+                if (mode == tslMatrizFindCompareAproximada) {
+                    String text = areDates() ? automation::Format(own, pattern) : automation::CStr(own);
+                    if (ignoreCase) text = automation::UCase(text);
+                    text = text.left(start.length());
+                    if (isSame(text, start)) return row;
+                    continue;
+                }
+                if (ignoreCase) own = automation::UCase(automation::CStr(own));
+                if (qualifies(findOrder(own, value), mode)) return row;
+            }
+        } catch (const automation::Error&) {
+        }
+        return 0;
+    }
+
+    /// Result and row of `SeekRow`.
+    std::pair<bool, std::int32_t> seek(const Variant& value, bool approximate) const {
+        try {
+            return halve(value, approximate);
+        } catch (const automation::Error&) {
+            return {false, 0};
+        }
+    }
+
+private:
+    static constexpr std::u16string_view pattern = u"dd/MM/yyyy";
+
+    Variant cell(std::int32_t row) const { return table_.Item(table_.FirstCol(), row); }
+    automation::VARTYPE type() const { return cell(table_.FirstRow()).type(); }
+    bool areDates() const { return type() == automation::VT_DATE; }
+    bool areTexts() const { return type() == automation::VT_BSTR || type() == automation::VT_BOOL; }
+    int order(const Variant& a, const Variant& b) const {
+        return tests::statedOrder(a, b, table_.TextCompare());
+    }
+    bool isSame(const String& a, const String& b) const {
+        return table_.TextCompare() ? order(a, b) == 0 : a == b;
+    }
+    int findOrder(const Variant& a, const Variant& b) const {
+        if (table_.TextCompare()) return order(a, b);
+        const auto order = automation::compare(a, b);
+        return order == automation::Comparison::Equal ? 0 : order == automation::Comparison::Less ? -1 : 1;
+    }
+    static bool qualifies(int order, std::int32_t mode) {
+        const bool does[] = {order == 0, order < 1, order >= 0, order < 0, order >= 1, order != 0};
+        return mode < 6 && does[mode];
+    }
+
+    std::pair<bool, std::int32_t> halve(const Variant& value, bool approximate) const {
+        std::int32_t lo = table_.FirstRow(), hi = table_.LastRow();
+        String sought = automation::RTrim(automation::CStr(value));
+        bool descending = lo < hi && order(cell(lo), cell(hi)) > 0;
+        if (areDates()) {
+            if (!sought.empty())
+                sought += automation::Format(automation::Today(), pattern).substring(sought.length());
+            descending = automation::CDate(cell(lo)) > automation::CDate(cell(hi));
+        } else if (areTexts()) {
+            sought = automation::UCase(sought);
+        }
+        for (;;) {
+            const std::int32_t mid = (lo + hi) / 2;
+            const String text = areDates() ? automation::Format(cell(mid), pattern)
+                                           : automation::UCase(automation::CStr(cell(mid)));
+            if (isSame(text, sought)) return {true, mid};
+            if (!approximate) {
+                if (automation::isEqual(cell(mid), value)) return {true, mid};
+                if (lo >= hi) return {false, mid};
+            } else if (lo + 4 >= hi) {
+                return lookThrough(sought, lo, hi, descending);
+            }
+            const bool below = areDates()   ? automation::CDate(sought) < automation::CDate(text)
+                               : areTexts() ? order(sought, text) < 0
+                                            : automation::CDbl(sought) < automation::CDbl(text);
+            if (below != descending) {
+                hi = mid - 1;
+            } else {
+                lo = mid + 1;
+            }
+            if (lo > hi) return {false, mid};
+        }
+    }
+
+    std::pair<bool, std::int32_t> lookThrough(const String& sought, std::int32_t lo, std::int32_t hi,
+                                              bool descending) const {
+        if (lo > table_.FirstRow()) --lo;
+        if (hi < table_.LastRow()) ++hi;
+        const auto typed = [&](const Variant& value) -> Variant {
+            if (areDates()) return automation::CDate(value);
+            if (!areTexts()) return automation::CDbl(value);
+            return automation::UCase(automation::CStr(value)).left(sought.length());
+        };
+        const Variant wanted = typed(sought);
+        const std::int32_t step = descending ? -1 : 1, end = descending ? lo : hi;
+        for (std::int32_t row = descending ? hi : lo;; row += step) {
+            const int found = order(typed(cell(row)), wanted);
+            if (found == 0) return {true, row};
+            if (found > 0) return {false, row - step};
+            if (row == end) return {false, row};
+        }
+    }
+
+    const cMatriz& table_;
+};
+
+/// Columns of one kind, with a value of another now and then, in any order; and values to look for in them.
+class RandomColumns {
+public:
+    explicit RandomColumns(std::uint32_t seed) : random_(seed) {}
+
+    std::uint32_t below(std::uint32_t end) { return static_cast<std::uint32_t>(random_() % end); }
+
+    /// A value of the kind; 0 to 6.
+    Variant value(std::uint32_t kind) {
+        const auto number = static_cast<std::int32_t>(below(30)) - 10;
+        const char16_t* const words[] = {u"ana", u"Ana", u"árbol", u"Beatriz", u"ñu",   u"Nube", u"nubes",
+                                         u"",    u"zoe", u"12",    u"ZOE ",    u"nube", u"-3",   u"\u00AD"};
+        switch (kind) {
+        case 0:
+            return number;
+        case 1:
+            return number * 0.25;
+        case 2:
+            return automation::Currency::fromScaled(number * 2500);
+        case 3:
+            return words[below(std::size(words))];
+        case 4:
+            return below(2) == 0;
+        case 5:
+            return Date(automation::Today().value() + number + (below(4) == 0 ? 0.5 : 0));
+        default:
+            return below(2) == 0 ? Variant() : Variant::null();
+        }
+    }
+
+    void fill(cMatriz& table) {
+        const auto base = static_cast<std::int32_t>(below(12)) - 8;
+        kind_ = below(6);
+        std::vector<Variant> values;
+        for (std::uint32_t i = 0, count = 1 + below(40); i < count; ++i)
+            values.push_back(value(kind_));
+        const std::uint32_t order = below(4);
+        if (order < 3)
+            std::sort(values.begin(), values.end(), [&](const Variant& a, const Variant& b) {
+                return tests::statedOrder(a, b, order != 0) < 0;
+            });
+        if (below(2) == 0) std::reverse(values.begin(), values.end());
+        if (below(3) == 0) values[below(static_cast<std::uint32_t>(values.size()))] = value(below(7));
+        table.Dimension2D(1, 1, base, base + static_cast<std::int32_t>(values.size()) - 1);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            table.Item(1, base + static_cast<std::int32_t>(i), values[i]);
+        table.TextCompare(below(3) != 0);
+    }
+
+    Variant sought() {
+        const Variant whole = value(below(4) == 0 ? below(7) : kind_);
+        if (below(3) != 0 || whole.isNull()) return whole;
+        const String text = automation::CStr(whole);
+        return text.left(below(static_cast<std::uint32_t>(text.length()) + 1)) + u" ";
+    }
+
+private:
+    std::mt19937 random_;
+    std::uint32_t kind_ = 0;
+};
+
 } // namespace
+
+TEST_F(cMatrizSearch_, RowsAreSoughtStepByStepInColumnsOfAnyKindAndOrder) {
+    RandomColumns columns(31);
+    for (int round = 0; round < 2000; ++round) {
+        columns.fill(*table);
+        const StatedSearch stated(*table);
+        for (int i = 0; i < 20; ++i) {
+            const Variant value = columns.sought();
+            for (const bool approximate : {false, true}) {
+                std::int32_t row = 77;
+                const bool found = table->SeekRow(value, 1, row, approximate);
+                ASSERT_EQ(stated.seek(value, approximate), std::pair(found, row))
+                    << tests::textOf(value) << " in " << text() << " from " << table->FirstRow()
+                    << (approximate ? ", approximately" : "") << (table->TextCompare() ? "" : ", by units");
+            }
+        }
+    }
+}
+
+TEST_F(cMatrizSearch_, RowsAreFoundStepByStepInColumnsOfAnyKind) {
+    RandomColumns columns(32);
+    for (int round = 0; round < 1000; ++round) {
+        columns.fill(*table);
+        if (table->FirstRow() <= 0 && table->LastRow() >= 0) continue; // row 0 means none
+        const StatedSearch stated(*table);
+        for (std::int32_t mode = 0; mode <= 7; ++mode)
+            for (const std::int32_t flag : {0, std::int32_t{tslMatrizFindCompareIgnoreCase}}) {
+                const Variant value = columns.sought();
+                ASSERT_EQ(stated.find(value, mode + flag), find(value, mode + flag))
+                    << tests::textOf(value) << " in " << text() << ", mode " << mode + flag
+                    << (table->TextCompare() ? "" : ", by units");
+            }
+    }
+}
+
+TEST_F(cMatrizSearch_, AnExactSearchThatFindsNothingGivesTheRowWhereItEnded) {
+    fillColumn({10, 20, 30, 40, 50, 60, 70});
+    EXPECT_EQ("not found, 1", seek(5));
+    EXPECT_EQ("not found, 1", seek(15)) << "the halves 4, 2, 1";
+    EXPECT_EQ("not found, 3", seek(25));
+    EXPECT_EQ("not found, 5", seek(45));
+    EXPECT_EQ("not found, 7", seek(99));
+}
+
+TEST_F(cMatrizSearch_, ProgramsAreGivenTheRowsOrLeaveThemOut) {
+    fill({{1, u"a"}, {2, u"b"}, {3, u"b"}});
+    std::int32_t row = 0, second = 0;
+    EXPECT_TRUE(automation::callMethod(*table, u"FindRow", u"b", 2, Variant::byRef(row)).asBoolean());
+    EXPECT_EQ(2, row);
+    EXPECT_TRUE(automation::callMethod(*table, u"FindRow", u"b", 2).asBoolean());
+    EXPECT_TRUE(automation::callMethod(*table, u"FindRow", u"B", 2, Variant::missing(), 256).asBoolean());
+    EXPECT_TRUE(automation::callMethod(*table, u"SeekRow", 3, 1, Variant::byRef(row)).asBoolean());
+    EXPECT_EQ(3, row);
+    EXPECT_FALSE(automation::callMethod(*table, u"SeekRow", 9, 1, Variant::missing(), true).asBoolean());
+    EXPECT_TRUE(
+        automation::callMethod(*table, u"CheckDuplicates", 2, Variant::byRef(row), Variant::byRef(second))
+            .asBoolean());
+    EXPECT_EQ(2, row);
+    EXPECT_EQ(3, second);
+    EXPECT_TRUE(automation::callMethod(*table, u"QSort", 1, 2).asBoolean());
+    EXPECT_EQ("3 b, 2 b, 1 a", text());
+    automation::callMethod(*table, u"SortOnColumn");
+    EXPECT_EQ("1 a, 2 b, 3 b", text());
+}
 
 TEST_F(cMatrizSearch_, TheFirstRowThatQualifiesIsFound) {
     fillColumn({5, 3, 7, 3, 9});
