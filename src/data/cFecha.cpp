@@ -133,13 +133,14 @@ String cFecha::DiaSemanaStr(Date& dDate, bool& lAbreviado) const {
 }
 
 Date cFecha::DomingoResurreccion(std::int32_t nYear) const {
+    const double endOfMarch = automation::DateSerial(nYear, 3, 31).value();
     const std::int32_t a = nYear - 1900;
     const std::int32_t b = a % 19;
     const std::int32_t c = (b * 7 + 1) / 19;
     const std::int32_t d = (b * 11 - c + 4) % 29;
     const std::int32_t e = a / 4;
     const std::int32_t f = (a + e - d + 31) % 7;
-    return Date(automation::DateSerial(nYear, 3, 31).value() + 25 - d - f);
+    return Date(endOfMarch + 25 - d - f);
 }
 
 const automation::ClassTable& cFecha::table() {

@@ -4,6 +4,7 @@
 #include "automation/LateBound.h"
 #include "data/cFecha.h"
 #include "support/Desk.h"
+#include "support/ErrorOf.h"
 #include "support/MemberNames.h"
 #include "support/MsgBoxAnswer.h"
 #include "support/Started.h"
@@ -266,6 +267,22 @@ TEST_F(cFecha_, EasterOf1900To2099) {
         const int month = (h + l - 7 * m + 114) / 31, day = (h + l - 7 * m + 114) % 31 + 1;
         EXPECT_EQ(Date::join(year, month, day), fecha->DomingoResurreccion(year)) << year;
     }
+}
+
+TEST_F(cFecha_, YearsThatThereAreNotHaveNoEaster) {
+    for (const std::int32_t year : {10000, 2147483647, -2147483647 - 1})
+        EXPECT_EQ(automation::errors::InvalidCall, tests::errorOf([&] { fecha->DomingoResurreccion(year); }))
+            << year;
+}
+
+TEST_F(cFecha_, PartsThatMakeNoDateAreErrorsAndLeaveTheValue) {
+    const Date before = fecha->Mk_Date(1, 2, 2003);
+    const std::int32_t most = 2147483647;
+    EXPECT_NE(0, tests::errorOf([&] { fecha->Mk_Date(1, 1, most); }));
+    EXPECT_NE(0, tests::errorOf([&] { fecha->Mk_Date(1, most, 2000); }));
+    EXPECT_NE(0, tests::errorOf([&] { fecha->Mk_Date(-most, 1, 2000); }));
+    EXPECT_NE(0, tests::errorOf([&] { fecha->Mk_Time(most, most, most); }));
+    EXPECT_EQ(before, fecha->Value());
 }
 
 TEST_F(cFecha_, ANewOneStartsTheLibrary) {
