@@ -11,6 +11,12 @@ using automation::Variant;
 
 namespace {
 
+/// A number so many after another; it stops at the end of a Long.
+std::int32_t after(std::int32_t first, std::int32_t steps) {
+    const std::int64_t number = std::int64_t{first} + steps;
+    return static_cast<std::int32_t>(std::min(number, std::int64_t{cMatriz::highestLong}));
+}
+
 /// Pixels for the text of a cell; what has no text takes the least.
 std::int32_t widthFor(const Variant& cell) {
     constexpr std::int32_t pixelsPerCharacter = 8, ofNull = 10, least = 12, most = 100;
@@ -42,10 +48,12 @@ String captionFor(const cMatriz& table) {
 automation::Ref<cMatriz> numberedCopy(const cMatriz& table) {
     auto copy = automation::make<cMatriz>();
     copy->Dimension2D(1, table.Cols() + 1, 1, table.Rows());
+    const automation::Array cells = table.GetArray(); // row after row
+    std::size_t place = 0;
     for (std::int32_t row = 0; row < table.Rows(); ++row) {
-        copy->Item(1, row + 1, table.FirstRow() + row);
+        copy->Item(1, row + 1, after(table.FirstRow(), row));
         for (std::int32_t col = 0; col < table.Cols(); ++col)
-            copy->Item(col + 2, row + 1, table.Item(table.FirstCol() + col, table.FirstRow() + row));
+            copy->Item(col + 2, row + 1, cells.element(place++));
     }
     return copy;
 }
@@ -61,7 +69,7 @@ TableView viewOf(const cMatriz& table) {
     for (std::int32_t col = 0; col < table.Cols(); ++col) {
         const Variant first = view.data->Item(col + 2, 1);
         view.columns.push_back(
-            {u"Col #" + automation::textOf(table.FirstCol() + col), widthFor(first), typeFor(first)});
+            {u"Col #" + automation::textOf(after(table.FirstCol(), col)), widthFor(first), typeFor(first)});
     }
     return view;
 }

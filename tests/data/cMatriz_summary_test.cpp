@@ -184,6 +184,13 @@ TEST_F(cMatrizSummary_, EachNullIsAGroupOfItsOwnAndMixedTypesCompareAsTheHostDoe
         << "Empty is equal to 0 and to the empty text";
 }
 
+TEST_F(cMatrizSummary_, ANullMakesTheTotalOfItsGroupNull) {
+    fill({{u"b", 1}, {u"a", Variant::null()}, {u"b", 2}, {u"a", 5}});
+    EXPECT_EQ("3 b, Null a", grouped(Array::of({2}), Array::of({1})));
+    fill({{u"b", 1.25}, {u"b", Date(2)}, {u"b", true}});
+    EXPECT_EQ("01/01/1900 6:00:00 b", grouped(Array::of({2}), Array::of({1}))) << "a date stays one";
+}
+
 TEST_F(cMatrizSummary_, AFailureEndsTheGroupingWithWhatWasReached) {
     fill({{u"b", 1}, {u"a", u"x"}, {u"b", 3}});
     EXPECT_EQ("1 b, 0 a", grouped(Array::of({2}), Array::of({1})));
@@ -242,6 +249,14 @@ TEST_F(cMatrizSummary_, AViewHasTheRowNumbersInFrontAndAColumnForEachOther) {
         EXPECT_EQ(columns[i].type, view.columns[i + 1].type) << i;
     }
     EXPECT_EQ("2x5 from 20,10", shape());
+}
+
+TEST_F(cMatrizSummary_, AViewOfTheHighestNumbersHasAllCells) {
+    fill({{1, u"a"}, {2, u"b"}});
+    table->SetFirstIndex(cMatriz::highestLong, cMatriz::highestLong);
+    const TableView view = viewOf(*table);
+    EXPECT_EQ("2147483647 1 a, 2147483647 2 b", tests::textOf(*view.data));
+    EXPECT_EQ("Col #2147483647", view.columns[2].header.utf8());
 }
 
 TEST_F(cMatrizSummary_, LongTextsAndValuesWithoutTextHaveTheirLimits) {
