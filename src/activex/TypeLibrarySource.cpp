@@ -105,8 +105,13 @@ std::string defaultText(const Parameter& parameter) {
     }
 }
 
+bool isArray(const Parameter& parameter) {
+    return (parameter.type.tag & automation::VT_ARRAY) != 0;
+}
+
+/// An array is a variable of the caller's even where it is only read: programs have no others.
 std::string attributes(const Parameter& parameter) {
-    std::string result = parameter.byReference ? "in, out" : "in";
+    std::string result = parameter.byReference || isArray(parameter) ? "in, out" : "in";
     if (!parameter.optional) return result;
     result += ", optional";
     const std::string value = defaultText(parameter);
@@ -116,8 +121,8 @@ std::string attributes(const Parameter& parameter) {
 
 std::string parameterText(const Parameter& parameter) {
     if (parameter.parameterArray) return "[in, out] SAFEARRAY(VARIANT)* " + identifier(parameter.name);
-    // Records travel by reference only.
-    const bool pointer = parameter.byReference || parameter.type.record;
+    // Records and arrays travel by reference only.
+    const bool pointer = parameter.byReference || isArray(parameter) || parameter.type.record;
     return "[" + attributes(parameter) + "] " + typeName(parameter.type) + (pointer ? "* " : " ") +
            identifier(parameter.name);
 }

@@ -197,7 +197,8 @@ Parameter parameterOf() {
     return parameter;
 }
 
-/// Builds a table member by member; `defaultMember`, `hidden`, `help` and `id` speak of the last one.
+/// Builds a table member by member; `defaultMember`, `hidden`, `elements`, `help` and `id` speak of the last
+/// one.
 template <class C>
 class ClassTable::Builder {
 public:
@@ -294,6 +295,15 @@ public:
             member->hidden = true;
         return *this;
     }
+    /// Arrays that the last member takes or gives have elements of this type; they are Variants otherwise.
+    Builder& elements(VARTYPE type) {
+        for (Member* member : lastNamed()) {
+            setElements(member->result, type);
+            for (Parameter& parameter : member->parameters)
+                if (!parameter.parameterArray) setElements(parameter.type, type);
+        }
+        return *this;
+    }
     /// Help for the last member, or for the class before the first one.
     Builder& help(const char* text) {
         if (table_.members_.empty()) table_.help_ = String::fromUtf8(text);
@@ -326,6 +336,9 @@ private:
         table_.describe(member, names, {parameterOf<A>()...});
         table_.add(std::move(member));
         return *this;
+    }
+    static void setElements(TypeDescription& description, VARTYPE type) {
+        if (description.tag & VT_ARRAY) description.tag = static_cast<VARTYPE>(VT_ARRAY | type);
     }
     /// The last member and its other kinds just before it.
     std::vector<Member*> lastNamed() {

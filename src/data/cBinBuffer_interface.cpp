@@ -13,6 +13,7 @@ const automation::ClassTable& cBinBuffer::table() {
             .method("Resize", &cBinBuffer::Resize, {"nNewSize", optional("lResetPosition", true)})
             .property("BufferOk", &cBinBuffer::BufferOk, &cBinBuffer::BufferOk)
             .property("Raw", &cBinBuffer::Raw, &cBinBuffer::Raw)
+            .elements(automation::VT_UI1)
             .property("RawByte", &cBinBuffer::RawByte, &cBinBuffer::RawByte, {"nIndex"})
             .property("CurrentAddress", &cBinBuffer::CurrentAddress, &cBinBuffer::CurrentAddress)
             .get("EndOfBuffer", &cBinBuffer::EndOfBuffer)
@@ -30,6 +31,7 @@ const automation::ClassTable& cBinBuffer::table() {
             .method("WriteString", &cBinBuffer::WriteString, {"cTexto", "nLongitud"})
             .method("WriteBinary", &cBinBuffer::WriteBinary,
                     {"aBinArray", optional("nPrimero"), optional("nContador")})
+            .elements(automation::VT_UI1)
             .method("WriteBuffer", &cBinBuffer::WriteBuffer,
                     {"oOtroBinBuffer", optional("nPrimero"), optional("nContador")})
             .method("ReadNumber", &cBinBuffer::ReadNumber, {"nNumero", "nBytes", optional("lBigEndian")})
@@ -44,6 +46,7 @@ const automation::ClassTable& cBinBuffer::table() {
             .method("ReadSmallDateTime", &cBinBuffer::ReadSmallDateTime, {"xFecha", optional("lBigEndian")})
             .method("ReadString", &cBinBuffer::ReadString, {"cTexto", "nLongitud"})
             .method("ReadBinary", &cBinBuffer::ReadBinary, {"aBinArray", optional("nBytes")})
+            .elements(automation::VT_UI1)
             .method("ReadBuffer", &cBinBuffer::ReadBuffer, {"oOtroBinBuffer", optional("nBytes")})
             .method("Dump", &cBinBuffer::Dump, {optional("nStartAddress"), optional("nBytesToDump")})
             .method("ToString", &cBinBuffer::ToString, {optional("nStartAddress"), optional("nBytesToDump")})

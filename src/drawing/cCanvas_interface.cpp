@@ -108,10 +108,15 @@ void shapes(Builder& table) {
                 {"nLeft", "nTop", "nRight", "nBottom", "nXStart", "nYStart", "nXEnd", "nYEnd"})
         .method("Arco", &cCanvas::Arco, {"nLeft", "nTop", "nRight", "nBottom", "nStartAngle", "nEndAngle"})
         .method("Polygon", Vertices(&cCanvas::Polygon), {"nVertices", "aXCoord", "aYCoord"})
+        .elements(automation::VT_I4)
         .method("Polyline", Vertices(&cCanvas::Polyline), {"nVertices", "aXCoord", "aYCoord"})
+        .elements(automation::VT_I4)
         .method("PolylineTo", Vertices(&cCanvas::PolylineTo), {"nVertices", "aXCoord", "aYCoord"})
+        .elements(automation::VT_I4)
         .method("PolyBezier", Vertices(&cCanvas::PolyBezier), {"nVertices", "aXCoord", "aYCoord"})
+        .elements(automation::VT_I4)
         .method("PolyBezierTo", Vertices(&cCanvas::PolyBezierTo), {"nVertices", "aXCoord", "aYCoord"})
+        .elements(automation::VT_I4)
         .method("DrawTriangle", &cCanvas::DrawTriangle,
                 {"nX", "nY", "nScanLines", "nRGB", optional("nAngle", Long{270})});
 }
@@ -153,6 +158,7 @@ void text(Builder& table) {
         .method("GetTextExtent", &cCanvas::GetTextExtent, {"cText", "nWidth", "nHeight"})
         .method("GetTextFitInExtent", Fit(&cCanvas::GetTextFitInExtent),
                 {"cText", "nMaxExtent", "aWidths", optional("nWidth"), optional("nHeight")})
+        .elements(automation::VT_I4)
         .property("TextAlign", static_cast<TextAlignConstants (cCanvas::*)() const>(&cCanvas::TextAlign),
                   static_cast<void (cCanvas::*)(TextAlignConstants)>(&cCanvas::TextAlign))
         .method("SetTextJustify", &cCanvas::SetTextJustify, {"nExtraDots", "nEspacios"})
@@ -197,6 +203,7 @@ void pictures(Builder& table) {
         .method("BitMap2Picture", &cCanvas::BitMap2Picture,
                 {optional("hBitmap"), optional("hPalette"), optional("nType")})
         .method("Bytes2Picture", &cCanvas::Bytes2Picture, {"aBytes"})
+        .elements(automation::VT_UI1)
         .method("GetResPicture", &cCanvas::GetResPicture,
                 {"xResourceID", optional("nType", Long{1}), optional("nHInstance")})
         .method("GetSysPicture", &cCanvas::GetSysPicture, {"nID", optional("nType")})

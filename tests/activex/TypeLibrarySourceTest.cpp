@@ -46,6 +46,19 @@ TEST(TypeLibrarySource, StatesKindsDefaultsAndReferences) {
     EXPECT_TRUE(has("propputref] void Canvas([in] _cCanvas* Valor)"));
 }
 
+TEST(TypeLibrarySource, TellsTheElementsOfArraysWhichAreVariablesOfTheCaller) {
+    EXPECT_TRUE(has("propget] SAFEARRAY(unsigned char) Raw()"));
+    EXPECT_TRUE(has("VARIANT_BOOL WriteBinary([in, out] SAFEARRAY(unsigned char)* aBinArray, "));
+    EXPECT_TRUE(has("VARIANT_BOOL ReadBinary([in, out] SAFEARRAY(unsigned char)* aBinArray, "));
+    EXPECT_TRUE(has("Picture* Bytes2Picture([in, out] SAFEARRAY(unsigned char)* aBytes)"));
+    EXPECT_TRUE(has("long Polygon([in] long nVertices, [in, out] SAFEARRAY(long)* aXCoord, "
+                    "[in, out] SAFEARRAY(long)* aYCoord)"));
+    EXPECT_TRUE(has("[in, out] SAFEARRAY(long)* aWidths"));
+    EXPECT_TRUE(has("VARIANT_BOOL DataFromArray([in, out] SAFEARRAY(VARIANT)* aNew)"));
+    EXPECT_TRUE(has("SAFEARRAY(VARIANT) GetArray()"));
+    EXPECT_TRUE(has("void AddRow([in, out] SAFEARRAY(VARIANT)* aRow)"));
+}
+
 TEST(TypeLibrarySource, TellsEnumerationsWithTheirValuesEvenThoseNoMemberNames) {
     EXPECT_TRUE(
         has("enum tslSchemeConstants {\n        tslSchemeUseActual = 0,\n        tslSchemeUseAmbient = 1,"));

@@ -110,7 +110,8 @@ std::string words(const TypeDescription& type) {
 
 std::string words(const Parameter& parameter) {
     if (parameter.parameterArray) return "ref array of VARIANT";
-    const bool reference = parameter.byReference || parameter.type.record;
+    const bool reference =
+        parameter.byReference || parameter.type.record || (parameter.type.tag & VT_ARRAY) != 0;
     return (reference ? "ref " : "") + words(parameter.type);
 }
 
@@ -153,7 +154,7 @@ void compareParameters(::ITypeInfo& type, const Function& function,
         EXPECT_EQ(words(type, element.tdesc), words(parameters[i]));
         EXPECT_EQ((element.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0, parameters[i].optional);
         EXPECT_EQ((element.paramdesc.wParamFlags & PARAMFLAG_FOUT) != 0,
-                  parameters[i].byReference || parameters[i].parameterArray);
+                  parameters[i].byReference || (parameters[i].type.tag & VT_ARRAY) != 0);
         if (parameters[i].optional) compareDefault(parameters[i], element.paramdesc);
         // Names are kept without regard to their case, and that of a new value is not given.
         if (!writes && i + 1 < texts.size()) {
