@@ -143,12 +143,13 @@ void MetafilePlayer::drawEllipse(RecordReader& reader) {
         return;
     }
     constexpr int corners = 120;
+    const double radiusX = (box.right - 1.0 - box.left) / 2;
+    const double radiusY = (box.bottom - 1.0 - box.top) / 2;
     std::vector<POINT> points;
     for (int i = 0; i < corners; ++i) {
         const double angle = 2 * std::numbers::pi * i / corners;
         points.push_back(
-            toTarget((box.left + box.right - 1) / 2.0 + (box.right - 1 - box.left) / 2.0 * std::cos(angle),
-                     (box.top + box.bottom - 1) / 2.0 + (box.bottom - 1 - box.top) / 2.0 * std::sin(angle)));
+            toTarget(box.left + radiusX * (1 + std::cos(angle)), box.top + radiusY * (1 + std::sin(angle))));
     }
     Polygon(dc_, points.data(), corners);
 }

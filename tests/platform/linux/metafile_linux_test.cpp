@@ -222,6 +222,22 @@ TEST(CraftedMetafile, NumbersWithoutBoundsAreHeldOnTheSheet) {
     EXPECT_EQ(canvas.at(99, 99), red) << "the context is as it was";
 }
 
+TEST(CraftedMetafile, TurnedShapesWithoutBoundsAreHeldOnTheSheet) {
+    constexpr DWORD one = 0x3F800000;
+    constexpr DWORD minusOne = 0xBF800000;
+    const Canvas canvas(100, 100);
+    const auto before = driver::handleCount();
+    Crafted crafted;
+    crafted.record(35, {0, one, minusOne, 0, 0, 0});
+    for (const DWORD shape : {42u, 43u, 44u})
+        crafted.record(shape, {0x84848484, 0x84848484, 0xF8000001, 0xF8000001, 4, 4})
+            .record(shape, {0x7FFFFFFF, 0x80000000, 0x80000000, 0x7FFFFFFF, 0x80000000, 0x7FFFFFFF});
+    play(crafted, canvas);
+    EXPECT_EQ(driver::handleCount(), before) << driver::describeHandles();
+    canvas.set(99, 99, red);
+    EXPECT_EQ(canvas.at(99, 99), red) << "the context is as it was";
+}
+
 // The system plays these with other pixels at some sizes of the screen.
 
 TEST(MetafilePlayed, ShapesInPensAndBrushesLookAsDrawn) {
