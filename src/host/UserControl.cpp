@@ -75,11 +75,12 @@ void UserControl::enter(ControlSite& newSite, DrawingWindow* container, platform
         own.height = bounds().height > 0 ? bounds().height : DefaultHeight;
     }
     Control::enter(newSite, container, parent, own);
-    constexpr platform::DWORD Style =
-        platform::WS_CHILD | platform::WS_CLIPSIBLINGS | platform::WS_CLIPCHILDREN | platform::WS_TABSTOP;
+    const platform::DWORD style = platform::WS_CHILD | platform::WS_CLIPSIBLINGS | platform::WS_CLIPCHILDREN |
+                                  (canGetFocus() ? platform::WS_TABSTOP : 0) |
+                                  (enabled_ ? 0 : platform::WS_DISABLED);
     const platform::RECT pixels = own.pixels();
-    makeWindow("TeselaHostControl", Style | (enabled_ ? 0 : platform::WS_DISABLED), 0,
-               {pixels.left, pixels.top}, {pixels.right - pixels.left, pixels.bottom - pixels.top}, parent);
+    makeWindow("TeselaHostControl", style, 0, {pixels.left, pixels.top},
+               {pixels.right - pixels.left, pixels.bottom - pixels.top}, parent);
 }
 
 void UserControl::leave() {

@@ -162,7 +162,7 @@ void ContainerSite::setOwnValue(ExtenderValue which, const Variant& value) {
         owner_.show(automation::fromVariant<bool>(value));
         return;
     case ExtenderValue::TabStop:
-        tabStop_ = automation::fromVariant<bool>(value);
+        setTabStop(automation::fromVariant<bool>(value));
         return;
     case ExtenderValue::ToolTipText:
         toolTipText_ = automation::fromVariant<automation::String>(value);
@@ -176,6 +176,15 @@ void ContainerSite::setOwnValue(ExtenderValue which, const Variant& value) {
     default:
         automation::throwError(automation::errors::MemberNotSupported);
     }
+}
+
+/// The mark on the window is for containers that are dialogs.
+void ContainerSite::setTabStop(bool value) {
+    tabStop_ = value;
+    const ::HWND window = native(owner_.control().window());
+    const ::LONG others = ::GetWindowLongW(window, GWL_STYLE) & ~WS_TABSTOP;
+    const bool stops = value && owner_.control().canGetFocus();
+    ::SetWindowLongW(window, GWL_STYLE, others | (stops ? WS_TABSTOP : 0));
 }
 
 void ContainerSite::move(float left, float top, float width, float height) {

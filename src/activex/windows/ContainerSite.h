@@ -41,6 +41,7 @@ private:
     automation::Ref<automation::Object> extended() const;
     automation::Variant ownValue(host::ExtenderValue which) const;
     void setOwnValue(host::ExtenderValue which, const automation::Variant& value);
+    void setTabStop(bool value);
     template <class F>
     bool inExtended(const F& action) const;
 

@@ -131,6 +131,8 @@ private:
     ::HRESULT activateInPlace(const ::RECT* place);
     ::HRESULT activateUi();
     void load(host::PropertyBag& bag);
+    ::SIZEL storedSize(const host::PropertyBag& bag) const;
+    static bool isPossible(const ::SIZEL& himetric);
     host::PropertyBag saved();
     void applySize(const ::SIZEL& himetric);
     ::SIZEL himetricSize() const;

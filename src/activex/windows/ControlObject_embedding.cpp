@@ -109,11 +109,16 @@ void ControlObject::applySize(const ::SIZEL& himetric) {
     control_->applyBounds(bounds);
 }
 
+bool ControlObject::isPossible(const ::SIZEL& himetric) {
+    constexpr ::LONG most = 1'000'000; // ten metres
+    const auto inside = [](::LONG side) { return side >= 0 && side <= most; };
+    return inside(himetric.cx) && inside(himetric.cy);
+}
+
 ::HRESULT ControlObject::SetExtent(DWORD aspect, ::SIZEL* size) {
     if (!size) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-    constexpr ::LONG most = 1'000'000; // ten metres
-    if (size->cx < 0 || size->cy < 0 || size->cx > most || size->cy > most) return E_INVALIDARG;
+    if (!isPossible(*size)) return E_INVALIDARG;
     return guarded([&]() -> ::HRESULT {
         applySize(*size);
         return S_OK;

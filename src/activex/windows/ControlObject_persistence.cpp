@@ -74,15 +74,25 @@ std::string readText(::IStream& stream) {
     });
 }
 
+/// The size that the bag states; the present one where it states none or one that no control can have.
+::SIZEL ControlObject::storedSize(const host::PropertyBag& bag) const {
+    const ::SIZEL own = himetricSize();
+    try {
+        const auto side = [&](const char16_t* name, ::LONG present) {
+            const Variant value = bag.ReadProperty(name, static_cast<std::int32_t>(present));
+            return static_cast<::LONG>(automation::fromVariant<std::int32_t>(value));
+        };
+        const ::SIZEL size{side(extentX, own.cx), side(extentY, own.cy)};
+        return isPossible(size) ? size : own;
+    } catch (const automation::Error&) {
+        return own;
+    }
+}
+
 /// The size first, which a control whose height follows its width needs, and again when all is read: on the
 /// way properties may have changed it.
 void ControlObject::load(host::PropertyBag& bag) {
-    const ::SIZEL own = himetricSize();
-    const auto side = [&](const char16_t* name, ::LONG present) {
-        const Variant value = bag.ReadProperty(name, static_cast<std::int32_t>(present));
-        return static_cast<::LONG>(automation::fromVariant<std::int32_t>(value));
-    };
-    ::SIZEL size{side(extentX, own.cx), side(extentY, own.cy)};
+    ::SIZEL size = storedSize(bag);
     check(SetExtent(DVASPECT_CONTENT, &size));
     control_->readProperties(bag);
     check(SetExtent(DVASPECT_CONTENT, &size));

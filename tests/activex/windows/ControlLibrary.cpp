@@ -109,6 +109,14 @@ Variant get(::IDispatch& object, const wchar_t* name) {
     return call(object, name).value;
 }
 
+ComPointer<::IFont> fontOf(::IDispatch& control) {
+    SystemValue value;
+    ::DISPPARAMS none{};
+    control.Invoke(memberId(control, L"Font"), IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &value, nullptr,
+                   nullptr);
+    return ComPointer<::IFont>::of(value.pdispVal);
+}
+
 ::VARIANT text(const wchar_t* value) {
     static std::deque<SystemValue> kept;
     SystemValue& holder = kept.emplace_back();

@@ -61,6 +61,8 @@ Answer call(::IDispatch& object, ::DISPID id, WORD flags, ::DISPPARAMS parameter
 Answer put(::IDispatch& object, const wchar_t* name, const ::VARIANT& value,
            WORD kind = DISPATCH_PROPERTYPUT);
 Variant get(::IDispatch& object, const wchar_t* name);
+/// The system's font object of a control.
+ComPointer<::IFont> fontOf(::IDispatch& control);
 
 // Values of the system; texts and objects belong to a list that is freed at the end of the program.
 ::VARIANT text(const wchar_t* value);

@@ -1,8 +1,8 @@
 // Controls in containers.
 
+#include "activex/windows/Bag.h"
 #include "activex/windows/Container.h"
 #include "activex/windows/ControlObject.h"
-#include "activex/windows/Counted.h"
 
 #include <gtest/gtest.h>
 
@@ -11,29 +11,13 @@
 namespace {
 
 using activex::ComPointer;
+using support::Bag;
 using support::ContainerWindow;
 using support::Site;
 using support::SystemValue;
 
 constexpr ::RECT firstPlace{10, 20, 130, 44};
 constexpr ::RECT secondPlace{10, 60, 130, 84};
-
-/// A property bag of a program.
-class Bag final : public activex::Counted<::IPropertyBag> {
-public:
-    std::map<std::wstring, automation::Variant> values;
-
-    ::HRESULT STDMETHODCALLTYPE Read(::LPCOLESTR name, ::VARIANT* value, ::IErrorLog*) override {
-        const auto found = values.find(name);
-        if (found == values.end()) return E_INVALIDARG;
-        activex::toSystem(found->second, *value);
-        return S_OK;
-    }
-    ::HRESULT STDMETHODCALLTYPE Write(::LPCOLESTR name, ::VARIANT* value) override {
-        values[name] = activex::fromSystem(*value);
-        return S_OK;
-    }
-};
 
 class Controls : public ::testing::Test {
 protected:
@@ -200,18 +184,9 @@ TEST(Extents, AreRightAtEachResolution) {
 
 // Saving
 
-/// The system's font object of a control.
-ComPointer<::IFont> fontOf(const Site& site) {
-    SystemValue value;
-    ::DISPPARAMS none{};
-    site.control().Invoke(support::memberId(site.control(), L"Font"), IID_NULL, 0, DISPATCH_PROPERTYGET,
-                          &none, &value, nullptr, nullptr);
-    return ComPointer<::IFont>::of(value.pdispVal);
-}
-
 bool isItalic(const Site& site) {
     BOOL italic = FALSE;
-    fontOf(site)->get_Italic(&italic);
+    support::fontOf(site.control())->get_Italic(&italic);
     return italic != FALSE;
 }
 
@@ -236,7 +211,7 @@ protected:
         support::put(label.control(), L"Caption", support::text(L"Año \"nuevo\" €"));
         support::put(label.control(), L"BackColor", support::number(255));
         support::put(label.control(), L"Alias", support::text(L"clientes"));
-        fontOf(label)->put_Italic(TRUE);
+        support::fontOf(label.control())->put_Italic(TRUE);
         support::put(label.control(), L"AutoSize", support::number(0));
         ::SIZEL size{5080, 1270};
         label.as<::IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
@@ -354,41 +329,6 @@ TEST_F(Controls, TakeUnknownVerbsAndMissingPointersWithoutHarm) {
     EXPECT_EQ(field.as<::IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr,
                                               nullptr, nullptr, nullptr, 0),
               E_INVALIDARG);
-}
-
-// The system's own container
-
-using AtlWindow = BOOL WINAPI();
-using AtlAttach = ::HRESULT WINAPI(::IUnknown*, ::HWND, ::IUnknown**);
-
-TEST(SystemContainer, HoldsControlsInAWindowOfItsOwn) {
-    const ::HMODULE system = ::LoadLibraryW(L"atl100.dll");
-    ASSERT_NE(system, nullptr);
-    const auto function = [&](const char* name) {
-        return reinterpret_cast<void*>(::GetProcAddress(system, name));
-    };
-    ASSERT_TRUE(reinterpret_cast<AtlWindow*>(function("AtlAxWinInit"))());
-    const ContainerWindow window;
-    for (const activex::ExportedClass& each : activex::exportedClasses()) {
-        if (!each.isControl) continue;
-        SCOPED_TRACE(each.table().name().utf8());
-        const ::HWND host = ::CreateWindowExW(0, L"AtlAxWin100", L"", WS_CHILD | WS_VISIBLE, 8, 8, 160, 40,
-                                              window.handle(), nullptr, nullptr, nullptr);
-        ASSERT_NE(host, nullptr);
-        auto control = support::create(each.table().name());
-        ComPointer<::IUnknown> container;
-        ASSERT_EQ(reinterpret_cast<AtlAttach*>(function("AtlAxAttachControl"))(control.get(), host,
-                                                                               container.out()),
-                  S_OK);
-        ::HWND own = nullptr;
-        ASSERT_EQ(ComPointer<::IOleInPlaceObject>::of(control.get())->GetWindow(&own), S_OK);
-        EXPECT_EQ(::GetParent(own), host);
-        EXPECT_TRUE(::IsWindowVisible(own));
-        container.reset();
-        control.reset();
-        ::DestroyWindow(host);
-        EXPECT_FALSE(::IsWindow(own));
-    }
 }
 
 } // namespace

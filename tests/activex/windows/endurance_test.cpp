@@ -20,10 +20,10 @@ using support::SystemValue;
 /// that take the address of memory.
 bool reachesOut(const Member& member) {
     static const std::set<std::string> names{
-        "PlayAction",  "KeyDown",      "KeyUp",         "KeyPress",        "CapsState",      "NumsState",
-        "ScrollState", "InsertState",  "FOpen",         "FWrite",          "FRead",          "SetFileTimes",
-        "Start",       "WriteLog",     "Clear",         "CopyToClipboard", "CurrentAddress", "WriteBuffer",
-        "ReadBuffer",  "GlobalCtlCfg", "SetFocusToCtl", "ShowCaret",       "HideCaret"};
+        "PlayAction",  "KeyDown",       "KeyUp",        "KeyPress",      "CapsState",       "NumsState",
+        "ScrollState", "InsertState",   "FOpen",        "FWrite",        "FRead",           "SetFileTimes",
+        "Start",       "SetVBSysColor", "WriteLog",     "Clear",         "CopyToClipboard", "CurrentAddress",
+        "WriteBuffer", "ReadBuffer",    "GlobalCtlCfg", "SetFocusToCtl", "ShowCaret",       "HideCaret"};
     return names.count(member.name.utf8()) != 0;
 }
 
