@@ -14,7 +14,6 @@ using activex::ComPointer;
 using support::Bag;
 using support::ContainerWindow;
 using support::Site;
-using support::SystemValue;
 
 constexpr ::RECT firstPlace{10, 20, 130, 44};
 constexpr ::RECT secondPlace{10, 60, 130, 84};

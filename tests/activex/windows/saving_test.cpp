@@ -11,7 +11,6 @@ namespace {
 
 using activex::ComPointer;
 using automation::Variant;
-using support::Bag;
 using support::storedTexts;
 
 template <class I>
