@@ -30,6 +30,8 @@ set_source_files_properties(${made}/TeselaCtl.rc PROPERTIES OBJECT_DEPENDS ${mad
 
 add_library(TeselaCtl SHARED ${folder}/TeselaCtl.def ${made}/TeselaCtl.rc)
 set_target_properties(TeselaCtl PROPERTIES PREFIX "" SUFFIX .ocx LINKER_LANGUAGE CXX)
-target_link_libraries(TeselaCtl PRIVATE -Wl,--whole-archive tesela_activex -Wl,--no-whole-archive)
-target_link_options(TeselaCtl PRIVATE -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
+target_link_libraries(TeselaCtl PRIVATE tesela_activex)
+# One of the exported functions brings in the others, which bring in what they need and no more.
+target_link_options(TeselaCtl PRIVATE -Wl,-u,$<IF:$<EQUAL:${bits},32>,_DllCanUnloadNow@0,DllCanUnloadNow>
+    -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
 add_dependencies(TeselaCtl tesela_interface_source)

@@ -1,6 +1,6 @@
 ' The same loop over a table's cell and over a dictionary's item, in turn; the medians' ratio.
 Option Explicit
-Const Rounds = 9, Calls = 20000
+Const Rounds = 9, Calls = 60000
 Dim tabla, diccionario, ours(8), theirs(8), i
 Set tabla = CreateObject("TeselaControls_basicos.cMatriz")
 Set diccionario = CreateObject("Scripting.Dictionary")
