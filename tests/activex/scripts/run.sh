@@ -45,7 +45,7 @@ awk '/^ *dispinterface __/ { class = "" }
     name = $0
     gsub(/"[^"]*"/, "", name)
     sub(/^ *\[[^]]*\] /, "", name)
-    sub(/^SAFEARRAY\([A-Za-z]*\)/, "", name)
+    sub(/^SAFEARRAY\([^)]*\)/, "", name)
     sub(/\(.*/, "", name)
     sub(/.*[ *]/, "", name)
     print "right", class, kind, name
