@@ -172,7 +172,7 @@ void get::paste() {
 /// A pasted number with no more digits than its mask has.
 String get::cutToDigits(const String& text) const {
     const Globales& g = globales();
-    const String clean = filterNumber({text.replaced(g.cSepMiles, u""), 0}, g.cSepDecimal).text;
+    const String clean = FiltrarTexto({text.replaced(g.cSepMiles, u""), 0}).text;
     const std::size_t separator = g.cSepDecimal.empty() ? String::npos : clean.find(g.cSepDecimal);
     const String integers = clean.left(std::min(separator, clean.length()));
     const std::size_t sign = !integers.empty() && isSign(integers[0]);
@@ -340,13 +340,11 @@ std::optional<get::Place> get::placeFor(char16_t character) {
     if (hasTextMask() && (static_cast<std::size_t>(nCaret) >= cMascaraFocus.length() ||
                           !maskTakes(cMascaraFocus[static_cast<std::size_t>(nCaret)], character)))
         return std::nullopt;
+    if (isNumber()) deriveNumberMask(); // which may make the text another one
     Place place{{}, nCaret, nCaret};
     if (isPlain() && hasSelection()) std::tie(place.from, place.to) = selection();
     if (isDate() && isSign(character) && nCaret == 0) place.to = length(); // a relative date begins
-    if (isNumber()) {
-        deriveNumberMask();
-        if (!fitsNumber(character, place.from, place.to)) return std::nullopt;
-    }
+    if (isNumber() && !fitsNumber(character, place.from, place.to)) return std::nullopt;
     place.text = cTexto.string();
     if (!makeRoom(place)) return std::nullopt;
     return place;

@@ -103,10 +103,18 @@ String get::blankTemplate() const {
     return automation::Format(elevens, cMascara).replaced(u"1", u" ");
 }
 
+/// The zero before a separator at the beginning is left out where MaxLength has no room for it.
 TypedText get::FiltrarTexto(const TypedText& typed) const {
-    if (isNumber()) return filterNumber(typed, globales().cSepDecimal);
+    if (isNumber()) {
+        const String& separator = globales().cSepDecimal;
+        const TypedText filtered = filterNumber(typed, separator);
+        const bool grown = filtered.text.length() > typed.text.length();
+        const bool fits = nMaxLength <= 0 || filtered.text.length() <= static_cast<std::size_t>(nMaxLength);
+        return fits || !grown ? filtered : filterNumber(typed, separator, LeadingZero::No);
+    }
     if (isDate()) return filterDate(typed, globales().cSepFecha);
-    return {inCase(typed.text, nMayusculas), typed.caret};
+    const String cased = inCase(typed.text, nMayusculas);
+    return {hasTextMask() ? withLiterals(cased, typed.text, cMascaraFocus) : cased, typed.caret};
 }
 
 /// Without a mask the one of the focus.

@@ -106,6 +106,13 @@ String stripMask(std::u16string_view text, std::u16string_view mask) {
     return result;
 }
 
+String withLiterals(std::u16string_view text, std::u16string_view original, std::u16string_view mask) {
+    std::u16string result(text);
+    for (std::size_t i = 0; i < std::min({result.size(), original.size(), mask.size()}); ++i)
+        if (!isMaskInput(mask[i])) result[i] = original[i];
+    return result;
+}
+
 std::pair<String, String> splitMasks(const String& masks) {
     const std::size_t mark = masks.find(pairMark);
     if (mark == String::npos) return {masks, masks};

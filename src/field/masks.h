@@ -24,6 +24,10 @@ bool maskTakes(char16_t maskCharacter, char16_t character);
 /// text that equals the literal at its place is used up by it.
 automation::String fillMask(std::u16string_view text, std::u16string_view mask);
 
+/// The text with the characters that the original has in the places of the mask's literals.
+automation::String withLiterals(std::u16string_view text, std::u16string_view original,
+                                std::u16string_view mask);
+
 /// The characters of a masked text that stand at the mask's places.
 automation::String stripMask(std::u16string_view text, std::u16string_view mask);
 

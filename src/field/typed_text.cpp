@@ -78,7 +78,7 @@ String trimmed(const String& text, std::int32_t autoTrim) {
     return result;
 }
 
-TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSeparator) {
+TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSeparator, LeadingZero zero) {
     const String unindented = automation::LTrim(typed.text);
     const bool negative = !unindented.empty() && unindented[0] == u'-';
     const std::u16string_view digits = negative ? unindented.view().substr(1) : typed.text.view();
@@ -88,7 +88,7 @@ TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSepara
         if (isDigit(digits[i])) {
             sieve.pass(digits[i]);
         } else if (isSeparator(digits[i], decimalSeparator) && !separated) {
-            if (i == 0) sieve.insertZero();
+            if (i == 0 && zero == LeadingZero::Yes) sieve.insertZero();
             sieve.pass(digits[i]);
             separated = true;
         } else {

@@ -22,9 +22,12 @@ automation::String inCase(const automation::String& text, tslMayusculasConstants
 /// Blanks taken off the ends that the bits name.
 automation::String trimmed(const automation::String& text, std::int32_t autoTrim);
 
-/// Only a sign in front, digits and one decimal separator stay; a separator at the beginning gets a 0 before
-/// it.
-TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSeparator);
+/// Whether a decimal separator at the beginning gets a 0 before it.
+enum class LeadingZero { Yes, No };
+
+/// Only a sign in front, digits and one decimal separator stay.
+TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSeparator,
+                       LeadingZero zero = LeadingZero::Yes);
 /// Only a sign in front, digits, blanks and separators stay.
 TypedText filterDate(const TypedText& typed, std::u16string_view dateSeparator);
 

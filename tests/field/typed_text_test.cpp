@@ -61,6 +61,10 @@ TEST(filterNumber, ASeparatorAtTheBeginningGetsAZero) {
     EXPECT_EQ("-0,5", number(u"-,5", caret));
 }
 
+TEST(filterNumber, TheZeroMayBeLeftOut) {
+    EXPECT_EQ(u",5", filterNumber({u",5", 1}, u",", LeadingZero::No).text);
+}
+
 TEST(filterNumber, TheCaretGoesBackOverWhatIsDroppedBeforeIt) {
     std::int32_t caret = 1;
     EXPECT_EQ("12", number(u"1a2", caret));
