@@ -196,6 +196,19 @@ bool hasOwnNumber(char16_t c) {
     return c < 0x80 || (c >= 0xA0 && c <= 0xFF);
 }
 
+/// The byte of such a character or of its capital.
+template <bool asCapital>
+char byteOf(char16_t c) {
+    return asCapital ? capitals[static_cast<std::uint8_t>(c)] : static_cast<char>(c);
+}
+
+/// The order of two characters, given by their bytes, where their places tell it; else 0.
+int orderOfPlaces(char a, char b) {
+    const int one = table.elements[static_cast<std::uint8_t>(a)].place;
+    const int other = table.elements[static_cast<std::uint8_t>(b)].place;
+    return one != 0 && other != 0 ? sign(one - other) : 0;
+}
+
 /// The ANSI form of a text or of its capitals. Most texts have only characters whose byte is their own
 /// number.
 template <bool asCapitals>
@@ -208,7 +221,7 @@ public:
             bytes_ = long_;
             return;
         }
-        std::transform(units.begin(), units.end(), few_, byteOf);
+        std::transform(units.begin(), units.end(), few_, byteOf<asCapitals>);
         bytes_ = {few_, units.size()};
     }
     AnsiForm(const AnsiForm&) = delete;
@@ -217,10 +230,6 @@ public:
     std::string_view bytes() const noexcept { return bytes_; }
 
 private:
-    static char byteOf(char16_t c) {
-        return asCapitals ? capitals[static_cast<std::uint8_t>(c)] : static_cast<char>(c);
-    }
-
     char few_[80];
     std::string long_;
     std::string_view bytes_;
@@ -258,7 +267,17 @@ int TS_Compara(std::string_view a, std::string_view b) noexcept {
     return sign(accents != 0 ? accents : forms);
 }
 
+// Most texts differ in a letter, which decides whatever follows: they need not be written down as a whole.
+
 int TS_Compara(const automation::String& a, const automation::String& b) {
+    const std::u16string_view units = a, others = b;
+    const std::size_t shorter = std::min(units.size(), others.size());
+    std::size_t same = 0;
+    while (same < shorter && units[same] == others[same])
+        ++same;
+    if (same < shorter && hasOwnNumber(units[same]) && hasOwnNumber(others[same]))
+        if (const int order = orderOfPlaces(byteOf<false>(units[same]), byteOf<false>(others[same])))
+            return order;
     return TS_Compara(AnsiForm<false>(a).bytes(), AnsiForm<false>(b).bytes());
 }
 
@@ -270,15 +289,10 @@ int compareCapitals(const automation::String& a, std::string_view b) {
     const std::u16string_view units = a;
     const std::size_t shorter = std::min(units.size(), b.size());
     std::size_t same = 0;
-    while (same < shorter && hasOwnNumber(units[same]) && capitals[units[same]] == b[same])
+    while (same < shorter && hasOwnNumber(units[same]) && byteOf<true>(units[same]) == b[same])
         ++same;
-    if (same == units.size() && same == b.size()) return 0;
-    // Most texts differ in a letter, which decides whatever follows.
-    if (same < shorter && hasOwnNumber(units[same])) {
-        const int one = table.elements[static_cast<std::uint8_t>(capitals[units[same]])].place;
-        const int other = table.elements[static_cast<std::uint8_t>(b[same])].place;
-        if (one != 0 && other != 0 && one != other) return sign(one - other);
-    }
+    if (same < shorter && hasOwnNumber(units[same]))
+        if (const int order = orderOfPlaces(byteOf<true>(units[same]), b[same])) return order;
     return TS_Compara(AnsiForm<true>(a).bytes(), b);
 }
 

@@ -227,3 +227,23 @@ TEST(Collation, WideTextsCompareByTheirAnsiForm) {
     EXPECT_EQ(-1, compare(longer, longer + u"a"));
     EXPECT_EQ(1, compare(longer + u"ó", longer + u"o"));
 }
+
+TEST(Collation, TextsAndTheirCapitalsCompareAsTheirAnsiForms) {
+    constexpr std::u16string_view characters = u"aAáñÑnÆæß½1¹⁄…'\u00AD\u0001\u00A0-zŽ€ŒoÿŸµαΑ日\xD83D\xDE00";
+    std::mt19937 random(8);
+    const auto make = [&] {
+        std::u16string text(random() % 6, u' ');
+        for (char16_t& each : text)
+            each = characters[random() % characters.size()];
+        return text;
+    };
+    for (int i = 0; i < 200000; ++i) {
+        const std::u16string start = make(), one = start + make(), other = start + make();
+        ASSERT_EQ(TS_Compara(ansi(one), ansi(other)), compare(one, other))
+            << String(one).utf8() << " and " << String(other).utf8();
+        const std::string capitals = automation::UCase(other).ansi();
+        ASSERT_EQ(TS_Compara(automation::UCase(one).ansi(), capitals),
+                  tesela::compareCapitals(String(one), capitals))
+            << String(one).utf8() << " and " << String(other).utf8();
+    }
+}
