@@ -48,6 +48,7 @@ std::span<const AmbientId> ambientIds() {
 }
 
 Variant ContainerSite::ambientValue(AmbientValue which) {
+    const auto alive = owner_.keepAlive();
     const auto ambient = ComPointer<::IDispatch>::of(owner_.client());
     if (!ambient) return {};
     ::DISPPARAMS none{};
@@ -88,6 +89,7 @@ bool ContainerSite::inExtended(const F& action) const {
 }
 
 Variant ContainerSite::extenderValue(ExtenderValue which) {
+    const auto alive = owner_.keepAlive();
     Variant value;
     const bool answered = inExtended([&](automation::Object& control) {
         value = control.invokeByName(host::nameOf(which), automation::CallKind::MethodOrGet);
@@ -248,6 +250,7 @@ bool ContainerSite::focusLeaving(platform::HWND) {
 }
 
 void ContainerSite::paintBehind(platform::HDC dc) {
+    const auto alive = owner_.keepAlive();
     const ::HWND window = native(owner_.control().window());
     const ::HWND parent = ::GetParent(window);
     const ::HDC context = native(dc);

@@ -130,6 +130,7 @@ private:
     ::HRESULT activate(bool withUi, const ::RECT* place);
     ::HRESULT activateInPlace(const ::RECT* place);
     ::HRESULT activateUi();
+    void tellFrames(::IOleInPlaceActiveObject* active);
     void load(host::PropertyBag& bag);
     ::SIZEL storedSize(const host::PropertyBag& bag) const;
     static bool isPossible(const ::SIZEL& himetric);

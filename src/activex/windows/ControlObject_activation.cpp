@@ -39,8 +39,10 @@ using platform::driver::native;
     return withUi ? activateUi() : S_OK;
 }
 
+/// The container may take its site away, or close the control, in any of its answers.
 ::HRESULT ControlObject::activateInPlace(const ::RECT* place) {
-    const auto site = ComPointer<::IOleInPlaceSite>::of(client_.get());
+    const auto client = client_;
+    const auto site = ComPointer<::IOleInPlaceSite>::of(client.get());
     ::HWND parent = nullptr;
     if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
     if (FAILED(site->OnInPlaceActivate())) return E_FAIL;
@@ -48,39 +50,56 @@ using platform::driver::native;
     ::RECT clip{};
     ::OLEINPLACEFRAMEINFO frame{};
     frame.cb = sizeof frame;
-    const bool told = SUCCEEDED(site->GetWindow(&parent)) &&
-                      SUCCEEDED(site->GetWindowContext(frame_.out(), document_.out(), &own, &clip, &frame));
-    if (!told || !parent) {
+    ComPointer<::IOleInPlaceFrame> itsFrame;
+    ComPointer<::IOleInPlaceUIWindow> itsDocument;
+    const bool told =
+        SUCCEEDED(site->GetWindow(&parent)) &&
+        SUCCEEDED(site->GetWindowContext(itsFrame.out(), itsDocument.out(), &own, &clip, &frame));
+    if (!told || !parent || client_.get() != client.get()) {
         site->OnInPlaceDeactivate();
         return E_FAIL;
     }
     inPlace_ = site;
+    frame_ = std::move(itsFrame);
+    document_ = std::move(itsDocument);
     ::SetParent(native(control_->window()), parent);
     SetObjectRects(place ? place : &own, &clip);
-    client_->ShowObject();
-    return S_OK;
+    client->ShowObject();
+    return isActive() ? S_OK : E_FAIL;
 }
 
 ::HRESULT ControlObject::activateUi() {
+    const auto site = inPlace_;
+    if (!site) return E_FAIL;
     if (!ui_) {
-        if (!inPlace_ || FAILED(inPlace_->OnUIActivate())) return E_FAIL;
         ui_ = true;
-        if (frame_) frame_->SetActiveObject(this, nullptr);
-        if (document_) document_->SetActiveObject(this, nullptr);
-        if (frame_) frame_->SetBorderSpace(nullptr);
+        if (FAILED(site->OnUIActivate())) {
+            ui_ = false;
+            return E_FAIL;
+        }
+        if (ui_) tellFrames(this);
+        if (const auto frame = frame_) frame->SetBorderSpace(nullptr);
     }
     const ::HWND window = native(control_->window());
-    if (control_->canGetFocus() && ::GetFocus() != window) ::SetFocus(window);
-    return S_OK;
+    if (isActive() && control_->canGetFocus() && ::GetFocus() != window) ::SetFocus(window);
+    return isActive() ? S_OK : E_FAIL;
+}
+
+/// Which control is the active one.
+void ControlObject::tellFrames(::IOleInPlaceActiveObject* active) {
+    const auto frame = frame_;
+    const auto document = document_;
+    if (frame) frame->SetActiveObject(active, nullptr);
+    if (document) document->SetActiveObject(active, nullptr);
 }
 
 ::HRESULT ControlObject::UIDeactivate() {
     if (!ui_) return S_OK;
     const auto alive = keepAlive();
+    const auto site = inPlace_;
     ui_ = false;
-    if (frame_) frame_->SetActiveObject(nullptr, nullptr);
-    if (document_) document_->SetActiveObject(nullptr, nullptr);
-    if (inPlace_) inPlace_->OnUIDeactivate(FALSE);
+    tellFrames(nullptr);
+    if (site) site->OnUIDeactivate(FALSE);
     return S_OK;
 }
 
@@ -105,6 +124,7 @@ using platform::driver::native;
 
 ::HRESULT ControlObject::SetObjectRects(const ::RECT* place, const ::RECT* clip) {
     if (!place) return E_POINTER;
+    const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
         const auto across = static_cast<float>(host::twipsPerPixel(host::Axis::Horizontal));
         const auto down = static_cast<float>(host::twipsPerPixel(host::Axis::Vertical));

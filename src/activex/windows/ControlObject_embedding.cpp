@@ -33,12 +33,10 @@ int pixelsFromHimetric(int himetric, int dots) {
 
 ::HRESULT ControlObject::SetClientSite(::IOleClientSite* site) {
     if (site == client_.get()) return S_OK;
-    if (!site) {
-        InPlaceDeactivate();
-        client_.reset();
-        return S_OK;
-    }
+    const auto alive = keepAlive();
+    InPlaceDeactivate();
     client_ = ComPointer<::IOleClientSite>(site);
+    if (!client_) return S_OK;
     return guarded([&]() -> ::HRESULT {
         control_->ambientChanged({});
         return S_OK;
@@ -53,7 +51,8 @@ int pixelsFromHimetric(int himetric, int dots) {
 
 ::HRESULT ControlObject::Close(DWORD option) {
     const auto alive = keepAlive();
-    if (dirty_ && option != OLECLOSE_NOSAVE && client_) client_->SaveObject();
+    const auto client = client_;
+    if (dirty_ && option != OLECLOSE_NOSAVE && client) client->SaveObject();
     InPlaceDeactivate();
     if (advised_) advised_->SendOnClose();
     return S_OK;
@@ -119,6 +118,7 @@ bool ControlObject::isPossible(const ::SIZEL& himetric) {
     if (!size) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!isPossible(*size)) return E_INVALIDARG;
+    const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
         applySize(*size);
         return S_OK;

@@ -37,6 +37,7 @@ void ControlObject::paint(::HDC dc) {
                               ::ULONG_PTR) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!dc) return E_INVALIDARG;
+    const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
         const ::RECT own = place();
         const ::RECT size{0, 0, own.right - own.left, own.bottom - own.top};
