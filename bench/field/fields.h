@@ -1,6 +1,8 @@
 #pragma once
 // A data-entry field as a program of each library uses it, drawn off screen.
 
+#include "host/PropertyBag.h"
+
 #include <functional>
 #include <memory>
 
@@ -27,6 +29,9 @@ using MakeField = std::function<std::unique_ptr<TypingField>()>;
 std::unique_ptr<TypingField> makeOurField(const char* mask);
 std::unique_ptr<TypingField> makeQtField(const char* mask);
 std::unique_ptr<TypingField> makeFltkField();
+
+/// What a designer saved of a field of the form. Each library reads from it what it has itself.
+host::PropertyBag savedField(int number);
 
 /// Makes a form of so many fields, gives them their properties, paints it and takes it down again.
 void showOurForm();

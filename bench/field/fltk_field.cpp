@@ -5,6 +5,8 @@
 #include <FL/Fl_Input.H>
 #include <FL/x.H>
 
+#include "automation/Conversions.h"
+
 #include <string>
 
 namespace bench {
@@ -50,8 +52,22 @@ void showFltkForm() {
     for (int i = 0; i < formFields; ++i) {
         auto* input = new Fl_Input(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
                                    fieldHeight);
-        input->maximum_size(20);
-        input->value(("Nombre " + std::to_string(i)).c_str());
+        const host::PropertyBag saved = savedField(i);
+        const auto number = [&](const char16_t* name, int usual) {
+            return automation::CLng(saved.ReadProperty(name, automation::Variant(usual)));
+        };
+        const auto text = [&](const char16_t* name) {
+            return automation::CStr(saved.ReadProperty(name, automation::Variant(u""))).utf8();
+        };
+        input->maximum_size(number(u"MaxLength", 0));
+        input->textcolor(static_cast<Fl_Color>(number(u"ForeColor", FL_FOREGROUND_COLOR)));
+        input->color(static_cast<Fl_Color>(number(u"BackColor", FL_BACKGROUND2_COLOR)));
+        input->textsize(number(u"FontSize", FL_NORMAL_SIZE));
+        input->readonly(number(u"Locked", 0));
+        input->wrap(number(u"MultiLine", 0));
+        if (const std::string tip = text(u"ToolTip"); !tip.empty()) input->copy_tooltip(tip.c_str());
+        if (!number(u"Enabled", 1)) input->deactivate();
+        input->value(text(u"Text").c_str());
     }
     window.end();
     window.show();

@@ -1,7 +1,7 @@
 // The data-entry field against Qt's QLineEdit and FLTK's Fl_Input: from a typed character to the finished
-// picture, and a form of a thousand fields from nothing to its first paint. Everything is drawn off screen;
-// FLTK, which draws through an X server only, gets one of this benchmark's own, and its server's time isn't
-// counted.
+// picture, and a form of a thousand fields from nothing to its first paint, with the properties of each read
+// from the same bag. Everything is drawn off screen; FLTK, which draws through an X server only, gets one of
+// this benchmark's own, and its server's time isn't counted.
 #include "../measure.h"
 #include "../processes.h"
 #include "fields.h"
@@ -50,6 +50,7 @@ void measureTyping(const char* name, const std::vector<bench::Candidate>& candid
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     setenv("TESELA_DISPLAY", "headless", 1);
+    setenv("TESELA_SCREEN", "1600x2200", 1); // what lies beside the screen would not be painted
     server = bench::startServer();
     if (!server) {
         std::fprintf(stderr, "Xvfb did not start\n");

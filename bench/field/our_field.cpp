@@ -51,25 +51,14 @@ private:
     get& field_;
 };
 
-/// What a designer saved of a field.
-host::PropertyBag savedField(int number) {
-    host::PropertyBag bag;
-    bag.WriteProperty(u"Text",
-                      automation::Variant(u"Nombre " + automation::String::fromUtf8(std::to_string(number))));
-    bag.WriteProperty(u"MaxLength", automation::Variant(std::int32_t{20}));
-    bag.WriteProperty(u"Alignment", automation::Variant(std::int32_t{tesela::tslAlignmentRightJustify}));
-    return bag;
-}
-
 void fill(host::Form& form) {
     for (int i = 0; i < formFields; ++i) {
-        get& field = form.add<get>(u"get" + automation::String::fromUtf8(std::to_string(i)));
-        const int column = i % formColumns, row = i / formColumns;
-        field.Extender().Move(static_cast<float>(column * fieldWidth) * pixel,
-                              static_cast<float>(row * fieldHeight) * pixel, fieldWidth * pixel,
-                              fieldHeight * pixel);
+        const auto column = static_cast<float>(i % formColumns), row = static_cast<float>(i / formColumns);
         host::PropertyBag bag = savedField(i);
-        field.readProperties(bag);
+        form.add(automation::make<get>(), u"get" + automation::String::fromUtf8(std::to_string(i)),
+                 host::NotInArray, nullptr, &bag,
+                 {column * fieldWidth * pixel, row * fieldHeight * pixel, fieldWidth * pixel,
+                  fieldHeight * pixel});
     }
 }
 
@@ -78,6 +67,15 @@ double usedBytes() {
 }
 
 } // namespace
+
+host::PropertyBag savedField(int number) {
+    host::PropertyBag bag;
+    bag.WriteProperty(u"Text",
+                      automation::Variant(u"Nombre " + automation::String::fromUtf8(std::to_string(number))));
+    bag.WriteProperty(u"MaxLength", automation::Variant(std::int32_t{20}));
+    bag.WriteProperty(u"Alignment", automation::Variant(std::int32_t{tesela::tslAlignmentRightJustify}));
+    return bag;
+}
 
 std::unique_ptr<TypingField> makeOurField(const char* mask) {
     return std::make_unique<OurField>(mask);

@@ -5,7 +5,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include <vector>
+#include "automation/Conversions.h"
+#include "frame/enumerations.h"
 
 namespace bench {
 
@@ -46,15 +47,30 @@ std::unique_ptr<TypingField> makeQtField(const char* mask) {
 }
 
 void showQtForm() {
+    constexpr int mostCharacters = 32767;
     QWidget form;
     form.resize(formColumns * fieldWidth, formRows * fieldHeight);
     for (int i = 0; i < formFields; ++i) {
         auto* edit = new QLineEdit(&form);
         edit->setGeometry(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
                           fieldHeight);
-        edit->setMaxLength(20);
-        edit->setText(QStringLiteral("Nombre %1").arg(i));
-        edit->setAlignment(Qt::AlignRight);
+        const host::PropertyBag saved = savedField(i);
+        const auto number = [&](const char16_t* name, int usual) {
+            return automation::CLng(saved.ReadProperty(name, automation::Variant(usual)));
+        };
+        const auto text = [&](const char16_t* name) {
+            const auto read = automation::CStr(saved.ReadProperty(name, automation::Variant(u"")));
+            return QString::fromUtf16(read.c_str(), static_cast<int>(read.length()));
+        };
+        edit->setMaxLength(number(u"MaxLength", mostCharacters));
+        edit->setReadOnly(number(u"Locked", 0) != 0);
+        edit->setEnabled(number(u"Enabled", 1) != 0);
+        edit->setFrame(number(u"BorderStyle", 1) != 0);
+        edit->setToolTip(text(u"ToolTip"));
+        edit->setInputMask(text(u"Mascara"));
+        edit->setText(text(u"Text"));
+        const bool right = number(u"Alignment", 0) == tesela::tslAlignmentRightJustify;
+        edit->setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
     }
     form.setAttribute(Qt::WA_DontShowOnScreen);
     form.show();

@@ -50,8 +50,8 @@ void setText(get& field, const Variant& value) {
 
 constexpr std::int32_t zero = 0, one = 1;
 
-constexpr Persisted textProperty{u"Text", [](const get&) { return Variant(u"Texto a mostrar"); },
-                                 text<&get::Text>, setText<&get::Text>};
+const Persisted textProperty{u"Text", [](const get&) { return Variant(u"Texto a mostrar"); },
+                             text<&get::Text>, setText<&get::Text>};
 
 /// In the order in which they are read and written: the scheme first, so that the others override it.
 const Persisted persisted[] = {
@@ -123,8 +123,7 @@ void get::onReadProperties(host::PropertyBag& bag) {
     const bool stopped = tabStop();
     for (const Persisted& property : persisted) {
         property.load(*this, bag);
-        if (property.name == std::u16string_view(u"EnabledFicha"))
-            setTabStop(stopped && lShownEnabled && lEnabledGet);
+        if (property.name == u"EnabledFicha") setTabStop(stopped && lShownEnabled && lEnabledGet);
     }
     try {
         if (isRecordIdentifier() && cTexto.empty()) textProperty.load(*this, bag);

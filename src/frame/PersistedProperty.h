@@ -15,7 +15,7 @@ template <class Control>
 struct PersistedProperty {
     using Value = automation::Variant (*)(const Control&);
 
-    const char16_t* name;
+    automation::String name;
     Value defaultValue;
     Value read;
     void (*write)(Control&, const automation::Variant&);

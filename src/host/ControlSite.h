@@ -67,7 +67,7 @@ public:
     /// The control wants this size, in twips. The container answers by Control::applyBounds.
     virtual void requestSize(float widthTwips, float heightTwips) = 0;
 
-    virtual void propertyChanged(const automation::String& name) = 0;
+    virtual void propertyChanged(std::u16string_view name) = 0;
     virtual void accessKeysChanged() = 0;
     virtual void zOrder(ZOrderPosition position) = 0;
 

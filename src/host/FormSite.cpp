@@ -143,7 +143,9 @@ void FormSite::setExtenderValue(ExtenderValue which, const automation::Variant& 
     const auto keep = shared_from_this();
     switch (which) {
     case ExtenderValue::Name:
+        form_.forgetName(*this);
         name_ = automation::fromVariant<automation::String>(value);
+        if (!gone()) form_.noteName(*this);
         control_->ambientChanged(nameOf(AmbientValue::DisplayName));
         return;
     case ExtenderValue::Left:
@@ -212,7 +214,7 @@ void FormSite::requestSize(float widthTwips, float heightTwips) {
     control_->applyBounds(place);
 }
 
-void FormSite::propertyChanged(const automation::String&) {
+void FormSite::propertyChanged(std::u16string_view) {
     form_.dirty_ = true;
 }
 

@@ -41,7 +41,7 @@ public:
     void setExtenderValue(ExtenderValue which, const automation::Variant& value) override;
     void move(float left, float top, float width, float height) override;
     void requestSize(float widthTwips, float heightTwips) override;
-    void propertyChanged(const automation::String& name) override;
+    void propertyChanged(std::u16string_view name) override;
     void accessKeysChanged() override {}
     void zOrder(ZOrderPosition position) override;
     bool takeFocus() override;

@@ -46,7 +46,7 @@ void UserControl::Size(float width, float height) {
         setBounds({bounds().left, bounds().top, width, height});
 }
 
-void UserControl::PropertyChanged(const automation::String& name) {
+void UserControl::PropertyChanged(std::u16string_view name) {
     if (site()) site()->propertyChanged(name);
 }
 

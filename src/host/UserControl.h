@@ -26,7 +26,7 @@ public:
     /// Asks the container for a new size, in twips.
     void Size(float width, float height);
     /// Tells the container that a property has a new value and that the control must be saved.
-    void PropertyChanged(const automation::String& name);
+    void PropertyChanged(std::u16string_view name);
     /// The characters that reach the control with Alt.
     const automation::String& AccessKeys() const { return accessKeys_; }
     void AccessKeys(const automation::String& value);

@@ -3,6 +3,7 @@
 
 #include "host/Control.h"
 #include "host/ControlSite.h"
+#include "platform/locale.h"
 
 #include <string>
 #include <vector>
@@ -45,7 +46,9 @@ public:
         askedFor.emplace_back(widthTwips, heightTwips);
         control_.applyBounds({control_.bounds().left, control_.bounds().top, widthTwips, heightTwips});
     }
-    void propertyChanged(const automation::String& name) override { changed.push_back(name.utf8()); }
+    void propertyChanged(std::u16string_view name) override {
+        changed.push_back(platform::utf8FromWide(name));
+    }
     void accessKeysChanged() override {}
     void zOrder(host::ZOrderPosition) override {}
     bool takeFocus() override { return false; }

@@ -199,7 +199,7 @@ void ContainerSite::requestSize(float widthTwips, float heightTwips) {
     move(place.left, place.top, widthTwips, heightTwips);
 }
 
-void ContainerSite::propertyChanged(const automation::String& name) {
+void ContainerSite::propertyChanged(std::u16string_view name) {
     const auto alive = owner_.keepAlive();
     owner_.propertyChanged(name);
 }

@@ -26,7 +26,7 @@ public:
     void setExtenderValue(host::ExtenderValue which, const automation::Variant& value) override;
     void move(float left, float top, float width, float height) override;
     void requestSize(float widthTwips, float heightTwips) override;
-    void propertyChanged(const automation::String& name) override;
+    void propertyChanged(std::u16string_view name) override;
     void accessKeysChanged() override;
     void zOrder(host::ZOrderPosition position) override;
     bool takeFocus() override;

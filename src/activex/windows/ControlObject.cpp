@@ -107,7 +107,7 @@ void ControlObject::requestPlace(const host::Bounds& wanted) {
     if (advised_) advised_->SendOnSave();
 }
 
-void ControlObject::propertyChanged(const automation::String& name) {
+void ControlObject::propertyChanged(std::u16string_view name) {
     dirty_ = true;
     const ::DISPID id = control_->classTable().find(name);
     notifications_.callEach(

@@ -36,7 +36,7 @@ public:
     bool isShown() const { return shown_; }
     void show(bool visible);
     void requestPlace(const host::Bounds& wanted);
-    void propertyChanged(const automation::String& name);
+    void propertyChanged(std::u16string_view name);
     bool takeFocus();
     void focusChanged(bool here);
     bool passToContainer(::MSG& key);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace platform::driver {
 
@@ -81,17 +82,29 @@ HWND firstToPaint(const Window& window) {
     return {};
 }
 
+bool meet(const RECT& a, const RECT& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+/// The union of rectangles. Halves are united first: one by one, each would be merged with all before it.
+Region unionOfAll(std::span<const RECT> rects) {
+    if (rects.size() == 1) return Region(rects.front());
+    const std::size_t half = rects.size() / 2;
+    return unionOfAll(rects.first(half)).united(unionOfAll(rects.subspan(half)));
+}
+
 /// Takes the frames of a window's children out of a region of the screen, those in front of `last` or all.
 /// Most lie elsewhere, which their bounds tell at once.
 void coverByChildren(Region& region, const Window& parent, const Window* last) {
     const POINT origin = clientOrigin(parent);
-    RECT bounds = offset(region.bounds(), -origin.x, -origin.y);
+    const RECT bounds = offset(region.bounds(), -origin.x, -origin.y);
+    std::vector<RECT> covers;
     for (const Window* child : parent.children) {
         if (child == last) break;
-        if (!child->is(WS_VISIBLE) || isEmpty(overlapOf(bounds, child->frame))) continue;
-        region = region.subtracted(Region(offset(child->frame, origin.x, origin.y)));
-        bounds = offset(region.bounds(), -origin.x, -origin.y);
+        if (meet(bounds, child->frame) && child->is(WS_VISIBLE))
+            covers.push_back(offset(child->frame, origin.x, origin.y));
     }
+    if (!covers.empty()) region = region.subtracted(unionOfAll(covers));
 }
 
 /// What is to be seen of a window within a region of the screen.
@@ -168,9 +181,9 @@ void invalidate(Window& window, const Region& client, bool erase, bool children)
         }
     }
     if (!children) return;
-    const RECT bounds = onScreen.bounds();
+    const RECT bounds = clientRegion(window, onScreen).bounds();
     for (Window* child : window.children) {
-        if (!child->is(WS_VISIBLE) || isEmpty(overlapOf(bounds, screenFrame(*child)))) continue;
+        if (!meet(bounds, child->frame) || !child->is(WS_VISIBLE)) continue;
         const Region part = onScreen.intersected(Region(screenFrame(*child)));
         if (part.empty()) continue;
         if (screenFrame(*child) != screenClient(*child)) child->frameDue = true;

@@ -88,16 +88,11 @@ struct Before {
     RECT client;
     Region seen; ///< Screen coordinates, frame included
     POINT origin;
-    std::vector<HWND> order;
     bool visible = false;
 };
 
 Before remember(const Window& window) {
-    return {window.frame,
-            window.client,
-            visibleRegion(window, true, false),
-            clientOrigin(window),
-            childHandles(*window.parent),
+    return {window.frame, window.client, visibleRegion(window, true, false), clientOrigin(window),
             isShown(window)};
 }
 

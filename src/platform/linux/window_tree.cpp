@@ -132,8 +132,21 @@ bool isReachable(const Window& window) {
 
 void unlink(Window& window) {
     if (!window.parent) return;
+    // Most stand at an end: a new window that goes to the front, and the windows of a form that is taken
+    // down.
     auto& siblings = window.parent->children;
-    siblings.erase(std::remove(siblings.begin(), siblings.end(), &window), siblings.end());
+    auto front = siblings.begin(), back = siblings.end();
+    for (; front != back; ++front) {
+        if (*front == &window) {
+            siblings.erase(front);
+            return;
+        }
+        if (--back == front) return;
+        if (*back == &window) {
+            siblings.erase(back);
+            return;
+        }
+    }
 }
 
 void linkOnTop(Window& window, Window& parent) {
