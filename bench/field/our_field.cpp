@@ -53,12 +53,12 @@ private:
 
 void fill(host::Form& form) {
     for (int i = 0; i < formFields; ++i) {
-        const auto column = static_cast<float>(i % formColumns), row = static_cast<float>(i / formColumns);
+        const int column = i % formColumns, row = i / formColumns;
         host::PropertyBag bag = savedField(i);
         form.add(automation::make<get>(), u"get" + automation::String::fromUtf8(std::to_string(i)),
                  host::NotInArray, nullptr, &bag,
-                 {column * fieldWidth * pixel, row * fieldHeight * pixel, fieldWidth * pixel,
-                  fieldHeight * pixel});
+                 {static_cast<float>(column * fieldWidth) * pixel,
+                  static_cast<float>(row * fieldHeight) * pixel, fieldWidth * pixel, fieldHeight * pixel});
     }
 }
 
