@@ -1,5 +1,6 @@
 // Focus, companion buttons, mouse, and whom the field tells.
 #include "field/FieldTest.h"
+#include "host/Clipboard.h"
 #include "host/PictureBox.h"
 
 #include <algorithm>
@@ -689,6 +690,63 @@ TEST_F(get_events, AMaskDerivedAtTheFirstDigitMayShortenTheText) {
     type(u"3");
     EXPECT_EQ("123", text());
     EXPECT_EQ(3, field->caretPosition());
+}
+
+TEST_F(get_events, AFieldSaysWhetherItMovesTheFocusItself) {
+    bool itself = false;
+    field->Extender().LostFocus.join([&] { itself = field->IsGoingToChangeFocus(); });
+    enter();
+    press(platform::VK_RETURN);
+    EXPECT_TRUE(itself);
+    EXPECT_FALSE(field->IsGoingToChangeFocus()) << "the next field has got it";
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    leave();
+    EXPECT_FALSE(itself) << "the form's Tab";
+}
+
+TEST_F(get_events, ThePointerIsABeamOverTheText) {
+    field->BotonCombo(true);
+    show();
+    std::vector<std::int32_t> seen;
+    field->MouseMove.join([&](short&, short&, float&, float&) { seen.push_back(field->MousePointer()); });
+    for (const int x : {10, button(0), 12}) {
+        desk.moveMouse(at(x, 8));
+        desk.pump();
+    }
+    constexpr std::int32_t beam = 3, usual = 0;
+    EXPECT_EQ((std::vector<std::int32_t>{beam, usual, beam}), seen);
+}
+
+TEST_F(get_events, EventsAreCountedWhileTheyRun) {
+    std::vector<std::int32_t> counts;
+    field->Change.join([&] { counts.push_back(field->UncompletedEvents()); });
+    field->KeyPress.join([&](short&) { counts.push_back(field->UncompletedEvents()); });
+    enter();
+    type(u"a");
+    EXPECT_EQ((std::vector<std::int32_t>{1, 1}), counts);
+    EXPECT_EQ(0, field->UncompletedEvents());
+}
+
+TEST_F(get_events, ADoubleClickSelectsNothingInAMask) {
+    field->Mascara(u"XXXX");
+    field->Text(u"uno");
+    int clicks = 0;
+    field->DblClick.join([&] { ++clicks; });
+    enter();
+    desk.doubleClick(at(12, 8));
+    desk.pump();
+    EXPECT_EQ(1, clicks);
+    EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_events, WhatNoLetterShowsIsNotPasted) {
+    enter();
+    host::Clipboard::Clear();
+    host::Clipboard::SetText(u"a\x2603"
+                             u"b\x20AC\xF1\x4E2D");
+    FieldTest::press(platform::VK_CONTROL, 'V');
+    EXPECT_EQ("b€ñ", text().substr(1));
+    EXPECT_EQ(4, field->caretPosition());
 }
 
 TEST_F(get_events, AHandlerMayRemoveTheField) {

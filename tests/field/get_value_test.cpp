@@ -386,6 +386,39 @@ TEST_F(get_value, StartAndLengthOfASelectionMayBeWrittenInAnyOrder) {
     EXPECT_EQ(5, field->SelLength());
 }
 
+TEST_F(get_value, AWrittenValueIsSelectedAsTheFocusWouldSelectIt) {
+    enter();
+    type(u"ab");
+    field->Value(u"uno");
+    EXPECT_EQ(0, field->caretPosition());
+    EXPECT_EQ(0, field->SelLength());
+    field->Seleccionado(tslSeleccionadoSiempre);
+    field->Value(u"dos");
+    EXPECT_EQ(3, field->SelLength());
+    field->Seleccionado(tslSeleccionadoNumeros);
+    number(u"##0");
+    field->Value(std::int32_t{12});
+    EXPECT_EQ(2, field->SelLength());
+    field->Seleccionado(tslSeleccionadoNunca);
+    field->SelLength(0);
+    field->Value(std::int32_t{34});
+    EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_value, ATidiedTextIsTakenIfItFits) {
+    field->AutoFormat(tslGetAutoFormatEspacioTrasPunto);
+    enter();
+    type(u"a.b");
+    press(platform::VK_RETURN);
+    const std::string tidy = text();
+    EXPECT_EQ("a. b", tidy);
+    field->MaxLength(3);
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    field->SetText(u"a.b");
+    press(platform::VK_RETURN);
+    EXPECT_EQ("a.b", text());
+}
+
 TEST_F(get_value, AutoTrimTrimsWhatTheFieldShows) {
     field->AutoTrim(tslAutoTrim_NO);
     field->Text(u" a ");
