@@ -67,6 +67,23 @@ public:
         return 0;
     }
 
+    /// Rows of `CheckDuplicates`, as the positions of a table from 1; 0 and 0 for none.
+    std::pair<std::int32_t, std::int32_t> duplicates(const Variant& skip, bool ignoreCase) const {
+        const bool inCapitals = ignoreCase && type() == automation::VT_BSTR;
+        const auto prepared = [&](const Variant& value) {
+            return inCapitals && !value.isNull() ? Variant(automation::UCase(automation::CStr(value)))
+                                                 : value;
+        };
+        const bool skips = skip.type() != automation::VT_BOOL;
+        for (std::int32_t i = table_.FirstRow(); i < table_.LastRow(); ++i) {
+            if (skips && automation::isEqual(prepared(cell(i)), prepared(skip))) continue;
+            for (std::int32_t j = i + 1; j <= table_.LastRow(); ++j)
+                if (automation::isEqual(prepared(cell(i)), prepared(cell(j))))
+                    return {i - table_.FirstRow() + 1, j - table_.FirstRow() + 1};
+        }
+        return {0, 0};
+    }
+
     /// Result and row of `SeekRow`.
     std::pair<bool, std::int32_t> seek(const Variant& value, bool approximate) const {
         try {
@@ -249,6 +266,21 @@ TEST_F(cMatrizSearch_, RowsAreFoundStepByStepInColumnsOfAnyKind) {
                     << tests::textOf(value) << " in " << text() << ", mode " << mode + flag
                     << (table->TextCompare() ? "" : ", by units");
             }
+    }
+}
+
+TEST_F(cMatrizSearch_, DuplicatesAreTheFirstPairInColumnsOfAnyKind) {
+    RandomColumns columns(33);
+    for (int round = 0; round < 3000; ++round) {
+        columns.fill(*table);
+        for (const bool ignoreCase : {true, false}) {
+            const Variant skip = columns.sought();
+            std::int32_t first = 0, second = 0;
+            const bool found = table->CheckDuplicates(1, first, second, skip, ignoreCase);
+            const auto stated = StatedSearch(*table).duplicates(skip, ignoreCase);
+            ASSERT_EQ(stated, std::pair(first, second)) << text() << ", without " << tests::textOf(skip);
+            ASSERT_EQ(stated.first != 0, found);
+        }
     }
 }
 

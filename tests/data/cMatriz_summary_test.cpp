@@ -5,6 +5,7 @@
 #include "data/TableView.h"
 #include "support/MemberNames.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <random>
@@ -196,6 +197,39 @@ TEST_F(cMatrizSummary_, AFailureEndsTheGroupingWithWhatWasReached) {
     EXPECT_EQ("1 b, 0 a", grouped(Array::of({2}), Array::of({1})));
     fill({{u"b", 1}, {Array::of({1}), 2}, {u"b", 3}});
     EXPECT_EQ("1 b", grouped(Array::of({2}), Array::of({1})));
+}
+
+TEST_F(cMatrizSummary_, GroupsOfAnyValuesAreThoseOfALookAtEachGroup) {
+    const std::vector<Variant> kinds[] = {{1, 2, 3},
+                                          {1.0, 2.5, -0.0, 0.0},
+                                          {u"a", u"A", u"", u"12"},
+                                          {true, false},
+                                          {Currency(1), Currency(2)},
+                                          {Date(1), Date(2)},
+                                          {{}, Variant::null(), 0, u"", 12, u"12", 1.0F}};
+    std::mt19937 random(21);
+    const auto oneOf = [&](const std::vector<Variant>& values) { return values[random() % values.size()]; };
+    const auto areEqual = [](const Variant& a, const Variant& b) { return automation::isEqual(a, b); };
+    for (int round = 0; round < 2000; ++round) {
+        const auto &first = kinds[random() % std::size(kinds)], &second = kinds[random() % std::size(kinds)];
+        table->Dimension2D(1, 3, 1, 0);
+        std::vector<Row> groups; // the total in front
+        for (std::size_t rows = 1 + random() % 25; rows > 0; --rows) {
+            const Row key{oneOf(first), oneOf(random() % 20 == 0 ? kinds[6] : second)};
+            const auto amount = static_cast<std::int32_t>(random() % 100);
+            table->AddRow({key[0], amount, key[1]});
+            auto group = std::find_if(groups.begin(), groups.end(), [&](const Row& each) {
+                return std::equal(key.begin(), key.end(), each.begin() + 1, areEqual);
+            });
+            if (group == groups.end()) group = groups.insert(group, {Currency(), key[0], key[1]});
+            group->front() = automation::add(group->front(), amount);
+        }
+        const auto expected = automation::make<cMatriz>();
+        expected->Dimension2D(1, 3, 1, 0);
+        for (const Row& group : groups)
+            expected->AddRow(group);
+        ASSERT_EQ(tests::textOf(*expected), grouped(Array::of({2}), Array::of({1, 3}))) << text();
+    }
 }
 
 TEST_F(cMatrizSummary_, GroupsOfManyRowsAreThoseOfAMap) {
