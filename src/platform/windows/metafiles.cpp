@@ -14,11 +14,23 @@ using driver::handleFrom;
 using driver::native;
 using driver::wide;
 
+namespace {
+
+/// Whether metafiles can be measured by a context: the display's, or one that is still there. Wine doesn't
+/// ask, and divides by the extent that a lost one has not when the metafile is closed.
+bool canMeasure(HDC reference) {
+    return !reference || ::GetDeviceCaps(native(reference), HORZSIZE) != 0;
+}
+
+} // namespace
+
 HDC CreateEnhMetaFileA(HDC reference, const char* file, const RECT* frame, const char* description) {
+    if (!canMeasure(reference)) return {};
     return handleFrom<HDC>(::CreateEnhMetaFileA(native(reference), file, as<::RECT>(frame), description));
 }
 
 HDC CreateEnhMetaFileW(HDC reference, const char16_t* file, const RECT* frame, const char16_t* description) {
+    if (!canMeasure(reference)) return {};
     return handleFrom<HDC>(
         ::CreateEnhMetaFileW(native(reference), wide(file), as<::RECT>(frame), wide(description)));
 }
