@@ -223,6 +223,27 @@ TEST_F(get_properties, BackColorMinusOneFollowsTheTableAtTheNextPaint) {
     GlobalCtlCfg(tslCtlGlobalCfg_Get_BackColor, former);
 }
 
+TEST_F(get_properties, TheGroundTellsFocusAndEnabling) {
+    show();
+    const auto ground = [this] { return static_cast<std::int32_t>(desk.look(field->hWnd()).at(20, 8)); };
+    const auto slot = [](tslCtlGlobalCfgConstants index) {
+        return automation::fromVariant<std::int32_t>(GlobalCtlCfg(index));
+    };
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_BackColor), ground());
+    field->ShownEnabled(false);
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_DisabledBackColor), ground());
+    field->Extender().SetFocus();
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_DisabledBackColor), ground()) << "with the focus too";
+    field->ShownEnabled(true);
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_FocusBackColor), ground());
+    field->BackColor(0x102030);
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_FocusBackColor), ground()) << "the own colour waits";
+    field->EnabledGet(false);
+    EXPECT_EQ(slot(tslCtlGlobalCfg_Get_BackColor), ground());
+    after->Extender().SetFocus();
+    EXPECT_EQ(0x102030, ground());
+}
+
 TEST_F(get_properties, ALockedFieldFadesAsLongAsTabStopsAtIt) {
     show();
     const auto column = [this] {
