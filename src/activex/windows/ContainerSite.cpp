@@ -219,13 +219,19 @@ void ContainerSite::zOrder(host::ZOrderPosition position) {
                    position == host::ZOrderPosition::Front ? HWND_TOP : HWND_BOTTOM, 0, 0, 0, 0, flags);
 }
 
+bool ContainerSite::isDesigning() {
+    const Variant userMode = ambientValue(AmbientValue::UserMode);
+    return userMode.type() == VT_BOOL && !automation::fromVariant<bool>(userMode);
+}
+
 bool ContainerSite::takeFocus() {
     const auto alive = owner_.keepAlive();
-    return owner_.takeFocus();
+    return !isDesigning() && owner_.takeFocus();
 }
 
 bool ContainerSite::translateKey(platform::UINT message, platform::WPARAM& wParam, platform::LPARAM lParam) {
     const auto alive = owner_.keepAlive();
+    if (isDesigning()) return true;
     const bool pressed = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
     const bool asked = wParam == VK_TAB || wParam == VK_RETURN || wParam == VK_ESCAPE;
     if (!pressed || !asked) return false;
@@ -239,6 +245,7 @@ bool ContainerSite::translateKey(platform::UINT message, platform::WPARAM& wPara
 
 bool ContainerSite::focusArrived() {
     const auto alive = owner_.keepAlive();
+    if (isDesigning()) return false;
     owner_.focusChanged(true);
     return true;
 }

@@ -37,6 +37,9 @@ public:
     void enabledChanged() override;
     void mouseActivity(platform::UINT, const automation::String&) override {}
 
+    /// The container is being designed: its controls are seen and not used.
+    bool isDesigning();
+
 private:
     automation::Ref<automation::Object> extended() const;
     automation::Variant ownValue(host::ExtenderValue which) const;

@@ -81,7 +81,8 @@ using platform::driver::native;
         if (const auto frame = frame_) frame->SetBorderSpace(nullptr);
     }
     const ::HWND window = native(control_->window());
-    if (isActive() && control_->canGetFocus() && ::GetFocus() != window) ::SetFocus(window);
+    const bool focuses = control_->canGetFocus() && !site_.isDesigning();
+    if (isActive() && focuses && ::GetFocus() != window) ::SetFocus(window);
     return isActive() ? S_OK : E_FAIL;
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -113,6 +114,39 @@ TEST_F(Controls, OfTextAloneTakeNoFocus) {
     EXPECT_NE(::GetFocus(), label.controlWindow());
 }
 
+TEST_F(Controls, AreNotEditedWhileTheirContainerIsDesigned) {
+    Site designed(window.handle(), firstPlace, u"get");
+    designed.ambient[DISPID_AMBIENT_USERMODE] = false;
+    ASSERT_EQ(designed.as<::IPersistStreamInit>()->InitNew(), S_OK);
+    support::put(designed.control(), L"Text", support::text(L"uno"));
+    ASSERT_EQ(designed.activate(true), S_OK);
+    const ::HWND own = designed.controlWindow();
+    EXPECT_TRUE(::IsWindowVisible(own));
+    EXPECT_NE(::GetFocus(), own);
+    const auto useIt = [&] {
+        ::SendMessageW(own, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        ::SendMessageW(own, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+        ::SetFocus(own);
+        ::SendMessageW(own, WM_KEYDOWN, VK_DELETE, 1);
+        ::SendMessageW(own, WM_CHAR, 'x', 1);
+    };
+    const auto caretWindow = [] {
+        ::GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetCurrentThreadId(), &info);
+        return info.hwndCaret;
+    };
+    useIt();
+    EXPECT_EQ(support::get(designed.control(), L"Text").asString(), u"uno");
+    EXPECT_NE(caretWindow(), own);
+    ::SetFocus(window.handle());
+    designed.ambient[DISPID_AMBIENT_USERMODE] = true;
+    designed.as<::IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
+    useIt();
+    EXPECT_NE(support::get(designed.control(), L"Text").asString(), u"uno");
+    EXPECT_EQ(caretWindow(), own);
+}
+
 TEST_F(Controls, LeaveTabToTheirContainer) {
     ASSERT_EQ(field.activate(true), S_OK);
     ::MSG tab{};
@@ -170,6 +204,31 @@ TEST_F(Controls, TellTheirSizeInHundredthsOfAMillimetre) {
     EXPECT_EQ(object->GetExtent(DVASPECT_ICON, &told), DV_E_DVASPECT);
     size.cx = -1;
     EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), E_INVALIDARG);
+}
+
+TEST_F(Controls, KeepEachSizeToTheNearestPixel) {
+    support::put(label.control(), L"AutoSize", support::number(0));
+    const auto object = label.as<::IOleObject>();
+    const ::HDC screen = ::GetDC(nullptr);
+    const int dots = ::GetDeviceCaps(screen, LOGPIXELSX);
+    ::ReleaseDC(nullptr, screen);
+    for (::LONG length = 0; length < 9000; length += 37) {
+        ::SIZEL size{length, 9000 - length};
+        ASSERT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+        ::SIZEL told{};
+        ::SIZEL seen{};
+        ASSERT_EQ(object->GetExtent(DVASPECT_CONTENT, &told), S_OK);
+        ASSERT_EQ(label.as<::IViewObject2>()->GetExtent(DVASPECT_CONTENT, -1, nullptr, &seen), S_OK);
+        ASSERT_LE(std::abs(told.cx - size.cx), 1270 / dots + 1);
+        ASSERT_LE(std::abs(told.cy - size.cy), 1270 / dots + 1);
+        ASSERT_EQ(seen.cx, told.cx);
+        ASSERT_EQ(seen.cy, told.cy);
+        ::SIZEL again = told;
+        ASSERT_EQ(object->SetExtent(DVASPECT_CONTENT, &again), S_OK);
+        ASSERT_EQ(object->GetExtent(DVASPECT_CONTENT, &again), S_OK);
+        ASSERT_EQ(again.cx, told.cx);
+        ASSERT_EQ(again.cy, told.cy);
+    }
 }
 
 TEST(Extents, AreRightAtEachResolution) {
