@@ -231,6 +231,22 @@ TEST_F(Controls, KeepEachSizeToTheNearestPixel) {
     }
 }
 
+/// TESELA_DOTS says what the display is set to; other displays have 96 dots an inch.
+TEST_F(Controls, AreAsLargeAsStatedAtTheResolutionOfTheDisplay) {
+    wchar_t stated[8] = L"96";
+    ::GetEnvironmentVariableW(L"TESELA_DOTS", stated, static_cast<DWORD>(std::size(stated)));
+    const ::LONG dots = std::wcstol(stated, nullptr, 10);
+    support::put(label.control(), L"AutoSize", support::number(0));
+    ::SIZEL size{2540, 1270}; // an inch and a half
+    ASSERT_EQ(label.as<::IOleObject>()->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+    const auto own = platform::driver::native(
+        platform::HWND(static_cast<std::uint32_t>(support::get(label.control(), L"hWND").asLong())));
+    ::RECT client{};
+    ::GetClientRect(own, &client);
+    EXPECT_EQ(client.right, dots);
+    EXPECT_EQ(client.bottom, dots / 2);
+}
+
 TEST(Extents, AreRightAtEachResolution) {
     EXPECT_EQ(activex::himetricFromPixels(96, 96), 2540);
     EXPECT_EQ(activex::himetricFromPixels(120, 120), 2540);
