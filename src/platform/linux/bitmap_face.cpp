@@ -22,16 +22,17 @@ int comparedHeight(const FT_WinFNT_HeaderRec& header, LONG height) {
     return height < 0 ? header.pixel_height - header.internal_leading : header.pixel_height;
 }
 
-/// How many times a size is enlarged for a height. The next whole multiple is taken when little is missing.
+/// How many times a size is enlarged for a height. The next whole multiple is taken when no more than a
+/// quarter of the cell is missing, or a fifth where it would be the first.
 int scaleFor(const FT_WinFNT_HeaderRec& header, LONG height) {
     constexpr std::int64_t tallest = 4096;
-    constexpr int littleShare = 5; ///< Less than a fifth of the cell
     const int cell = header.pixel_height;
     const int wanted = static_cast<int>(std::min(
         std::llabs(height) + (height < 0 ? header.internal_leading : 0), static_cast<long long>(tallest)));
     const int scale = std::max(1, wanted / cell);
     const int missing = (scale + 1) * cell - wanted;
-    return wanted > cell && missing * littleShare < cell ? scale + 1 : scale;
+    const int share = scale == 1 ? 5 : 4;
+    return wanted > cell && missing * share <= cell ? scale + 1 : scale;
 }
 
 } // namespace
@@ -92,18 +93,21 @@ void BitmapFace::readMetrics(const FontSource& source) {
     metrics_.tmItalic = source.slant ? 255 : 0;
     metrics_.tmPitchAndFamily = static_cast<BYTE>(header.pitch_and_family);
     metrics_.tmCharSet = header.charset;
-    const int line = metrics_.tmAscent / 20 + 1;
-    underline_ = lineAt(0, line);
-    strikeOut_ = lineAt(metrics_.tmAscent / 2, line);
 }
 
 void BitmapFace::chooseWidth(LONG width) {
     constexpr LONG widest = 4096;
     if (width == 0) return;
-    widthOfItself_ = std::max<LONG>(1, metrics_.tmAveCharWidth);
+    FT_WinFNT_HeaderRec header{};
+    readHeader(face_.get(), header);
+    widthOfItself_ = std::max<int>(1, header.avg_width);
     widthWanted_ = std::min(std::abs(std::max(width, -widest)), widest);
-    metrics_.tmMaxCharWidth = metrics_.tmMaxCharWidth * widthWanted_ / widthOfItself_;
-    metrics_.tmAveCharWidth = widthWanted_;
+    const int bolder = embolden_ ? 1 : 0;
+    const auto widened = [&](int own) {
+        return ((own + bolder) * widthWanted_ * 2 + widthOfItself_) / (2 * widthOfItself_);
+    };
+    metrics_.tmMaxCharWidth = widened(header.max_width);
+    metrics_.tmAveCharWidth = widened(header.avg_width);
 }
 
 bool BitmapFace::load(char16_t character) {
@@ -117,9 +121,11 @@ bool BitmapFace::load(char16_t character) {
 
 int BitmapFace::measure(char16_t character) {
     if (!load(character)) return 0;
-    const int own = static_cast<int>(face_->glyph->advance.x >> 6) * scale_ + (embolden_ ? 1 : 0);
+    const int own = static_cast<int>(face_->glyph->advance.x >> 6);
+    const int bolder = embolden_ ? 1 : 0;
+    if (widthWanted_ == 0) return own * scale_ + bolder;
     // The pictures stay as they are: only the distances between them change.
-    return widthWanted_ == widthOfItself_ ? own : (own * widthWanted_ + widthOfItself_ - 1) / widthOfItself_;
+    return (own * widthWanted_ + widthOfItself_ - 1) / widthOfItself_ + bolder;
 }
 
 Glyph BitmapFace::makeGlyph(char16_t character) {

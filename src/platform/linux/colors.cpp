@@ -22,6 +22,12 @@ std::uint32_t searchedNearestPixelOf(const DeviceContext& context, COLORREF colo
     return nearestPixel(context, pixelOfColor(plainColor(context, color)));
 }
 
+bool isColorOfTwo(const DeviceContext& context, COLORREF color) {
+    const std::uint32_t pixel = pixelOfColor(plainColor(context, color));
+    return pixel == colorOfValue(*context.surface, 0, blackAndWhite) ||
+           pixel == colorOfValue(*context.surface, 1, blackAndWhite);
+}
+
 std::uint32_t backPixelOf(const DeviceContext& context) {
     return nearestPixelOf(context, context.state.backColor);
 }

@@ -25,6 +25,9 @@ inline std::uint32_t nearestPixelOf(const DeviceContext& context, COLORREF color
 std::uint32_t searchedPixelOf(const DeviceContext& context, COLORREF color);
 std::uint32_t searchedNearestPixelOf(const DeviceContext& context, COLORREF color);
 
+/// Whether a surface of 1 bit has a colour exactly.
+bool isColorOfTwo(const DeviceContext& context, COLORREF color);
+
 /// The nearest pixel of the background colour.
 std::uint32_t backPixelOf(const DeviceContext& context);
 

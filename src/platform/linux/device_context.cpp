@@ -38,8 +38,10 @@ struct Axis {
 
     double exact(LONG value) const { return static_cast<double>(value) * scale + offset; }
     int apply(LONG value) const { return rounded(exact(value)); }
-    /// Of a length.
-    int length(LONG value) const { return std::abs(rounded(static_cast<double>(value) * scale)); }
+    /// Of a length, cut to whole pixels.
+    int cutLength(LONG value) const {
+        return boundedCoordinate(static_cast<std::int64_t>(std::fabs(static_cast<double>(value) * scale)));
+    }
 };
 
 Axis horizontal(const Mapping& m) {
@@ -97,7 +99,7 @@ POINT Mapping::toLogical(POINT p) const {
 }
 
 int Mapping::heightOnDevice(int logical) const {
-    return vertical(*this).length(logical);
+    return vertical(*this).cutLength(logical);
 }
 
 SIZE Mapping::sizeOnDevice(SIZE logical) const {

@@ -59,7 +59,7 @@ struct Mapping {
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;
-    /// Pixels of a length along the vertical axis, rounded; not negative.
+    /// Pixels of a length along the vertical axis, cut to whole ones; not negative.
     int heightOnDevice(int logical) const;
     /// Pixels of a size that is measured from the logical origin: each end is rounded by itself, so the
     /// origins count. Not negative.
@@ -154,6 +154,11 @@ public:
     POINT toSurface(POINT logical) const {
         if (!state.mapping.isUnscaled()) return deviceToSurface(state.mapping.toDevice(logical));
         return {boundedCoordinate(logical.x + shiftAcross()), boundedCoordinate(logical.y + shiftDown())};
+    }
+    /// Back from the surface to logical coordinates.
+    POINT toLogical(POINT p) const {
+        return state.mapping.toLogical({boundedCoordinate(std::int64_t{p.x} - origin.x),
+                                        boundedCoordinate(std::int64_t{p.y} - origin.y)});
     }
     RECT toSurface(const RECT& r) const {
         if (!state.mapping.isUnscaled()) return scaledToSurface(r);

@@ -6,6 +6,7 @@
 #include <array>
 #include <list>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 
 namespace platform::driver {
@@ -43,16 +44,24 @@ struct InkSpan {
     int width = 0;
 };
 
-/// Lines below and through text, in pixels from the base line upwards.
+/// A line below or through text, in pixels.
 struct TextLine {
-    int top = 0;
+    int position = 0; ///< Of its middle above the base line
     int height = 1;
+    int top() const { return position + height / 2; }
 };
 
-/// A line centred on a position.
-inline TextLine lineAt(int position, int height) {
-    return {position + height / 2, height};
-}
+/// The two lines of a font.
+struct TextLines {
+    TextLine underline;
+    TextLine strikeOut;
+
+    /// As a font has them that says nothing of them.
+    static TextLines ofAscent(int ascent) {
+        const int height = ascent / 20 + 1;
+        return {{0, height}, {ascent / 2, height}};
+    }
+};
 
 class FontFace {
 public:
@@ -60,8 +69,8 @@ public:
 
     const TEXTMETRICW& metrics() const { return metrics_; }
     const std::u16string& faceName() const { return faceName_; }
-    const TextLine& underline() const { return underline_; }
-    const TextLine& strikeOut() const { return strikeOut_; }
+    /// What the font says of its lines, heights of none as they are; null when it says nothing.
+    const TextLines* lines() const { return lines_ ? &*lines_ : nullptr; }
 
     /// The glyph of a character, a place-holder for one that the font does not have. Stays valid until the
     /// next call.
@@ -85,8 +94,7 @@ protected:
 
     TEXTMETRICW metrics_;
     std::u16string faceName_;
-    TextLine underline_;
-    TextLine strikeOut_;
+    std::optional<TextLines> lines_;
 
 private:
     static constexpr std::size_t directCount = 256;

@@ -121,9 +121,14 @@ private:
         RECT r{x, row, end, row + 1};
         if (!has(format_, DT_NOCLIP)) r = intersection(r, ordered(rect_));
         if (isEmpty(r)) return;
-        const HBRUSH brush = CreateSolidBrush(context_.state.textColor);
-        FillRect(dc_, &r, brush);
-        DeleteObject(brush);
+        const HPEN pen = CreatePen(PS_SOLID, 0, context_.state.textColor);
+        const HGDIOBJ previous = SelectObject(dc_, pen);
+        POINT position;
+        MoveToEx(dc_, r.left, row, &position);
+        LineTo(dc_, r.right, row);
+        MoveToEx(dc_, position.x, position.y, nullptr);
+        SelectObject(dc_, previous);
+        DeleteObject(pen);
     }
 
     HDC dc_;

@@ -12,19 +12,28 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <limits>
 
 namespace platform::driver {
 
 namespace {
 
-/// Fills a strip of a text with a pixel: a rectangle of a level text, within `clip` when given.
-void fillStrip(DeviceContext& context, const std::array<POINT, 4>& corners, std::uint32_t pixel,
+/// What the ground of text is filled with. On 1 bit a background that is neither of the two colours becomes
+/// the other one than a text that is one of them.
+std::uint32_t groundPixelOf(const DeviceContext& context) {
+    const ContextState& state = context.state;
+    const bool isOther = context.surface->bitsPerPixel == 1 && !isColorOfTwo(context, state.backColor) &&
+                         isColorOfTwo(context, state.textColor);
+    return isOther ? ~pixelOf(context, state.textColor) : backPixelOf(context);
+}
+
+/// Fills a strip of a text: a rectangle of a level text, within `clip` when given.
+void fillStrip(DeviceContext& context, const std::array<POINT, 4>& corners, const Painter& painter,
                const RECT* clip, bool isLevel) {
-    const Painter painter(context, pixel, rop3Of(PATCOPY));
     const auto fill = [&](const RECT& r) { painter.fill(clip ? intersection(r, *clip) : r); };
     if (isLevel) {
-        fill({corners[0].x, corners[0].y, corners[2].x, corners[2].y});
+        fill(ordered({corners[0].x, corners[0].y, corners[2].x, corners[2].y}));
         return;
     }
     const Region strip = polygonRegion(corners, WINDING, context.drawable().bounds());
@@ -32,9 +41,41 @@ void fillStrip(DeviceContext& context, const std::array<POINT, 4>& corners, std:
         fill(r);
 }
 
+/// The lines of a face as they are told under the context's mapping: their measures in whole logical units,
+/// those laid from the logical origin, and the thickness of a strike-out with the direction of the axis. No
+/// line is thinner than a pixel.
+TextLines linesOf(const DeviceContext& context, const FontFace& face) {
+    const Mapping& mapping = context.state.mapping;
+    const TextScale down = TextScale::down(context.state);
+    if (!face.lines()) return TextLines::ofAscent(down.toPixels(down.toLogical(face.metrics().tmAscent)));
+    TextLines lines = *face.lines();
+    if (!mapping.isUnscaled()) {
+        const auto whole = [&](int pixels) {
+            const int length = mapping.sizeOnDevice({0, down.toLogical(pixels)}).cy;
+            return pixels < 0 ? -length : length;
+        };
+        lines.underline = {whole(lines.underline.position), whole(lines.underline.height)};
+        lines.strikeOut.position = whole(lines.strikeOut.position);
+        const int sign = down.isUpward() ? -1 : 1;
+        const int directed = sign * lines.strikeOut.height;
+        const int thickness = std::abs(down.toLogical(directed));
+        lines.strikeOut.height = sign * mapping.sizeOnDevice({0, thickness}).cy;
+    }
+    for (TextLine* line : {&lines.underline, &lines.strikeOut})
+        if (line->height == 0) line->height = 1;
+    return lines;
+}
+
+/// Lines are drawn as shapes are: with corners at logical points, and with a brush of the text's colour.
 void drawTextLine(DeviceContext& context, const TextLayout& layout, const RECT* clip, const TextLine& line) {
-    fillStrip(context, layout.strip(line.top, line.top - line.height),
-              pixelOf(context, context.state.textColor), clip, layout.isLevel());
+    std::array<POINT, 4> corners = layout.strip(line.top(), line.top() - line.height);
+    if (!context.state.mapping.isUnscaled())
+        for (POINT& corner : corners)
+            corner = context.toSurface(context.toLogical(corner));
+    Brush brush;
+    brush.data.lbStyle = BS_SOLID;
+    brush.data.lbColor = context.state.textColor;
+    fillStrip(context, corners, Painter(context, brush, rop3Of(PATCOPY)), clip, layout.isLevel());
 }
 
 /// True when all that is drawn is characters from a point on: the place of the text's end does not matter.
@@ -66,9 +107,9 @@ void drawCharacters(DeviceContext& context, FontFace& face, const TextLayout& la
     TextAdvances advances(context.state, face, run.advances);
     for (const char16_t c : run.text) {
         const Glyph& glyph = face.glyph(c);
-        const POINT p = layout.point(advances.pixels(), 0);
+        const POINT p = layout.point(advances.pixels());
         painter.draw(glyph, p.x, p.y);
-        if (advances.areSet())
+        if (advances.areSet() || !layout.isLevel())
             advances.pass(c);
         else
             advances.pass(c, glyph.advance);
@@ -89,12 +130,12 @@ void drawText(DeviceContext& context, POINT at, const TextRun& run, const RECT* 
     const TEXTMETRICW& metrics = measured->metrics();
     const TextLayout layout(context, *measured, at, run);
     if (context.state.backMode == OPAQUE)
-        fillStrip(context, layout.strip(metrics.tmAscent, -metrics.tmDescent), backPixelOf(context), clip,
-                  layout.isLevel());
+        fillStrip(context, layout.strip(metrics.tmAscent, -metrics.tmDescent),
+                  Painter(context, groundPixelOf(context), rop3Of(PATCOPY)), clip, layout.isLevel());
     drawCharacters(context, *drawn, layout, run, clip);
     const LOGFONTW& font = context.font().data;
-    if (font.lfUnderline) drawTextLine(context, layout, clip, measured->underline());
-    if (font.lfStrikeOut) drawTextLine(context, layout, clip, measured->strikeOut());
+    if (font.lfUnderline) drawTextLine(context, layout, clip, linesOf(context, *measured).underline);
+    if (font.lfStrikeOut) drawTextLine(context, layout, clip, linesOf(context, *measured).strikeOut);
     if ((context.state.textAlign & TA_UPDATECP) != 0) layout.advancePosition();
 }
 
@@ -243,7 +284,7 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
     RECT area;
     if (rect) area = ordered(context->toSurface(*rect));
     if (rect && (options & ETO_OPAQUE) != 0)
-        Painter(*context, backPixelOf(*context), rop3Of(PATCOPY)).fill(area);
+        Painter(*context, groundPixelOf(*context), rop3Of(PATCOPY)).fill(area);
     if (length > 0)
         drawText(*context, {x, y}, {{text, length}, advances},
                  rect && (options & ETO_CLIPPED) != 0 ? &area : nullptr);

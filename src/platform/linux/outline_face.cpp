@@ -2,6 +2,7 @@
 
 #include FT_OUTLINE_H
 #include FT_GASP_H
+#include FT_GLYPH_H
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
@@ -49,6 +50,29 @@ std::uint8_t coverageOf(unsigned level) {
     return static_cast<std::uint8_t>(level * (fullCoverage + 1) / 256);
 }
 
+// Whole pixels in 26.6.
+FT_Pos floorOf(FT_Pos position) {
+    return position & -64;
+}
+FT_Pos ceilingOf(FT_Pos position) {
+    return floorOf(position + 63);
+}
+
+/// A bitmap without its rows' ends and with a byte for each pixel.
+std::vector<std::uint8_t> coverageOf(const FT_Bitmap& bitmap) {
+    std::vector<std::uint8_t> coverage;
+    coverage.reserve(std::size_t{bitmap.width} * bitmap.rows);
+    for (unsigned y = 0; y < bitmap.rows; ++y) {
+        const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * y;
+        for (unsigned x = 0; x < bitmap.width; ++x) {
+            const bool isMono = bitmap.pixel_mode == FT_PIXEL_MODE_MONO;
+            const bool isSet = isMono && (row[x >> 3] >> (7 - (x & 7)) & 1) != 0;
+            coverage.push_back(isMono ? (isSet ? fullCoverage : 0) : coverageOf(row[x]));
+        }
+    }
+    return coverage;
+}
+
 } // namespace
 
 std::shared_ptr<FontFace> OutlineFace::open(const FontSource& source, const LOGFONTW& request) {
@@ -73,7 +97,7 @@ void OutlineFace::chooseShape(const LOGFONTW& request) {
         constexpr LONG widest = 4096;
         widthOfItself_ = metrics_.tmAveCharWidth;
         widthWanted_ = std::min(std::abs(std::max(request.lfWidth, -widest)), widest);
-        metrics_.tmMaxCharWidth = metrics_.tmMaxCharWidth * widthWanted_ / widthOfItself_;
+        metrics_.tmMaxCharWidth = roundedRatio(metrics_.tmMaxCharWidth, widthWanted_, widthOfItself_);
         metrics_.tmAveCharWidth = widthWanted_;
     }
     if (request.lfEscapement % 3600 != 0) {
@@ -146,10 +170,11 @@ void OutlineFace::readMetrics(const FontSource& source) {
                                                   (isFixed ? 0 : TMPF_FIXED_PITCH));
     metrics_.tmCharSet = isSymbol_ ? SYMBOL_CHARSET : ANSI_CHARSET;
     // FreeType gives the middle of the underline; the lines are centred on its upper edge.
-    const int thickness = std::max(1, scaled(face_->underline_thickness));
-    underline_ = lineAt(scaled(face_->underline_position + face_->underline_thickness / 2), thickness);
-    const int strikeThickness = os2 ? std::max(1, scaled(os2->yStrikeoutSize)) : thickness;
-    strikeOut_ = lineAt(os2 ? scaled(os2->yStrikeoutPosition) : metrics_.tmAscent / 3, strikeThickness);
+    const int thickness = scaled(face_->underline_thickness);
+    const TextLine underline{scaled(face_->underline_position + face_->underline_thickness / 2), thickness};
+    const TextLine strikeOut = os2 ? TextLine{scaled(os2->yStrikeoutPosition), scaled(os2->yStrikeoutSize)}
+                                   : TextLine{static_cast<int>(metrics_.tmAscent / 3), thickness};
+    lines_ = TextLines{underline, strikeOut};
 }
 
 unsigned OutlineFace::indexOf(char16_t character) const {
@@ -163,19 +188,44 @@ bool OutlineFace::load(char16_t character, int flags) {
     return FT_Load_Glyph(face_.get(), indexOf(character), flags) == 0;
 }
 
+FT_Matrix OutlineFace::transform() const {
+    constexpr FT_Fixed one = 0x10000;
+    const auto fixed = [](double value) { return static_cast<FT_Fixed>(std::lround(value * one)); };
+    FT_Matrix matrix{one, 0, 0, one};
+    if (isStretched()) matrix.xx = std::int64_t{widthWanted_} * one / widthOfItself_; // cut, not rounded
+    const FT_Matrix slant{0x10000, slantOfItalics, 0, 0x10000};
+    const FT_Matrix turn{fixed(cos_), fixed(-sin_), fixed(sin_), fixed(cos_)};
+    if (slant_) FT_Matrix_Multiply(&slant, &matrix);
+    if (isRotated()) FT_Matrix_Multiply(&turn, &matrix);
+    return matrix;
+}
+
 void OutlineFace::shape() {
     FT_GlyphSlot slot = face_->glyph;
     if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return;
     if (embolden_) FT_Outline_Embolden(&slot->outline, (pixelsPerEm_ << 6) / emboldenShare);
-    if (slant_) {
-        FT_Matrix matrix{0x10000, slantOfItalics, 0, 0x10000};
-        FT_Outline_Transform(&slot->outline, &matrix);
-    }
-    if (!isStretched() && !isRotated()) return;
-    const double across = isStretched() ? static_cast<double>(widthWanted_) / widthOfItself_ : 1;
-    const auto fixed = [](double value) { return static_cast<FT_Fixed>(std::lround(value * 0x10000)); };
-    FT_Matrix matrix{fixed(across * cos_), fixed(-sin_), fixed(across * sin_), fixed(cos_)};
+    if (!slant_ && !isStretched() && !isRotated()) return;
+    const FT_Matrix matrix = transform();
     FT_Outline_Transform(&slot->outline, &matrix);
+}
+
+FT_BBox OutlineFace::room() const {
+    const FT_Glyph_Metrics& metrics = face_->glyph->metrics;
+    const FT_Pos ascent = std::int64_t{metrics_.tmAscent} * 64;
+    const FT_Pos descent = std::int64_t{metrics_.tmDescent} * 64;
+    const FT_Pos left = floorOf(metrics.horiBearingX);
+    const FT_Pos right = ceilingOf(metrics.horiBearingX + metrics.width);
+    const FT_Pos top = std::min(ceilingOf(metrics.horiBearingY), ascent);
+    const FT_Pos bottom = std::max(floorOf(metrics.horiBearingY - metrics.height), -descent);
+    std::array<FT_Vector, 4> corners{{{left, top}, {right, top}, {right, bottom}, {left, bottom}}};
+    const FT_Matrix matrix = transform();
+    for (FT_Vector& corner : corners)
+        FT_Vector_Transform(&corner, &matrix);
+    FT_BBox box{corners[0].x, corners[0].y, corners[0].x, corners[0].y};
+    for (const FT_Vector& corner : corners)
+        box = {std::min(box.xMin, corner.x), std::min(box.yMin, corner.y), std::max(box.xMax, corner.x),
+               std::max(box.yMax, corner.y)};
+    return {floorOf(box.xMin), floorOf(box.yMin), ceilingOf(box.xMax), ceilingOf(box.yMax)};
 }
 
 int OutlineFace::loadedAdvance() const {
@@ -197,38 +247,52 @@ InkSpan OutlineFace::ink(char16_t character) {
     return {left, std::max(1, static_cast<int>((box.xMax + 63) >> 6) - left)};
 }
 
+void OutlineFace::takePicture(const FT_Bitmap& bitmap, Glyph& glyph) {
+    glyph.width = static_cast<int>(bitmap.width);
+    glyph.height = static_cast<int>(bitmap.rows);
+    glyph.coverage = coverageOf(bitmap);
+    glyph.smooth = std::any_of(glyph.coverage.begin(), glyph.coverage.end(),
+                               [](std::uint8_t c) { return c != 0 && c != fullCoverage; });
+}
+
 Glyph OutlineFace::makeGlyph(char16_t character) {
     Glyph glyph;
     // Ready-made pictures of small sizes are preferred, but cannot be leaned, thickened, stretched or turned.
     const int pictures = embolden_ || slant_ || isStretched() || isRotated() ? FT_LOAD_NO_BITMAP : 0;
     if (!load(character, pictures | (smooth_ ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO))) return glyph;
     glyph.advance = loadedAdvance();
-    shape();
-    FT_GlyphSlot slot = face_->glyph;
-    if (slot->format == FT_GLYPH_FORMAT_OUTLINE &&
-        FT_Render_Glyph(slot, smooth_ ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO) != 0)
-        return glyph;
-    const FT_Bitmap& bitmap = slot->bitmap;
-    // What reaches out of the cell is cut off, but for letters that lean.
-    const int bottom = slot->bitmap_top - static_cast<int>(bitmap.rows);
-    const int above = isRotated() ? 0 : std::max(0, slot->bitmap_top - static_cast<int>(metrics_.tmAscent));
-    const int below = isRotated() ? 0 : std::max(0, -static_cast<int>(metrics_.tmDescent) - bottom);
-    glyph.left = slot->bitmap_left;
-    glyph.top = slot->bitmap_top - above;
-    glyph.width = static_cast<int>(bitmap.width);
-    glyph.height = std::max(0, static_cast<int>(bitmap.rows) - above - below);
-    glyph.coverage.resize(static_cast<std::size_t>(glyph.width) * static_cast<std::size_t>(glyph.height));
-    std::uint8_t* out = glyph.coverage.data();
-    for (int y = 0; y < glyph.height; ++y) {
-        const unsigned char* row = bitmap.buffer + std::ptrdiff_t{bitmap.pitch} * (y + above);
-        for (int x = 0; x < glyph.width; ++x) {
-            const bool isMono = bitmap.pixel_mode == FT_PIXEL_MODE_MONO;
-            *out = isMono ? ((row[x >> 3] >> (7 - (x & 7)) & 1) ? fullCoverage : 0) : coverageOf(row[x]);
-            if (*out != 0 && *out != fullCoverage) glyph.smooth = true;
-            ++out;
-        }
+    const FT_GlyphSlot slot = face_->glyph;
+    if (slot->format == FT_GLYPH_FORMAT_OUTLINE) {
+        drawOutline(glyph);
+    } else {
+        glyph.left = slot->bitmap_left;
+        glyph.top = slot->bitmap_top;
+        takePicture(slot->bitmap, glyph);
     }
     return glyph;
+}
+
+void OutlineFace::drawOutline(Glyph& glyph) {
+    constexpr FT_Pos mostPixels = 1 << 26;
+    const FT_BBox box = room();
+    const FT_Pos width = (box.xMax - box.xMin) / 64;
+    const FT_Pos height = (box.yMax - box.yMin) / 64;
+    if (width <= 0 || height <= 0 || width > mostPixels / height) return;
+    shape();
+    const FT_GlyphSlot slot = face_->glyph;
+    FT_Outline_Translate(&slot->outline, -box.xMin, -box.yMin);
+    FT_Bitmap bitmap{};
+    bitmap.width = static_cast<unsigned>(width);
+    bitmap.rows = static_cast<unsigned>(height);
+    bitmap.pitch = static_cast<int>(smooth_ ? width : (width + 7) / 8);
+    bitmap.num_grays = 256;
+    bitmap.pixel_mode = smooth_ ? FT_PIXEL_MODE_GRAY : FT_PIXEL_MODE_MONO;
+    std::vector<unsigned char> rows(static_cast<std::size_t>(bitmap.pitch) * bitmap.rows);
+    bitmap.buffer = rows.data();
+    if (FT_Outline_Get_Bitmap(slot->library, &slot->outline, &bitmap) != 0) return;
+    glyph.left = static_cast<int>(box.xMin / 64);
+    glyph.top = static_cast<int>(box.yMax / 64);
+    takePicture(bitmap, glyph);
 }
 
 } // namespace platform::driver

@@ -26,8 +26,15 @@ private:
     void readMetrics(const FontSource& source);
     unsigned indexOf(char16_t character) const;
     bool load(char16_t character, int flags);
+    /// What stretches, slants and turns an outline.
+    FT_Matrix transform() const;
+    /// Where the loaded outline may paint, in 26.6 and whole pixels: the box around it, cut to the cell and
+    /// then stretched, slanted and turned.
+    FT_BBox room() const;
     void shape();
     int loadedAdvance() const;
+    void drawOutline(Glyph& glyph);
+    static void takePicture(const FT_Bitmap& bitmap, Glyph& glyph);
     bool isStretched() const { return widthWanted_ != widthOfItself_; }
     bool isRotated() const { return sin_ != 0 || cos_ != 1; }
     int stretched(int pixels) const;

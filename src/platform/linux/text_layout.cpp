@@ -43,10 +43,9 @@ std::shared_ptr<FontFace> levelFaceOf(DeviceContext& context) {
     return font.face;
 }
 
-/// Lengths along a leaning line are cut, not rounded; the little more keeps whole ones whole.
-std::int64_t cut(double pixels) {
-    constexpr double little = 1e-6;
-    return static_cast<std::int64_t>(pixels < 0 ? pixels - little : pixels + little);
+/// Positions of leaning text are cut to whole pixels, not rounded.
+int cut(double pixels) {
+    return boundedCoordinate(static_cast<std::int64_t>(pixels));
 }
 
 constexpr UINT horizontalAlign = TA_CENTER;
@@ -112,7 +111,8 @@ TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const T
     TextAdvances advances(state, face, run.advances);
     for (const char16_t c : run.text)
         advances.pass(c);
-    width_ = advances.pixels();
+    width_ = state.mapping.isUnscaled() ? advances.pixels()
+                                        : TextScale::across(state).toPixels(advances.logical());
     const LONG escapement = context.font().data.lfEscapement % 3600;
     const bool canLean = (face.metrics().tmPitchAndFamily & TMPF_TRUETYPE) != 0; // bitmaps stay level
     if (escapement != 0 && canLean) {
@@ -122,23 +122,30 @@ TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const T
     }
     const bool followsPosition = (state.textAlign & TA_UPDATECP) != 0;
     start_ = context.toSurface(followsPosition ? state.position : at);
-    int along = 0;
-    if ((state.textAlign & horizontalAlign) == TA_CENTER) along = -(width_ / 2);
-    if ((state.textAlign & horizontalAlign) == TA_RIGHT) along = -width_;
-    int above = 0;
-    if ((state.textAlign & verticalAlign) == TA_TOP) above = -face.metrics().tmAscent;
-    if ((state.textAlign & verticalAlign) == TA_BOTTOM) above = face.metrics().tmDescent;
-    start_ = point(along, above);
+    const POINT end = point(width_);
+    const POINT along{end.x - start_.x, end.y - start_.y};
+    if ((state.textAlign & horizontalAlign) == TA_CENTER)
+        start_ = {start_.x - along.x / 2, start_.y - along.y / 2};
+    if ((state.textAlign & horizontalAlign) == TA_RIGHT) start_ = {start_.x - along.x, start_.y - along.y};
+    int down = 0;
+    if ((state.textAlign & verticalAlign) == TA_TOP) down = face.metrics().tmAscent;
+    if ((state.textAlign & verticalAlign) == TA_BOTTOM) down = -face.metrics().tmDescent;
+    start_ = below(start_, down);
 }
 
-POINT TextLayout::point(int along, int above) const {
-    if (isLevel()) return {boundedCoordinate(std::int64_t{start_.x} + along), start_.y - above};
-    return {boundedCoordinate(start_.x + cut(along * cos_ - above * sin_)),
-            boundedCoordinate(start_.y - cut(along * sin_ + above * cos_))};
+POINT TextLayout::point(int along) const {
+    return {boundedCoordinate(start_.x + std::int64_t{cut(along * cos_)}),
+            boundedCoordinate(start_.y - std::int64_t{cut(along * sin_)})};
+}
+
+POINT TextLayout::below(POINT p, int pixels) const {
+    return {cut(p.x + pixels * sin_), cut(p.y + pixels * cos_)};
 }
 
 std::array<POINT, 4> TextLayout::strip(int top, int bottom) const {
-    return {point(0, top), point(width_, top), point(width_, bottom), point(0, bottom)};
+    const POINT left = below(start_, -top);
+    const POINT right = below(point(width_), -top);
+    return {left, right, below(right, top - bottom), below(left, top - bottom)};
 }
 
 void TextLayout::advancePosition() const {

@@ -26,6 +26,8 @@ public:
     static TextScale across(const ContextState& state);
     static TextScale down(const ContextState& state);
 
+    /// True where the axis points against that of the device.
+    bool isUpward() const { return (window_ < 0) != (viewport_ < 0); }
     int toLogical(std::int64_t pixels) const { return scaled(pixels, window_, viewport_); }
     int toPixels(std::int64_t units) const { return scaled(units, viewport_, window_); }
 
@@ -79,8 +81,8 @@ public:
     /// In pixels along the base line.
     int width() const { return width_; }
 
-    /// A point so many pixels along the base line and above it, on the surface.
-    POINT point(int along, int above) const;
+    /// A point so many pixels along the base line, on the surface.
+    POINT point(int along) const;
 
     /// A strip along the whole text, from `top` to `bottom` pixels above the base line: its corners in turn.
     std::array<POINT, 4> strip(int top, int bottom) const;
@@ -89,6 +91,9 @@ public:
     void advancePosition() const;
 
 private:
+    /// What lies so many pixels below a point of the surface, as the text leans.
+    POINT below(POINT p, int pixels) const;
+
     DeviceContext& context_;
     double cos_ = 1;
     double sin_ = 0;
