@@ -62,7 +62,7 @@ public:
     /// The low 16 bits.
     bool WriteUnsignedInteger(std::int32_t nNumero, bool lBigEndian = false);
     bool WriteLong(std::int32_t nNumero, bool lBigEndian = false);
-    /// -2147483648 to 4294967295 in 4 bytes.
+    /// -2147483648 to 4294967295 in 4 bytes; 4294967296 and its next 2147483647 numbers begin again at 0.
     bool WriteUnsignedLong(automation::Currency nNumero, bool lBigEndian = false);
     /// 8 bytes, ten-thousandths.
     bool WriteCurrency(automation::Currency nNumero, bool lBigEndian = false);

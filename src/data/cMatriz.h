@@ -175,8 +175,8 @@ public:
         bool lAutoDim = true;
         return DeleteRow(nRow, lAutoDim);
     }
-    /// Takes away the rows whose cell in the logical column lies below or above the two values, and those
-    /// whose cell is Null. False for a column that there is not, an empty table, and values that do not
+    /// Takes away the rows whose cell in the logical column lies between the two values, both included, and
+    /// those whose cell is Null. False for a column that there is not, an empty table, and values that do not
     /// compare.
     bool DeleteRows(std::int32_t nColumn, const automation::Variant& xMinValue,
                     const automation::Variant& xMaxValue);

@@ -130,6 +130,12 @@ TEST_F(cCanvas_Metafiles, AnEndWithoutABeginningGivesNothing) {
     EXPECT_EQ(dc, canvas->GetPaintDC());
 }
 
+TEST_F(cCanvas_Metafiles, ACanvasThatWasNeverConfiguredRecordsNothing) {
+    const auto fresh = automation::make<cCanvas>();
+    EXPECT_EQ(automation::errors::Overflow, errorOf([&] { fresh->BeginRecordMetafile(); }));
+    EXPECT_FALSE(fresh->EndRecordMetafile(false)) << "nothing is open";
+}
+
 TEST_F(cCanvas_Metafiles, ACanvasThatEndsWhileRecordingLeavesNothing) {
     const std::int32_t before = gdiObjects();
     {
