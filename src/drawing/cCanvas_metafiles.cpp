@@ -41,19 +41,22 @@ bool cCanvas::BeginRecordMetafile(const String& cFileName, const String& cAplica
     const std::string file = cFileName.ansi();
     const platform::RECT frame{0, 0, roundToLong(ScaleX(static_cast<float>(nWidth), pixels, himetric)),
                                roundToLong(ScaleY(static_cast<float>(nHeight), pixels, himetric))};
-    // What a canvas that was never configured cannot tell is asked for while nothing is open yet.
-    const std::int32_t viewportWidth =
-        devicePixels(nWidth, nPixelsPerInchX, nTargetDC, platform::HORZRES, platform::HORZSIZE);
-    const std::int32_t viewportHeight =
-        devicePixels(nHeight, nPixelsPerInchY, nTargetDC, platform::VERTRES, platform::VERTSIZE);
     const platform::HDC recorder = platform::CreateEnhMetaFileA(
         nTargetDC, file.empty() ? nullptr : file.c_str(), &frame, description.c_str());
     if (!recorder) return false;
+    platform::SIZE viewport;
+    try {
+        viewport = {devicePixels(nWidth, nPixelsPerInchX, nTargetDC, platform::HORZRES, platform::HORZSIZE),
+                    devicePixels(nHeight, nPixelsPerInchY, nTargetDC, platform::VERTRES, platform::VERTSIZE)};
+    } catch (const automation::Error&) { // of a canvas that was never configured
+        platform::DeleteEnhMetaFile(platform::CloseEnhMetaFile(recorder));
+        throw;
+    }
     nSavedPaintDC = nPaintDC;
     nPaintDC = recorder;
     platform::SetMapMode(nPaintDC, platform::MM_ANISOTROPIC);
     platform::SetWindowExtEx(nPaintDC, nWidth, nHeight, nullptr);
-    platform::SetViewportExtEx(nPaintDC, viewportWidth, viewportHeight, nullptr);
+    platform::SetViewportExtEx(nPaintDC, viewport.cx, viewport.cy, nullptr);
     return true;
 }
 
