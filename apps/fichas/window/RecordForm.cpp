@@ -279,6 +279,16 @@ bool RecordForm::plainKey(short key) {
     }
 }
 
+/// To the first and the last record.
+bool RecordForm::endKey(short key) {
+    if (key != platform::VK_HOME && key != platform::VK_END) return false;
+    if (key == platform::VK_HOME)
+        goTo(1);
+    else
+        goToLast();
+    return true;
+}
+
 /// The keys that belong to the fields where these can be edited.
 bool RecordForm::readersKey(short key) {
     switch (key) {
@@ -290,25 +300,13 @@ bool RecordForm::readersKey(short key) {
     case platform::VK_LEFT:
         goTo(record_ - 1);
         return true;
-    case platform::VK_HOME:
-        goTo(1);
-        return true;
-    case platform::VK_END:
-        goToLast();
-        return true;
     default:
-        return false;
+        return endKey(key);
     }
 }
 
 bool RecordForm::controlKey(short key) {
     switch (key) {
-    case platform::VK_HOME:
-        goTo(1);
-        return true;
-    case platform::VK_END:
-        goToLast();
-        return true;
     case platform::VK_NEXT:
         nextTable(1);
         return true;
@@ -322,7 +320,7 @@ bool RecordForm::controlKey(short key) {
         nextPage(-1);
         return true;
     default:
-        return false;
+        return endKey(key);
     }
 }
 

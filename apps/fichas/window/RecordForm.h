@@ -66,6 +66,7 @@ private:
     void guarded(F&& work);
     // Keys
     bool plainKey(short key);
+    bool endKey(short key);
     bool readersKey(short key);
     bool controlKey(short key);
     bool seekingKey(short key);

@@ -53,8 +53,7 @@ const char* explanation(int code) {
     }
 }
 
-/// What a constraint that refused a row says to a user; empty for one that speaks for itself, as a trigger's
-/// own words do.
+/// What a constraint that refused a row says to a user; a trigger's own words as they are.
 std::string refusal(sqlite3* handle) {
     std::string message = sqlite3_errmsg(handle);
     // Behind the colon stand the columns, or the name of the condition.

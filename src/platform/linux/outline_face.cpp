@@ -193,7 +193,7 @@ FT_Matrix OutlineFace::transform() const {
     const auto fixed = [](double value) { return static_cast<FT_Fixed>(std::lround(value * one)); };
     FT_Matrix matrix{one, 0, 0, one};
     if (isStretched()) matrix.xx = std::int64_t{widthWanted_} * one / widthOfItself_; // cut, not rounded
-    const FT_Matrix slant{0x10000, slantOfItalics, 0, 0x10000};
+    const FT_Matrix slant{one, slantOfItalics, 0, one};
     const FT_Matrix turn{fixed(cos_), fixed(-sin_), fixed(sin_), fixed(cos_)};
     if (slant_) FT_Matrix_Multiply(&slant, &matrix);
     if (isRotated()) FT_Matrix_Multiply(&turn, &matrix);

@@ -1,5 +1,7 @@
 #include "activex/windows/Container.h"
 
+#include <gtest/gtest.h>
+
 namespace support {
 
 Site::Site(::HWND window, const ::RECT& where, std::u16string_view className)
@@ -116,6 +118,38 @@ std::vector<::COLORREF> pixels(::HDC dc, int width, int height) {
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             result.push_back(::GetPixel(dc, x, y));
+    return result;
+}
+
+std::vector<::COLORREF> drawn(const Site& site, int width, int height, Way way) {
+    const ::HDC screen = ::GetDC(nullptr);
+    const ::HDC memory = ::CreateCompatibleDC(screen);
+    const ::HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+    ::SelectObject(memory, bitmap);
+    ::ReleaseDC(nullptr, screen);
+    const ::RECTL bounds{0, 0, width, height};
+    const auto draw = [&](::HDC dc) {
+        EXPECT_EQ(site.as<::IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds,
+                                                 nullptr, nullptr, 0),
+                  S_OK);
+    };
+    if (way == Way::ThroughMetafile) {
+        const ::HDC recorder = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+        draw(recorder);
+        const ::HENHMETAFILE picture = ::CloseEnhMetaFile(recorder);
+        ::ENHMETAHEADER header{};
+        ::GetEnhMetaFileHeader(picture, sizeof header, &header);
+        EXPECT_GT(header.nRecords, 2u) << "more than its beginning and its end";
+        const ::RECT place{header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                           header.rclBounds.bottom};
+        ::PlayEnhMetaFile(memory, picture, &place);
+        ::DeleteEnhMetaFile(picture);
+    } else {
+        draw(memory);
+    }
+    auto result = pixels(memory, width, height);
+    ::DeleteDC(memory);
+    ::DeleteObject(bitmap);
     return result;
 }
 

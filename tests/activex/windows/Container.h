@@ -115,4 +115,9 @@ private:
 /// The pixels of a device context, row by row.
 std::vector<::COLORREF> pixels(::HDC dc, int width, int height);
 
+/// What a control paints by IViewObject in a place of that size, at once or by a metafile that is played
+/// then.
+enum class Way { AtOnce, ThroughMetafile };
+std::vector<::COLORREF> drawn(const Site& site, int width, int height, Way way = Way::AtOnce);
+
 } // namespace support

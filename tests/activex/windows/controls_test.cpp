@@ -31,36 +31,6 @@ protected:
     }
 };
 
-/// What a control looks like through IViewObject on a context of a mapping of its own or a metafile's.
-std::vector<::COLORREF> drawn(const Site& site, int width, int height, bool throughMetafile = false) {
-    const ::HDC screen = ::GetDC(nullptr);
-    const ::HDC memory = ::CreateCompatibleDC(screen);
-    const ::HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
-    ::SelectObject(memory, bitmap);
-    ::ReleaseDC(nullptr, screen);
-    const ::RECTL bounds{0, 0, width, height};
-    const auto view = site.as<::IViewObject>();
-    const auto draw = [&](::HDC dc) {
-        EXPECT_EQ(
-            view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr, nullptr, 0),
-            S_OK);
-    };
-    if (throughMetafile) {
-        const ::HDC recorder = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-        draw(recorder);
-        const ::HENHMETAFILE picture = ::CloseEnhMetaFile(recorder);
-        ::ENHMETAHEADER header{};
-        ::GetEnhMetaFileHeader(picture, sizeof header, &header);
-        EXPECT_GT(header.nRecords, 2u);
-        ::DeleteEnhMetaFile(picture);
-    }
-    draw(memory);
-    auto result = support::pixels(memory, width, height);
-    ::DeleteDC(memory);
-    ::DeleteObject(bitmap);
-    return result;
-}
-
 bool hasSeveralColors(const std::vector<::COLORREF>& picture) {
     return std::any_of(picture.begin(), picture.end(), [&](::COLORREF c) { return c != picture.front(); });
 }
@@ -358,16 +328,18 @@ TEST_F(Controls, LookTheSameInactiveAsInTheirWindow) {
     const auto active = support::pixels(dc, client.right, client.bottom);
     ::ReleaseDC(field.controlWindow(), dc);
     EXPECT_TRUE(hasSeveralColors(active));
-    EXPECT_EQ(drawn(field, client.right, client.bottom), active);
+    EXPECT_EQ(support::drawn(field, client.right, client.bottom), active);
     field.as<::IOleInPlaceObject>()->InPlaceDeactivate();
-    EXPECT_EQ(drawn(field, client.right, client.bottom), active);
+    EXPECT_EQ(support::drawn(field, client.right, client.bottom), active);
 }
 
 TEST_F(Controls, DrawIntoMetafilesAndInOtherSizes) {
     support::put(label.control(), L"Caption", support::text(L"Hola"));
-    EXPECT_TRUE(hasSeveralColors(drawn(label, 60, 20, true)));
-    EXPECT_TRUE(hasSeveralColors(drawn(label, 240, 80)));
-    EXPECT_TRUE(hasSeveralColors(drawn(field, 300, 60, true)));
+    for (const support::Way way : {support::Way::AtOnce, support::Way::ThroughMetafile}) {
+        EXPECT_TRUE(hasSeveralColors(support::drawn(label, 60, 20, way)));
+        EXPECT_TRUE(hasSeveralColors(support::drawn(label, 240, 80, way)));
+        EXPECT_TRUE(hasSeveralColors(support::drawn(field, 300, 60, way)));
+    }
     EXPECT_EQ(label.as<::IViewObject>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, nullptr,
                                               nullptr, nullptr, 0),
               DV_E_DVASPECT);

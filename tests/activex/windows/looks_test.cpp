@@ -160,38 +160,6 @@ std::vector<::COLORREF> golden(const Look& look) {
     return pixels;
 }
 
-/// What IViewObject paints, at once or by way of a metafile.
-std::vector<::COLORREF> drawn(const Site& site, int height, bool throughMetafile = false) {
-    const ::HDC screen = ::GetDC(nullptr);
-    const ::HDC memory = ::CreateCompatibleDC(screen);
-    const ::HBITMAP bitmap = ::CreateCompatibleBitmap(screen, fieldWidth, height);
-    ::SelectObject(memory, bitmap);
-    ::ReleaseDC(nullptr, screen);
-    const ::RECTL bounds{0, 0, fieldWidth, height};
-    const auto draw = [&](::HDC dc) {
-        EXPECT_EQ(site.as<::IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds,
-                                                 nullptr, nullptr, 0),
-                  S_OK);
-    };
-    if (throughMetafile) {
-        const ::HDC recorder = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-        draw(recorder);
-        const ::HENHMETAFILE picture = ::CloseEnhMetaFile(recorder);
-        ::ENHMETAHEADER header{};
-        ::GetEnhMetaFileHeader(picture, sizeof header, &header);
-        const ::RECT place{header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
-                           header.rclBounds.bottom};
-        ::PlayEnhMetaFile(memory, picture, &place);
-        ::DeleteEnhMetaFile(picture);
-    } else {
-        draw(memory);
-    }
-    auto result = support::pixels(memory, fieldWidth, height);
-    ::DeleteDC(memory);
-    ::DeleteObject(bitmap);
-    return result;
-}
-
 /// What stands in its window, without the caret.
 std::vector<::COLORREF> shown(const Site& site, int height) {
     ::UpdateWindow(site.controlWindow());
@@ -224,8 +192,8 @@ TEST_P(Looks, InAContainerAreTheSameAsOnTheOtherSystem) {
     site.as<::IOleInPlaceObject>()->SetObjectRects(&site.place, &site.place);
     look.properties(site.control());
     if (!look.focused) {
-        expectGolden(drawn(site, look.height));
-        expectGolden(drawn(site, look.height, true));
+        expectGolden(support::drawn(site, fieldWidth, look.height));
+        expectGolden(support::drawn(site, fieldWidth, look.height, support::Way::ThroughMetafile));
     }
     ASSERT_EQ(site.activate(look.focused), S_OK);
     expectGolden(shown(site, look.height));
