@@ -36,12 +36,13 @@ inline void end(pid_t pid) {
     waitpid(pid, nullptr, 0);
 }
 
-/// Starts an X server on a free display number and returns its process; sets DISPLAY.
-inline pid_t startServer() {
+/// Starts an X server on a free display number and returns its process; sets DISPLAY. `screen`: width x
+/// height x depth.
+inline pid_t startServer(const char* screen = "1280x800x24") {
     int ends[2];
     if (pipe(ends) != 0) return 0;
     const pid_t server =
-        start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"}, ends[1]);
+        start({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"}, ends[1]);
     close(ends[1]);
     char number[16] = {};
     const ssize_t got = server ? read(ends[0], number, sizeof number - 1) : 0;

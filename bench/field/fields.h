@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace bench {
 
@@ -30,8 +31,9 @@ std::unique_ptr<TypingField> makeOurField(const char* mask);
 std::unique_ptr<TypingField> makeQtField(const char* mask);
 std::unique_ptr<TypingField> makeFltkField();
 
-/// What a designer saved of a field of the form. Each library reads from it what it has itself.
-host::PropertyBag savedField(int number);
+/// What a designer saved of the fields of the form, made at the first call: text, length and alignment. Each
+/// library goes through a bag and applies what it finds there.
+std::vector<host::PropertyBag>& savedFields();
 
 /// Makes a form of so many fields, gives them their properties, paints it and takes it down again.
 void showOurForm();

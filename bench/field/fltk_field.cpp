@@ -3,9 +3,11 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Input.H>
+#include <FL/fl_draw.H>
 #include <FL/x.H>
 
 #include "automation/Conversions.h"
+#include "frame/enumerations.h"
 
 #include <string>
 
@@ -13,11 +15,62 @@ namespace bench {
 
 namespace {
 
+/// A window that waits for its first picture: the server asks for it some time after the window is shown, and
+/// until then the library paints nothing.
+class PaintedWindow : public Fl_Double_Window {
+public:
+    using Fl_Double_Window::Fl_Double_Window;
+    void showPainted() {
+        show();
+        while (!painted_) {
+            Fl::wait();
+            Fl::flush();
+        }
+        XSync(fl_display, False);
+    }
+
+protected:
+    void draw() override {
+        painted_ = true;
+        Fl_Double_Window::draw();
+    }
+
+private:
+    bool painted_ = false;
+};
+
+/// An input whose text may stand at the right, which the library's own always has at the left.
+class AlignedInput : public Fl_Input {
+public:
+    using Fl_Input::Fl_Input;
+    void alignRight() { right_ = true; }
+
+protected:
+    void draw() override {
+        if (!right_ || Fl::focus() == this) {
+            Fl_Input::draw();
+            return;
+        }
+        draw_box();
+        fl_font(textfont(), textsize());
+        fl_color(active_r() ? textcolor() : fl_inactive(textcolor()));
+        constexpr int gap = 3; // pixels that inputs keep free beside their text
+        const int across = x() + w() - Fl::box_dx(box()) - gap;
+        const int down = y() + (h() + fl_height()) / 2 - fl_descent();
+        fl_push_clip(x(), y(), w(), h());
+        fl_draw(value(), size(), across - static_cast<int>(fl_width(value(), size())), down);
+        fl_pop_clip();
+    }
+
+private:
+    bool right_ = false;
+};
+
 class FltkField : public TypingField {
 public:
     FltkField() : window_(fieldWidth, fieldHeight), input_(0, 0, fieldWidth, fieldHeight) {
         window_.end();
-        window_.show();
+        window_.showPainted();
         input_.take_focus();
         Fl::check();
     }
@@ -37,9 +90,18 @@ public:
     void finish() override { XSync(fl_display, False); }
 
 private:
-    Fl_Double_Window window_;
+    PaintedWindow window_;
     Fl_Input input_;
 };
+
+void apply(AlignedInput& input, const automation::String& name, const automation::Variant& value) {
+    if (name == u"Text")
+        input.value(automation::CStr(value).utf8().c_str());
+    else if (name == u"MaxLength")
+        input.maximum_size(automation::CLng(value));
+    else if (name == u"Alignment" && automation::CLng(value) == tesela::tslAlignmentRightJustify)
+        input.alignRight();
+}
 
 } // namespace
 
@@ -48,32 +110,18 @@ std::unique_ptr<TypingField> makeFltkField() {
 }
 
 void showFltkForm() {
-    Fl_Double_Window window(formColumns * fieldWidth, formRows * fieldHeight);
-    for (int i = 0; i < formFields; ++i) {
-        auto* input = new Fl_Input(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
-                                   fieldHeight);
-        const host::PropertyBag saved = savedField(i);
-        const auto number = [&](const char16_t* name, int usual) {
-            return automation::CLng(saved.ReadProperty(name, automation::Variant(usual)));
-        };
-        const auto text = [&](const char16_t* name) {
-            return automation::CStr(saved.ReadProperty(name, automation::Variant(u""))).utf8();
-        };
-        input->maximum_size(number(u"MaxLength", 0));
-        input->textcolor(static_cast<Fl_Color>(number(u"ForeColor", FL_FOREGROUND_COLOR)));
-        input->color(static_cast<Fl_Color>(number(u"BackColor", FL_BACKGROUND2_COLOR)));
-        input->textsize(number(u"FontSize", FL_NORMAL_SIZE));
-        input->readonly(number(u"Locked", 0));
-        input->wrap(number(u"MultiLine", 0));
-        if (const std::string tip = text(u"ToolTip"); !tip.empty()) input->copy_tooltip(tip.c_str());
-        if (!number(u"Enabled", 1)) input->deactivate();
-        input->value(text(u"Text").c_str());
+    {
+        PaintedWindow window(formColumns * fieldWidth, formRows * fieldHeight);
+        for (int i = 0; i < formFields; ++i) {
+            auto* input = new AlignedInput(i % formColumns * fieldWidth, i / formColumns * fieldHeight,
+                                           fieldWidth, fieldHeight);
+            for (const auto& [name, value] : savedFields()[static_cast<std::size_t>(i)].items())
+                apply(*input, name, value);
+        }
+        window.end();
+        window.showPainted();
     }
-    window.end();
-    window.show();
-    Fl::check();
-    Fl::flush();
-    XSync(fl_display, False);
+    XSync(fl_display, False); // the server takes the window down in this time
 }
 
 } // namespace bench

@@ -50,8 +50,9 @@ void measureTyping(const char* name, const std::vector<bench::Candidate>& candid
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     setenv("TESELA_DISPLAY", "headless", 1);
-    setenv("TESELA_SCREEN", "1600x2200", 1); // what lies beside the screen would not be painted
-    server = bench::startServer();
+    // What lies beside the screen would not be painted.
+    setenv("TESELA_SCREEN", "1600x2200", 1);
+    server = bench::startServer("1600x2200x24");
     if (!server) {
         std::fprintf(stderr, "Xvfb did not start\n");
         return 1;

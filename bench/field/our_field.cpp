@@ -54,19 +54,12 @@ private:
 void fill(host::Form& form) {
     for (int i = 0; i < formFields; ++i) {
         const int column = i % formColumns, row = i / formColumns;
-        host::PropertyBag bag = savedField(i);
         form.add(automation::make<get>(), u"get" + automation::String::fromUtf8(std::to_string(i)),
-                 host::NotInArray, nullptr, &bag,
+                 host::NotInArray, nullptr, &savedFields()[static_cast<std::size_t>(i)],
                  {static_cast<float>(column * fieldWidth) * pixel,
                   static_cast<float>(row * fieldHeight) * pixel, fieldWidth * pixel, fieldHeight * pixel});
     }
 }
-
-double usedBytes() {
-    return static_cast<double>(mallinfo2().uordblks);
-}
-
-} // namespace
 
 host::PropertyBag savedField(int number) {
     host::PropertyBag bag;
@@ -75,6 +68,23 @@ host::PropertyBag savedField(int number) {
     bag.WriteProperty(u"MaxLength", automation::Variant(std::int32_t{20}));
     bag.WriteProperty(u"Alignment", automation::Variant(std::int32_t{tesela::tslAlignmentRightJustify}));
     return bag;
+}
+
+double usedBytes() {
+    return static_cast<double>(mallinfo2().uordblks);
+}
+
+} // namespace
+
+std::vector<host::PropertyBag>& savedFields() {
+    static std::vector<host::PropertyBag> bags = [] {
+        std::vector<host::PropertyBag> made;
+        made.reserve(formFields);
+        for (int i = 0; i < formFields; ++i)
+            made.push_back(savedField(i));
+        return made;
+    }();
+    return bags;
 }
 
 std::unique_ptr<TypingField> makeOurField(const char* mask) {

@@ -40,6 +40,18 @@ private:
     QImage picture_;
 };
 
+void apply(QLineEdit& edit, const automation::String& name, const automation::Variant& value) {
+    if (name == u"Text") {
+        const automation::String text = automation::CStr(value);
+        edit.setText(QString::fromUtf16(text.c_str(), static_cast<int>(text.length())));
+    } else if (name == u"MaxLength") {
+        edit.setMaxLength(automation::CLng(value));
+    } else if (name == u"Alignment") {
+        const bool right = automation::CLng(value) == tesela::tslAlignmentRightJustify;
+        edit.setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
+    }
+}
+
 } // namespace
 
 std::unique_ptr<TypingField> makeQtField(const char* mask) {
@@ -47,30 +59,14 @@ std::unique_ptr<TypingField> makeQtField(const char* mask) {
 }
 
 void showQtForm() {
-    constexpr int mostCharacters = 32767;
     QWidget form;
     form.resize(formColumns * fieldWidth, formRows * fieldHeight);
     for (int i = 0; i < formFields; ++i) {
         auto* edit = new QLineEdit(&form);
         edit->setGeometry(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
                           fieldHeight);
-        const host::PropertyBag saved = savedField(i);
-        const auto number = [&](const char16_t* name, int usual) {
-            return automation::CLng(saved.ReadProperty(name, automation::Variant(usual)));
-        };
-        const auto text = [&](const char16_t* name) {
-            const auto read = automation::CStr(saved.ReadProperty(name, automation::Variant(u"")));
-            return QString::fromUtf16(read.c_str(), static_cast<int>(read.length()));
-        };
-        edit->setMaxLength(number(u"MaxLength", mostCharacters));
-        edit->setReadOnly(number(u"Locked", 0) != 0);
-        edit->setEnabled(number(u"Enabled", 1) != 0);
-        edit->setFrame(number(u"BorderStyle", 1) != 0);
-        edit->setToolTip(text(u"ToolTip"));
-        edit->setInputMask(text(u"Mascara"));
-        edit->setText(text(u"Text"));
-        const bool right = number(u"Alignment", 0) == tesela::tslAlignmentRightJustify;
-        edit->setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
+        for (const auto& [name, value] : savedFields()[static_cast<std::size_t>(i)].items())
+            apply(*edit, name, value);
     }
     form.setAttribute(Qt::WA_DontShowOnScreen);
     form.show();
