@@ -72,4 +72,13 @@ std::size_t FileBytes::read(std::int64_t offset, std::span<std::uint8_t> into) {
     return done;
 }
 
+FileStamp FileBytes::stamp() const {
+    platform::LONGLONG size = 0;
+    platform::FILETIME changed{};
+    platform::GetFileSizeEx(file_, &size);
+    platform::GetFileTime(file_, nullptr, nullptr, &changed);
+    return {size,
+            static_cast<std::int64_t>(std::uint64_t{changed.dwHighDateTime} << 32 | changed.dwLowDateTime)};
+}
+
 } // namespace fichas

@@ -30,6 +30,13 @@ private:
     std::string bytes_;
 };
 
+/// What tells that a file is no longer the one that was read.
+struct FileStamp {
+    std::int64_t size = 0;
+    std::int64_t changed = 0; ///< In the units of the system
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
 /// A file, open while the object lives. Others may go on writing it.
 class FileBytes final : public ByteSource {
 public:
@@ -42,6 +49,7 @@ public:
 
     std::int64_t size() const override { return size_; }
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override;
+    FileStamp stamp() const;
 
 private:
     std::string name_;

@@ -39,6 +39,30 @@ std::u16string decodeUtf16(std::string_view bytes, bool bigEndian) {
     return text;
 }
 
+/// "?" for what there is not.
+std::string encodeWindows1252(std::u16string_view text) {
+    std::string bytes(text.size(), '?');
+    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t c) {
+        const auto* special = std::find(std::begin(windows1252), std::end(windows1252), c);
+        if (special != std::end(windows1252))
+            return static_cast<char>(firstNonAscii + (special - std::begin(windows1252)));
+        const bool isLatin = c < firstNonAscii || (c >= firstLatin && c <= 0xFF);
+        return isLatin ? static_cast<char>(c) : '?';
+    });
+    return bytes;
+}
+
+std::string encodeUtf16(std::u16string_view text, bool bigEndian) {
+    std::string bytes;
+    for (const char16_t c : text) {
+        const auto high = static_cast<char>(c >> 8);
+        const auto low = static_cast<char>(c & 0xFF);
+        bytes += bigEndian ? high : low;
+        bytes += bigEndian ? low : high;
+    }
+    return bytes;
+}
+
 bool isUtf8(std::string_view bytes) {
     Utf8Checker checker;
     const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
@@ -75,6 +99,28 @@ Utf8Score scoreUtf8(std::span<const std::uint8_t> bytes) {
 }
 
 } // namespace
+
+Encoding decided(Encoding encoding, std::string_view around) {
+    if (encoding != Encoding::Undecided) return encoding;
+    return isUtf8(around) ? Encoding::Utf8 : Encoding::Windows1252;
+}
+
+std::optional<std::string> encode(std::u16string_view text, Encoding encoding) {
+    std::string bytes;
+    switch (encoding) {
+    case Encoding::Windows1252:
+        bytes = encodeWindows1252(text);
+        break;
+    case Encoding::Utf16LittleEndian:
+    case Encoding::Utf16BigEndian:
+        bytes = encodeUtf16(text, encoding == Encoding::Utf16BigEndian);
+        break;
+    default:
+        bytes = platform::utf8FromWide(text);
+        break;
+    }
+    return decode(bytes, encoding) == text ? std::optional(bytes) : std::nullopt;
+}
 
 bool Utf8Checker::begin(std::uint8_t lead) {
     low_ = 0x80;

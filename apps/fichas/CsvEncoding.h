@@ -2,6 +2,7 @@
 // Which encoding a text file has, and its bytes as text.
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -32,6 +33,12 @@ constexpr bool isUtf16(Encoding encoding) {
 
 /// The text of whole characters.
 std::u16string decode(std::string_view bytes, Encoding encoding);
+
+/// The encoding of a text that lies in a file of an undecided one: `around` are the bytes beside it.
+Encoding decided(Encoding encoding, std::string_view around);
+
+/// The bytes of a text in an encoding that is decided; nothing where that has not all of its characters.
+std::optional<std::string> encode(std::u16string_view text, Encoding encoding);
 
 /// Checks UTF-8 that comes in pieces.
 class Utf8Checker {

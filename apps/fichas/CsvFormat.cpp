@@ -127,6 +127,44 @@ std::vector<CsvRow> splitLeniently(std::u16string_view text, char16_t separator,
     return rows;
 }
 
+std::vector<CsvField> findFields(std::u16string_view record, char16_t separator, char16_t quote) {
+    std::vector<CsvField> fields;
+    bool isInside = false;
+    CsvField field;
+    for (std::size_t i = 0; i < record.size(); ++i) {
+        if (record[i] == quote && (i == field.begin || field.isQuoted)) {
+            field.isQuoted = true;
+            isInside = !isInside;
+        } else if (record[i] == separator && !isInside) {
+            field.end = i;
+            fields.push_back(field);
+            field = {i + 1, i + 1, false};
+        }
+    }
+    field.end = record.size();
+    fields.push_back(field);
+    return fields;
+}
+
+std::u16string fieldText(std::u16string_view record, const CsvField& field, char16_t quote) {
+    std::u16string_view written = record.substr(field.begin, field.end - field.begin);
+    if (!field.isQuoted) return std::u16string(written);
+    written = written.substr(1, written.size() - 2);
+    std::u16string text;
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        text += written[i];
+        if (written[i] == quote) ++i; // the second one of a pair
+    }
+    return text;
+}
+
+std::u16string quoted(std::u16string_view text, char16_t quote) {
+    std::u16string written(1, quote);
+    for (const char16_t c : text)
+        written.append(c == quote ? 2 : 1, c);
+    return written + quote;
+}
+
 CsvFormat findFormat(std::span<const std::uint8_t> head) {
     CsvFormat format;
     const EncodingFound found = findEncoding(head);

@@ -31,4 +31,20 @@ CsvFormat findFormat(std::span<const std::uint8_t> head);
 std::vector<CsvRow> splitLeniently(std::u16string_view text, char16_t separator, char16_t quote, bool isWhole,
                                    std::size_t limit);
 
+/// A field of a record: its place in the record's text, quotes and all, and whether it has quotes.
+struct CsvField {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    bool isQuoted = false;
+};
+
+/// The fields of a record that CsvIndex has found sound.
+std::vector<CsvField> findFields(std::u16string_view record, char16_t separator, char16_t quote);
+
+/// The text of a field without its quotes.
+std::u16string fieldText(std::u16string_view record, const CsvField& field, char16_t quote);
+
+/// A text between quotes, those within doubled.
+std::u16string quoted(std::u16string_view text, char16_t quote);
+
 } // namespace fichas

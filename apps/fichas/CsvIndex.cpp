@@ -21,7 +21,7 @@ std::string fieldsInWords(int fields) {
 } // namespace
 
 CsvIndex::CsvIndex(ByteSource& bytes, const CsvFormat& format, std::string name)
-    : bytes_(bytes), format_(format), name_(std::move(name)), unitSize_(isUtf16(format.encoding) ? 2 : 1) {
+    : bytes_(&bytes), format_(format), name_(std::move(name)), unitSize_(isUtf16(format.encoding) ? 2 : 1) {
     for (const char16_t unit : {u'\0', u'\r', u'\n'})
         stopsPlain_[unit] = stopsQuoted_[unit] = true;
     stopsPlain_[format_.separator] = true;
@@ -125,7 +125,7 @@ void CsvIndex::requireSaneLength(const Walk& at) const {
 // ------------------------------------------------------------------------------------- looking ahead
 
 std::size_t CsvIndex::readPiece(std::int64_t offset, std::vector<std::uint8_t>& into) {
-    const std::size_t length = bytes_.read(offset, into);
+    const std::size_t length = bytes_->read(offset, into);
     return length - length % static_cast<std::size_t>(unitSize_);
 }
 
@@ -213,12 +213,32 @@ std::optional<CsvExtent> CsvIndex::find(std::int64_t record) {
     return found;
 }
 
-CsvRow CsvIndex::fields(const CsvExtent& extent) {
+std::string CsvIndex::bytesOf(const CsvExtent& extent) {
     std::string raw(static_cast<std::size_t>(extent.end - extent.begin), '\0');
     const std::size_t length =
-        bytes_.read(extent.begin, {reinterpret_cast<std::uint8_t*>(raw.data()), raw.size()});
+        bytes_->read(extent.begin, {reinterpret_cast<std::uint8_t*>(raw.data()), raw.size()});
     if (length < raw.size()) fail(extent.line, "el archivo ha cambiado mientras se leía");
-    const std::u16string text = decode(raw, format_.encoding);
+    return raw;
+}
+
+void CsvIndex::moveOn(ByteSource& bytes, std::int64_t record, std::int64_t byteCount,
+                      std::int64_t lineCount) {
+    bytes_ = &bytes;
+    piece_.clear();
+    const auto first = static_cast<std::size_t>(record / stride) + 1;
+    for (std::size_t i = first; i < marks_.size(); ++i) {
+        marks_[i].begin += byteCount;
+        marks_[i].end += byteCount;
+        marks_[i].line += lineCount;
+    }
+    for (std::int64_t* place : {&front_.offset, &front_.record.begin, &front_.record.end})
+        *place += byteCount;
+    for (std::int64_t* line : {&front_.line, &front_.record.line, &front_.quoteLine})
+        *line += lineCount;
+}
+
+CsvRow CsvIndex::fields(const CsvExtent& extent) {
+    const std::u16string text = decode(bytesOf(extent), format_.encoding);
     std::vector<CsvRow> rows = splitLeniently(text, format_.separator, format_.quote, true, 1);
     CsvRow row = rows.empty() ? CsvRow() : std::move(rows.front());
     row.resize(static_cast<std::size_t>(std::max(fieldCount_, 1)));

@@ -45,6 +45,13 @@ public:
     /// The fields of a record in order.
     CsvRow fields(const CsvExtent& extent);
 
+    /// What lies in the file of a record.
+    std::string bytesOf(const CsvExtent& extent);
+
+    /// The bytes come from elsewhere now, and there a record that was found before is longer, or shorter, by
+    /// so many bytes and lines.
+    void moveOn(ByteSource& bytes, std::int64_t record, std::int64_t byteCount, std::int64_t lineCount);
+
     /// How many fields each record has; 0 before the first has been found.
     int fieldCount() const { return fieldCount_; }
 
@@ -92,7 +99,7 @@ private:
     bool endRecord(Walk& at, Sink&& sink) const;
     void requireSaneLength(const Walk& at) const;
 
-    ByteSource& bytes_;
+    ByteSource* bytes_;
     CsvFormat format_;
     std::string name_;
     int unitSize_ = 1;

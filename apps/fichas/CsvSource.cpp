@@ -1,7 +1,8 @@
 #include "fichas/CsvSource.h"
 
+#include "fichas/DataFile.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace fichas {
 
@@ -16,22 +17,41 @@ constexpr std::int64_t firstLook = 1 << 20;    ///< Bytes looked through before 
 
 CsvSource::CsvSource(std::unique_ptr<ByteSource> bytes, std::string name)
     : bytes_(std::move(bytes)), name_(std::move(name)) {
+    lookAtStart();
+}
+
+CsvSource::CsvSource(const std::u16string& path)
+    : path_(path), name_(fileName(path).utf8()), takesChanges_(FileRewrite::isAllowed(path)) {
+    auto file = std::make_unique<FileBytes>(path, automation::String(path).utf8());
+    stamp_ = file->stamp();
+    bytes_ = std::move(file);
+    lookAtStart();
+}
+
+void CsvSource::lookAtStart() {
     std::vector<std::uint8_t> head(headLength);
     head.resize(bytes_->read(0, head));
     format_ = findFormat(head);
     index_.emplace(*bytes_, format_, name_);
     index_->advance(firstLook);
     std::vector<CsvRow> rows;
-    while (static_cast<std::int64_t>(rows.size()) < judgedRecords) {
+    for (const CsvExtent& extent : firstRecords())
+        rows.push_back(index_->fields(extent));
+    if (rows.empty()) throw SourceError(name_ + ", línea 1: el archivo está vacío");
+    columns_ = findColumns(rows, format_.separator);
+}
+
+/// Those that the columns are judged by, a header among them.
+std::vector<CsvExtent> CsvSource::firstRecords() {
+    std::vector<CsvExtent> extents;
+    for (std::int64_t next = 0; next < judgedRecords; ++next) {
         // What has not been looked through need not be judged either, but for a first record.
-        const auto next = static_cast<std::int64_t>(rows.size());
         if (next > 0 && next >= index_->found()) break;
         const auto extent = index_->find(next);
         if (!extent) break;
-        rows.push_back(index_->fields(*extent));
+        extents.push_back(*extent);
     }
-    if (rows.empty()) throw SourceError(name_ + ", línea 1: el archivo está vacío");
-    columns_ = findColumns(rows, format_.separator);
+    return extents;
 }
 
 automation::String CsvSource::name() const {
@@ -54,7 +74,7 @@ std::int64_t CsvSource::count() {
 
 bool CsvSource::read(std::int64_t record, std::vector<automation::Variant>& values) {
     if (record < 1) return false;
-    const auto extent = index_->find(columns_.hasHeader ? record : record - 1);
+    const auto extent = index_->find(indexOf(record));
     if (!extent) return false;
     const CsvRow row = index_->fields(*extent);
     values.clear();

@@ -24,8 +24,7 @@ public:
         if (table != name_)
             throw SourceError(name_.utf8() + ": un archivo CSV no tiene tablas y se ha pedido \"" +
                               table.utf8() + "\"");
-        return std::make_unique<CsvSource>(std::make_unique<FileBytes>(path_.string(), path_.utf8()),
-                                           name_.utf8());
+        return std::make_unique<CsvSource>(path_.string());
     }
 
 private:

@@ -1,8 +1,22 @@
 #include "fichas/RecordSource.h"
 
+#include "automation/Array.h"
+#include "automation/Operators.h"
+
+#include <algorithm>
+
 namespace fichas {
 
-void RecordSource::write(std::int64_t, const std::vector<automation::Variant>&, const std::vector<Change>&) {
+using automation::Variant;
+
+bool isSameValue(const Variant& a, const Variant& b) {
+    if (a.isNull() || b.isNull()) return a.isNull() && b.isNull();
+    if (a.isArray() || b.isArray())
+        return a.isArray() && b.isArray() && std::ranges::equal(a.asArray().bytes(), b.asArray().bytes());
+    return a.isString() == b.isString() && automation::isEqual(a, b);
+}
+
+void RecordSource::write(std::int64_t, const std::vector<Variant>&, const std::vector<Change>&) {
     throw WriteError("estos registros sólo se pueden leer");
 }
 

@@ -42,6 +42,9 @@ struct Column {
     bool isRequired = false;   ///< Takes no Null
 };
 
+/// Whether two values of a column are one. Null is equal to itself here.
+bool isSameValue(const automation::Variant& a, const automation::Variant& b);
+
 /// A new value for a column, counted from 0.
 struct Change {
     std::size_t column = 0;

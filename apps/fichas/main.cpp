@@ -1,5 +1,5 @@
-// fichas FILE [TABLE]: shows the records of a SQLite or CSV file in a window, where those of tables can be
-// edited. Without a display it takes a short tour in memory and prints where its pictures are.
+// fichas FILE [TABLE]: shows the records of a SQLite or CSV file in a window, where they can be edited.
+// Without a display it takes a short tour in memory and prints where its pictures are.
 
 #include "fichas/DataFile.h"
 #include "fichas/window/RecordForm.h"
@@ -23,9 +23,9 @@ enum ExitCode { success = 0, brokenFile = 1, wrongUse = 2 };
 
 constexpr const char* usage =
     "Uso: fichas ARCHIVO [TABLA]\n"
-    "Muestra los registros de un archivo SQLite o CSV, uno cada vez, y deja cambiar los de SQLite. Sin\n"
-    "ARCHIVO abre el que nombre la variable TESELA_SAMPLE. Sin pantalla da un paseo corto e imprime dónde\n"
-    "están sus imágenes.\n";
+    "Muestra los registros de un archivo SQLite o CSV, uno cada vez, y deja cambiarlos. Sin ARCHIVO abre el\n"
+    "que nombre la variable TESELA_SAMPLE. Sin pantalla da un paseo corto e imprime dónde están sus\n"
+    "imágenes.\n";
 
 /// On the terminal, and in a window for whoever started the program without one.
 int report(const std::string& text) {

@@ -88,6 +88,13 @@ BOOL SetFileTime(HANDLE file, const FILETIME* creation, const FILETIME* lastAcce
 BOOL DeleteFileA(const char* name);
 BOOL DeleteFileW(const char16_t* name);
 
+/// Puts the file `replacement` in the place of the file `replaced`, in one step: whoever opens that one sees
+/// the whole former file or the whole new one. It takes over its permissions; on Linux its owner too, where
+/// that may be, and a symbolic link goes on leading to it. Fails as DeleteFileW would for `replaced`, and
+/// where both do not lie on one volume; then both stay as they are. The other arguments are null and 0.
+BOOL ReplaceFileW(const char16_t* replaced, const char16_t* replacement, const char16_t* backup, DWORD flags,
+                  void* exclude, void* reserved);
+
 /// Attribute bits, INVALID_FILE_ATTRIBUTES on failure.
 DWORD GetFileAttributesA(const char* name);
 DWORD GetFileAttributesW(const char16_t* name);

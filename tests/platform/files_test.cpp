@@ -301,4 +301,36 @@ TEST_F(Files, FoldersTellThatTheyAreAndAreMadeOnce) {
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
 }
 
+TEST_F(Files, AFileTakesThePlaceOfAnotherInOneStep) {
+    folder.write(u"a", "former");
+    folder.write(u"b", "new");
+    const HANDLE reader =
+        open(u"a", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+    EXPECT_TRUE(
+        ReplaceFileW(folder.file(u"a").c_str(), folder.file(u"b").c_str(), nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(folder.read(u"a"), "new");
+    EXPECT_EQ(GetFileAttributesW(folder.file(u"b").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(readText(reader, 10), "former") << "who has it open keeps the former one";
+    CloseHandle(reader);
+}
+
+TEST_F(Files, NothingTakesThePlaceOfAFileThatIsNotThereOrReadOnly) {
+    folder.write(u"b", "new");
+    const auto replaceA = [&] {
+        return ReplaceFileW(folder.file(u"a").c_str(), folder.file(u"b").c_str(), nullptr, 0, nullptr,
+                            nullptr);
+    };
+    EXPECT_FALSE(replaceA());
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    folder.write(u"a", "former");
+    SetFileAttributesW(folder.file(u"a").c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(replaceA());
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(folder.read(u"a"), "former");
+    EXPECT_EQ(folder.read(u"b"), "new");
+    EXPECT_FALSE(
+        ReplaceFileW(folder.file(u"b").c_str(), folder.file(u"c").c_str(), nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(folder.read(u"b"), "new");
+}
+
 } // namespace

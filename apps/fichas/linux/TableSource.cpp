@@ -1,8 +1,6 @@
 #include "fichas/linux/TableSource.h"
 
-#include "automation/Array.h"
 #include "automation/Error.h"
-#include "automation/Operators.h"
 #include "fichas/ColumnJudge.h"
 #include "fichas/CsvValues.h"
 #include "fichas/linux/StoredValue.h"
@@ -63,14 +61,6 @@ auto withSourceErrors(F&& work) {
     } catch (const automation::Error& error) {
         throw SourceError(error.what());
     }
-}
-
-/// Whether two values of a column are one. Null is equal to itself here.
-bool isSame(const Variant& a, const Variant& b) {
-    if (a.isNull() || b.isNull()) return a.isNull() && b.isNull();
-    if (a.isArray() || b.isArray())
-        return a.isArray() && b.isArray() && std::ranges::equal(a.asArray().bytes(), b.asArray().bytes());
-    return a.isString() == b.isString() && automation::isEqual(a, b);
 }
 
 /// A transaction that is taken back unless it is committed.
@@ -224,7 +214,7 @@ host::RowSet::Row TableSource::rowToChange(const host::RowKey& key, const std::v
         row.push_back(statement.value(i));
         if (column >= columns_.size() || column >= before.size()) continue;
         const Variant present = asJudged(host::columnValue(row.back(), types_[column]), column);
-        if (isSame(present, before[column])) continue;
+        if (isSameValue(present, before[column])) continue;
         changed += (changed.empty() ? "" : ", ") + columns_[column].name.utf8();
     }
     if (!changed.empty()) throw ChangedMeanwhile("otro programa ha cambiado " + changed);

@@ -64,9 +64,13 @@ void RecordForm::write(const std::vector<Change>& changes) {
     readAgain();
 }
 
+/// Shows the record as it is now; the last one where there are fewer by now.
 void RecordForm::readAgain() {
     records_->forget();
-    records_->read(record_, values_);
+    if (!records_->read(record_, values_)) {
+        record_ = source().count();
+        if (record_ == 0 || !records_->read(record_, values_)) values_.clear();
+    }
     showRecord();
 }
 
@@ -108,7 +112,11 @@ void RecordForm::discard() {
 }
 
 void RecordForm::onQueryUnload(short& Cancel, host::UnloadMode mode) {
-    if (!failure_ && !save()) Cancel = 1;
+    try {
+        if (!failure_ && !save()) Cancel = 1;
+    } catch (const SourceError& error) {
+        failure_ = error.what(); // there is nothing more to write to
+    }
     if (!Cancel) host::Form::onQueryUnload(Cancel, mode);
 }
 

@@ -61,19 +61,52 @@ BOOL setAttributes(const std::string& path, DWORD attributes) {
     return failed(errorFromErrno(errno));
 }
 
+/// Why a file may not be deleted; ERROR_SUCCESS where it may.
+DWORD whyNotDelete(const std::string& path, const struct stat& about) {
+    if (S_ISDIR(about.st_mode)) return ERROR_ACCESS_DENIED;
+    if (!S_ISREG(about.st_mode)) return ERROR_SUCCESS;
+    if ((about.st_mode & writePermissions) == 0) return ERROR_ACCESS_DENIED;
+    const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const bool free = driver::mayDelete({about.st_dev, about.st_ino}, fd);
+    if (fd >= 0) close(fd);
+    return free ? ERROR_SUCCESS : ERROR_SHARING_VIOLATION;
+}
+
 BOOL deleteFileAt(const std::string& path) {
     struct stat about {};
     if (path.empty()) return failed(ERROR_PATH_NOT_FOUND);
     if (lstat(path.c_str(), &about) != 0) return failed(errorOfPath(path, errno));
-    if (S_ISDIR(about.st_mode)) return failed(ERROR_ACCESS_DENIED);
-    if (S_ISREG(about.st_mode)) {
-        if ((about.st_mode & writePermissions) == 0) return failed(ERROR_ACCESS_DENIED);
-        const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-        const bool free = driver::mayDelete({about.st_dev, about.st_ino}, fd);
-        if (fd >= 0) close(fd);
-        if (!free) return failed(ERROR_SHARING_VIOLATION);
-    }
+    if (const DWORD refused = whyNotDelete(path, about)) return failed(refused);
     return unlink(path.c_str()) == 0 ? TRUE_ : failed(errorFromErrno(errno));
+}
+
+/// What the system holds in memory of a folder goes to the disk.
+void flushFolderOf(const std::string& path) {
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    const int fd = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
+    if (fd < 0) return;
+    fsync(fd);
+    close(fd);
+}
+
+BOOL replaceFile(const std::string& name, const std::string& replacement) {
+    std::error_code problem;
+    const std::string replaced = std::filesystem::canonical(name, problem).string();
+    if (problem) return failed(errorOfPath(name, problem.value()));
+    struct stat about {};
+    if (stat(replaced.c_str(), &about) != 0) return failed(errorOfPath(replaced, errno));
+    if (const DWORD refused = whyNotDelete(replaced, about)) return failed(refused);
+    struct stat aboutNew {};
+    if (stat(replacement.c_str(), &aboutNew) != 0) return failed(errorOfPath(replacement, errno));
+    if (const DWORD refused = whyNotDelete(replacement, aboutNew)) return failed(refused);
+    // Another user's file becomes one's own where it can't be helped, as with every program that saves so.
+    const bool isOwned = chown(replacement.c_str(), about.st_uid, about.st_gid) == 0 ||
+                         chown(replacement.c_str(), static_cast<uid_t>(-1), about.st_gid) == 0;
+    const mode_t mode = about.st_mode & (isOwned ? 0777 : 0707);
+    if (chmod(replacement.c_str(), mode) != 0) return failed(errorFromErrno(errno));
+    if (rename(replacement.c_str(), replaced.c_str()) != 0) return failed(errorFromErrno(errno));
+    flushFolderOf(replaced);
+    return TRUE_;
 }
 
 } // namespace
@@ -84,6 +117,11 @@ BOOL DeleteFileW(const char16_t* name) {
 
 BOOL DeleteFileA(const char* name) {
     return deleteFileAt(systemPath(wideFromAnsi(name)));
+}
+
+BOOL ReplaceFileW(const char16_t* replaced, const char16_t* replacement, const char16_t*, DWORD, void*,
+                  void*) {
+    return replaceFile(systemPath(replaced), systemPath(replacement));
 }
 
 DWORD GetFileAttributesW(const char16_t* name) {

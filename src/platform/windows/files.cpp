@@ -84,6 +84,11 @@ BOOL DeleteFileW(const char16_t* name) {
     return ::DeleteFileW(wide(name));
 }
 
+BOOL ReplaceFileW(const char16_t* replaced, const char16_t* replacement, const char16_t*, DWORD flags, void*,
+                  void*) {
+    return ::ReplaceFileW(wide(replaced), wide(replacement), nullptr, flags, nullptr, nullptr);
+}
+
 DWORD GetFileAttributesA(const char* name) {
     return ::GetFileAttributesA(name);
 }

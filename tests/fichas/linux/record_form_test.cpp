@@ -12,7 +12,10 @@
 #include "support/Started.h"
 #include "support/TemporaryFolder.h"
 
+#include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace fichas;
@@ -37,6 +40,26 @@ public:
 
 private:
     const bool isSuperuser_ = geteuid() == 0;
+};
+
+/// For a while no file takes a byte.
+class FullDisk {
+public:
+    FullDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit none{0, former_.rlim_max};
+        if (setrlimit(RLIMIT_FSIZE, &none) != 0) ADD_FAILURE() << "no limit to files";
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit former_{};
+    void (*handler_)(int);
 };
 
 class RecordFormTest : public support::Started {
@@ -552,6 +575,85 @@ TEST_F(RecordFormTest, AReadOnlyFileIsToldAndLosesNothing) {
     press(platform::VK_ESCAPE);
     EXPECT_EQ(text(1), "Ana");
     EXPECT_TRUE(form.unload());
+}
+
+constexpr const char* twoPeople = "id;nombre;precio;alta\r\n1;Ana;1.234,50;1/2/2024\r\n2;\"R&D\";;\r\n";
+
+TEST_F(RecordFormTest, ARecordOfACsvFileIsWrittenWhenItIsLeft) {
+    RecordForm& form = openCsv(twoPeople);
+    enter();
+    type(u"Luz");
+    enter();
+    type(u"2000,5");
+    enter();
+    type(u"310324");
+    EXPECT_EQ(folder_.read(u"datos.csv"), twoPeople) << "not before";
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2) << noteText();
+    EXPECT_EQ(folder_.read(u"datos.csv"),
+              "id;nombre;precio;alta\r\n1;Luz;2.000,50;31/3/2024\r\n2;\"R&D\";;\r\n");
+    value(2).Extender().SetFocus();
+    type(u"7");
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(text(1), "Luz");
+    EXPECT_EQ(text(2), "2000,50") << "as it is edited";
+    EXPECT_EQ(folder_.read(u"datos.csv"),
+              "id;nombre;precio;alta\r\n1;Luz;2.000,50;31/3/2024\r\n2;\"R&D\";7,00;\r\n");
+}
+
+TEST_F(RecordFormTest, ACsvFileThatOnlyMayBeReadIsWalkedThroughWithTheArrows) {
+    const std::u16string path = folder_.write(u"datos.csv", twoPeople);
+    platform::SetFileAttributesW(path.c_str(), platform::FILE_ATTRIBUTE_READONLY);
+    file_ = openFile(path);
+    RecordForm& form = show(u"datos.csv");
+    EXPECT_TRUE(value(1).Locked());
+    press(platform::VK_DOWN);
+    EXPECT_EQ(form.record(), 2);
+}
+
+TEST_F(RecordFormTest, ACsvFileThatCannotBeWrittenLosesNothingOfWhatWasTyped) {
+    RecordForm& form = openCsv(twoPeople);
+    enter();
+    type(u"Luz");
+    const auto refused = [&](const std::string& reason) {
+        EXPECT_EQ(form.record(), 1);
+        EXPECT_EQ(text(1), "Luz");
+        EXPECT_EQ(noteText(), "No se ha guardado: " + reason + ". Esc descarta los cambios");
+        EXPECT_EQ(folder_.read(u"datos.csv"), twoPeople);
+        EXPECT_EQ(platform::filesOfFolder(folder_.path()).size(), 1u) << "nothing stays beside it";
+    };
+    {
+        const FullDisk full;
+        press(platform::VK_NEXT);
+    }
+    refused("no cabe en el disco");
+    {
+        const AsNobody nobody;
+        press(platform::VK_NEXT);
+    }
+    refused("no se tiene permiso para cambiar el archivo o su carpeta");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(form.record(), 2) << "the next attempt succeeds";
+    EXPECT_TRUE(folder_.read(u"datos.csv").find("\r\n1;Luz;") != std::string::npos);
+}
+
+TEST_F(RecordFormTest, ARecordThatHasGoneFromACsvFileGivesWayToTheLastOne) {
+    RecordForm& form = openCsv(twoPeople);
+    press(platform::VK_NEXT);
+    enter();
+    type(u"Luz");
+    const std::string rest = "id;nombre;precio;alta\r\n1;Sol;3,00;\r\n";
+    std::ofstream(folder_.utf8File("datos.csv"), std::ios::binary) << rest;
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_EQ(text(1), "Luz");
+    EXPECT_EQ(noteText(), "No se ha guardado: otro programa ha borrado este registro del archivo. Esc "
+                          "descarta los cambios");
+    press(platform::VK_ESCAPE);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_EQ(text(1), "Sol");
+    EXPECT_EQ(form.Caption(), u"datos.csv — 1 de 1");
+    EXPECT_EQ(folder_.read(u"datos.csv"), rest);
 }
 
 TEST_F(RecordFormTest, ReferencesBetweenTablesAreHeldTo) {

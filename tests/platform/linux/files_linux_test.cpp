@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -108,6 +109,32 @@ TEST_F(LinuxFiles, ShareModesBindOtherProcesses) {
     EXPECT_EQ(WEXITSTATUS(status), static_cast<int>(ERROR_SHARING_VIOLATION));
     CloseHandle(writer);
     EXPECT_EQ(openInAnotherProcess(path, GENERIC_READ, all), 0);
+}
+
+TEST_F(LinuxFiles, AFileThatTakesThePlaceOfAnotherHasItsPermissionsAndItsLinks) {
+    folder.write(u"a", "former");
+    ASSERT_EQ(chmod(folder.utf8File("a").c_str(), 0640), 0);
+    ASSERT_EQ(symlink("a", folder.utf8File("link").c_str()), 0);
+    folder.write(u"b", "new");
+    EXPECT_TRUE(
+        ReplaceFileW(folder.file(u"link").c_str(), folder.file(u"b").c_str(), nullptr, 0, nullptr, nullptr));
+    struct stat about {};
+    ASSERT_EQ(lstat(folder.utf8File("a").c_str(), &about), 0);
+    EXPECT_EQ(about.st_mode & 07777, mode_t{0640});
+    ASSERT_EQ(lstat(folder.utf8File("link").c_str(), &about), 0);
+    EXPECT_TRUE(S_ISLNK(about.st_mode));
+    EXPECT_EQ(folder.read(u"a"), "new");
+}
+
+TEST_F(LinuxFiles, AFileThatIsHeldDoesNotGiveItsPlace) {
+    folder.write(u"a", "former");
+    folder.write(u"b", "new");
+    const HANDLE reader = open(u"a", GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+    EXPECT_FALSE(
+        ReplaceFileW(folder.file(u"a").c_str(), folder.file(u"b").c_str(), nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(GetLastError(), ERROR_SHARING_VIOLATION);
+    CloseHandle(reader);
+    EXPECT_EQ(folder.read(u"a"), "former");
 }
 
 } // namespace
