@@ -1,19 +1,17 @@
 #pragma once
 // Where a script plays: its surfaces, the objects that it names, and what it shows.
 
-#include "automation/Ref.h"
+#include "automation/Variant.h"
 #include "conformance/Picture.h"
 #include "conformance/Script.h"
+#include "conformance/StageBox.h"
+#include "drawing/cCanvas.h"
 #include "platform/gdi.h"
 
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
-
-namespace tesela {
-class cCanvas;
-}
 
 namespace conformance {
 
@@ -28,6 +26,7 @@ public:
 
     const std::string& name() const { return name_; }
     platform::HDC dc() const { return dc_; }
+    platform::SIZE size() const { return {width_, height_}; }
     Picture picture() const;
 
 private:
@@ -39,6 +38,15 @@ private:
     platform::HGDIOBJ previous_;
 };
 
+/// Where lines draw: a surface, or a canvas of its own, which has none until the script configures it.
+struct StagePlace {
+    std::string name;
+    StageSurface* surface = nullptr;
+    automation::Ref<tesela::cCanvas> canvas; ///< Of a surface from its first call on
+
+    platform::HDC dc() const { return canvas ? canvas->GetPaintDC() : surface->dc(); }
+};
+
 class Stage {
 public:
     Stage();
@@ -48,25 +56,38 @@ public:
     void play(const Line& line);
 
     std::string shown;
+    /// Of all surfaces, then of all boxes.
     std::vector<Picture> pictures() const;
 
     // For the calls
-    platform::HDC dc() const { return current_->dc(); }
-    /// The canvas that draws on the current surface.
+    platform::HDC dc() const { return places_[current_].dc(); }
+    /// The canvas that draws on the current surface, or the current canvas.
     tesela::cCanvas& canvas();
-    /// A handle by the name of a surface or object, or a number; 0 is no handle.
+    /// A handle by the name of a place or object, or a number; 0 is no handle.
     std::uint32_t handle(const std::string& word) const;
-    /// Keeps an object for later lines and for its end.
-    void name(const std::string& name, std::uint32_t object);
+    /// The object of that name: a canvas, picture, font or box, or Nothing; null if there is no such name.
+    const automation::Ref<automation::Object>* object(const std::string& word) const;
+    /// Keeps a handle for later lines, and ends it with the script if it is `owned`.
+    void name(const std::string& name, std::uint32_t handle, bool owned = true);
+    void name(const std::string& name, automation::Ref<automation::Object> object);
+    /// Leaves the end of an object to whoever has it now.
+    void letGo(std::uint32_t handle);
 
 private:
-    StageSurface& surface(const std::string& name);
+    const StagePlace* place(const std::string& name) const;
+    void goTo(const std::string& name);
     void addSurface(const std::vector<std::string>& words);
+    void addCanvas(const std::vector<std::string>& words);
+    void addBox(const std::vector<std::string>& words);
+    void addFont(const std::vector<std::string>& words);
+    void readClipboard(const std::vector<std::string>& words);
 
     std::vector<std::unique_ptr<StageSurface>> surfaces_;
-    std::vector<automation::Ref<tesela::cCanvas>> canvases_;
-    StageSurface* current_ = nullptr;
-    std::map<std::string, std::uint32_t> objects_;
+    std::vector<StageBox> boxes_;
+    std::vector<StagePlace> places_;
+    std::size_t current_ = 0;
+    std::map<std::string, std::uint32_t> handles_;
+    std::map<std::string, automation::Ref<automation::Object>> objects_;
     std::vector<std::uint32_t> owned_;
 };
 

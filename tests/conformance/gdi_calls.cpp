@@ -283,6 +283,19 @@ HBRUSH patternOfColors(int width, int height, const Numbers& pixels) {
     return brush;
 }
 
+HBITMAP bitmapOfBits(int width, int height, const Numbers& words) {
+    if (words.list.size() != static_cast<std::size_t>((width + 15) / 16) * static_cast<std::size_t>(height))
+        throw std::runtime_error("a bitmap of bits needs words of 16 bits for each row");
+    const std::vector<WORD> rows(words.list.begin(), words.list.end());
+    return CreateBitmap(width, height, 1, 1, rows.data());
+}
+
+HBITMAP bitmapOfColors(int width, int height, const Numbers& pixels) {
+    if (pixels.list.size() != static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+        throw std::runtime_error("a bitmap of colours needs width x height pixels");
+    return CreateBitmap(width, height, 1, 32, pixels.list.data());
+}
+
 HPEN extendedPen(DWORD style, DWORD width, UINT brushStyle, COLORREF color, int hatch,
                  const Numbers& dashes) {
     const LOGBRUSH brush{brushStyle, color, static_cast<std::uintptr_t>(hatch)};
@@ -339,6 +352,9 @@ const std::map<std::string, Call>& calls() {
         {"CreateHatchBrush", plain(CreateHatchBrush)},
         {"PatternOfBits", plain(patternOfBits)},
         {"PatternOfColors", plain(patternOfColors)},
+        {"BitmapOfBits", plain(bitmapOfBits)},
+        {"BitmapOfColors", plain(bitmapOfColors)},
+        {"CreateCompatibleDC", plain(CreateCompatibleDC)},
         {"SelectObject", onSurface(SelectObject)},
         {"SelectStock",
          onSurface(+[](HDC dc, int index) { return SelectObject(dc, GetStockObject(index)); })},

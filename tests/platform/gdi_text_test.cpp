@@ -211,6 +211,39 @@ TEST(Text, ExtentsCountTheCharactersThatFit) {
     EXPECT_EQ(fit, 6);
 }
 
+TEST(Text, ExtentsAreToldOfTheCharactersThatFitOnly) {
+    const Page page(4, 4, dialogFont, -11);
+    constexpr INT untouched = -5;
+    INT extents[] = {untouched, untouched, untouched, untouched};
+    SIZE size;
+    ASSERT_TRUE(GetTextExtentExPointW(page.dc(), u"abcd", 4, page.extent(u"ab").cx, nullptr, extents, &size));
+    EXPECT_EQ(extents[0], page.extent(u"a").cx);
+    EXPECT_EQ(extents[1], page.extent(u"ab").cx);
+    EXPECT_EQ(extents[2], untouched);
+    EXPECT_EQ(extents[3], untouched);
+    EXPECT_EQ(size.cx, page.extent(u"abcd").cx);
+}
+
+TEST(Text, NoTextHasNoSize) {
+    const Page page(4, 4, dialogFont, -11);
+    EXPECT_EQ(page.extent(u""), SIZE());
+    EXPECT_GT(page.extent(u" ").cy, 0);
+    SIZE size{7, 7};
+    ASSERT_TRUE(GetTextExtentPoint32A(page.dc(), nullptr, 0, &size));
+    EXPECT_EQ(size, SIZE());
+}
+
+TEST(Text, TheFirstByteOfAnOutlineFontStandsTwoBeforeItsBreak) {
+    const Page outline(4, 4, outlineFont, -13);
+    TEXTMETRICA metrics;
+    ASSERT_TRUE(GetTextMetricsA(outline.dc(), &metrics));
+    EXPECT_EQ(metrics.tmFirstChar + 2, metrics.tmBreakChar);
+    EXPECT_EQ(metrics.tmDefaultChar + 1, metrics.tmBreakChar);
+    const Page bitmap(4, 4, dialogFont, -11);
+    ASSERT_TRUE(GetTextMetricsA(bitmap.dc(), &metrics));
+    EXPECT_EQ(metrics.tmFirstChar, ' ');
+}
+
 TEST(Text, CharacterWidthsAddUpToTheExtent) {
     const Page page(4, 4, outlineFont, -13);
     INT widths[26] = {};

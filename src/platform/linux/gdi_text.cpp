@@ -230,6 +230,12 @@ BYTE narrowLimit(char16_t character) {
     return static_cast<BYTE>(std::min(character, last));
 }
 
+/// The first character as a byte: an outline font has it two places before the one that breaks words.
+char16_t firstByte(const TEXTMETRICW& metrics) {
+    const bool isOutline = (metrics.tmPitchAndFamily & TMPF_TRUETYPE) != 0;
+    return isOutline ? static_cast<char16_t>(metrics.tmBreakChar - 2) : metrics.tmFirstChar;
+}
+
 /// A font of the list as a record, at the height that fonts without a size are reported in.
 int reportFont(const FontEntry& entry, const FontEnumerator& each) {
     constexpr LONG reportedEm = 32;
@@ -318,13 +324,15 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
     int fitting = 0;
     for (int i = 0; i < length; ++i) {
         advances.pass(text[i]);
-        if (!extents && !fit) continue;
+        if ((!extents && !fit) || fitting < i) continue;
         const int width = advances.logical();
+        if (maxExtent != noLimit && width > maxExtent) continue;
         if (extents) extents[i] = width;
-        if ((maxExtent == noLimit || width <= maxExtent) && fitting == i) ++fitting;
+        ++fitting;
     }
     if (fit) *fit = fitting;
-    *size = {advances.logical(), TextScale::down(context->state).toLogical(face->metrics().tmHeight)};
+    const int height = length > 0 ? face->metrics().tmHeight : 0; // no text has no size at all
+    *size = {advances.logical(), TextScale::down(context->state).toLogical(height)};
     return TRUE_;
 }
 
@@ -361,7 +369,7 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
                 wide.tmOverhang,
                 wide.tmDigitizedAspectX,
                 wide.tmDigitizedAspectY,
-                narrowLimit(wide.tmFirstChar),
+                narrowLimit(firstByte(wide)),
                 narrowLimit(wide.tmLastChar),
                 narrowLimit(wide.tmDefaultChar),
                 narrowLimit(wide.tmBreakChar),
