@@ -34,4 +34,8 @@ target_link_libraries(TeselaCtl PRIVATE tesela_activex)
 # One of the exported functions brings in the others, which bring in what they need and no more.
 target_link_options(TeselaCtl PRIVATE -Wl,-u,$<IF:$<EQUAL:${bits},32>,_DllCanUnloadNow@0,DllCanUnloadNow>
     -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
+# Memory comes from a heap of the library's own.
+set(entry $<IF:$<EQUAL:${bits},32>,_LibraryEntry@12,LibraryEntry>)
+target_link_options(TeselaCtl PRIVATE -Wl,-e,${entry} -Wl,-u,${entry}
+    -Wl,--wrap=malloc,--wrap=calloc,--wrap=realloc,--wrap=free)
 add_dependencies(TeselaCtl tesela_interface_source)

@@ -2,7 +2,6 @@
 
 #include "activex/windows/ComObject.h"
 #include "activex/windows/Failures.h"
-#include "activex/windows/TypeInformation.h"
 
 namespace activex {
 
@@ -10,15 +9,9 @@ namespace {
 
 std::atomic<long> locked = 0;
 
-/// The library keeps its state once a process and belongs to the thread that made its first object. From then
-/// on the module stays loaded: windows and their classes go with the process.
+/// The library keeps its state once a process and belongs to the thread that made its first object.
 bool ownedByThisThread() {
-    static const DWORD owner = [] {
-        ::HMODULE pinned = nullptr;
-        ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                             reinterpret_cast<const wchar_t*>(thisModule()), &pinned);
-        return ::GetCurrentThreadId();
-    }();
+    static const DWORD owner = ::GetCurrentThreadId();
     return owner == ::GetCurrentThreadId();
 }
 

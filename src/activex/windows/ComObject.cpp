@@ -96,10 +96,6 @@ ComObject::~ComObject() {
     return new ComObject(Ref<Object>(&object), nullptr);
 }
 
-long ComObject::count() {
-    return static_cast<long>(faces().size());
-}
-
 // Counting
 
 ::HRESULT ComObject::Inner::QueryInterface(REFIID id, void** result) {

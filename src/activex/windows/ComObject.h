@@ -2,6 +2,7 @@
 
 #include "activex/windows/ComPointer.h"
 #include "activex/windows/ConnectionPoint.h"
+#include "activex/windows/ModuleUse.h"
 
 #include <utility>
 #include <vector>
@@ -29,8 +30,6 @@ public:
     /// A new face, of a control where the object is one; `outer` is null outside of aggregation. Gives its
     /// own IUnknown, counted for the caller.
     static ::IUnknown* create(automation::Ref<automation::Object> object, ::IUnknown* outer);
-    /// Faces that live now.
-    static long count();
 
     ComObject(const ComObject&) = delete;
     ComObject& operator=(const ComObject&) = delete;
@@ -92,6 +91,7 @@ private:
     void joinEvents();
     void raise(const automation::Member& event, std::span<automation::Variant> arguments);
 
+    ModuleUse use_;
     automation::Ref<automation::Object> object_;
     const ExportedClass* exported_;
     Inner inner_;

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "activex/windows/ModuleUse.h"
 #include "activex/windows/System.h"
-
-#include <atomic>
 
 namespace activex {
 
@@ -32,6 +31,7 @@ public:
 
 private:
     std::atomic<::ULONG> count_ = 1;
+    ModuleUse use_;
 };
 
 } // namespace activex

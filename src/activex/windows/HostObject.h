@@ -1,6 +1,7 @@
 #pragma once
 
 #include "activex/windows/ComPointer.h"
+#include "activex/windows/ModuleUse.h"
 
 namespace activex {
 
@@ -24,6 +25,7 @@ public:
 private:
     HostObject(ComPointer<::IDispatch> object, ComPointer<::IUnknown> identity);
 
+    ModuleUse use_;
     ComPointer<::IDispatch> object_;
     ComPointer<::IUnknown> identity_;
 };

@@ -1,7 +1,8 @@
 // What the control library exports.
 
 #include "activex/windows/ClassFactory.h"
-#include "activex/windows/ComObject.h"
+#include "activex/windows/ComPointer.h"
+#include "activex/windows/ModuleUse.h"
 #include "activex/windows/Registration.h"
 
 #include <cstdlib>
@@ -30,9 +31,9 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
     return factory->QueryInterface(id, result);
 }
 
-/// Whether no object and no lock is left.
+/// Whether nothing of the library is held, and it holds nothing of a program.
 STDAPI DllCanUnloadNow() {
-    return activex::ComObject::count() == 0 && activex::ClassFactory::locks() == 0 ? S_OK : S_FALSE;
+    return activex::ModuleUse::count() == 0 && activex::ClassFactory::locks() == 0 ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

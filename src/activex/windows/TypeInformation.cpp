@@ -11,13 +11,12 @@ std::u16string thisModulePath() {
 }
 
 ComPointer<::ITypeLib> typeLibrary() {
-    // Kept until the process ends: the module stays as long.
-    static ::ITypeLib* const library = [] {
-        ::ITypeLib* loaded = nullptr;
-        ::LoadTypeLibEx(wide(thisModulePath().c_str()), REGKIND_NONE, &loaded);
+    static const auto library = [] {
+        ComPointer<::ITypeLib> loaded;
+        ::LoadTypeLibEx(wide(thisModulePath().c_str()), REGKIND_NONE, loaded.out());
         return loaded;
     }();
-    return ComPointer<::ITypeLib>(library);
+    return library;
 }
 
 ComPointer<::ITypeInfo> typeInformation(const Guid& id) {

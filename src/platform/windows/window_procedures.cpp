@@ -43,15 +43,23 @@ constexpr int procedureIndex = -4; // GWL_WNDPROC and GWLP_WNDPROC
 /// What each class was registered with, what each window answers to, and the system's own procedures that
 /// were handed out as values of the ring's type: these are called by the system only.
 struct Procedures {
-    std::map<::ATOM, WNDPROC> ofClass;
+    struct Class {
+        WNDPROC procedure;
+        ::HINSTANCE owner;
+    };
+    std::map<::ATOM, Class> ofClass;
     std::map<::HWND, WNDPROC> ofWindow;
     std::set<::LONG_PTR> systems;
-};
 
-Procedures& procedures() {
-    static Procedures all;
-    return all;
-}
+    Procedures() = default;
+    Procedures(const Procedures&) = delete;
+    Procedures& operator=(const Procedures&) = delete;
+    /// The system would keep the classes of a module that is unloaded, and call what is no longer there.
+    ~Procedures() {
+        for (const auto& [atom, registered] : ofClass)
+            ::UnregisterClassA(reinterpret_cast<const char*>(::ULONG_PTR{atom}), registered.owner);
+    }
+} procedures; // ends after what functions keep, which may have windows
 
 CREATESTRUCTA fromNative(const ::CREATESTRUCTA& from) {
     CREATESTRUCTA to;
@@ -140,13 +148,11 @@ LRESULT towardsSystem(UINT message, LPARAM lParam, const Call& call) {
 
 /// The procedure of a window; of one that is being made, the procedure of its class.
 WNDPROC procedureOf(::HWND window) {
-    Procedures& all = procedures();
-    if (const auto known = all.ofWindow.find(window); known != all.ofWindow.end()) return known->second;
-    const auto atom = classAtom(window);
-    const auto found = all.ofClass.find(atom);
-    if (found == all.ofClass.end()) return nullptr;
-    all.ofWindow[window] = found->second;
-    return found->second;
+    auto& known = procedures.ofWindow;
+    if (const auto found = known.find(window); found != known.end()) return found->second;
+    const auto found = procedures.ofClass.find(classAtom(window));
+    if (found == procedures.ofClass.end()) return nullptr;
+    return known[window] = found->second.procedure;
 }
 
 ::LRESULT CALLBACK systemProcedure(::HWND window, ::UINT message, ::WPARAM wParam, ::LPARAM lParam) {
@@ -158,20 +164,20 @@ WNDPROC procedureOf(::HWND window) {
     // A procedure that is the system's own takes the system's records: CallWindowProcA turns them back.
     const LRESULT result =
         guarded(LRESULT{0}, [&] { return turned<::CREATESTRUCTA, ::WINDOWPOS>(message, lParam, call); });
-    if (message == WM_NCDESTROY) procedures().ofWindow.erase(window);
+    if (message == WM_NCDESTROY) procedures.ofWindow.erase(window);
     return result;
 }
 
 const auto systemProcedureValue = reinterpret_cast<::LONG_PTR>(&systemProcedure);
 
 bool isSystems(LONG_PTR procedure) {
-    return procedures().systems.count(procedure) != 0;
+    return procedures.systems.count(procedure) != 0;
 }
 
 LONG_PTR currentProcedure(::HWND window) {
     const ::LONG_PTR current = systemLong(window, procedureIndex);
     if (current == systemProcedureValue) return reinterpret_cast<LONG_PTR>(procedureOf(window));
-    if (current != 0) procedures().systems.insert(current);
+    if (current != 0) procedures.systems.insert(current);
     return current;
 }
 
@@ -181,11 +187,11 @@ LONG_PTR replaceProcedure(::HWND window, LONG_PTR procedure) {
     const LONG_PTR former = currentProcedure(window);
     if (former == 0) return 0;
     if (isSystems(procedure)) {
-        procedures().ofWindow.erase(window);
+        procedures.ofWindow.erase(window);
         setSystemLong(window, procedureIndex, procedure);
         return former;
     }
-    procedures().ofWindow[window] = reinterpret_cast<WNDPROC>(procedure);
+    procedures.ofWindow[window] = reinterpret_cast<WNDPROC>(procedure);
     setSystemLong(window, procedureIndex, systemProcedureValue);
     return former;
 }
@@ -205,7 +211,7 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     data.lpszMenuName = windowClass->lpszMenuName;
     data.lpszClassName = windowClass->lpszClassName;
     const ATOM atom = ::RegisterClassA(&data);
-    if (atom != 0) procedures().ofClass[atom] = windowClass->lpfnWndProc;
+    if (atom != 0) procedures.ofClass[atom] = {windowClass->lpfnWndProc, data.hInstance};
     return atom;
 }
 
@@ -213,7 +219,7 @@ BOOL UnregisterClassA(const char* name, HINSTANCE instance) {
     ::WNDCLASSA data{};
     const auto atom = static_cast<ATOM>(::GetClassInfoA(ownerOf(instance), name, &data));
     const BOOL done = ::UnregisterClassA(name, ownerOf(instance));
-    if (done) procedures().ofClass.erase(atom);
+    if (done) procedures.ofClass.erase(atom);
     return done;
 }
 

@@ -32,9 +32,13 @@ ComPointer<::IClassFactory> factoryIn(::HMODULE module, const ::CLSID& id) {
     return factory;
 }
 
+ComPointer<::IClassFactory> factoryIn(::HMODULE module, std::u16string_view className) {
+    return factoryIn(module, activex::native(activex::exportedClass(className)->id));
+}
+
 ComPointer<::IDispatch> createFrom(::HMODULE module, std::u16string_view className) {
     ComPointer<::IDispatch> object;
-    const auto factory = factoryIn(module, activex::native(activex::exportedClass(className)->id));
+    const auto factory = factoryIn(module, className);
     if (factory) factory->CreateInstance(nullptr, __uuidof(::IDispatch), object.address());
     return object;
 }
@@ -49,10 +53,14 @@ ComPointer<::IDispatch> create(std::u16string_view className) {
     return createFrom(controlLibrary(), className);
 }
 
-LibraryCopy::LibraryCopy(const std::wstring& locale) {
+std::wstring LibraryCopy::fileOf(const std::wstring& locale) {
     wchar_t folder[MAX_PATH] = {};
     ::GetTempPathW(MAX_PATH, folder);
-    const std::wstring file = folder + (L"TeselaCtl-" + locale) + L".ocx";
+    return folder + (L"TeselaCtl-" + locale) + L".ocx";
+}
+
+LibraryCopy::LibraryCopy(const std::wstring& locale) {
+    const std::wstring file = fileOf(locale);
     ::CopyFileW(activex::wide(controlLibraryFile().c_str()), file.c_str(), FALSE); // fails where it is loaded
     wchar_t former[LOCALE_NAME_MAX_LENGTH] = {};
     ::GetEnvironmentVariableW(L"TESELA_LOCALE", former, LOCALE_NAME_MAX_LENGTH);
@@ -65,6 +73,10 @@ LibraryCopy::LibraryCopy(const std::wstring& locale) {
 
 ComPointer<::IDispatch> LibraryCopy::create(std::u16string_view className) const {
     return createFrom(module_, className);
+}
+
+ComPointer<::IClassFactory> LibraryCopy::factoryOf(std::u16string_view className) const {
+    return factoryIn(module_, className);
 }
 
 ::DISPID memberId(::IDispatch& object, const wchar_t* name) {

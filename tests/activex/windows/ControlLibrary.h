@@ -25,7 +25,7 @@ F* exportedFunction(const char* name) {
 }
 
 /// The module once more, out of a copy of its file, with a state of its own that begins in that locale. There
-/// is one of each locale; what was loaded once stays in the process.
+/// is one file of each locale.
 class LibraryCopy {
 public:
     explicit LibraryCopy(const std::wstring& locale);
@@ -34,6 +34,8 @@ public:
     ~LibraryCopy() { ::FreeLibrary(module_); }
     ::HMODULE module() const { return module_; }
     ComPointer<::IDispatch> create(std::u16string_view className) const;
+    ComPointer<::IClassFactory> factoryOf(std::u16string_view className) const;
+    static std::wstring fileOf(const std::wstring& locale);
 
 private:
     ::HMODULE module_ = nullptr;

@@ -1,6 +1,7 @@
 // Random calls, and creating and destroying again and again.
 
 #include "activex/windows/Container.h"
+#include "activex/windows/Holdings.h"
 #include "activex/windows/ProgramObject.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@ namespace {
 using activex::ComPointer;
 using activex::ExportedClass;
 using automation::Member;
+using support::Holdings;
 using support::SystemValue;
 
 /// Members that reach beyond the process (keys for whoever has the focus, devices, files, the clipboard) or
@@ -170,30 +172,6 @@ TEST(Endurance, RandomCallsGiveResultsOrErrors) {
     for (int i = 0; i < calls / 10; ++i) // opens the gate of the events again
         support::call(*label.get(), L"EventsEnabled", {support::boolean(true)});
 }
-
-/// What the process holds of the system.
-struct Holdings {
-    DWORD gdi = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
-    DWORD user = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
-    SIZE_T memory = 0;
-
-    /// The run-time of the language has a heap of its own beside that of the process.
-    Holdings() {
-        std::array<::HANDLE, 64> heaps{};
-        const DWORD count = ::GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-        for (DWORD i = 0; i < std::min<DWORD>(count, heaps.size()); ++i)
-            memory += busy(heaps[i]);
-    }
-
-private:
-    static SIZE_T busy(::HANDLE heap) {
-        SIZE_T total = 0;
-        ::PROCESS_HEAP_ENTRY entry{};
-        while (::HeapWalk(heap, &entry))
-            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) total += entry.cbData;
-        return total;
-    }
-};
 
 TEST(Endurance, SeesMemoryThatIsNotGivenBack) {
     const Holdings before;
