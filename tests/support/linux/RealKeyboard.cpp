@@ -4,6 +4,8 @@
 #include "platform/locale.h"
 #include "platform/windows.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <unistd.h>
 
@@ -28,17 +30,39 @@ void RealKeyboard::type(std::u16string_view text) {
     send("type --delay 1 -- \"" + utf8FromWide(std::u16string(text)) + "\"");
 }
 
+namespace {
+
+/// Keys that no test uses. One struck behind all others tells that those have arrived.
+constexpr int markers[] = {VK_F1 + 5, VK_F1 + 6, VK_F1 + 7, VK_F1 + 8};
+
+bool isMarker(const MSG& message) {
+    const bool isKey = message.message == WM_KEYDOWN || message.message == WM_KEYUP;
+    return isKey && std::ranges::find(markers, static_cast<int>(message.wParam)) != std::end(markers);
+}
+
+} // namespace
+
 int RealKeyboard::pump() {
-    constexpr int quietMilliseconds = 40, patience = 400; // the first news may take longer than the next
+    constexpr int patience = 10'000,
+                  reminder = 1'000; // milliseconds; a window without the focus gets no keys
+    const int marker = markers[pumps_++ % std::size(markers)];
     int count = 0;
-    for (int quiet = 0; quiet < (count > 0 ? quietMilliseconds : patience); ++quiet) {
-        for (MSG message; PeekMessageA(&message, {}, 0, 0, PM_REMOVE); ++count) {
-            quiet = 0;
+    bool arrived = false;
+    for (int waited = 0; !arrived && waited < patience; ++waited) {
+        if (waited % reminder == 0) strike(marker);
+        for (MSG message; PeekMessageA(&message, {}, 0, 0, PM_REMOVE);) {
+            if (isMarker(message)) {
+                arrived =
+                    arrived || (message.message == WM_KEYUP && static_cast<int>(message.wParam) == marker);
+                continue;
+            }
             TranslateMessage(&message);
             DispatchMessageA(&message);
+            ++count;
         }
-        usleep(1000);
+        if (!arrived) usleep(1000);
     }
+    if (!arrived) std::fputs("RealKeyboard: no key arrives\n", stderr);
     return count;
 }
 
@@ -52,6 +76,9 @@ std::string RealKeyboard::nameOf(int virtualKey) {
         {VK_CONTROL, "Control_L"}, {VK_MENU, "Alt_L"},    {VK_SUBTRACT, "KP_Subtract"}};
     const auto found = names.find(virtualKey);
     if (found != names.end()) return found->second;
+    constexpr int functionKeys = 24;
+    if (virtualKey >= VK_F1 && virtualKey < VK_F1 + functionKeys)
+        return "F" + std::to_string(virtualKey - VK_F1 + 1);
     const bool letter = virtualKey >= 'A' && virtualKey <= 'Z';
     return std::string(1, static_cast<char>(letter ? virtualKey - 'A' + 'a' : virtualKey));
 }

@@ -17,7 +17,8 @@ public:
     void strike(int virtualKey) { send("key " + nameOf(virtualKey)); }
     void type(std::u16string_view text);
 
-    /// Handles what the server brings until it has been quiet for a moment. Returns the messages' number.
+    /// Handles what the server brings until all keys that were sent have arrived. Returns the messages'
+    /// number.
     int pump();
 
 private:
@@ -26,6 +27,7 @@ private:
     static std::string nameOf(int virtualKey);
 
     std::FILE* tool_;
+    std::size_t pumps_ = 0;
 };
 
 } // namespace support
