@@ -20,13 +20,6 @@ namespace {
 
 constexpr std::u16string_view digits = u"0123456789";
 
-std::u16string_view trimmed(std::u16string_view text) {
-    constexpr std::u16string_view blanks = u" \t\u00A0";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 /// With zeros in front up to a length.
 std::u16string padded(int number, std::size_t length) {
     std::u16string text = platform::wideFromUtf8(std::to_string(number));

@@ -1,5 +1,6 @@
 #include "fichas/CsvValues.h"
 
+#include "automation/Characters.h"
 #include "automation/Currency.h"
 #include "automation/Variant.h"
 
@@ -13,25 +14,14 @@ namespace fichas {
 
 using automation::Currency;
 using automation::Date;
+using automation::isDigit;
 using automation::Variant;
 
 namespace {
 
-constexpr std::u16string_view blanks = u" \t\u00A0";
-
 /// As many digits as a Double holds for certain; longer runs are account numbers and the like.
 constexpr std::size_t longestNumber = 15;
 constexpr std::size_t groupLength = 3;
-
-std::u16string_view trimmed(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-bool isDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
 
 char16_t otherSeparator(char16_t decimalSeparator) {
     return decimalSeparator == u',' ? u'.' : u',';
@@ -71,6 +61,13 @@ bool takeWholePart(std::u16string_view text, char16_t group, WrittenNumber& numb
 }
 
 } // namespace
+
+std::u16string_view trimmed(std::u16string_view text) {
+    constexpr std::u16string_view blanks = u" \t\u00A0";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::u16string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
 
 std::optional<WrittenNumber> readNumber(std::u16string_view text, char16_t decimalSeparator) {
     WrittenNumber number;

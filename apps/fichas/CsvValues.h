@@ -13,6 +13,9 @@
 
 namespace fichas {
 
+/// A value without the blanks around it.
+std::u16string_view trimmed(std::u16string_view text);
+
 /// A number as written: its digits without separators.
 struct WrittenNumber {
     bool negative = false;

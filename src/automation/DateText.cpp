@@ -1,5 +1,6 @@
 #include "automation/DateText.h"
 
+#include "automation/Characters.h"
 #include "automation/Locale.h"
 #include "automation/TextBuilder.h"
 
@@ -20,10 +21,6 @@ constexpr int numberLimit = 100000; // above every part of a date; keeps long di
 constexpr char16_t noBreakSpace = 0x00A0;
 constexpr char16_t narrowNoBreakSpace = 0x202F;
 
-bool isDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
-
 bool isBlank(char16_t unit) {
     return unit == u' ' || (unit >= u'\t' && unit <= u'\r') || unit == noBreakSpace ||
            unit == narrowNoBreakSpace;
@@ -31,8 +28,7 @@ bool isBlank(char16_t unit) {
 
 /// Whether a word may hold the unit. Beyond ASCII only blanks end a word.
 bool isLetter(char16_t unit) {
-    const char16_t lower = unit | 0x20;
-    return (lower >= u'a' && lower <= u'z') || (unit >= 0x80 && !isBlank(unit));
+    return isAsciiLetter(unit) || (unit >= 0x80 && !isBlank(unit));
 }
 
 /// The orders that are tried for three numbers, the locale's own first. 0, 1, 2 are day, month and year.

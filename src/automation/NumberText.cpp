@@ -1,5 +1,6 @@
 #include "automation/NumberText.h"
 
+#include "automation/Characters.h"
 #include "automation/Decimal.h"
 #include "automation/Error.h"
 #include "automation/Locale.h"
@@ -30,10 +31,6 @@ constexpr char16_t minusSign = 0x2212;
 
 bool isBlank(char16_t unit) {
     return unit == u' ' || (unit >= u'\t' && unit <= u'\r') || unit == noBreakSpace;
-}
-
-bool isDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
 }
 
 bool isWideBlank(char16_t unit) {

@@ -2,6 +2,7 @@
 
 #include "data/cMatriz.h"
 
+#include "automation/Characters.h"
 #include "automation/Clock.h"
 #include "automation/Conversions.h"
 #include "automation/DateFunctions.h"
@@ -71,8 +72,7 @@ public:
 private:
     static constexpr char16_t caseBit = 0x20;
     static bool isPlain(char16_t unit) {
-        const char16_t small = unit | caseBit;
-        return (small >= u'a' && small <= u'z') || (unit >= u'0' && unit <= u'9');
+        return automation::isAsciiLetter(unit) || automation::isDigit(unit);
     }
     const String& text() const {
         if (!text_) text_ = automation::CStr(value_);

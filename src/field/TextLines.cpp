@@ -14,15 +14,14 @@ std::size_t offset(std::int32_t position) {
     return static_cast<std::size_t>(std::max(position, 0));
 }
 
-/// How many characters two texts have in common from their beginning.
+} // namespace
+
 std::size_t commonLength(std::u16string_view a, std::u16string_view b) {
     if (a.data() == b.data()) return std::min(a.size(), b.size());
     const auto shorter = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
     return static_cast<std::size_t>(std::mismatch(a.begin(), a.begin() + shorter, b.begin()).first -
                                     a.begin());
 }
-
-} // namespace
 
 /// Measures a text piece by piece: many lines come out of one piece.
 class TextLines::Ruler {

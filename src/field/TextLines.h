@@ -9,6 +9,9 @@
 
 namespace tesela {
 
+/// How many characters two texts have in common from their beginning.
+std::size_t commonLength(std::u16string_view a, std::u16string_view b);
+
 /// The lines of a text that is broken at a width. They are found as far as somebody asks, and kept for the
 /// next text as far as that one begins alike, so that a key in a long text breaks again only what stands
 /// near the caret. Positions count characters from 0, widths are pixels.

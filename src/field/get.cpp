@@ -323,6 +323,7 @@ void get::FontWidth(float value) {
 void get::fontChanged() {
     nLineHeight = 0;
     lines.forget();
+    alcance.reset();
     if (lReading) return; // once, when all properties are read
     UserControl::Font(*oFont);
     onResize();

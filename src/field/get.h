@@ -4,6 +4,7 @@
 #include "data/cFecha.h"
 #include "drawing/cCanvas.h"
 #include "field/TextLines.h"
+#include "field/TextReach.h"
 #include "field/field_enumerations.h"
 #include "field/typed_text.h"
 #include "frame/GlobalCtlCfg.h"
@@ -520,6 +521,7 @@ private:
     automation::Ref<automation::Object> oControlAsociado, oOSK, oStBar;
     std::shared_ptr<ButtonIcon> searchIcon, recordIcon; ///< Shared by the fields that show the same
     TextLines lines;                                    ///< Of a multi-line text
+    std::unique_ptr<TextReach> alcance;                 ///< Of a long text of one line
     Shades xTonos;
     Gauge xGauge;
 

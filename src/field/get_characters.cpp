@@ -1,5 +1,6 @@
 // Characters: what is typed, and the control characters of the clipboard and of taking back.
 
+#include "automation/Characters.h"
 #include "automation/Strings.h"
 #include "field/get.h"
 #include "field/masks.h"
@@ -12,6 +13,7 @@
 
 namespace tesela {
 
+using automation::isDigit;
 using automation::String;
 
 namespace {
@@ -31,10 +33,6 @@ enum Control : short {
     controlBackspace = 127,
 };
 constexpr short firstPrintable = 32;
-
-bool isDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
-}
 
 bool isSign(char16_t character) {
     return character == u'+' || character == u'-';

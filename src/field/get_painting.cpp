@@ -102,6 +102,13 @@ private:
                host::OLE_COLOR middle);
     void text();
     void singleLine();
+    void wholeText(std::int32_t x, TextAlignConstants side);
+    /// A piece of the text: where it begins, in characters and in pixels.
+    struct Part {
+        String text;
+        std::int32_t start, x;
+    };
+    Part visiblePart(std::int32_t x);
     void breakLines(std::size_t count, std::int32_t position);
     void multiLine();
     void placeCaretIn(std::size_t row);
@@ -117,6 +124,20 @@ private:
     void makeGrey(ButtonIcon& which, std::int32_t size, std::int32_t x, std::int32_t y);
     void letApplicationPaint(const automation::Event<automation::Ref<cCanvas>&>& event);
 
+    /// A text of which only what shows is measured and painted.
+    bool isLong() const { return !f.lMultiLine && shown.length() > TextReach::blockLength; }
+    TextReach& reach();
+    TextReach::Measure measure() const {
+        return [this](std::u16string_view piece, std::vector<std::int32_t>& reach) {
+            c.GetTextFitInExtent(piece, widest, reach);
+        };
+    }
+    /// Where the characters of the single line end.
+    std::int32_t widthBefore(std::int32_t position) {
+        const auto count = static_cast<std::size_t>(position);
+        return isLong() ? reach().reach(count, measure()) : width(shown.view().substr(0, count));
+    }
+    std::int32_t nearestInLong(std::int32_t x);
     std::int32_t width(std::u16string_view part) const {
         std::int32_t w = 0, h = 0;
         c.GetTextExtent(part, w, h);
@@ -316,30 +337,62 @@ void get::Painter::singleLine() {
         const String zeros = (f.nDigDecimales == 0 ? u"." : u"") +
                              String::repeat(u'0', static_cast<std::size_t>(f.nDigFantasma));
         const std::int32_t x = f.nDigFantasma > 0 ? edge - width(zeros) : edge;
-        c.TextAlign(TextAlign_Right);
-        c.TextOut(x, firstY(), shown);
+        wholeText(x, TextAlign_Right);
         if (f.nDigFantasma > 0 && paper != noColor && !shown.empty()) {
             c.SetTextColor(mixed(textColor(), paper, 96));
+            c.TextAlign(TextAlign_Right);
             c.TextOut(edge, firstY(), zeros);
         }
         return;
     }
     case tslAlignmentCenter:
-        c.TextAlign(TextAlign_Center);
-        c.TextOut(f.nTextRight / 2, firstY(), shown);
+        wholeText(f.nTextRight / 2, TextAlign_Center);
         return;
     default:
         break;
     }
     if (f.lHasFocus) {
-        f.nCaretX += width(shown.view().substr(0, static_cast<std::size_t>(f.nCaret)));
+        f.nCaretX = saturatingSum(f.nCaretX, widthBefore(f.nCaret));
         const std::int32_t beyond = f.nCaretX - (f.nTextRight - f.nBordeX - scrollMargin);
         if (beyond > 0 && f.cMascaraFocus.empty() && !f.isDate()) {
             f.nTextX -= beyond;
             f.nCaretX -= beyond;
         }
     }
-    line(shown, 0, f.nTextX, firstY());
+    if (!isLong()) return line(shown, 0, f.nTextX, firstY());
+    const Part part = visiblePart(f.nTextX);
+    line(part.text, part.start, part.x, firstY());
+}
+
+/// What the letters of the single line are measured by, which knows the text.
+TextReach& get::Painter::reach() {
+    if (!f.alcance) f.alcance = std::make_unique<TextReach>();
+    f.alcance->take(shown);
+    return *f.alcance;
+}
+
+/// The characters of a long text that may show when it begins at x.
+get::Painter::Part get::Painter::visiblePart(std::int32_t x) {
+    TextReach& letters = reach();
+    const auto before = [&](std::int32_t place) {
+        return letters.at(saturatingSum(place, -std::int64_t{x}), measure());
+    };
+    // One more on both sides: letters may lean over their place.
+    const std::size_t from = std::max<std::size_t>(before(0), 1) - 1, to = before(right + 1) + 2;
+    return {shown.substring(from, to - from), static_cast<std::int32_t>(from),
+            saturatingSum(x, letters.reach(from, measure()))};
+}
+
+/// Paints the single line with its end or its middle at x.
+void get::Painter::wholeText(std::int32_t x, TextAlignConstants side) {
+    if (!isLong()) {
+        c.TextAlign(side);
+        c.TextOut(x, firstY(), shown);
+        return;
+    }
+    const std::int32_t all = widthBefore(static_cast<std::int32_t>(shown.length()));
+    const Part part = visiblePart(saturatingSum(x, -std::int64_t{side == TextAlign_Center ? all / 2 : all}));
+    c.TextOut(part.x, firstY(), part.text);
 }
 
 void get::Painter::multiLine() {
@@ -363,9 +416,7 @@ void get::Painter::multiLine() {
 /// Finds so many lines of the text, and the one that holds a position.
 void get::Painter::breakLines(std::size_t count, std::int32_t position) {
     f.lines.take(shown, std::max(lineWidth(), 0));
-    f.lines.find(count, position, [this](std::u16string_view piece, std::vector<std::int32_t>& reach) {
-        c.GetTextFitInExtent(piece, widest, reach);
-    });
+    f.lines.find(count, position, measure());
 }
 
 void get::Painter::placeCaretIn(std::size_t row) {
@@ -509,6 +560,15 @@ std::int32_t get::Painter::nearest(std::u16string_view part, std::int32_t x) con
     return static_cast<std::int32_t>(std::min(position, part.size()));
 }
 
+std::int32_t get::Painter::nearestInLong(std::int32_t x) {
+    TextReach& letters = reach();
+    const std::size_t position = letters.at(x, measure());
+    const std::int32_t left = letters.reach(position, measure());
+    const std::int32_t next = letters.reach(position + 1, measure());
+    const bool isNextNearer = next > x && next - x < x - left;
+    return static_cast<std::int32_t>(std::min(position + isNextNearer, shown.length()));
+}
+
 std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
     begin();
     std::int32_t position = f.length();
@@ -527,7 +587,7 @@ std::int32_t get::Painter::characterAt(std::int32_t x, std::int32_t y) {
             position = place.start + std::min(inLine, place.length - goesOn);
         }
     } else {
-        position = nearest(shown, x - f.nTextX);
+        position = isLong() ? nearestInLong(x - f.nTextX) : nearest(shown, x - f.nTextX);
     }
     c.EndPaint();
     return std::clamp(position, 0, f.length());

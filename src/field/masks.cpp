@@ -1,5 +1,6 @@
 #include "field/masks.h"
 
+#include "automation/Characters.h"
 #include "automation/Error.h"
 #include "automation/Numbers.h"
 #include "automation/Strings.h"
@@ -25,12 +26,8 @@ constexpr std::pair<char16_t, tslMayusculasConstants> caseLetters[] = {{u'x', ts
                                                                        {u'M', tslMayusculasUCase},
                                                                        {u'P', tslMayusculasProper}};
 
-bool isDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
-}
-
 bool isLetter(char16_t character) {
-    return (character >= u'A' && character <= u'Z') || (character >= u'a' && character <= u'z') ||
+    return automation::isAsciiLetter(character) ||
            std::u16string_view(u"ÑñÇç").find(character) != std::u16string_view::npos;
 }
 
@@ -73,7 +70,7 @@ bool isMaskInput(char16_t maskCharacter) {
 bool maskTakes(char16_t maskCharacter, char16_t character) {
     switch (maskCharacter) {
     case u'#':
-        return isDigit(character);
+        return automation::isDigit(character);
     case u'A':
         return isLetter(character);
     case u'X':

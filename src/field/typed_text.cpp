@@ -1,5 +1,6 @@
 #include "field/typed_text.h"
 
+#include "automation/Characters.h"
 #include "automation/DateFunctions.h"
 #include "automation/Numbers.h"
 #include "automation/Strings.h"
@@ -12,16 +13,13 @@
 namespace tesela {
 
 using automation::Date;
+using automation::isDigit;
 using automation::String;
 
 namespace {
 
 constexpr std::int32_t firstYear = 1753;
 constexpr std::int32_t endless = std::numeric_limits<std::int32_t>::max();
-
-bool isDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
-}
 
 bool isSeparator(char16_t character, std::u16string_view separator) {
     return separator.size() == 1 && character == separator.front();

@@ -1,6 +1,7 @@
 #include "host/FormReader.h"
 
 #include "automation/Argument.h"
+#include "automation/Characters.h"
 #include "automation/Error.h"
 #include "host/FormValues.h"
 #include "host/Picture.h"
@@ -26,12 +27,11 @@ std::u16string_view trimmed(std::u16string_view text) {
 }
 
 bool isNameCharacter(char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' ||
-           c >= 0x80;
+    return automation::isAsciiLetter(c) || automation::isDigit(c) || c == u'_' || c >= 0x80;
 }
 
 int hexDigit(char16_t c) {
-    if (c >= u'0' && c <= u'9') return c - u'0';
+    if (automation::isDigit(c)) return c - u'0';
     if (c >= u'A' && c <= u'F') return c - u'A' + 10;
     if (c >= u'a' && c <= u'f') return c - u'a' + 10;
     return -1;

@@ -878,6 +878,51 @@ TEST_F(get_events, LongTextsEndWhereTheButtonsBegin) {
     EXPECT_GT(differing, 0);
 }
 
+/// A long text is painted and found only as far as it shows; a shorter one as a whole.
+TEST_F(get_events, ALongTextLooksAsAShorterOneThatShowsTheSame) {
+    constexpr std::size_t shorter = 1000, longer = 1800; // their middles and ends are the same words
+    const auto text = [](std::size_t length) {
+        std::u16string letters;
+        while (letters.size() < length)
+            letters += u"mil ";
+        return automation::String(letters.substr(0, length));
+    };
+    const auto expectTheSame = [&](const char* what, const auto& prepare) {
+        SCOPED_TRACE(what);
+        field->Text(text(shorter));
+        prepare();
+        const auto shown = desk.look(field->hWnd());
+        field->Text(text(longer));
+        prepare();
+        EXPECT_EQ(desk.look(field->hWnd()), shown);
+    };
+    show();
+    expectTheSame("its beginning", [] {});
+    field->Alignment(tslAlignmentRightJustify);
+    expectTheSame("its end", [] {});
+    field->Alignment(tslAlignmentCenter);
+    expectTheSame("its middle", [] {});
+    enter();
+    expectTheSame("the caret at its end", [&] { press(platform::VK_END); });
+    expectTheSame("selected letters at its end", [&] {
+        press(platform::VK_END);
+        for (int i = 0; i < 5; ++i)
+            press(platform::VK_SHIFT, platform::VK_LEFT);
+    });
+    const auto clickedFromTheEnd = [&](int x) {
+        press(platform::VK_END);
+        click(x);
+        return static_cast<int>(field->Text().length()) - field->caretPosition();
+    };
+    for (const int x : {5, 33, 80, 121}) {
+        field->Text(text(shorter));
+        const auto place = clickedFromTheEnd(x);
+        field->Text(text(longer));
+        EXPECT_EQ(clickedFromTheEnd(x), place) << x;
+        EXPECT_GT(place, 0);
+    }
+}
+
 TEST_F(get_events, AGreyedIconBelongsToTheHeightOfItsButton) {
     field->AutoSize(tslAutoSize_NO);
     field->ButtonWidth(34);

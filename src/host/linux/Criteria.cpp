@@ -1,5 +1,6 @@
 #include "host/linux/Criteria.h"
 
+#include "automation/Characters.h"
 #include "automation/Clock.h"
 #include "automation/Conversions.h"
 #include "automation/DateText.h"
@@ -17,6 +18,8 @@
 namespace host {
 
 using automation::Date;
+using automation::isAsciiLetter;
+using automation::isDigit;
 using automation::String;
 using platform::DatabaseValue;
 
@@ -93,13 +96,8 @@ bool isBlank(char16_t c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
 }
 
-bool isDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-
 bool isNameCharacter(char16_t c) {
-    return isDigit(c) || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_' || c == u'$' ||
-           c >= 0x80;
+    return isDigit(c) || isAsciiLetter(c) || c == u'_' || c == u'$' || c >= 0x80;
 }
 
 /// A value that a column is compared with.
