@@ -206,6 +206,8 @@ protected:
     void onResize() override;
     void onPaint() override;
     void onKeyDown(short& KeyCode, short& Shift) override;
+    /// Moves the focus along the Tab order, as the Tab key does. False leaves the key to the control.
+    virtual bool onTab(bool forward);
     void onKeyPress(short& KeyAscii) override;
     void onKeyUp(short& KeyCode, short& Shift) override;
     void onMouseDown(short& Button, short& Shift, float& X, float& Y) override;
@@ -262,7 +264,6 @@ private:
     bool leaveAllowed(const FormSite& gaining);
     bool siteFocusArrived(FormSite& site);
     bool siteFocusLeaving(FormSite& site, platform::HWND next);
-    bool tabKey();
     bool pressAccessKey(char16_t character);
     bool pressButton(bool cancel);
     bool siteTranslateKey(FormSite& site, platform::UINT message, platform::WPARAM& wParam,

@@ -172,8 +172,8 @@ void Form::focusCame() {
 
 // Keys.
 
-bool Form::tabKey() {
-    FormSite* next = nextStop(platform::GetKeyState(platform::VK_SHIFT) >= 0);
+bool Form::onTab(bool forward) {
+    FormSite* next = nextStop(forward);
     if (!next) return false;
     focusSite(*next);
     return true; // also when validation kept the focus: the control isn't to see the key
@@ -227,7 +227,7 @@ bool Form::navigationKey(platform::HWND window, platform::UINT message, platform
     const bool ctrl = platform::GetKeyState(platform::VK_CONTROL) < 0;
     switch (wParam) {
     case platform::VK_TAB:
-        return !ctrl && tabKey();
+        return !ctrl && onTab(platform::GetKeyState(platform::VK_SHIFT) >= 0);
     case platform::VK_RETURN:
         if (platform::SendMessageA(window, platform::WM_GETDLGCODE, 0, 0) & platform::DLGC_WANTALLKEYS)
             return false;

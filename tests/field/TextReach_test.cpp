@@ -6,7 +6,6 @@
 #include <limits>
 #include <string>
 
-using automation::String;
 using tesela::TextReach;
 
 namespace {

@@ -260,6 +260,44 @@ void RecordForm::nextPage(int step) {
     showPage();
 }
 
+/// The fields of a page that Tab stops at, in their order.
+std::vector<tesela::get*> RecordForm::stopsOfPage(int page) const {
+    std::vector<tesela::get*> stops;
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        for (tesela::get* part : {&fields_[i].field->field(), fields_[i].field->hour()})
+            if (part && layout_.fields[i].page == page && part->Extender().TabStop()) stops.push_back(part);
+    return stops;
+}
+
+/// Behind the last field of a page come those of the next one, then the next record; in front of the first
+/// one it is the other way round. The first and the last record have none beside: there it begins anew.
+bool RecordForm::onTab(bool forward) {
+    const std::vector<tesela::get*> stops = stopsOfPage(page_);
+    const host::Control* end = stops.empty() ? nullptr : forward ? stops.back() : stops.front();
+    if (!canEdit() || !end || ActiveControl() != end) return host::Form::onTab(forward);
+    guarded([&] { goBeyondPage(forward); });
+    return true;
+}
+
+void RecordForm::goBeyondPage(bool forward) {
+    const int step = forward ? 1 : -1, ends = forward ? layout_.pages : -1;
+    int page = page_ + step;
+    while (page != ends && stopsOfPage(page).empty())
+        page += step;
+    if (page == ends) {
+        if (!save()) return;
+        goTo(record_ + step);
+        for (page = forward ? 0 : layout_.pages - 1; stopsOfPage(page).empty();)
+            page += step;
+    } else if (!canLeaveField()) {
+        return;
+    }
+    page_ = page;
+    showPage();
+    const std::vector<tesela::get*> stops = stopsOfPage(page);
+    platform::SetFocus((forward ? stops.front() : stops.back())->hWnd());
+}
+
 bool RecordForm::plainKey(short key) {
     switch (key) {
     case platform::VK_NEXT:

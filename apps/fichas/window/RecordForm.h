@@ -18,7 +18,7 @@
 namespace fichas {
 
 /// A window with one record of a table at a time, each column in a field with its name beside it. Enter, Tab
-/// and the arrows walk the fields; a value that its column does not take keeps the focus, with the reason on
+/// and the arrows walk the fields, then those of the next page and of the next record; a value that its column does not take keeps the focus, with the reason on
 /// the line below. PageUp and PageDown go to the records beside, Ctrl+Home and Ctrl+End to the first and the
 /// last; with Ctrl the page keys change the table and the up and down arrows the page of fields, where there
 /// are several. After F3, the letters that are typed go to the first record whose name begins with them;
@@ -54,6 +54,7 @@ public:
 protected:
     void onKeyDown(short& KeyCode, short& Shift) override;
     void onKeyPress(short& KeyAscii) override;
+    bool onTab(bool forward) override;
     void onQueryUnload(short& Cancel, host::UnloadMode mode) override;
 
 private:
@@ -73,6 +74,8 @@ private:
     void escape();
     void nextTable(int step);
     void nextPage(int step);
+    std::vector<tesela::get*> stopsOfPage(int page) const;
+    void goBeyondPage(bool forward);
 
     // Fields
     void removeFields();

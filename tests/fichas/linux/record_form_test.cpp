@@ -88,10 +88,15 @@ protected:
         desk_.pump();
     }
 
-    void press(int key, bool withControl = false) {
-        if (withControl) desk_.pressKey(platform::VK_CONTROL);
+    void press(int key, bool withControl) { withControl ? press(platform::VK_CONTROL, key) : press(key); }
+    void press(int key) {
         desk_.strikeKey(key);
-        if (withControl) desk_.releaseKey(platform::VK_CONTROL);
+        desk_.pump();
+    }
+    void press(int modifier, int key) {
+        desk_.pressKey(modifier);
+        desk_.strikeKey(key);
+        desk_.releaseKey(modifier);
         desk_.pump();
     }
     void type(std::u16string_view text) {
@@ -232,6 +237,79 @@ TEST_F(RecordFormTest, FieldsThatDoNotFitAreReachedPageByPage) {
     press(platform::VK_UP, true);
     EXPECT_TRUE(value(0).Extender().Visible());
     EXPECT_FALSE(value(fields - 1).Extender().Visible());
+}
+
+/// Two records of so many columns "c1", "c2" and so on with values "1.c1".
+std::string manyColumns(int columns) {
+    std::string lines[3];
+    for (int i = 1; i <= columns; ++i) {
+        const std::string name = "c" + std::to_string(i), end = i < columns ? ";" : "\n";
+        lines[0] += name + end;
+        lines[1] += "1." + name + end;
+        lines[2] += "2." + name + end;
+    }
+    return lines[0] + lines[1] + lines[2];
+}
+
+TEST_F(RecordFormTest, BehindTheLastFieldOfAPageComesTheNextPage) {
+    constexpr short fields = 80;
+    const RecordForm& form = openCsv(manyColumns(fields));
+    short last = 0; // of the first page
+    while (value(static_cast<short>(last + 1)).Extender().Visible())
+        ++last;
+    value(last).Extender().SetFocus();
+    type(u"otro");
+    enter();
+    EXPECT_TRUE(value(static_cast<short>(last + 1)).HasFocus());
+    EXPECT_FALSE(value(last).Extender().Visible());
+    EXPECT_NE(noteText().find("página 2 de 3"), std::string::npos) << noteText();
+    EXPECT_EQ(text(last), "otro");
+    press(platform::VK_UP);
+    EXPECT_TRUE(value(last).HasFocus());
+    EXPECT_TRUE(value(0).Extender().Visible());
+    press(platform::VK_TAB);
+    EXPECT_TRUE(value(static_cast<short>(last + 1)).HasFocus());
+    EXPECT_EQ(form.record(), 1);
+}
+
+TEST_F(RecordFormTest, BehindTheLastFieldComesTheNextRecord) {
+    constexpr short fields = 40; // two pages
+    RecordForm& form = openCsv(manyColumns(fields));
+    value(0).Extender().SetFocus();
+    press(platform::VK_UP);
+    EXPECT_TRUE(value(fields - 1).HasFocus()) << "in front of the first field of all there is the last one";
+    EXPECT_EQ(form.record(), 1);
+    type(u"otro");
+    enter();
+    EXPECT_EQ(form.record(), 2);
+    EXPECT_TRUE(value(0).HasFocus());
+    EXPECT_EQ(text(0), "2.c1");
+    EXPECT_NE(folder_.read(u"datos.csv").find(";otro\n2.c1;"), std::string::npos)
+        << "the first one is written";
+    press(platform::VK_SHIFT, platform::VK_TAB);
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_TRUE(value(fields - 1).HasFocus());
+    EXPECT_EQ(text(fields - 1), "otro");
+    enter();
+    press(platform::VK_UP);
+    EXPECT_EQ(form.record(), 1);
+    press(platform::VK_END, true);
+    value(fields - 1).Extender().SetFocus();
+    type(u"fin");
+    enter();
+    EXPECT_EQ(form.record(), 2) << "behind the last record of all there is none";
+    EXPECT_TRUE(value(0).HasFocus());
+    EXPECT_NE(folder_.read(u"datos.csv").find(";fin\n"), std::string::npos);
+}
+
+TEST_F(RecordFormTest, ABadValueInTheLastFieldKeepsItsRecord) {
+    RecordForm& form = openCsv(threeRecords);
+    value(3).Extender().SetFocus();
+    type(u"310224");
+    enter();
+    EXPECT_EQ(form.record(), 1);
+    EXPECT_TRUE(value(3).HasFocus());
+    EXPECT_NE(noteText().find("no es una fecha"), std::string::npos) << noteText();
 }
 
 TEST_F(RecordFormTest, ALongFileIsCountedWhileTheUserRests) {
