@@ -43,7 +43,7 @@ std::int32_t numberOf(const automation::Ref<automation::Object>& object, std::u1
 cCanvas::cCanvas() : nClearColor(host::systemColor(platform::COLOR_BTNFACE)) {}
 
 cCanvas::~cCanvas() {
-    if (nSavedPaintDC) DeleteMetafile(EndRecordMetafile(false));
+    dropRecording();
     if (nOldBitmap) platform::SelectObject(nPaintDC, nOldBitmap);
     if (nBitmap) platform::DeleteObject(nBitmap);
     if (nHalftonePalette) {
@@ -72,6 +72,11 @@ void cCanvas::noteSize(std::int32_t width, std::int32_t height) {
     xPaintRect = {0, 0, width, height};
 }
 
+/// Ends a recording that nobody has ended.
+void cCanvas::dropRecording() {
+    if (nSavedPaintDC) DeleteMetafile(EndRecordMetafile(false));
+}
+
 /// Ends the bitmap and the context of the former configuration.
 void cCanvas::releaseSurface() {
     if (nOldBitmap) platform::SelectObject(nPaintDC, nOldBitmap);
@@ -85,7 +90,7 @@ void cCanvas::releaseSurface() {
 /// Puts the canvas's bitmap into the context; false if there is no bitmap.
 bool cCanvas::selectBitmap() {
     if (!nBitmap) return false;
-    if (const platform::HGDIOBJ former = platform::SelectObject(nPaintDC, nBitmap)) nOldBitmap = former;
+    if (const platform::HGDIOBJ former = platform::SelectObject(surfaceDC(), nBitmap)) nOldBitmap = former;
     return true;
 }
 
@@ -104,6 +109,7 @@ bool cCanvas::Configure(platform::HDC newTargetDC, std::int32_t left, std::int32
     const platform::HDC reference = isStatic ? newTargetDC : platform::GetDC({});
     // A control may set its canvas up before it has a window. The context stays what it was, and whose.
     if (!reference) return true;
+    dropRecording();
     if (nHDC_Provider == DCProvider_Auto) releaseSurface();
     nHDC_Provider = provider;
     nTargetDC = reference;
@@ -124,7 +130,7 @@ bool cCanvas::Resize(std::int32_t width, std::int32_t height, platform::HDC nNew
     noteSize(width, height);
     if (!lStatic_HDC_Target) nTargetDC = nNewCompatDC;
     if (!nTargetDC) return true;
-    platform::SelectObject(nPaintDC, nOldBitmap);
+    platform::SelectObject(surfaceDC(), nOldBitmap);
     platform::DeleteObject(nBitmap);
     nBitmap = platform::CreateCompatibleBitmap(nTargetDC, width, height);
     return selectBitmap();
@@ -143,6 +149,7 @@ void cCanvas::BeginPaint() {
 
 void cCanvas::EndPaint() {
     if (lPaintDCReleased || lStatic_HDC_Target || !nPaintDC) return;
+    dropRecording();
     if (nOldBitmap) platform::SelectObject(nPaintDC, nOldBitmap);
     Minimize_GDI_UsedResources();
     platform::DeleteDC(nPaintDC);

@@ -369,6 +369,9 @@ private:
 
     void noteSize(std::int32_t width, std::int32_t height);
     void releaseSurface();
+    void dropRecording();
+    /// The context of the surface, which waits while a metafile is recorded.
+    platform::HDC surfaceDC() const { return nSavedPaintDC ? nSavedPaintDC : nPaintDC; }
     bool makeSurface(platform::HDC reference);
     bool selectBitmap();
     template <class Handle>

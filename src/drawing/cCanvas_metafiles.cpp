@@ -37,6 +37,7 @@ std::int32_t devicePixels(std::int32_t length, std::int32_t pixelsPerInch, platf
 
 bool cCanvas::BeginRecordMetafile(const String& cFileName, const String& cAplicacion,
                                   const String& cDescripcion) {
+    if (nSavedPaintDC) return false; // one at a time
     const std::string description = descriptionOf(cAplicacion, cDescripcion);
     const std::string file = cFileName.ansi();
     const platform::RECT frame{0, 0, roundToLong(ScaleX(static_cast<float>(nWidth), pixels, himetric)),

@@ -3,11 +3,14 @@
 #include "drawing/cCanvas_private.h"
 
 #include "automation/Conversions.h"
+#include "automation/Numbers.h"
 #include "drawing/memory_surface.h"
 #include "drawing/rounding.h"
 #include "host/StockPictures.h"
 #include "platform/processes.h"
 #include "platform/resources.h"
+
+#include <algorithm>
 
 namespace tesela {
 
@@ -32,6 +35,15 @@ platform::ResourceType resourceType(std::int32_t type) {
 
 platform::WORD resourceNumber(const automation::Variant& id) {
     return static_cast<platform::WORD>(automation::CLng(id));
+}
+
+/// A resource by its number or its name; a name of a hash sign and digits is the number.
+platform::ResourceName resourceName(const automation::Variant& id) {
+    if (!id.isString()) return resourceNumber(id);
+    const automation::String& name = id.asString();
+    if (!name.view().starts_with(u'#')) return name.view();
+    constexpr double last = 0xFFFF;
+    return static_cast<platform::WORD>(std::clamp(automation::Val(name.view().substr(1)), 0.0, last));
 }
 
 /// A bitmap with the same pixels.
@@ -126,9 +138,9 @@ Ref<Picture> cCanvas::BitMap2Picture(platform::HGDIOBJ hBitmap, platform::HPALET
     platform::HBITMAP bitmap(hBitmap.value);
     if (!bitmap) {
         // The canvas and the picture both end the bitmap that they own, so each has its own.
-        platform::SelectObject(nPaintDC, nOldBitmap);
-        bitmap = copyOf(nPaintDC, nBitmap);
-        platform::SelectObject(nPaintDC, nBitmap);
+        platform::SelectObject(surfaceDC(), nOldBitmap);
+        bitmap = copyOf(surfaceDC(), nBitmap);
+        platform::SelectObject(surfaceDC(), nBitmap);
     }
     platform::BITMAP about;
     if (!platform::GetObjectBitmap(bitmap, &about)) return {};
@@ -148,13 +160,9 @@ Ref<Picture> cCanvas::Bytes2Picture(const automation::Array& aBytes) {
 Ref<Picture> cCanvas::GetResPicture(const automation::Variant& xResourceID, std::int32_t nType,
                                     platform::HINSTANCE nHInstance) {
     const automation::Variant id = xResourceID.dereferenced();
-    const bool named = id.isString();
-    const automation::String name = named ? id.asString() : automation::String();
-    if (named && name.empty()) return {};
-    const platform::ResourceName resource =
-        named ? platform::ResourceName(name.view()) : platform::ResourceName(resourceNumber(id));
+    if (id.isString() && id.asString().empty()) return {};
     const platform::HINSTANCE module = nHInstance ? nHInstance : platform::moduleInstance();
-    std::vector<std::uint8_t> bytes = platform::resourceBytes(module, resourceType(nType), resource);
+    std::vector<std::uint8_t> bytes = platform::resourceBytes(module, resourceType(nType), resourceName(id));
     if (bytes.empty()) return {};
     try {
         return Picture::fromBytes(std::move(bytes));

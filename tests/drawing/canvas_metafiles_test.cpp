@@ -147,6 +147,63 @@ TEST_F(cCanvas_Metafiles, ACanvasThatEndsWhileRecordingLeavesNothing) {
     expectObjects(before);
 }
 
+TEST_F(cCanvas_Metafiles, OneIsRecordedAtATime) {
+    ASSERT_TRUE(canvas->BeginRecordMetafile());
+    const platform::HDC recorder = canvas->GetPaintDC();
+    EXPECT_FALSE(canvas->BeginRecordMetafile());
+    EXPECT_EQ(recorder, canvas->GetPaintDC());
+    canvas->FillBox(10, 5, 29, 24, red);
+    canvas->DeleteMetafile(canvas->EndRecordMetafile());
+    EXPECT_EQ(red, canvas->GetPixel(20, 15)) << "the first one goes on";
+    ASSERT_TRUE(canvas->BeginRecordMetafile());
+    canvas->DeleteMetafile(canvas->EndRecordMetafile());
+}
+
+TEST_F(cCanvas_Metafiles, ARecordingEndsWithTheContextAndLeavesThePicture) {
+    const auto control = automation::make<cCanvas>();
+    control->Configure(screen, 0, 0, 10, 10, DCProvider_Auto, false);
+    control->FillBox(0, 0, 9, 9, red);
+    const std::int32_t open = gdiObjects();
+    // The target of such a canvas is the screen's context, which was given back: recording needs a living
+    // one.
+    control->Resize(10, 10, screen);
+    control->FillBox(0, 0, 9, 9, red);
+    ASSERT_TRUE(control->BeginRecordMetafile());
+    control->FillBox(0, 0, 9, 9, black);
+    control->EndPaint();
+    EXPECT_FALSE(control->GetPaintDC());
+    EXPECT_FALSE(control->EndRecordMetafile());
+    control->BeginPaint();
+    EXPECT_EQ(red, control->GetPixel(5, 5));
+    expectObjects(open);
+}
+
+TEST_F(cCanvas_Metafiles, ConfiguringAnewEndsARecording) {
+    const std::int32_t before = gdiObjects();
+    ASSERT_TRUE(canvas->BeginRecordMetafile());
+    canvas->Configure(screen, 0, 0, 40, 30);
+    expectObjects(before);
+    canvas->FillBox(0, 0, 39, 29, red);
+    EXPECT_EQ(red, canvas->GetPixel(5, 5)) << "on the surface again";
+    EXPECT_FALSE(canvas->EndRecordMetafile());
+}
+
+TEST_F(cCanvas_Metafiles, TheSurfaceIsResizedAndCopiedWhileARecordingGoesOn) {
+    const std::int32_t before = gdiObjects();
+    ASSERT_TRUE(canvas->BeginRecordMetafile());
+    canvas->FillBox(0, 0, 39, 29, red);
+    auto picture = canvas->BitMap2Picture();
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(40, picture->pixels().cx);
+    picture.reset();
+    EXPECT_TRUE(canvas->Resize(60, 50));
+    canvas->DeleteMetafile(canvas->EndRecordMetafile(false));
+    expectObjects(before);
+    canvas->FillBox(50, 40, 59, 49, red);
+    EXPECT_EQ(red, canvas->GetPixel(59, 49)) << "in the new size";
+    EXPECT_EQ(black, canvas->GetPixel(5, 5)) << "and empty";
+}
+
 TEST_F(cCanvas_Metafiles, APictureOfAMetafileIsPlayed) {
     const HENHMETAFILE metafile = recordBox(false);
     const auto picture = automation::make<host::Picture>(metafile);

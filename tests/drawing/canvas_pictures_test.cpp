@@ -221,6 +221,10 @@ TEST_F(cCanvas_Pictures, ResourcesAreFoundByNumberNameAndType) {
     EXPECT_EQ(10, canvas->GetResPicture(std::int16_t{125}, 77)->pixels().cx) << "another type is a bitmap";
     EXPECT_EQ(24, canvas->GetResPicture(Variant(u"flag"))->pixels().cx);
     EXPECT_EQ(24, canvas->GetResPicture(Variant(u"FLAG"), iconType, platform::moduleInstance())->pixels().cx);
+    EXPECT_EQ(10, canvas->GetResPicture(Variant(u"#125"), bitmapType)->pixels().cx) << "a number as text";
+    EXPECT_FALSE(canvas->GetResPicture(Variant(u"125"), bitmapType)) << "a name";
+    EXPECT_FALSE(canvas->GetResPicture(Variant(u"#"), bitmapType));
+    EXPECT_FALSE(canvas->GetResPicture(Variant(u"#1E300"), bitmapType));
     EXPECT_FALSE(canvas->GetResPicture(std::int32_t{126}));
     EXPECT_FALSE(canvas->GetResPicture(Variant(u"BANDERA")));
     EXPECT_FALSE(canvas->GetResPicture(Variant(u"")));

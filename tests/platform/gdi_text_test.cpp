@@ -211,17 +211,21 @@ TEST(Text, ExtentsCountTheCharactersThatFit) {
     EXPECT_EQ(fit, 6);
 }
 
-TEST(Text, ExtentsAreToldOfTheCharactersThatFitOnly) {
+TEST(Text, ExtentsOfBytesAreToldOfThoseThatFitWhereTheseAreCounted) {
     const Page page(4, 4, dialogFont, -11);
     constexpr INT untouched = -5;
     INT extents[] = {untouched, untouched, untouched, untouched};
+    INT fit = 0;
     SIZE size;
-    ASSERT_TRUE(GetTextExtentExPointW(page.dc(), u"abcd", 4, page.extent(u"ab").cx, nullptr, extents, &size));
+    const int room = page.extent(u"ab").cx;
+    ASSERT_TRUE(GetTextExtentExPointA(page.dc(), "abcd", 4, room, &fit, extents, &size));
     EXPECT_EQ(extents[0], page.extent(u"a").cx);
-    EXPECT_EQ(extents[1], page.extent(u"ab").cx);
+    EXPECT_EQ(extents[1], room);
     EXPECT_EQ(extents[2], untouched);
     EXPECT_EQ(extents[3], untouched);
     EXPECT_EQ(size.cx, page.extent(u"abcd").cx);
+    ASSERT_TRUE(GetTextExtentExPointA(page.dc(), "abcd", 4, room, nullptr, extents, &size));
+    EXPECT_EQ(extents[3], size.cx);
 }
 
 TEST(Text, NoTextHasNoSize) {

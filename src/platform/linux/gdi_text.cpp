@@ -326,7 +326,7 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
         advances.pass(text[i]);
         if ((!extents && !fit) || fitting < i) continue;
         const int width = advances.logical();
-        if (maxExtent != noLimit && width > maxExtent) continue;
+        if (fit && maxExtent != noLimit && width > maxExtent) continue; // without a count there is no limit
         if (extents) extents[i] = width;
         ++fitting;
     }

@@ -169,6 +169,10 @@ void setIdleHandler(std::function<bool()> handler) {
     if (HeadlessDisplay* own = headlessDisplay()) own->setIdleHandler(std::move(handler));
 }
 
+void setSleepHandler(std::function<void()> handler) {
+    driver::setSleepHandler(std::move(handler));
+}
+
 void advanceClock(DWORD milliseconds) {
     display();
     advanceHeldTime(static_cast<std::int64_t>(milliseconds) * NanosecondsPerMillisecond);
@@ -237,6 +241,7 @@ void reset() {
     keyboard() = {};
     attention() = {};
     setIdleHandler({});
+    setSleepHandler({});
     if (HeadlessDisplay* own = headlessDisplay()) {
         own->setClipboard({});
         own->movePointer({own->screenSize().cx / 2, own->screenSize().cy / 2});

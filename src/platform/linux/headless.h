@@ -39,6 +39,10 @@ void injectForegroundReturn();
 /// if it brought something. An empty function takes it back.
 void setIdleHandler(std::function<bool()> handler);
 
+/// What happens while the program sleeps, each time after the clock was moved. An empty function takes it
+/// back.
+void setSleepHandler(std::function<void()> handler);
+
 /// Moves the clock. Timers that fall due become WM_TIMER when the queue is read.
 void advanceClock(DWORD milliseconds);
 

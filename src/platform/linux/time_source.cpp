@@ -15,6 +15,11 @@ struct HeldTime {
     std::int64_t wall = 0;
 };
 
+std::function<void()>& sleepHandler() {
+    static std::function<void()> handler;
+    return handler;
+}
+
 HeldTime& heldTime() {
     static HeldTime time;
     return time;
@@ -36,10 +41,16 @@ std::int64_t wallClockNanoseconds() {
 }
 
 void passMilliseconds(DWORD milliseconds) {
-    if (heldTime().held)
-        advanceHeldTime(static_cast<std::int64_t>(milliseconds) * NanosecondsPerMillisecond);
-    else
+    if (!heldTime().held) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+        return;
+    }
+    advanceHeldTime(static_cast<std::int64_t>(milliseconds) * NanosecondsPerMillisecond);
+    if (sleepHandler()) sleepHandler()();
+}
+
+void setSleepHandler(std::function<void()> handler) {
+    sleepHandler() = std::move(handler);
 }
 
 void holdTime(bool held) {

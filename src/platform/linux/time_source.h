@@ -6,6 +6,7 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace platform::driver {
 
@@ -15,8 +16,11 @@ std::int64_t monotonicNanoseconds();
 /// Nanoseconds since 1 January 1970, UTC.
 std::int64_t wallClockNanoseconds();
 
-/// Sleep: waits, or with held time moves it on.
+/// Sleep: waits, or with held time moves it on and calls the handler.
 void passMilliseconds(DWORD milliseconds);
+
+/// What happens while a program sleeps in held time; an empty function is nothing.
+void setSleepHandler(std::function<void()> handler);
 
 /// Holds time where it is now, or lets it run again from the system's clocks.
 void holdTime(bool held);
