@@ -134,6 +134,40 @@ TEST_F(WindowPainting, ParentsArePaintedBeforeTheirChildren) {
     EXPECT_EQ(journal.of({WM_PAINT}), "main WM_PAINT, child WM_PAINT");
 }
 
+TEST_F(WindowPainting, SiblingsArePaintedFromTheTopAndAgainWhenAnotherOneInvalidatesThem) {
+    HWND first{};
+    int paints = 0;
+    const Handler disturbing = [&](const Seen& seen, LRESULT&) {
+        if (seen.message == WM_PAINT && ++paints == 1) InvalidateRect(first, nullptr, FALSE_);
+        return false;
+    };
+    const HWND last = openChild("last", main, {20, 0, 30, 10});
+    const HWND middle = openChild("middle", main, {10, 0, 20, 10}, disturbing);
+    first = openChild("first", main, {0, 0, 10, 10});
+    for (const HWND each : {last, middle, first})
+        SetWindowPos(each, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    desk.pump();
+    paints = 0;
+    journal.clear();
+    RedrawWindow(main, nullptr, {}, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    desk.pump();
+    EXPECT_EQ(journal.of({WM_PAINT}),
+              "main WM_PAINT, first WM_PAINT, middle WM_PAINT, first WM_PAINT, last WM_PAINT");
+}
+
+TEST_F(WindowPainting, WhatIsCoveredBeforeItIsPaintedIsNotPainted) {
+    const HWND below = openChild("below", main, {0, 0, 100, 100}, painter(Red), WS_CLIPSIBLINGS);
+    const HWND above = openChild("above", main, {150, 0, 250, 100}, painter(Blue), WS_CLIPSIBLINGS);
+    SetWindowPos(above, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    desk.pump();
+    InvalidateRect(below, nullptr, TRUE_);
+    SetWindowPos(above, {}, 50, 50, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    UpdateWindow(above);
+    UpdateWindow(below);
+    EXPECT_EQ(desk.look(main).at(49, 49), Red);
+    EXPECT_EQ(desk.look(main).at(75, 75), Blue);
+}
+
 TEST_F(WindowPainting, AClippingParentLeavesItsChildrenAlone) {
     openChild("child", main, {0, 0, 100, 100});
     desk.pump();

@@ -164,6 +164,7 @@ LRESULT setRedraw(HWND handle, bool redraw) {
         window->update = {};
         window->style &= ~WS_VISIBLE;
     }
+    rearranged(*window);
     return 0;
 }
 

@@ -61,6 +61,7 @@ void tellState(Window& window, bool minimized, bool maximized) {
     const DWORD now = (minimized ? WS_MINIMIZE : 0) | (maximized ? WS_MAXIMIZE : 0);
     if (former == now) return;
     window.style = (window.style & ~(WS_MINIMIZE | WS_MAXIMIZE)) | now;
+    rearranged(window);
     const WPARAM kind = minimized ? SIZE_MINIMIZED : maximized ? SIZE_MAXIMIZED : SIZE_RESTORED;
     const LPARAM size = minimized ? 0 : MAKELPARAM(widthOf(window.client), heightOf(window.client));
     callProcedure(window, WM_SIZE, kind, size);

@@ -165,12 +165,13 @@ std::unique_ptr<DeviceContext> makeContextOver(Bitmap& bitmap, const DeviceConte
     return context;
 }
 
-HDC createWindowDC(Surface& surface, POINT origin, const Region& visible) {
+HDC createWindowDC(Surface& surface, POINT origin, Region visible) {
     auto context = makeContext();
     context->isMemory = false;
     context->surface = &surface;
     context->origin = origin;
-    context->visible = visible.intersected(Region(RECT{0, 0, surface.width, surface.height}));
+    visible.cutTo({0, 0, surface.width, surface.height});
+    context->visible = std::move(visible);
     return HDC(addObject(std::move(context)));
 }
 

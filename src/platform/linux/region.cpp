@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace platform::driver {
 
@@ -104,16 +105,16 @@ public:
     }
 
     /// Appends a band from intervals in the order of their left ends.
-    void append(const RECT* first, const RECT* last) {
+    void append(std::span<const RECT> intervals, LONG top, LONG bottom) {
         bandStart_ = out_.size();
-        for (const RECT* r = first; r != last; ++r) {
-            if (out_.size() > bandStart_ && r->left <= out_.back().right) {
-                out_.back().right = std::max(out_.back().right, r->right);
+        for (const RECT& r : intervals) {
+            if (out_.size() > bandStart_ && r.left <= out_.back().right) {
+                out_.back().right = std::max(out_.back().right, r.right);
             } else {
-                out_.push_back(*r);
+                out_.push_back({r.left, top, r.right, bottom});
             }
         }
-        closeBand(first->top);
+        closeBand(top);
     }
 
     Rects take() { return std::move(out_); }
@@ -193,8 +194,35 @@ Region Region::ofRows(std::vector<RECT> rows) {
     BandWriter writer;
     for (auto first = rows.begin(); first != rows.end();) {
         const auto last = std::find_if(first, rows.end(), [&](const RECT& r) { return r.top != first->top; });
-        writer.append(&*first, &*first + (last - first));
+        writer.append({first, last}, first->top, first->bottom);
         first = last;
+    }
+    Region result;
+    result.rects_ = writer.take();
+    return result;
+}
+
+/// Sweeps down from edge to edge, with the rectangles that the sweep stands on in the order of their left
+/// ends.
+Region Region::ofAll(std::vector<RECT> rects) {
+    std::erase_if(rects, isEmpty);
+    std::sort(rects.begin(), rects.end(), [](const RECT& a, const RECT& b) { return a.top < b.top; });
+    BandWriter writer;
+    Rects open;
+    LONG top = 0;
+    for (auto next = rects.begin(); next != rects.end() || !open.empty();) {
+        if (open.empty()) top = next->top;
+        for (; next != rects.end() && next->top == top; ++next) {
+            const auto place = std::upper_bound(open.begin(), open.end(), next->left,
+                                                [](LONG left, const RECT& r) { return left < r.left; });
+            open.insert(place, *next);
+        }
+        LONG bottom = next != rects.end() ? next->top : std::numeric_limits<LONG>::max();
+        for (const RECT& r : open)
+            bottom = std::min(bottom, r.bottom);
+        writer.append(open, top, bottom);
+        std::erase_if(open, [bottom](const RECT& r) { return r.bottom == bottom; });
+        top = bottom;
     }
     Region result;
     result.rects_ = writer.take();
@@ -219,6 +247,17 @@ void Region::translate(LONG dx, LONG dy) {
     }
     // Only a move against the limits of a coordinate squeezes rectangles to nothing.
     std::erase_if(rects_, isEmpty);
+}
+
+void Region::cutTo(const RECT& r) {
+    if (rects_.size() == 1) {
+        RECT& own = rects_[0];
+        own = {std::max(own.left, r.left), std::max(own.top, r.top), std::min(own.right, r.right),
+               std::min(own.bottom, r.bottom)};
+        if (isEmpty(own)) rects_.clear();
+    } else if (!empty()) {
+        *this = intersected(Region(r));
+    }
 }
 
 Region Region::united(const Region& other) const {

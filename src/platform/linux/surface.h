@@ -19,6 +19,8 @@ public:
     /// The region of rectangles that may overlap, as long as those with the same top have the same bottom and
     /// no other lies between the two.
     static Region ofRows(std::vector<RECT> rows);
+    /// The region of any rectangles.
+    static Region ofAll(std::vector<RECT> rects);
 
     const std::vector<RECT>& rectangles() const { return rects_; }
     RECT bounds() const;
@@ -29,6 +31,8 @@ public:
         return false;
     }
     void translate(LONG dx, LONG dy);
+    /// Leaves only what lies in the rectangle.
+    void cutTo(const RECT& r);
 
     Region united(const Region& other) const;
     Region intersected(const Region& other) const;
@@ -56,7 +60,7 @@ struct Surface {
 /// A device context for a window. `origin` is where the window's (0, 0) lies on the surface; `visible` is
 /// in surface coordinates and bounds all drawing. The surface must outlive the context. The returned handle
 /// is counted as a device context until releaseWindowDC; a saved font, brush or pen selection dies with it.
-HDC createWindowDC(Surface& surface, POINT origin, const Region& visible);
+HDC createWindowDC(Surface& surface, POINT origin, Region visible);
 
 /// Lets the surface of such a context stay without pixels until something is drawn on it or read from it:
 /// then `make` fills in the surface.

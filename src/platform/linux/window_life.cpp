@@ -131,6 +131,7 @@ void applyTrackLimits(HWND handle) {
     window->frame.right = window->frame.left + width;
     window->frame.bottom = window->frame.top + height;
     window->client = window->frame;
+    rearranged(*window);
 }
 
 } // namespace
@@ -172,6 +173,7 @@ HWND CreateWindowExA(DWORD exStyle, const char* className, const char* windowNam
     if (made.isChild()) {
         made.parent = above;
         above->children.push_back(&made); // below its siblings
+        rearranged(made);
     } else {
         Window* owner = above ? topLevelOf(above) : nullptr;
         if (owner) made.owner = owner->handle;
@@ -196,7 +198,9 @@ HWND CreateWindowExA(DWORD exStyle, const char* className, const char* windowNam
     if (Window* window = findWindow(handle)) notifyParent(*window, WM_CREATE);
     if (findWindow(handle) && (style & WS_VISIBLE)) {
         const int command = (style & WS_MAXIMIZE) ? SW_SHOWMAXIMIZED : SW_SHOW;
-        findWindow(handle)->style &= ~(WS_MAXIMIZE | WS_MINIMIZE);
+        Window* window = findWindow(handle);
+        window->style &= ~(WS_MAXIMIZE | WS_MINIMIZE);
+        rearranged(*window);
         ShowWindow(handle, command);
     }
     return findWindow(handle) ? handle : HWND{};
@@ -281,6 +285,7 @@ LONG_PTR writeStyle(HWND handle, int index, DWORD value) {
     callProcedure(*window, WM_STYLECHANGING, static_cast<WPARAM>(index), record);
     if (!(window = findWindow(handle))) return 0;
     (index == GWL_STYLE ? window->style : window->exStyle) = change.styleNew;
+    rearranged(*window);
     callProcedure(*window, WM_STYLECHANGED, static_cast<WPARAM>(index), record);
     return static_cast<LONG>(change.styleOld);
 }

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <span>
 
 namespace platform::driver {
 
@@ -31,17 +30,16 @@ RECT bandIn(const Surface& surface) {
     return {0, 0, surface.width, surface.height};
 }
 
-HDC openContext(Window& window, POINT origin, const Region& screen) {
+HDC openContext(Window& window, POINT origin, Region visible) {
     Window* top = topLevelOf(&window);
     if (!top) return {};
     if (!top->pixels) resizePixels(*top);
     const POINT corner{top->frame.left, top->frame.top};
-    Region onSurface = screen;
-    onSurface.translate(-corner.x, -corner.y);
-    onSurface = onSurface.intersected(Region(bandIn(top->pixels->surface)));
+    const RECT screen = visible.bounds();
+    visible.translate(-corner.x, -corner.y);
     const HDC dc =
-        createWindowDC(top->pixels->surface, {origin.x - corner.x, origin.y - corner.y}, onSurface);
-    if (dc) openContexts().push_back({dc, window.handle, top->pixels, screen.bounds()});
+        createWindowDC(top->pixels->surface, {origin.x - corner.x, origin.y - corner.y}, std::move(visible));
+    if (dc) openContexts().push_back({dc, window.handle, top->pixels, screen});
     return dc;
 }
 
@@ -51,7 +49,7 @@ bool closeContext(HDC dc) {
         std::find_if(open.begin(), open.end(), [&](const OpenContext& c) { return c.dc == dc; });
     if (found == open.end()) return false;
     if (Window* window = findWindow(found->window)) markDrawn(*window, found->screen);
-    const auto pixels = found->pixels;
+    const auto pixels = std::move(found->pixels);
     open.erase(found);
     return releaseWindowDC(dc);
 }
@@ -74,23 +72,17 @@ bool needsPaint(const Window& window) {
     return (!window.update.empty() || window.frameDue) && isShown(window);
 }
 
-HWND firstToPaint(const Window& window) {
+/// Goes on among the children where the last search ended, unless something happened there since.
+HWND firstToPaint(Window& window) {
     if (!window.is(WS_VISIBLE)) return {};
     if (needsPaint(window)) return window.handle;
-    for (const Window* child : window.children)
-        if (const HWND found = firstToPaint(*child)) return found;
+    for (; window.paintedChildren < window.children.size(); ++window.paintedChildren)
+        if (const HWND found = firstToPaint(*window.children[window.paintedChildren])) return found;
     return {};
 }
 
 bool meet(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
-/// The union of rectangles. Halves are united first: one by one, each would be merged with all before it.
-Region unionOfAll(std::span<const RECT> rects) {
-    if (rects.size() == 1) return Region(rects.front());
-    const std::size_t half = rects.size() / 2;
-    return unionOfAll(rects.first(half)).united(unionOfAll(rects.subspan(half)));
 }
 
 /// Takes the frames of a window's children out of a region of the screen, those in front of `last` or all.
@@ -104,13 +96,13 @@ void coverByChildren(Region& region, const Window& parent, const Window* last) {
         if (meet(bounds, child->frame) && child->is(WS_VISIBLE))
             covers.push_back(offset(child->frame, origin.x, origin.y));
     }
-    if (!covers.empty()) region = region.subtracted(unionOfAll(covers));
+    if (!covers.empty()) region = region.subtracted(Region::ofAll(std::move(covers)));
 }
 
 /// What is to be seen of a window within a region of the screen.
 Region visibleWithin(const Window& window, Region region, bool withoutChildren) {
     for (const Window* w = &window; !isTopLevel(*w); w = w->parent) {
-        region = region.intersected(Region(screenClient(*w->parent)));
+        region.cutTo(screenClient(*w->parent));
         if (w->is(WS_CLIPSIBLINGS)) coverByChildren(region, *w->parent, w);
     }
     if (withoutChildren) coverByChildren(region, window, nullptr);
@@ -121,13 +113,76 @@ bool hasVisiblePart(const Window& window, bool whole) {
     return isShown(window) && !isDesktop(window) && (!window.is(WS_MINIMIZE) || whole);
 }
 
+/// Whether no two of a window's children that are shown lie over each other.
+bool areApart(const std::vector<Window*>& children) {
+    std::vector<RECT> rects;
+    rects.reserve(children.size());
+    for (const Window* child : children)
+        if (child->is(WS_VISIBLE)) rects.push_back(child->frame);
+    std::sort(rects.begin(), rects.end(), [](const RECT& a, const RECT& b) { return a.top < b.top; });
+    std::vector<RECT> open; // those that reach down to the next one's top
+    for (const RECT& r : rects) {
+        std::erase_if(open, [&r](const RECT& above) { return above.bottom <= r.top; });
+        if (std::any_of(open.begin(), open.end(), [&r](const RECT& above) { return meet(above, r); }))
+            return false;
+        open.push_back(r);
+    }
+    return true;
+}
+
+void addToUpdate(Window& window, const Region& seen, bool erase) {
+    if (window.update.empty())
+        window.updateSeen = arrangement();
+    else if (window.updateSeen != arrangement())
+        window.updateSeen = 0;
+    window.update = window.update.united(clientRegion(window, seen));
+    window.eraseDue = window.eraseDue || erase;
+    awaitPaint(window);
+}
+
+/// Marks a part of a window's client area, all of which is to be seen but for the window's children.
+void invalidateSeen(Window& window, const Region& seen, bool erase, bool children) {
+    Region own = seen;
+    if (window.is(WS_CLIPCHILDREN)) coverByChildren(own, window, nullptr);
+    if (!own.empty()) addToUpdate(window, own, erase);
+    if (!children || window.children.empty()) return;
+    const RECT bounds = clientRegion(window, seen).bounds();
+    const bool apart = areApart(window.children);
+    for (Window* child : window.children) {
+        if (!meet(bounds, child->frame) || !child->is(WS_VISIBLE)) continue;
+        Region part = seen;
+        part.cutTo(screenFrame(*child));
+        if (part.empty()) continue;
+        if (child->frame != child->client) {
+            child->frameDue = true;
+            awaitPaint(*child);
+        }
+        if (!apart && child->is(WS_CLIPSIBLINGS)) coverByChildren(part, window, child);
+        part.cutTo(screenClient(*child));
+        if (!part.empty()) invalidateSeen(*child, part, erase, true);
+    }
+}
+
 } // namespace
 
 Region visibleRegion(const Window& window, bool whole, bool withoutChildren) {
     if (!hasVisiblePart(window, whole)) return {};
-    Region region(screenFrame(window));
-    if (!whole) region = region.intersected(Region(screenClient(window)));
-    return visibleWithin(window, std::move(region), withoutChildren);
+    // A program draws on one window again and again.
+    struct Answer {
+        HWND window;
+        bool whole = false, withoutChildren = false;
+        std::uint64_t arrangement = 0;
+        Region region;
+    };
+    static Answer last;
+    if (last.window != window.handle || last.whole != whole || last.withoutChildren != withoutChildren ||
+        last.arrangement != arrangement()) {
+        Region region(screenFrame(window));
+        if (!whole) region.cutTo(screenClient(window));
+        last = {window.handle, whole, withoutChildren, arrangement(),
+                visibleWithin(window, std::move(region), withoutChildren)};
+    }
+    return last.region;
 }
 
 void resizePixels(Window& topLevel) {
@@ -170,29 +225,17 @@ void copyPixels(Window& topLevel, const Region& screen, POINT by) {
 }
 
 void invalidate(Window& window, const Region& client, bool erase, bool children) {
-    const Region onScreen = screenRegion(window, client);
-    if (hasVisiblePart(window, false)) {
-        const Region inside = onScreen.intersected(Region(screenFrame(window)));
-        const Region seen = visibleWithin(window, inside.intersected(Region(screenClient(window))),
-                                          window.is(WS_CLIPCHILDREN));
-        if (!seen.empty()) {
-            window.update = window.update.united(clientRegion(window, seen));
-            window.eraseDue = window.eraseDue || erase;
-        }
-    }
-    if (!children) return;
-    const RECT bounds = clientRegion(window, onScreen).bounds();
-    for (Window* child : window.children) {
-        if (!meet(bounds, child->frame) || !child->is(WS_VISIBLE)) continue;
-        const Region part = onScreen.intersected(Region(screenFrame(*child)));
-        if (part.empty()) continue;
-        if (screenFrame(*child) != screenClient(*child)) child->frameDue = true;
-        invalidate(*child, clientRegion(*child, part), erase, true);
-    }
+    if (!hasVisiblePart(window, false)) return;
+    Region part = screenRegion(window, client);
+    part.cutTo(screenFrame(window));
+    part.cutTo(screenClient(window));
+    part = visibleWithin(window, std::move(part), false);
+    if (!part.empty()) invalidateSeen(window, part, erase, children);
 }
 
 void invalidateAll(Window& window) {
-    window.frameDue = screenFrame(window) != screenClient(window);
+    window.frameDue = window.frame != window.client;
+    awaitPaint(window);
     invalidate(window, Region(RECT{0, 0, widthOf(window.client), heightOf(window.client)}), true, true);
 }
 
@@ -203,12 +246,10 @@ void exposeBelow(Window& parent, const Region& screen) {
 
 HWND nextToPaint(HWND filter) {
     if (filter) {
-        const Window* window = findWindow(filter);
+        Window* window = findWindow(filter);
         return window && isShown(*window) ? firstToPaint(*window) : HWND{};
     }
-    for (const Window* top : desktopWindow().children)
-        if (const HWND found = firstToPaint(*top)) return found;
-    return {};
+    return firstToPaint(desktopWindow());
 }
 
 void releaseContexts(HWND window) {
@@ -311,7 +352,10 @@ BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags) {
     const Region area = Region(hasNoArea(box) ? RECT{} : box);
     if (flags & RDW_INVALIDATE) {
         invalidate(*window, area, (flags & RDW_ERASE) != 0, takesChildren(*window, flags));
-        if ((flags & RDW_FRAME) && isShown(*window)) window->frameDue = true;
+        if ((flags & RDW_FRAME) && isShown(*window)) {
+            window->frameDue = true;
+            awaitPaint(*window);
+        }
     } else if (flags & RDW_VALIDATE) {
         validate(*window, area, flags);
         if (flags & RDW_NOERASE) window->eraseDue = false;
@@ -355,11 +399,13 @@ HDC BeginPaint(HWND handle, PAINTSTRUCT* paint) {
         if (!(window = findWindow(handle))) return {};
     }
     Region area = screenRegion(*window, window->update);
-    area = area.intersected(visibleRegion(*window, false, window->is(WS_CLIPCHILDREN)));
-    const HDC dc = openContext(*window, clientOrigin(*window), area);
+    if (window->updateSeen != arrangement())
+        area = area.intersected(visibleRegion(*window, false, window->is(WS_CLIPCHILDREN)));
+    const POINT origin = clientOrigin(*window);
     *paint = {};
+    paint->rcPaint = area.empty() ? RECT{} : offset(area.bounds(), -origin.x, -origin.y);
+    const HDC dc = openContext(*window, origin, std::move(area));
     paint->hdc = dc;
-    paint->rcPaint = window->update.empty() ? RECT{} : clientRegion(*window, area).bounds();
     window
         ->update = {}; // without a context, too: asking for the paint again and again would keep all else out
     if (!dc) return {};

@@ -23,7 +23,8 @@ void moveInOrder(Window& window, HWND insertAfter) {
     if (insertAfter == HWND_BOTTOM) {
         siblings.push_back(&window);
     } else if (after && after->parent == window.parent && after != &window) {
-        siblings.insert(std::find(siblings.begin(), siblings.end(), after) + 1, &window);
+        siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(placeAmongSiblings(*after)) + 1,
+                        &window);
     } else {
         linkOnTop(window, *window.parent);
     }
@@ -127,6 +128,7 @@ void repaintChild(Window& window, const Before& before, UINT flags) {
     fresh.translate(-origin.x, -origin.y);
     invalidate(window, fresh, true, true);
     window.frameDue = window.frameDue || !fresh.empty();
+    awaitPaint(window);
 }
 
 void repaintTopLevel(Window& window, const Before& before, UINT flags) {
@@ -139,6 +141,7 @@ void repaintTopLevel(Window& window, const Before& before, UINT flags) {
     if (!(flags & SWP_NOSIZE) || (flags & SWP_FRAMECHANGED)) {
         resizePixels(window);
         window.frameDue = true;
+        awaitPaint(window);
         if (repaintsWhole(window, before) || (flags & (SWP_NOCOPYBITS | SWP_FRAMECHANGED))) {
             invalidateAll(window);
             return;
@@ -176,6 +179,12 @@ bool sizeOrPlaceChanges(UINT flags) {
     return (flags & (SWP_NOSIZE | SWP_NOMOVE)) != (SWP_NOSIZE | SWP_NOMOVE) || (flags & SWP_FRAMECHANGED);
 }
 
+bool changesNothing(UINT flags) {
+    constexpr UINT Kept = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+    constexpr UINT Changes = SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_FRAMECHANGED | SWP_NOCOPYBITS;
+    return (flags & (Kept | Changes)) == Kept;
+}
+
 bool applyPosition(HWND handle, WINDOWPOS& pos) {
     Window* window = findWindow(handle);
     const Before before = remember(*window);
@@ -188,6 +197,7 @@ bool applyPosition(HWND handle, WINDOWPOS& pos) {
     if (!(pos.flags & SWP_NOZORDER)) changeOrder(*window, pos.hwndInsertAfter);
     if (pos.flags & SWP_SHOWWINDOW) window->style |= WS_VISIBLE;
     if (pos.flags & SWP_HIDEWINDOW) window->style &= ~WS_VISIBLE;
+    rearranged(*window);
     if (isTopLevel(*window)) {
         repaintTopLevel(*window, before, pos.flags);
     } else if (!(pos.flags & SWP_NOREDRAW) && topLevelOf(window)) {
@@ -221,6 +231,7 @@ bool changeState(HWND handle, int command, RECT& target) {
     Window* window = findWindow(handle);
     if (!window->is(WS_MAXIMIZE) && !window->is(WS_MINIMIZE)) window->restored = window->frame;
     const bool wasSpecial = window->style & (WS_MAXIMIZE | WS_MINIMIZE);
+    rearranged(*window);
     switch (command) {
     case SW_SHOWMAXIMIZED:
         window->style = (window->style & ~WS_MINIMIZE) | WS_MAXIMIZE;
@@ -258,7 +269,10 @@ bool keepsInactive(int command) {
 void recalculateClient(Window& window) {
     const HWND handle = window.handle;
     const RECT client = askClient(handle, window.frame);
-    if (Window* still = findWindow(handle)) still->client = client;
+    if (Window* still = findWindow(handle)) {
+        still->client = client;
+        rearranged(*still);
+    }
 }
 
 RECT defaultPlace(DWORD) {
@@ -289,6 +303,7 @@ BOOL SetWindowPos(HWND handle, HWND insertAfter, int x, int y, int width, int he
         if (!(window = findWindow(handle))) return FALSE_;
         pos = complete(*window, pos);
     }
+    if (changesNothing(pos.flags)) return TRUE_;
     if (!applyPosition(handle, pos)) return FALSE_;
     if (pos.flags & SWP_HIDEWINDOW) releaseAttention(handle);
     if (!(window = findWindow(handle))) return TRUE_;

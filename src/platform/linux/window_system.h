@@ -51,7 +51,10 @@ struct Window {
     std::map<std::string, HANDLE> properties;
     HFONT font;
     HICON icon;
-    Region update; ///< Client coordinates
+    Region update;                     ///< Client coordinates
+    std::uint64_t updateSeen = 0;      ///< The arrangement in which all of `update` was to be seen
+    std::size_t paintedChildren = 0;   ///< So many of the children, from the top, have nothing to paint
+    mutable std::size_t lastPlace = 0; ///< Among its siblings, when it was last looked for
     bool eraseDue = false;
     bool frameDue = false;        ///< WM_NCPAINT waits
     bool sizeMessagesDue = false; ///< WM_SIZE and WM_MOVE come with the first show
@@ -94,12 +97,20 @@ bool isInside(const Window& ancestor, const Window* window); ///< The ancestor i
 bool isShown(const Window& window);
 bool isReachable(const Window& window); ///< It and its parents are enabled
 
+/// To be called when a window has another place, size, order or visibility: what is seen of windows is to be
+/// found out anew. Arrangements are numbered from 1.
+void rearranged(Window& window);
+std::uint64_t arrangement();
+/// To be called when there may be something to paint in the window.
+void awaitPaint(Window& window);
+
 /// Takes the window out of its parent's children, or puts it among them.
 void unlink(Window& window);
 void linkOnTop(Window& window, Window& parent);
 
 /// Handles of the children, top first: safe to walk while procedures run.
 std::vector<HWND> childHandles(const Window& window);
+std::size_t placeAmongSiblings(const Window& window);
 std::vector<HWND> ownedHandles(HWND owner);
 
 // Geometry. Screen coordinates.

@@ -89,8 +89,11 @@ Window& desktopWindow() {
         t.desktop = desktop.handle;
     }
     Window& desktop = *findWindow(t.desktop);
-    desktop.frame = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    desktop.client = desktop.frame;
+    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    if (desktop.frame != screen) {
+        desktop.frame = desktop.client = screen;
+        rearranged(desktop);
+    }
     return desktop;
 }
 
@@ -130,8 +133,32 @@ bool isReachable(const Window& window) {
     return w == nullptr;
 }
 
+namespace {
+
+std::uint64_t& arrangementNumber() {
+    static std::uint64_t number = 1;
+    return number;
+}
+
+} // namespace
+
+std::uint64_t arrangement() {
+    return arrangementNumber();
+}
+
+void rearranged(Window& window) {
+    ++arrangementNumber();
+    awaitPaint(window);
+}
+
+void awaitPaint(Window& window) {
+    for (Window* w = &window; w; w = w->parent)
+        w->paintedChildren = 0;
+}
+
 void unlink(Window& window) {
     if (!window.parent) return;
+    rearranged(window);
     // Most stand at an end: a new window that goes to the front, and the windows of a form that is taken
     // down.
     auto& siblings = window.parent->children;
@@ -157,6 +184,15 @@ void linkOnTop(Window& window, Window& parent) {
         while (place != siblings.end() && ((*place)->exStyle & WS_EX_TOPMOST))
             ++place;
     siblings.insert(place, &window);
+    rearranged(window);
+}
+
+std::size_t placeAmongSiblings(const Window& window) {
+    const auto& siblings = window.parent->children;
+    if (window.lastPlace >= siblings.size() || siblings[window.lastPlace] != &window)
+        window.lastPlace =
+            static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &window) - siblings.begin());
+    return window.lastPlace;
 }
 
 std::vector<HWND> childHandles(const Window& window) {
@@ -304,16 +340,20 @@ HWND GetWindow(HWND window, UINT command) {
     if (command == GW_CHILD) return w->children.empty() ? HWND{} : w->children.front()->handle;
     if (!w->parent) return {};
     const auto& siblings = w->parent->children;
-    const auto here = std::find(siblings.begin(), siblings.end(), w);
+    const std::size_t here = placeAmongSiblings(*w);
+    const auto at = [&siblings](std::size_t place) {
+        siblings[place]->lastPlace = place;
+        return siblings[place]->handle;
+    };
     switch (command) {
     case GW_HWNDFIRST:
-        return siblings.front()->handle;
+        return at(0);
     case GW_HWNDLAST:
-        return siblings.back()->handle;
+        return at(siblings.size() - 1);
     case GW_HWNDNEXT:
-        return here + 1 == siblings.end() ? HWND{} : (*(here + 1))->handle;
+        return here + 1 == siblings.size() ? HWND{} : at(here + 1);
     case GW_HWNDPREV:
-        return here == siblings.begin() ? HWND{} : (*(here - 1))->handle;
+        return here == 0 ? HWND{} : at(here - 1);
     default:
         return {};
     }

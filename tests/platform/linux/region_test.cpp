@@ -104,6 +104,30 @@ TEST(Region, AgreesWithABitmapOnRandomSets) {
     }
 }
 
+TEST(Region, OfAllRectanglesIsTheirUnionOneByOne) {
+    Source source;
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<RECT> rects;
+        Region united;
+        for (int i = source.number(0, 12); i > 0; --i) {
+            rects.push_back(source.rect());
+            united = united.united(Region(rects.back()));
+        }
+        ASSERT_EQ(Region::ofAll(rects), united);
+    }
+}
+
+TEST(Region, CutToARectangleIsTheIntersection) {
+    Source source;
+    for (int round = 0; round < 1000; ++round) {
+        Region region = randomPair(source).region;
+        const RECT r = source.rect();
+        const Region expected = region.intersected(Region(r));
+        region.cutTo(r);
+        ASSERT_EQ(region, expected);
+    }
+}
+
 TEST(Region, SameSetOfPixelsIsTheSameRegionHoweverItWasMade) {
     Source source;
     for (int round = 0; round < 1000; ++round) {
