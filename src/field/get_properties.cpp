@@ -54,7 +54,7 @@ const Persisted textProperty{u"Text", [](const get&) { return Variant(u"Texto a 
                              text<&get::Text>, setText<&get::Text>};
 
 /// In the order in which they are read and written: the scheme first, so that the others override it.
-const Persisted persisted[] = {
+const PersistedProperties<get> persisted = {
     {u"Scheme", Persisted::constant<std::int32_t{tslSchemeUseDefault}>,
      [](const get& f) { return Variant(f.Scheme()); }, setChoice<tslSchemeConstants, &get::Scheme>},
     {u"ShownEnabled", Persisted::constant<true>, flag<&get::ShownEnabled>, setFlag<&get::ShownEnabled>},
@@ -121,12 +121,13 @@ const Persisted persisted[] = {
 void get::onReadProperties(host::PropertyBag& bag) {
     beginReading();
     const bool stopped = tabStop();
-    for (const Persisted& property : persisted) {
-        property.load(*this, bag);
-        if (property.name == u"EnabledFicha") setTabStop(stopped && lShownEnabled && lEnabledGet);
-    }
+    persisted.load(*this, bag, [&](const Persisted& property) {
+        if (property.write == setFlag<&get::EnabledFicha>)
+            setTabStop(stopped && lShownEnabled && lEnabledGet);
+    });
     try {
-        if (isRecordIdentifier() && cTexto.empty()) textProperty.load(*this, bag);
+        if (isRecordIdentifier() && cTexto.empty())
+            textProperty.take(*this, bag.ReadProperty(textProperty.name, textProperty.defaultValue(*this)));
     } catch (const automation::Error&) {
         // A container that tells no name: the field holds no identifier.
     }
@@ -134,8 +135,7 @@ void get::onReadProperties(host::PropertyBag& bag) {
 }
 
 void get::onWriteProperties(host::PropertyBag& bag) {
-    for (const Persisted& property : persisted)
-        property.save(*this, bag);
+    persisted.save(*this, bag);
 }
 
 } // namespace tesela

@@ -7,6 +7,10 @@
 #include "automation/Variant.h"
 #include "host/PropertyBag.h"
 
+#include <initializer_list>
+#include <optional>
+#include <vector>
+
 namespace tesela {
 
 /// One persisted property: how it reads as a Variant, how it is written from one, and its default, which may
@@ -20,16 +24,19 @@ struct PersistedProperty {
     Value read;
     void (*write)(Control&, const automation::Variant&);
 
-    /// Takes the value from the bag. One that the property can't take is passed over.
-    void load(Control& control, const host::PropertyBag& bag) const {
+    /// Writes a value. One that the property can't take is passed over.
+    void take(Control& control, const automation::Variant& value) const {
         try {
-            write(control, bag.ReadProperty(name, defaultValue(control)));
+            write(control, value);
         } catch (const automation::Error&) {
             // The property stays as it is, and the next one is read.
         }
     }
-    void save(const Control& control, host::PropertyBag& bag) const {
-        bag.WriteProperty(name, read(control), defaultValue(control));
+    void takeDefault(Control& control) const {
+        try {
+            write(control, defaultValue(control));
+        } catch (const automation::Error&) {
+        }
     }
 
     // Defaults
@@ -38,6 +45,48 @@ struct PersistedProperty {
         return automation::Variant(constantValue);
     }
     static automation::Variant emptyText(const Control&) { return automation::Variant(automation::String()); }
+};
+
+/// All persisted properties of a class.
+template <class Control>
+class PersistedProperties {
+public:
+    PersistedProperties(std::initializer_list<PersistedProperty<Control>> properties)
+        : properties_(properties), names_(namesOf(properties_)) {}
+
+    /// Writes each property in its turn: with its value in the bag or, without one, with its default. `then`
+    /// is called after each.
+    template <class Then>
+    void load(Control& control, const host::PropertyBag& bag, Then then) const {
+        std::vector<std::optional<automation::Variant>> values(properties_.size());
+        bag.ReadProperties(names_, values);
+        for (std::size_t i = 0; i < properties_.size(); ++i) {
+            if (values[i])
+                properties_[i].take(control, *values[i]);
+            else
+                properties_[i].takeDefault(control);
+            then(properties_[i]);
+        }
+    }
+    void load(Control& control, const host::PropertyBag& bag) const {
+        load(control, bag, [](const auto&) {});
+    }
+    void save(const Control& control, host::PropertyBag& bag) const {
+        for (const auto& property : properties_)
+            bag.WriteProperty(property.name, property.read(control), property.defaultValue(control));
+    }
+
+private:
+    static host::PropertyNames namesOf(const std::vector<PersistedProperty<Control>>& properties) {
+        std::vector<automation::String> names;
+        names.reserve(properties.size());
+        for (const auto& property : properties)
+            names.push_back(property.name);
+        return host::PropertyNames(std::move(names));
+    }
+
+    std::vector<PersistedProperty<Control>> properties_;
+    host::PropertyNames names_;
 };
 
 } // namespace tesela

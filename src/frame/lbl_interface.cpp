@@ -22,7 +22,7 @@ constexpr host::OLE_COLOR savedBackColor = host::systemColor(15);
 constexpr host::OLE_COLOR savedForeColor = host::systemColor(8);
 
 /// In the order in which they are read and written: the scheme first, so that the others override it.
-const Persisted persisted[] = {
+const PersistedProperties<lbl> persisted = {
     {u"Scheme", Persisted::constant<std::int32_t{tslSchemeUseDefault}>,
      [](const lbl& c) { return Variant(c.Scheme()); },
      [](lbl& c, const Variant& v) { c.Scheme(enumFrom<tslSchemeConstants>(v)); }},
@@ -65,14 +65,12 @@ const Persisted persisted[] = {
 
 void lbl::onReadProperties(host::PropertyBag& bag) {
     const float width = Width();
-    for (const Persisted& property : persisted)
-        property.load(*this, bag);
+    persisted.load(*this, bag);
     if (AutoSize() == tslAutoSize_Y) wrapAt(width);
 }
 
 void lbl::onWriteProperties(host::PropertyBag& bag) {
-    for (const Persisted& property : persisted)
-        property.save(*this, bag);
+    persisted.save(*this, bag);
 }
 
 const automation::ClassTable& lbl::table() {

@@ -7,7 +7,7 @@
 #include "host/StdFont.h"
 
 #include <algorithm>
-#include <optional>
+#include <bit>
 
 namespace host {
 
@@ -70,6 +70,31 @@ automation::Variant stored(const automation::Variant& value) {
 }
 
 } // namespace
+
+PropertyNames::PropertyNames(std::vector<automation::String> names) : names_(std::move(names)) {
+    constexpr std::size_t slotsOfAName = 4; // most names are found at once
+    slots_.assign(std::bit_ceil(slotsOfAName * names_.size() + 1), static_cast<std::uint32_t>(names_.size()));
+    for (std::size_t place = 0; place < names_.size(); ++place) {
+        std::size_t slot = automation::hashName(names_[place]) & (slots_.size() - 1);
+        while (slots_[slot] != names_.size())
+            slot = (slot + 1) & (slots_.size() - 1);
+        slots_[slot] = static_cast<std::uint32_t>(place);
+    }
+}
+
+std::size_t PropertyNames::find(std::u16string_view name) const {
+    std::size_t slot = automation::hashName(name) & (slots_.size() - 1);
+    while (slots_[slot] != names_.size() && !automation::sameName(names_[slots_[slot]], name))
+        slot = (slot + 1) & (slots_.size() - 1);
+    return slots_[slot];
+}
+
+void PropertyBag::ReadProperties(const PropertyNames& names,
+                                 std::span<std::optional<automation::Variant>> values) const {
+    for (const auto& [name, value] : items_)
+        if (const std::size_t place = names.find(name); place < names.size() && !values[place])
+            values[place] = value;
+}
 
 automation::Variant PropertyBag::ReadProperty(const automation::String& name,
                                               const automation::Variant& defaultValue) const {

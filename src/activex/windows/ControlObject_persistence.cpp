@@ -31,6 +31,14 @@ public:
         if (bag_.Read(wide(name.c_str()), &value, log_) != S_OK) return defaultValue;
         return fromSystem(value);
     }
+    void ReadProperties(const host::PropertyNames& names,
+                        std::span<std::optional<Variant>> values) const override {
+        for (std::size_t place = 0; place < names.size(); ++place) {
+            SystemValue value;
+            if (bag_.Read(wide(names[place].c_str()), &value, log_) == S_OK)
+                values[place] = fromSystem(value);
+        }
+    }
 
 private:
     ::IPropertyBag& bag_;
