@@ -139,11 +139,8 @@ bool cCanvas::Resize(std::int32_t width, std::int32_t height, platform::HDC nNew
 void cCanvas::BeginPaint() {
     if (!lPaintDCReleased || lStatic_HDC_Target || nPaintDC) return;
     lPaintDCReleased = false;
-    const platform::HDC screen = platform::GetDC({});
-    if (!screen) return;
-    nPaintDC = platform::CreateCompatibleDC(screen);
+    nPaintDC = platform::CreateCompatibleDC({}); // like the screen
     selectBitmap();
-    platform::ReleaseDC({}, screen);
     platform::SetBkMode(nPaintDC, platform::TRANSPARENT);
 }
 

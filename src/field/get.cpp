@@ -36,9 +36,7 @@ constexpr const char16_t* creationFile = u"C:\\Tesela-Control-Creation-ADD-IN.LO
 
 } // namespace
 
-get::get()
-    : oFecha(automation::make<cFecha>()), oFont(automation::make<host::StdFont>()), xTonos(makeShades()),
-      nButtonWidth(leastButtonWidth) {
+get::get() : oFont(automation::make<host::StdFont>()), xTonos(makeShades()), nButtonWidth(leastButtonWidth) {
     ScaleMode(host::ScaleMode::Pixels);
     fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
 }

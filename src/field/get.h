@@ -288,6 +288,7 @@ protected:
     void onWriteProperties(host::PropertyBag& bag) override;
     void onResize() override;
     void onPaint() override;
+    bool paintsOwnBackground() const override { return true; }
     void onTerminate() override;
     void onGotFocus() override;
     void onLostFocus() override;
@@ -384,6 +385,7 @@ private:
     void writeHour(const automation::Variant& value);
     void selectAll();
     automation::Date dateOr(const automation::Variant& value);
+    cFecha& ownDate();
     bool userMode() const { return lUserMode; }
 
     // Masks, type and fonts
@@ -492,6 +494,7 @@ private:
     bool prepareCanvas();
     bool hasPicture();
     void showCanvas();
+    bool canvasCoversWindow() const;
     void dropButtonImages();
     std::int32_t buttonCount() const { return lBotonCombo + lBotonBuscar + lBotonFicha; }
     void startGauge(bool lShowPorcentaje, std::int32_t nNumDec, host::OLE_COLOR nBaseColor);
@@ -514,7 +517,7 @@ private:
     automation::String cCaracteresValidos;
     automation::String cMsgStatusBar;
     automation::Variant xValorOriginal, xValorOriginalFicha;
-    automation::Ref<cFecha> oFecha;
+    automation::Ref<cFecha> oFecha;       ///< Null until a date is asked for
     automation::Ref<host::StdFont> oFont; ///< Null once the control has left its container
     automation::Subscription fontSubscription;
     automation::Ref<cCanvas> oCanvas;

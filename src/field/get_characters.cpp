@@ -248,8 +248,8 @@ void get::backspaceDate() {
 
 /// A blank date, as it is edited.
 String get::dateTemplate() {
-    oFecha->SetEspecial(tslDateEmpty);
-    return oFecha->Texto();
+    ownDate().SetEspecial(tslDateEmpty);
+    return ownDate().Texto();
 }
 
 bool get::startsRelativeDate() const {

@@ -204,18 +204,31 @@ bool get::hasPicture() {
     return lCanvasValido;
 }
 
+/// Copies the canvas, whose context is open, to the window.
 void get::showCanvas() {
+    if (paintContext()) {
+        oCanvas->Paint(paintContext());
+        return;
+    }
     const platform::HDC window = platform::GetDC(hWnd());
     oCanvas->Paint(window);
     platform::ReleaseDC(hWnd(), window);
 }
 
+bool get::canvasCoversWindow() const {
+    const platform::SIZE size = clientSize();
+    return lCanvasValido && oCanvas->Width() >= size.cx && oCanvas->Height() >= size.cy;
+}
+
+/// While painting is held there may be no picture, or one of another size: then the background shows.
 void get::onPaint() {
     if (lInRender) return; // a handler lets messages through; the paint that is under way ends with a picture
     if (!lCanvasValido || lRenderAlMostrar) {
         Render();
+        if (lRenderAlMostrar || !lCanvasValido) paintBackground(hDC());
         return;
     }
+    if (!canvasCoversWindow()) paintBackground(hDC());
     oCanvas->BeginPaint();
     oCanvas->Paint(hDC());
     oCanvas->EndPaint();

@@ -33,7 +33,7 @@ bool get::ValidateFecha() {
         if (isBlankDate(text, entry.separator)) return true;
         auto date = relativeDate(text, entry.today);
         if (date) {
-            if (automation::Year(*date) < automation::Year(oFecha->SetEspecial(tslDateEmpty))) return false;
+            if (automation::Year(*date) < automation::Year(ownDate().SetEspecial(tslDateEmpty))) return false;
             SetTextoInterno(automation::CStr(*date), false);
         } else {
             date = typedDate(text, entry);

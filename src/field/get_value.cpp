@@ -222,10 +222,15 @@ Variant get::readNumber(String text) const {
     }
 }
 
+cFecha& get::ownDate() {
+    if (!oFecha) oFecha = automation::make<cFecha>();
+    return *oFecha;
+}
+
 Variant get::readDate(const String& text, bool asObject) {
     if (automation::IsDate(text)) return automation::CDate(text);
-    oFecha->SetEspecial(tslDateEmpty);
-    return asObject ? Variant(oFecha) : Variant(oFecha->GetDateTime());
+    ownDate().SetEspecial(tslDateEmpty);
+    return asObject ? Variant(oFecha) : Variant(ownDate().GetDateTime());
 }
 
 /// Writes a value; the format -1 is the field's own, record identifiers included.
@@ -274,7 +279,7 @@ void get::writeNumber(const Variant& value) {
 
 /// The date in a value; the empty date for anything else.
 Date get::dateOr(const Variant& value) {
-    return automation::IsDate(value) ? automation::CDate(value) : oFecha->SetEspecial(tslDateEmpty);
+    return automation::IsDate(value) ? automation::CDate(value) : ownDate().SetEspecial(tslDateEmpty);
 }
 
 void get::writeDate(const Variant& value) {
@@ -291,7 +296,7 @@ void get::writeDate(const Variant& value) {
 
 void get::writeHour(const Variant& value) {
     const Date date = dateOr(value);
-    const bool none = date == oFecha->SetEspecial(tslDateEmpty);
+    const bool none = date == ownDate().SetEspecial(tslDateEmpty);
     SetTextoInterno(automation::Format(none ? automation::Today() : date, u"Short Time"), false);
 }
 

@@ -163,6 +163,8 @@ protected:
 
     /// Whether the back colour is painted at all; a transparent one shows its container.
     virtual BackStyle paintedBackStyle() const { return BackStyle::Opaque; }
+    /// True: onPaint covers the whole window or paints the background itself where it doesn't.
+    virtual bool paintsOwnBackground() const { return false; }
     /// The container of a key message's window, asked before the handlers.
     virtual bool translateKey(platform::UINT message, platform::WPARAM& wParam, platform::LPARAM lParam);
     /// Takes the focus because the mouse went down in the window.
@@ -187,6 +189,9 @@ protected:
     void makeWindow(const char* className, platform::DWORD style, platform::DWORD exStyle,
                     platform::POINT corner, platform::SIZE size, platform::HWND parent);
     void destroyWindow();
+    /// The context of the paint that is under way; zero when none is.
+    platform::HDC paintContext() const { return paintContext_; }
+    void paintBackground(platform::HDC dc);
 
 private:
     static platform::LRESULT procedure(platform::HWND, platform::UINT, platform::WPARAM, platform::LPARAM);
@@ -202,7 +207,6 @@ private:
     void toUserScale();
     void paintNow();
     void paintOn(platform::HDC dc);
-    void paintBackground(platform::HDC dc);
     void prepare(platform::HDC dc);
     void look();
     void releaseWindowContext();

@@ -168,7 +168,7 @@ void DrawingWindow::paintContent(platform::HDC dc) {
         fitBitmap();
         platform::BitBlt(dc, 0, 0, bitmapSize_.cx, bitmapSize_.cy, bitmapContext_, 0, 0, platform::SRCCOPY);
     } else {
-        paintBackground(dc);
+        if (!paintsOwnBackground()) paintBackground(dc);
         const platform::HDC outer = std::exchange(paintContext_, dc);
         const int state = platform::SaveDC(dc);
         onPaint();
