@@ -284,6 +284,52 @@ public:
             show(call("TextOut").some(2, -4, 40).word(said));
         }
     }
+    /// Mapped text of outlines: its place, lines and ground, and the extents.
+    void mappedLetters() {
+        letterMapping();
+        const bool isTurned = dice.oneIn(5);
+        const std::string family = dice.of({"Arial", "Times New Roman", "Courier New", "Verdana"});
+        gdi(outlineFont(isTurned).number(DEFAULT_QUALITY).word('"' + family + '"'));
+        line("gdi SelectObject font");
+        // Under turned text the whole box is filled elsewhere.
+        if (isTurned || dice.oneIn(2)) gdi(call("SetBkMode").number(TRANSPARENT));
+        placing();
+        // The other files name another character than the space to be widened.
+        const bool isJustified = family == "Verdana" && dice.oneIn(2);
+        if (isJustified) gdi(call("SetTextJustification").some(1, -5, 30).some(1, 1, 4));
+        const std::string said = words();
+        show(call("TextExtent").word(said));
+        show(call("TextFit").some(1, 0, 90).word(said));
+        show(call("TextOut").some(2, -20, 60).word(said));
+        if (dice.oneIn(3)) show(call("GetCurrentPositionEx"));
+    }
+    /// Larger and smaller, with axes of both directions, and the origins moved.
+    void letterMapping() {
+        gdi(call("SetMapMode").number(dice.of({MM_ISOTROPIC, MM_ANISOTROPIC, MM_ANISOTROPIC})));
+        const auto length = [this] { return dice.of({32, 48, 64, 64, 100, 150, -64, -48}); };
+        gdi(call("SetWindowExtEx").number(length()).number(length()));
+        gdi(call("SetViewportExtEx").number(length()).number(length()));
+        if (dice.oneIn(2)) gdi(call("SetWindowOrgEx").some(2, -40, 40));
+        if (dice.oneIn(2)) gdi(call("SetViewportOrgEx").some(2, -20, 60));
+    }
+    /// All but the quality and the family.
+    Call outlineFont(bool isTurned) {
+        Call font = call("font = CreateFont");
+        const bool ofCell = dice.oneIn(2);
+        font.number(ofCell ? dice.between(8, 40) : -dice.between(6, 30));
+        const bool hasWidth = dice.oneIn(6);
+        font.number(hasWidth ? dice.between(3, 20) : 0);
+        font.number(isTurned ? dice.of({900, 1800, 2700, 450, 3550, 123}) : 0);
+        font.number(dice.of({400, 700}));
+        font.number(dice.oneIn(4)).number(dice.oneIn(2));
+        return font.number(dice.oneIn(2));
+    }
+    /// Where the text lies about its point, and how wide it is made.
+    void placing() {
+        if (dice.oneIn(3)) gdi(call("SetTextAlign").number(dice.of({2, 6, 8, 24, 30, 10, 26, 1, 25})));
+        if (dice.oneIn(4)) gdi(call("SetTextCharacterExtra").some(1, -2, 5));
+        if (dice.oneIn(2)) gdi(call("MoveToEx").some(2, -20, 60));
+    }
     int format() {
         UINT format = dice.oneIn(6) ? DT_CALCRECT : 0;
         for (const UINT flag : {DT_CENTER, DT_RIGHT, DT_VCENTER, DT_BOTTOM, DT_WORDBREAK, DT_SINGLELINE,
@@ -324,11 +370,24 @@ constexpr Subject subjects[] = {
 };
 
 constexpr Subject smoothSubject = {"smooth", [](Writer& w) { w.smooth(); }};
+constexpr Subject mappedSubject = {"mapped", [](Writer& w) {
+                                       w.target("32");
+                                       w.mappedLetters();
+                                   }};
 
-/// From here on they are all smooth copies.
+/// From here on they are all smooth copies,
 constexpr int firstSmooth = 16500;
+/// and from here on mapped letters.
+constexpr int firstMapped = 17000;
+
+/// The dice of neighbouring seeds fall alike, one throw apart: later scripts stand far from each other.
+int seedOf(int number) {
+    constexpr int distance = 7919;
+    return number >= firstMapped ? number * distance : number;
+}
 
 const Subject& subjectOf(int number) {
+    if (number >= firstMapped) return mappedSubject;
     if (number >= firstSmooth) return smoothSubject;
     return subjects[number % static_cast<int>(std::size(subjects))];
 }
@@ -340,7 +399,7 @@ std::string pixelSubject(int number) {
 }
 
 std::string pixelScript(int number) {
-    Writer writer(number);
+    Writer writer(seedOf(number));
     subjectOf(number).write(writer);
     return writer.text;
 }

@@ -36,6 +36,8 @@ struct Axis {
         return result;
     }
 
+    AxisScale scales(const Axis& other) const { return {scale, inverse(other).scale}; }
+
     double exact(LONG value) const { return static_cast<double>(value) * scale + offset; }
     int apply(LONG value) const { return rounded(exact(value)); }
     /// Of a length, cut to whole pixels.
@@ -96,6 +98,14 @@ POINT Mapping::toLogical(POINT p) const {
     const Axis x = horizontal(*this);
     const Axis y = vertical(*this);
     return {x.inverse(y).apply(p.x), y.inverse(x).apply(p.y)};
+}
+
+AxisScale Mapping::across() const {
+    return isUnscaled() ? AxisScale() : horizontal(*this).scales(vertical(*this));
+}
+
+AxisScale Mapping::down() const {
+    return isUnscaled() ? AxisScale() : vertical(*this).scales(horizontal(*this));
 }
 
 int Mapping::heightOnDevice(int logical) const {

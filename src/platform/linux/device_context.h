@@ -40,6 +40,13 @@ struct ExactPoint {
     double y = 0;
 };
 
+/// What a length along one axis is multiplied with; negative where the axis points against that of the
+/// device.
+struct AxisScale {
+    double toDevice = 1;
+    double toLogical = 1;
+};
+
 /// How logical coordinates become device coordinates.
 struct Mapping {
     int mode = MM_TEXT;
@@ -59,6 +66,8 @@ struct Mapping {
     POINT toLogical(POINT device) const;
     /// The four edges apart, so that right may come out left of left; see `ordered`.
     RECT toDevice(const RECT& logical) const;
+    AxisScale across() const;
+    AxisScale down() const;
     /// Pixels of a length along the vertical axis, cut to whole ones; not negative.
     int heightOnDevice(int logical) const;
     /// Pixels of a size that is measured from the logical origin: each end is rounded by itself, so the
@@ -88,7 +97,7 @@ struct ContextState {
     int stretchMode = BLACKONWHITE;
     UINT textAlign = 0;
     int characterExtra = 0;
-    int breakExtra = 0; ///< Spread over breakCount spaces
+    int breakExtra = 0; ///< In pixels, spread over breakCount spaces
     int breakCount = 0;
     alignas(sizeof(POINT)) POINT position; ///< Within one cache line: lines read it when it was just written
     POINT brushOrigin;

@@ -111,8 +111,11 @@ int GetTextCharacterExtra(HDC dc) {
 BOOL SetTextJustification(HDC dc, int extra, int count) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context) return FALSE_;
-    context->state.breakExtra = count > 0 ? extra : 0;
-    context->state.breakCount = count > 0 ? count : 0;
+    ContextState& state = context->state;
+    const std::int64_t window = state.mapping.windowExtent.cx;
+    const std::int64_t pixels = (std::int64_t{extra} * state.mapping.viewportExtent.cx + window / 2) / window;
+    state.breakExtra = count > 0 ? std::abs(boundedCoordinate(pixels)) : 0;
+    state.breakCount = count > 0 ? count : 0;
     return TRUE_;
 }
 

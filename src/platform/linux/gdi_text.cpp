@@ -56,10 +56,10 @@ TextLines linesOf(const DeviceContext& context, const FontFace& face) {
         };
         lines.underline = {whole(lines.underline.position), whole(lines.underline.height)};
         lines.strikeOut.position = whole(lines.strikeOut.position);
-        const int sign = down.isUpward() ? -1 : 1;
-        const int directed = sign * lines.strikeOut.height;
-        const int thickness = std::abs(down.toLogical(directed));
-        lines.strikeOut.height = sign * mapping.sizeOnDevice({0, thickness}).cy;
+        const int sign = down.isReversed() ? -1 : 1;
+        const int thickness = down.toLogical(sign * lines.strikeOut.height);
+        const int least = thickness != 0 ? 1 : 0;
+        lines.strikeOut.height = sign * std::max<int>(least, mapping.sizeOnDevice({0, thickness}).cy);
     }
     for (TextLine* line : {&lines.underline, &lines.strikeOut})
         if (line->height == 0) line->height = 1;
@@ -82,7 +82,7 @@ void drawTextLine(DeviceContext& context, const TextLayout& layout, const RECT* 
 bool isSimple(const DeviceContext& context) {
     const LOGFONTW& font = context.font().data;
     return context.state.backMode == TRANSPARENT && context.state.textAlign == 0 && font.lfUnderline == 0 &&
-           font.lfStrikeOut == 0 && font.lfEscapement == 0;
+           font.lfStrikeOut == 0 && font.lfEscapement == 0 && context.state.mapping.isUnscaled();
 }
 
 void drawCharacters(DeviceContext& context, FontFace& face, POINT start, std::u16string_view text,
@@ -107,7 +107,7 @@ void drawCharacters(DeviceContext& context, FontFace& face, const TextLayout& la
     TextAdvances advances(context.state, face, run.advances);
     for (const char16_t c : run.text) {
         const Glyph& glyph = face.glyph(c);
-        const POINT p = layout.point(advances.pixels());
+        const POINT p = layout.point(advances);
         painter.draw(glyph, p.x, p.y);
         if (advances.areSet() || !layout.isLevel())
             advances.pass(c);
@@ -127,11 +127,10 @@ void drawText(DeviceContext& context, POINT at, const TextRun& run, const RECT* 
         return;
     }
     const std::shared_ptr<FontFace> measured = faceOf(context);
-    const TEXTMETRICW& metrics = measured->metrics();
     const TextLayout layout(context, *measured, at, run);
     if (context.state.backMode == OPAQUE)
-        fillStrip(context, layout.strip(metrics.tmAscent, -metrics.tmDescent),
-                  Painter(context, groundPixelOf(context), rop3Of(PATCOPY)), clip, layout.isLevel());
+        fillStrip(context, layout.cell(), Painter(context, groundPixelOf(context), rop3Of(PATCOPY)), clip,
+                  layout.isLevel());
     drawCharacters(context, *drawn, layout, run, clip);
     const LOGFONTW& font = context.font().data;
     if (font.lfUnderline) drawTextLine(context, layout, clip, linesOf(context, *measured).underline);
@@ -154,7 +153,7 @@ TextBox measureText(DeviceContext& context, POINT at, std::u16string_view text, 
         last = advances.logical();
     }
     const TextLayout layout(context, *face, at, run);
-    const std::array<POINT, 4> corners = layout.strip(face->metrics().tmAscent, -face->metrics().tmDescent);
+    const std::array<POINT, 4> corners = layout.cell();
     box.bounds = {corners[0].x, corners[0].y, corners[0].x, corners[0].y};
     for (const POINT& p : corners)
         box.bounds = {std::min(box.bounds.left, p.x), std::min(box.bounds.top, p.y),
@@ -326,13 +325,14 @@ BOOL GetTextExtentExPointW(HDC dc, const char16_t* text, int length, int maxExte
         advances.pass(text[i]);
         if ((!extents && !fit) || fitting < i) continue;
         const int width = advances.logical();
-        if (fit && maxExtent != noLimit && width > maxExtent) continue; // without a count there is no limit
+        const bool fits = width >= 0 && width <= maxExtent;
+        if (fit && maxExtent != noLimit && !fits) continue; // without a count there is no limit
         if (extents) extents[i] = width;
         ++fitting;
     }
     if (fit) *fit = fitting;
     const int height = length > 0 ? face->metrics().tmHeight : 0; // no text has no size at all
-    *size = {advances.logical(), TextScale::down(context->state).toLogical(height)};
+    *size = {advances.logical(), TextScale::down(context->state).extentToLogical(height)};
     return TRUE_;
 }
 

@@ -25,6 +25,14 @@ LOGFONTW requestOf(const DeviceContext& context) {
     return request;
 }
 
+/// Tenths of a degree by which text leans on the device: the other way where one axis alone is reversed.
+LONG escapementOnDevice(const DeviceContext& context) {
+    const LONG escapement = context.font().data.lfEscapement % 3600;
+    const ContextState& state = context.state;
+    const bool isMirrored = TextScale::across(state).isReversed() != TextScale::down(state).isReversed();
+    return isMirrored ? -escapement : escapement;
+}
+
 /// On a display of few colours text is measured without smoothing too, so that it lies as wide as it was
 /// measured. Masks, bitmaps of 1 bit on a display of many colours, measure as that display does.
 bool measuresAsDrawn(const DeviceContext& context) {
@@ -48,6 +56,10 @@ int cut(double pixels) {
     return boundedCoordinate(static_cast<std::int64_t>(pixels));
 }
 
+POINT moved(POINT p, POINT by) {
+    return {boundedCoordinate(std::int64_t{p.x} + by.x), boundedCoordinate(std::int64_t{p.y} + by.y)};
+}
+
 constexpr UINT horizontalAlign = TA_CENTER;
 constexpr UINT verticalAlign = TA_BASELINE;
 
@@ -62,31 +74,16 @@ std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context) {
     const bool smooths = canSmooth(*context.surface);
     if (smooths && font.lfEscapement == 0) return levelFaceOf(context);
     LOGFONTW request = requestOf(context);
-    request.lfEscapement = request.lfOrientation = font.lfEscapement;
+    request.lfEscapement = request.lfOrientation = escapementOnDevice(context);
     if (!smooths) request.lfQuality = measuresAsDrawn(context) ? fewColorsQuality : NONANTIALIASED_QUALITY;
     return FontFace::get(request);
-}
-
-TextScale TextScale::across(const ContextState& state) {
-    return {state.mapping.windowExtent.cx, state.mapping.viewportExtent.cx};
-}
-
-TextScale TextScale::down(const ContextState& state) {
-    return {state.mapping.windowExtent.cy, state.mapping.viewportExtent.cy};
-}
-
-int TextScale::scaled(std::int64_t length, LONG to, LONG from) {
-    if (to == from) return boundedCoordinate(length);
-    const double exact = std::fabs(static_cast<double>(to) / from) * static_cast<double>(length);
-    return boundedCoordinate(static_cast<std::int64_t>(std::floor(exact + 0.5)));
 }
 
 TextAdvances::TextAdvances(const ContextState& state, FontFace& face, const INT* given)
     : state_(state), face_(face), given_(given), scale_(TextScale::across(state)) {
     if (state.breakCount > 0) {
-        const int extra = std::abs(state.breakExtra);
-        perBreak_ = extra / state.breakCount;
-        breaksWithOneMore_ = extra % state.breakCount;
+        perBreak_ = state.breakExtra / state.breakCount;
+        breaksWithOneMore_ = state.breakExtra % state.breakCount;
     }
 }
 
@@ -98,11 +95,18 @@ void TextAdvances::pass(char16_t character, int pixels) {
     pixels_ += pixels;
     units_ += state_.characterExtra;
     if (character != u' ' || state_.breakCount == 0) return;
-    units_ += perBreak_;
+    pixels_ += perBreak_;
     if (breaksWithOneMore_ > 0) {
-        ++units_;
+        ++pixels_;
         --breaksWithOneMore_;
     }
+}
+
+int TextAdvances::pixels() const {
+    if (!areSet() || state_.mapping.isUnscaled()) return boundedCoordinate(pixels_ + units_);
+    const int length = logical();
+    const int pixels = state_.mapping.sizeOnDevice({length, 0}).cx;
+    return length < 0 ? -pixels : pixels;
 }
 
 TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const TextRun& run)
@@ -111,9 +115,14 @@ TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const T
     TextAdvances advances(state, face, run.advances);
     for (const char16_t c : run.text)
         advances.pass(c);
-    width_ = state.mapping.isUnscaled() ? advances.pixels()
-                                        : TextScale::across(state).toPixels(advances.logical());
-    const LONG escapement = context.font().data.lfEscapement % 3600;
+    ascent_ = face.metrics().tmAscent;
+    descent_ = face.metrics().tmDescent;
+    if (!state.mapping.isUnscaled()) {
+        const TextScale down = TextScale::down(state);
+        ascent_ = state.mapping.sizeOnDevice({0, down.toLogical(ascent_)}).cy;
+        descent_ = state.mapping.sizeOnDevice({0, down.toLogical(descent_)}).cy;
+    }
+    const LONG escapement = escapementOnDevice(context);
     const bool canLean = (face.metrics().tmPitchAndFamily & TMPF_TRUETYPE) != 0; // bitmaps stay level
     if (escapement != 0 && canLean) {
         const double angle = escapement * std::numbers::pi / 1800;
@@ -122,45 +131,50 @@ TextLayout::TextLayout(DeviceContext& context, FontFace& face, POINT at, const T
     }
     const bool followsPosition = (state.textAlign & TA_UPDATECP) != 0;
     start_ = context.toSurface(followsPosition ? state.position : at);
-    const POINT end = point(width_);
-    const POINT along{end.x - start_.x, end.y - start_.y};
+    // What a program is told in whole logical units is what its text takes.
+    along_ = state.mapping.isUnscaled() ? reach(advances) : reach(advances.logical());
     if ((state.textAlign & horizontalAlign) == TA_CENTER)
-        start_ = {start_.x - along.x / 2, start_.y - along.y / 2};
-    if ((state.textAlign & horizontalAlign) == TA_RIGHT) start_ = {start_.x - along.x, start_.y - along.y};
+        start_ = moved(start_, {-along_.x / 2, -along_.y / 2});
+    if ((state.textAlign & horizontalAlign) == TA_RIGHT) start_ = moved(start_, {-along_.x, -along_.y});
+    next_ = (state.textAlign & horizontalAlign) == TA_RIGHT ? start_ : moved(start_, along_);
     int down = 0;
-    if ((state.textAlign & verticalAlign) == TA_TOP) down = face.metrics().tmAscent;
-    if ((state.textAlign & verticalAlign) == TA_BOTTOM) down = -face.metrics().tmDescent;
+    if ((state.textAlign & verticalAlign) == TA_TOP) down = ascent_;
+    if ((state.textAlign & verticalAlign) == TA_BOTTOM) down = -descent_;
     start_ = below(start_, down);
 }
 
-POINT TextLayout::point(int along) const {
-    return {boundedCoordinate(start_.x + std::int64_t{cut(along * cos_)}),
-            boundedCoordinate(start_.y - std::int64_t{cut(along * sin_)})};
+POINT TextLayout::reach(const TextAdvances& passed) const {
+    return isLevel() ? POINT{passed.pixels(), 0} : reach(passed.logical());
+}
+
+POINT TextLayout::reach(int units) const {
+    const int across = cut(units * cos_);
+    const int down = -cut(units * sin_);
+    const SIZE size = context_.state.mapping.sizeOnDevice({across, down});
+    return {across < 0 ? -size.cx : size.cx, down < 0 ? -size.cy : size.cy};
+}
+
+POINT TextLayout::point(const TextAdvances& passed) const {
+    return moved(start_, reach(passed));
 }
 
 POINT TextLayout::below(POINT p, int pixels) const {
     return {cut(p.x + pixels * sin_), cut(p.y + pixels * cos_)};
 }
 
+std::array<POINT, 4> TextLayout::cell() const {
+    return strip(ascent_, -descent_);
+}
+
 std::array<POINT, 4> TextLayout::strip(int top, int bottom) const {
     const POINT left = below(start_, -top);
-    const POINT right = below(point(width_), -top);
+    const POINT right = below(moved(start_, along_), -top);
     return {left, right, below(right, top - bottom), below(left, top - bottom)};
 }
 
 void TextLayout::advancePosition() const {
-    const UINT align = context_.state.textAlign & horizontalAlign;
-    if (align == TA_CENTER) return;
-    const int along = align == TA_RIGHT ? -width_ : width_;
-    const TextScale across = TextScale::across(context_.state);
-    const TextScale down = TextScale::down(context_.state);
-    POINT& position = context_.state.position;
-    const auto signedLength = [](const TextScale& scale, double pixels) {
-        const int length = scale.toLogical(std::abs(cut(pixels)));
-        return pixels < 0 ? -length : length;
-    };
-    position.x = boundedCoordinate(std::int64_t{position.x} + signedLength(across, along * cos_));
-    position.y = boundedCoordinate(std::int64_t{position.y} - signedLength(down, along * sin_));
+    if ((context_.state.textAlign & horizontalAlign) == TA_CENTER) return;
+    context_.state.position = context_.toLogical(next_);
 }
 
 } // namespace platform::driver

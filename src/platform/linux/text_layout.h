@@ -8,6 +8,7 @@
 #include "platform/linux/device_context.h"
 #include "platform/linux/font_face.h"
 
+#include <cmath>
 #include <string_view>
 
 namespace platform::driver {
@@ -22,20 +23,28 @@ std::shared_ptr<FontFace> drawingFaceOf(DeviceContext& context);
 /// Lengths of text between pixels and logical units, along one axis.
 class TextScale {
 public:
-    TextScale(LONG window, LONG viewport) : window_(window), viewport_(viewport) {}
-    static TextScale across(const ContextState& state);
-    static TextScale down(const ContextState& state);
+    explicit TextScale(const AxisScale& axis) : axis_(axis) {}
+    static TextScale across(const ContextState& state) { return TextScale(state.mapping.across()); }
+    static TextScale down(const ContextState& state) { return TextScale(state.mapping.down()); }
 
     /// True where the axis points against that of the device.
-    bool isUpward() const { return (window_ < 0) != (viewport_ < 0); }
-    int toLogical(std::int64_t pixels) const { return scaled(pixels, window_, viewport_); }
-    int toPixels(std::int64_t units) const { return scaled(units, viewport_, window_); }
+    bool isReversed() const { return axis_.toDevice < 0; }
+    /// Of measures, whose halves are rounded away from zero.
+    int toLogical(std::int64_t pixels) const { return scaled(pixels, std::fabs(axis_.toLogical)); }
+    int toPixels(std::int64_t units) const { return scaled(units, std::fabs(axis_.toDevice)); }
+    /// Of extents: a half is rounded in the direction in which the axis points.
+    int extentToLogical(std::int64_t pixels) const {
+        const int length = scaled(pixels, axis_.toLogical);
+        return isReversed() ? -length : length;
+    }
 
 private:
-    static int scaled(std::int64_t length, LONG to, LONG from);
+    static int scaled(std::int64_t length, double scale) {
+        return boundedCoordinate(
+            static_cast<std::int64_t>(std::floor(scale * static_cast<double>(length) + 0.5)));
+    }
 
-    LONG window_;
-    LONG viewport_;
+    AxisScale axis_;
 };
 
 /// Adds up the distances from character to character.
@@ -45,14 +54,14 @@ public:
     TextAdvances(const ContextState& state, FontFace& face, const INT* given);
 
     /// False when characters lie as their pictures have it, whose widths may differ from the measure.
-    bool areSet() const { return given_ || state_.characterExtra != 0 || state_.breakCount > 0; }
+    bool areSet() const { return given_ || state_.characterExtra != 0 || state_.breakExtra != 0; }
 
     /// Goes past a character that is measured, or whose picture is this wide.
     void pass(char16_t character) { pass(character, given_ ? 0 : face_.advance(character)); }
     void pass(char16_t character, int pixels);
 
-    int pixels() const { return boundedCoordinate(pixels_ + scale_.toPixels(units_)); }
-    int logical() const { return boundedCoordinate(scale_.toLogical(pixels_) + units_); }
+    int pixels() const;
+    int logical() const { return boundedCoordinate(scale_.extentToLogical(pixels_) + units_); }
 
 private:
     const ContextState& state_;
@@ -77,12 +86,12 @@ public:
     TextLayout(DeviceContext& context, FontFace& face, POINT at, const TextRun& run);
 
     bool isLevel() const { return cos_ == 1; }
-    POINT start() const { return start_; }
-    /// In pixels along the base line.
-    int width() const { return width_; }
 
-    /// A point so many pixels along the base line, on the surface.
-    POINT point(int along) const;
+    /// Behind the characters that have been passed, on the base line and the surface.
+    POINT point(const TextAdvances& passed) const;
+
+    /// What the text takes.
+    std::array<POINT, 4> cell() const;
 
     /// A strip along the whole text, from `top` to `bottom` pixels above the base line: its corners in turn.
     std::array<POINT, 4> strip(int top, int bottom) const;
@@ -91,6 +100,10 @@ public:
     void advancePosition() const;
 
 private:
+    /// From the start to behind the characters that have been passed, in pixels.
+    POINT reach(const TextAdvances& passed) const;
+    /// The same for a length in logical units.
+    POINT reach(int units) const;
     /// What lies so many pixels below a point of the surface, as the text leans.
     POINT below(POINT p, int pixels) const;
 
@@ -98,7 +111,10 @@ private:
     double cos_ = 1;
     double sin_ = 0;
     POINT start_;
-    int width_ = 0;
+    POINT next_;  ///< Where a text that follows begins
+    POINT along_; ///< From the start to the end
+    int ascent_ = 0;
+    int descent_ = 0;
 };
 
 } // namespace platform::driver
