@@ -16,6 +16,9 @@ namespace {
 /// All windows of the host have classes whose names begin so.
 constexpr std::string_view ClassPrefix = "TeselaHost";
 
+/// WM_PRINTCLIENT: the window is to be painted on the context that comes with it.
+constexpr platform::UINT PrintClient = 0x0318;
+
 void registerClass(const char* name, platform::WNDPROC procedure) {
     platform::WNDCLASSA windowClass;
     windowClass.style = platform::CS_DBLCLKS;
@@ -111,6 +114,9 @@ platform::LRESULT DrawingWindow::handle(platform::UINT code, platform::WPARAM wP
         return 1; // painting fills everything
     case platform::WM_PAINT:
         paintNow();
+        return 0;
+    case PrintClient:
+        paintOn(platform::HDC(static_cast<std::uint32_t>(wParam)));
         return 0;
     case platform::WM_SIZE:
         if (autoRedraw_) fitBitmap();

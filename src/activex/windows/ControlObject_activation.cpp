@@ -3,7 +3,9 @@
 #include "activex/windows/ControlObject.h"
 #include "activex/windows/Failures.h"
 #include "activex/windows/Values.h"
+#include "platform/locale.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace activex {
@@ -157,6 +159,31 @@ void ControlObject::focusChanged(bool here) {
 
 // Keys
 
+namespace {
+
+/// The key that gives the character alone or with Shift; 0 where none does.
+WORD keyCode(char16_t unit) {
+    const SHORT found = ::VkKeyScanW(static_cast<wchar_t>(unit));
+    constexpr int moreThanShift = 6; // Ctrl, Alt
+    return found == -1 || (HIBYTE(found) & moreThanShift) ? 0 : LOBYTE(found);
+}
+
+/// Whether the message of a key, or of the character that it gave, is of that access key.
+bool means(const ::MSG& message, char16_t unit) {
+    if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN)
+        return message.wParam == keyCode(unit);
+    const auto character = static_cast<char16_t>(message.wParam);
+    return platform::upperCase({&character, 1}) == platform::upperCase({&unit, 1});
+}
+
+/// The character as controls are told of it: a byte of the ANSI code page.
+short ansiCode(char16_t unit) {
+    const std::string bytes = automation::String(std::u16string_view(&unit, 1)).ansi();
+    return bytes.empty() ? short{0} : static_cast<short>(static_cast<unsigned char>(bytes.front()));
+}
+
+} // namespace
+
 bool ControlObject::passToContainer(::MSG& key) {
     const auto site = ComPointer<::IOleControlSite>::of(client_.get());
     if (!site) return false;
@@ -180,8 +207,11 @@ bool ControlObject::passToContainer(::MSG& key) {
     if (!info) return E_POINTER;
     return guarded([&]() -> ::HRESULT {
         std::vector<::ACCEL> keys;
-        for (const char16_t unit : control_->accessKeys().view())
-            keys.push_back({FALT | FVIRTKEY, static_cast<WORD>(unit), static_cast<WORD>(keys.size())});
+        for (const char16_t unit : control_->accessKeys().view()) {
+            const WORD code = keyCode(unit);
+            const BYTE kind = code ? FALT | FVIRTKEY : FALT; // what no key gives alone comes as a character
+            keys.push_back({kind, code ? code : static_cast<WORD>(unit), static_cast<WORD>(keys.size())});
+        }
         if (accessKeys_) ::DestroyAcceleratorTable(accessKeys_);
         accessKeys_ =
             keys.empty() ? nullptr : ::CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
@@ -197,7 +227,12 @@ bool ControlObject::passToContainer(::MSG& key) {
     if (!key) return E_POINTER;
     const auto alive = keepAlive();
     return guarded([&]() -> ::HRESULT {
-        control_->accessKeyPress(static_cast<short>(key->wParam));
+        const automation::String keys = control_->accessKeys();
+        const auto meant = std::find_if(keys.view().begin(), keys.view().end(),
+                                        [&](char16_t unit) { return means(*key, unit); });
+        const auto otherwise =
+            static_cast<short>(key->wParam); // Enter and Esc of containers with such buttons
+        control_->accessKeyPress(meant == keys.view().end() ? otherwise : ansiCode(*meant));
         return S_OK;
     });
 }

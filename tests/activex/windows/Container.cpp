@@ -15,13 +15,12 @@ Site::Site(::HWND window, const ::RECT& where, ComPointer<::IDispatch> control)
       place(where), window_(window), control_(std::move(control)) {
     if (const auto object = as<::IOleObject>()) object->SetClientSite(this);
     const auto points = as<::IConnectionPointContainer>();
-    ComPointer<::IConnectionPoint> point;
-    DWORD cookie = 0;
-    if (points && SUCCEEDED(points->FindConnectionPoint(IID_IPropertyNotifySink, point.out())))
-        point->Advise(static_cast<::IPropertyNotifySink*>(this), &cookie);
+    if (points && SUCCEEDED(points->FindConnectionPoint(IID_IPropertyNotifySink, notifications_.out())))
+        notifications_->Advise(static_cast<::IPropertyNotifySink*>(this), &cookie_);
 }
 
 Site::~Site() {
+    if (notifications_) notifications_->Unadvise(cookie_);
     if (const auto object = as<::IOleObject>()) {
         object->Close(OLECLOSE_NOSAVE);
         object->SetClientSite(nullptr);
@@ -40,18 +39,8 @@ Site::~Site() {
 }
 
 ::HRESULT Site::QueryInterface(REFIID id, void** result) {
-    *result = nullptr;
-    if (id == IID_IUnknown || id == IID_IOleClientSite) *result = static_cast<::IOleClientSite*>(this);
-    if (id == IID_IOleInPlaceSite || id == IID_IOleWindow) *result = static_cast<::IOleInPlaceSite*>(this);
-    if (id == IID_IOleControlSite) *result = static_cast<::IOleControlSite*>(this);
-    if (id == IID_IDispatch) *result = static_cast<::IDispatch*>(this);
-    if (id == IID_IPropertyNotifySink) *result = static_cast<::IPropertyNotifySink*>(this);
+    *result = find(id);
     return *result ? S_OK : E_NOINTERFACE;
-}
-
-::HRESULT Site::GetContainer(::IOleContainer** result) {
-    *result = nullptr;
-    return E_NOINTERFACE;
 }
 
 ::HRESULT Site::GetWindow(::HWND* window) {
@@ -78,11 +67,6 @@ Site::~Site() {
 ::HRESULT Site::OnPosRectChange(const ::RECT* wanted) {
     place = *wanted;
     return as<::IOleInPlaceObject>()->SetObjectRects(&place, &place);
-}
-
-::HRESULT Site::GetExtendedControl(::IDispatch** result) {
-    *result = nullptr;
-    return E_NOTIMPL;
 }
 
 ::HRESULT Site::TranslateAccelerator(::MSG* key, DWORD) {
@@ -121,19 +105,29 @@ std::vector<::COLORREF> pixels(::HDC dc, int width, int height) {
     return result;
 }
 
-std::vector<::COLORREF> drawn(const Site& site, int width, int height, Way way) {
-    const ::HDC screen = ::GetDC(nullptr);
+std::vector<::COLORREF> painted(::HDC like, int width, int height, const std::function<void(::HDC)>& paint) {
+    const ::HDC screen = like ? like : ::GetDC(nullptr);
     const ::HDC memory = ::CreateCompatibleDC(screen);
     const ::HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+    if (!like) ::ReleaseDC(nullptr, screen);
     ::SelectObject(memory, bitmap);
-    ::ReleaseDC(nullptr, screen);
+    paint(memory);
+    auto result = pixels(memory, width, height);
+    ::DeleteDC(memory);
+    ::DeleteObject(bitmap);
+    return result;
+}
+
+std::vector<::COLORREF> drawn(::IUnknown& control, int width, int height, Way way) {
+    const auto view = ComPointer<::IViewObject2>::of(&control);
     const ::RECTL bounds{0, 0, width, height};
     const auto draw = [&](::HDC dc) {
-        EXPECT_EQ(site.as<::IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds,
-                                                 nullptr, nullptr, 0),
-                  S_OK);
+        EXPECT_EQ(
+            view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr, nullptr, 0),
+            S_OK);
     };
-    if (way == Way::ThroughMetafile) {
+    return painted(nullptr, width, height, [&](::HDC memory) {
+        if (way == Way::AtOnce) return draw(memory);
         const ::HDC recorder = ::CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
         draw(recorder);
         const ::HENHMETAFILE picture = ::CloseEnhMetaFile(recorder);
@@ -144,13 +138,7 @@ std::vector<::COLORREF> drawn(const Site& site, int width, int height, Way way) 
                            header.rclBounds.bottom};
         ::PlayEnhMetaFile(memory, picture, &place);
         ::DeleteEnhMetaFile(picture);
-    } else {
-        draw(memory);
-    }
-    auto result = pixels(memory, width, height);
-    ::DeleteDC(memory);
-    ::DeleteObject(bitmap);
-    return result;
+    });
 }
 
 } // namespace support

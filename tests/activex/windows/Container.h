@@ -2,6 +2,7 @@
 // A container of controls that uses nothing but the system's interfaces.
 
 #include "activex/windows/ControlLibrary.h"
+#include "activex/windows/EmptyContainer.h"
 
 #include <functional>
 #include <map>
@@ -11,17 +12,11 @@
 namespace support {
 
 /// One place in a window, with the control that stands there. What the control told its container is counted.
-class Site final : public ::IOleClientSite,
-                   public ::IOleInPlaceSite,
-                   public ::IOleControlSite,
-                   public ::IDispatch,
-                   public ::IPropertyNotifySink {
+class Site final : public EmptySite {
 public:
     Site(::HWND window, const ::RECT& place, std::u16string_view className);
     Site(::HWND window, const ::RECT& place, ComPointer<::IDispatch> control);
-    Site(const Site&) = delete;
-    Site& operator=(const Site&) = delete;
-    virtual ~Site();
+    ~Site() override;
 
     ::IDispatch& control() const { return *control_.get(); }
     template <class I>
@@ -32,7 +27,10 @@ public:
     ::HRESULT activate(bool withUi = false);
     /// The control's window; null while it is not active.
     ::HWND controlWindow() const;
-    void drop() { control_.reset(); }
+    void drop() {
+        notifications_.reset();
+        control_.reset();
+    }
 
     // What the container suggests, and what it saw.
     std::map<::DISPID, automation::Variant> ambient;
@@ -50,53 +48,31 @@ public:
     std::function<bool(const ::MSG&)> acceptsKey; ///< Whether the container uses a key; without it all
 
     ::HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
-    ::ULONG STDMETHODCALLTYPE AddRef() override { return 2; } // lives on the stack of the test
-    ::ULONG STDMETHODCALLTYPE Release() override { return 1; }
     // IOleClientSite
     ::HRESULT STDMETHODCALLTYPE SaveObject() override { return ++saves, S_OK; }
-    ::HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, ::IMoniker**) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE GetContainer(::IOleContainer** result) override;
-    ::HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
     // IOleInPlaceSite
     ::HRESULT STDMETHODCALLTYPE GetWindow(::HWND* window) override;
-    ::HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return refusesActivation ? S_FALSE : S_OK; }
-    ::HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return S_OK; }
     ::HRESULT STDMETHODCALLTYPE OnUIActivate() override;
     ::HRESULT STDMETHODCALLTYPE GetWindowContext(::IOleInPlaceFrame** itsFrame,
                                                  ::IOleInPlaceUIWindow** document, ::RECT* own, ::RECT* clip,
                                                  ::OLEINPLACEFRAMEINFO*) override;
-    ::HRESULT STDMETHODCALLTYPE Scroll(::SIZE) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return ++uiDeactivations, S_OK; }
-    ::HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE DiscardUndoState() override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE DeactivateAndUndo() override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE OnPosRectChange(const ::RECT* wanted) override;
     // IOleControlSite
-    ::HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE GetExtendedControl(::IDispatch** result) override;
-    ::HRESULT STDMETHODCALLTYPE TransformCoords(::POINTL*, ::POINTF*, DWORD) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG* key, DWORD) override;
     ::HRESULT STDMETHODCALLTYPE OnFocus(BOOL gained) override;
-    ::HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return E_NOTIMPL; }
     // IDispatch: the ambient properties
-    ::HRESULT STDMETHODCALLTYPE GetTypeInfoCount(::UINT* count) override { return *count = 0, S_OK; }
-    ::HRESULT STDMETHODCALLTYPE GetTypeInfo(::UINT, ::LCID, ::ITypeInfo**) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, ::LPOLESTR*, ::UINT, ::LCID, ::DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
     ::HRESULT STDMETHODCALLTYPE Invoke(::DISPID id, REFIID, ::LCID, WORD, ::DISPPARAMS*, ::VARIANT* result,
                                        ::EXCEPINFO*, ::UINT*) override;
     // IPropertyNotifySink
     ::HRESULT STDMETHODCALLTYPE OnChanged(::DISPID id) override { return changes.push_back(id), S_OK; }
-    ::HRESULT STDMETHODCALLTYPE OnRequestEdit(::DISPID) override { return S_OK; }
 
 private:
     ::HWND window_;
     ComPointer<::IDispatch> control_;
+    ComPointer<::IConnectionPoint> notifications_;
+    DWORD cookie_ = 0;
 };
 
 /// A visible window for sites, with a grey background.
@@ -115,9 +91,12 @@ private:
 /// The pixels of a device context, row by row.
 std::vector<::COLORREF> pixels(::HDC dc, int width, int height);
 
+/// What `paint` paints on a bitmap like that of a device context; without one, like the screen.
+std::vector<::COLORREF> painted(::HDC like, int width, int height, const std::function<void(::HDC)>& paint);
+
 /// What a control paints by IViewObject in a place of that size, at once or by a metafile that is played
 /// then.
 enum class Way { AtOnce, ThroughMetafile };
-std::vector<::COLORREF> drawn(const Site& site, int width, int height, Way way = Way::AtOnce);
+std::vector<::COLORREF> drawn(::IUnknown& control, int width, int height, Way way = Way::AtOnce);
 
 } // namespace support

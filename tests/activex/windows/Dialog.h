@@ -9,32 +9,15 @@
 namespace support {
 
 /// Knows the active control. It lives as long as its dialog.
-class Frame final : public ::IOleInPlaceFrame {
+class Frame final : public EmptyFrame {
 public:
     explicit Frame(::HWND window) : window_(window) {}
-    Frame(const Frame&) = delete;
-    Frame& operator=(const Frame&) = delete;
-    virtual ~Frame() = default;
 
     ::IOleInPlaceActiveObject* active() const { return active_.get(); }
 
     ::HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
-    ::ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ::ULONG STDMETHODCALLTYPE Release() override { return 1; }
     ::HRESULT STDMETHODCALLTYPE GetWindow(::HWND* window) override { return *window = window_, S_OK; }
-    ::HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE GetBorder(::RECT*) override { return INPLACE_E_NOTOOLSPACE; }
-    ::HRESULT STDMETHODCALLTYPE RequestBorderSpace(const ::BORDERWIDTHS*) override {
-        return INPLACE_E_NOTOOLSPACE;
-    }
-    ::HRESULT STDMETHODCALLTYPE SetBorderSpace(const ::BORDERWIDTHS*) override { return S_OK; }
     ::HRESULT STDMETHODCALLTYPE SetActiveObject(::IOleInPlaceActiveObject* object, ::LPCOLESTR) override;
-    ::HRESULT STDMETHODCALLTYPE InsertMenus(::HMENU, ::OLEMENUGROUPWIDTHS*) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE SetMenu(::HMENU, ::HOLEMENU, ::HWND) override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE RemoveMenus(::HMENU) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE SetStatusText(::LPCOLESTR) override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) override { return S_OK; }
-    ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG*, WORD) override { return S_FALSE; }
 
 private:
     ::HWND window_;

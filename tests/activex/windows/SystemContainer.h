@@ -25,6 +25,13 @@ public:
         return control;
     }
 
+    /// The container's part for a window of the class.
+    ComPointer<::IUnknown> hostOf(::HWND host) const {
+        ComPointer<::IUnknown> part;
+        function<::HRESULT WINAPI(::HWND, ::IUnknown**)>("AtlAxGetHost")(host, part.out());
+        return part;
+    }
+
 private:
     template <class F>
     F* function(const char* name) const {

@@ -24,20 +24,15 @@ namespace support {
     return S_OK;
 }
 
-void* UnreliableContainer::find(REFIID id) {
-    if (id == IID_IUnknown || id == IID_IOleClientSite) return static_cast<::IOleClientSite*>(this);
-    if (id == IID_IOleInPlaceSite || id == IID_IOleWindow) return static_cast<::IOleInPlaceSite*>(this);
-    if (id == IID_IOleControlSite) return static_cast<::IOleControlSite*>(this);
-    if (id == IID_IDispatch) return static_cast<::IDispatch*>(this);
-    if (id == IID_IPropertyNotifySink) return static_cast<::IPropertyNotifySink*>(this);
+void* UnreliableContainer::findAny(REFIID id) {
     if (id == IID_IAdviseSink) return static_cast<::IAdviseSink*>(this);
-    return nullptr;
+    return find(id);
 }
 
 ::HRESULT UnreliableContainer::QueryInterface(REFIID id, void** result) {
     *result = nullptr;
     const ::HRESULT code = answer([&] {
-        *result = find(id);
+        *result = findAny(id);
         if (*result) AddRef();
         return *result ? S_OK : E_NOINTERFACE;
     });

@@ -2,6 +2,7 @@
 // A container that misbehaves once.
 
 #include "activex/windows/ControlLibrary.h"
+#include "activex/windows/EmptyContainer.h"
 
 #include <functional>
 
@@ -17,21 +18,14 @@ enum class Misdeed {
 
 /// Gives a control all that containers give. Its calls are numbered; one of them it does not answer as it
 /// should. It lives longer than the control.
-class UnreliableContainer final : public ::IOleClientSite,
-                                  public ::IOleInPlaceSite,
-                                  public ::IOleControlSite,
-                                  public ::IDispatch,
-                                  public ::IPropertyNotifySink,
-                                  public ::IOleInPlaceFrame,
+class UnreliableContainer final : public EmptySite,
+                                  public EmptyFrame,
                                   public ::IAdviseSink,
                                   public ::IPropertyBag {
 public:
     /// `failing` is the number of the call, from 0.
     UnreliableContainer(::HWND window, ComPointer<::IDispatch> control, int failing, Misdeed misdeed)
         : window_(window), control_(std::move(control)), failing_(failing), misdeed_(misdeed) {}
-    UnreliableContainer(const UnreliableContainer&) = delete;
-    UnreliableContainer& operator=(const UnreliableContainer&) = delete;
-    virtual ~UnreliableContainer() = default;
 
     /// The control; null when it was dropped.
     const ComPointer<::IDispatch>& control() const { return control_; }
@@ -52,27 +46,19 @@ public:
     ::ULONG STDMETHODCALLTYPE Release() override { return static_cast<::ULONG>(--references_); }
     // IOleClientSite
     ::HRESULT STDMETHODCALLTYPE SaveObject() override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, ::IMoniker**) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE GetContainer(::IOleContainer** result) override;
     ::HRESULT STDMETHODCALLTYPE ShowObject() override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
     // IOleInPlaceSite, IOleInPlaceFrame
     ::HRESULT STDMETHODCALLTYPE GetWindow(::HWND* window) override;
-    ::HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE OnUIActivate() override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE GetWindowContext(::IOleInPlaceFrame** frame, ::IOleInPlaceUIWindow** document,
                                                  ::RECT* own, ::RECT* clip, ::OLEINPLACEFRAMEINFO*) override;
-    ::HRESULT STDMETHODCALLTYPE Scroll(::SIZE) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE DiscardUndoState() override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE DeactivateAndUndo() override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE OnPosRectChange(const ::RECT* wanted) override;
-    ::HRESULT STDMETHODCALLTYPE GetBorder(::RECT*) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE RequestBorderSpace(const ::BORDERWIDTHS*) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE SetBorderSpace(const ::BORDERWIDTHS*) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE SetActiveObject(::IOleInPlaceActiveObject*, ::LPCOLESTR) override {
         return succeed();
@@ -82,21 +68,13 @@ public:
     ::HRESULT STDMETHODCALLTYPE RemoveMenus(::HMENU) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE SetStatusText(::LPCOLESTR) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG*, WORD) override { return S_FALSE; }
+    using EmptyFrame::TranslateAccelerator;
     // IOleControlSite
     ::HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE GetExtendedControl(::IDispatch** result) override;
-    ::HRESULT STDMETHODCALLTYPE TransformCoords(::POINTL*, ::POINTF*, DWORD) override { return E_NOTIMPL; }
     ::HRESULT STDMETHODCALLTYPE TranslateAccelerator(::MSG*, DWORD) override { return succeed(); }
     ::HRESULT STDMETHODCALLTYPE OnFocus(BOOL) override { return succeed(); }
-    ::HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return E_NOTIMPL; }
     // IDispatch: the ambient properties
-    ::HRESULT STDMETHODCALLTYPE GetTypeInfoCount(::UINT* count) override { return *count = 0, S_OK; }
-    ::HRESULT STDMETHODCALLTYPE GetTypeInfo(::UINT, ::LCID, ::ITypeInfo**) override { return E_NOTIMPL; }
-    ::HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, ::LPOLESTR*, ::UINT, ::LCID, ::DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
     ::HRESULT STDMETHODCALLTYPE Invoke(::DISPID id, REFIID, ::LCID, WORD, ::DISPPARAMS*, ::VARIANT* result,
                                        ::EXCEPINFO*, ::UINT*) override;
     // IPropertyNotifySink
@@ -116,7 +94,7 @@ private:
     ::HRESULT succeed() {
         return answer([] { return S_OK; });
     }
-    void* find(REFIID id);
+    void* findAny(REFIID id);
 
     ::HWND window_;
     ComPointer<::IDispatch> control_;

@@ -1,6 +1,5 @@
 // Controls in containers.
 
-#include "activex/windows/Bag.h"
 #include "activex/windows/Container.h"
 #include "activex/windows/ControlObject.h"
 
@@ -12,7 +11,6 @@
 namespace {
 
 using activex::ComPointer;
-using support::Bag;
 using support::ContainerWindow;
 using support::Site;
 
@@ -132,13 +130,71 @@ TEST_F(Controls, LeaveTabToTheirContainer) {
 
 TEST_F(Controls, ComeToTheFocusByAnAccessKey) {
     ASSERT_EQ(field.activate(), S_OK);
-    ::CONTROLINFO info{};
-    EXPECT_EQ(field.as<::IOleControl>()->GetControlInfo(&info), S_OK);
-    EXPECT_EQ(info.cAccel, 0);
     ::MSG key{};
     key.wParam = 'N';
     EXPECT_EQ(field.as<::IOleControl>()->OnMnemonic(&key), S_OK);
     EXPECT_EQ(::GetFocus(), field.controlWindow());
+}
+
+TEST_F(Controls, OfTextUnderlineALetterThatIsNoKey) {
+    support::put(label.control(), L"Caption", support::text(L"&Nombre"));
+    ::CONTROLINFO info{};
+    for (const Site* site : {&label, &field}) {
+        EXPECT_EQ(site->as<::IOleControl>()->GetControlInfo(&info), S_OK);
+        EXPECT_EQ(info.cAccel, 0);
+    }
+}
+
+/// A control with access keys, which notes those that come.
+class Keyed : public host::UserControl {
+public:
+    Keyed() { AccessKeys(u"nÑ1"); }
+    std::string pressed;
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table = automation::ClassTable::of<Keyed>("Keyed");
+        return table;
+    }
+
+protected:
+    void onAccessKeyPress(short& code) override { pressed += static_cast<char>(code); }
+};
+
+TEST(AccessKeys, AreThoseThatTheControlNames) {
+    const auto keyed = automation::make<Keyed>();
+    const auto control = ComPointer<::IUnknown>::adopt(activex::ComObject::create(keyed, nullptr));
+    const auto keys = ComPointer<::IOleControl>::of(control.get());
+    ::CONTROLINFO info{};
+    ASSERT_EQ(keys->GetControlInfo(&info), S_OK);
+    ASSERT_EQ(info.cAccel, 3);
+    const auto isAccessKey = [&](::UINT message, ::WPARAM code) {
+        constexpr ::LPARAM withAlt = 1 << 29;
+        ::MSG key{};
+        key.message = message;
+        key.wParam = code;
+        key.lParam = withAlt;
+        BYTE held[256] = {};
+        ::GetKeyboardState(held);
+        BYTE alt[256] = {};
+        alt[VK_MENU] = 0x80;
+        ::SetKeyboardState(alt);
+        WORD command = 0;
+        const bool known = ::IsAccelerator(info.hAccel, info.cAccel, &key, &command) != FALSE;
+        ::SetKeyboardState(held);
+        if (known) keys->OnMnemonic(&key);
+        return known;
+    };
+    EXPECT_TRUE(isAccessKey(WM_SYSKEYDOWN, 'N'));
+    EXPECT_TRUE(isAccessKey(WM_SYSKEYDOWN, '1'));
+    EXPECT_FALSE(isAccessKey(WM_SYSKEYDOWN, 'M'));
+    EXPECT_FALSE(isAccessKey(WM_SYSKEYDOWN, VK_DECIMAL)) << "the number of a small n";
+    EXPECT_EQ(keyed->pressed, "n1");
+    ::MSG character{};
+    character.message = WM_SYSCHAR;
+    for (const char16_t unit : {u'N', u'ñ', u'Ñ'}) {
+        character.wParam = unit;
+        EXPECT_EQ(keys->OnMnemonic(&character), S_OK);
+    }
+    EXPECT_EQ(keyed->pressed, "n1n\xD1\xD1") << "as the control names them";
 }
 
 TEST_F(Controls, TellTheirContainerOfEachPropertyThatChanges) {
@@ -226,96 +282,6 @@ TEST(Extents, AreRightAtEachResolution) {
             ASSERT_EQ(activex::pixelsFromHimetric(activex::himetricFromPixels(pixels, dots), dots), pixels);
 }
 
-// Saving
-
-bool isItalic(const Site& site) {
-    BOOL italic = FALSE;
-    support::fontOf(site.control())->get_Italic(&italic);
-    return italic != FALSE;
-}
-
-void expectAlike(const Site& one, const Site& other) {
-    for (const wchar_t* name :
-         {L"Caption", L"BackColor", L"ForeColor", L"Alias", L"TipoDato", L"AutoSize", L"Scheme"})
-        EXPECT_EQ(automation::CStr(support::get(one.control(), name)),
-                  automation::CStr(support::get(other.control(), name)));
-    EXPECT_TRUE(isItalic(other));
-    ::SIZEL first{};
-    ::SIZEL second{};
-    one.as<::IOleObject>()->GetExtent(DVASPECT_CONTENT, &first);
-    other.as<::IOleObject>()->GetExtent(DVASPECT_CONTENT, &second);
-    EXPECT_EQ(first.cx, second.cx);
-    EXPECT_EQ(first.cy, second.cy);
-}
-
-class SavedControls : public Controls {
-protected:
-    void SetUp() override {
-        Controls::SetUp();
-        support::put(label.control(), L"Caption", support::text(L"Año \"nuevo\" €"));
-        support::put(label.control(), L"BackColor", support::number(255));
-        support::put(label.control(), L"Alias", support::text(L"clientes"));
-        support::fontOf(label.control())->put_Italic(TRUE);
-        support::put(label.control(), L"AutoSize", support::number(0));
-        ::SIZEL size{5080, 1270};
-        label.as<::IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
-    }
-    Site copy{window.handle(), secondPlace, u"lbl"};
-};
-
-TEST_F(SavedControls, ComeBackFromAPropertyBag) {
-    const auto bag = ComPointer<Bag>::adopt(new Bag);
-    ASSERT_EQ(label.as<::IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE), S_OK);
-    EXPECT_EQ(bag->values.count(L"Caption"), 1u);
-    EXPECT_EQ(bag->values.count(L"Campo"), 0u) << "a value that is the default";
-    ASSERT_EQ(copy.as<::IPersistPropertyBag>()->Load(bag.get(), nullptr), S_OK);
-    expectAlike(label, copy);
-    EXPECT_EQ(copy.as<::IPersistStreamInit>()->IsDirty(), S_FALSE);
-}
-
-TEST_F(SavedControls, ComeBackFromAStream) {
-    ComPointer<::IStream> stream;
-    ::CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
-    ASSERT_EQ(label.as<::IPersistStreamInit>()->Save(stream.get(), TRUE), S_OK);
-    stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    ASSERT_EQ(copy.as<::IPersistStreamInit>()->Load(stream.get()), S_OK);
-    expectAlike(label, copy);
-}
-
-TEST_F(SavedControls, ComeBackFromAStorage) {
-    ComPointer<::ILockBytes> bytes;
-    ComPointer<::IStorage> storage;
-    ::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.out());
-    ASSERT_EQ(::StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
-                                             0, storage.out()),
-              S_OK);
-    ASSERT_EQ(label.as<::IPersistStorage>()->Save(storage.get(), FALSE), S_OK);
-    ASSERT_EQ(copy.as<::IPersistStorage>()->Load(storage.get()), S_OK);
-    expectAlike(label, copy);
-}
-
-TEST_F(SavedControls, RefuseStreamsThatAreNoneOfTheirs) {
-    for (const std::string& bytes :
-         {std::string(), std::string("x"), std::string("1TSL\xFF\xFF\xFF\xFF", 8),
-          std::string("1TSL\x05\0\0\0abc", 11), std::string("1TSL\x03\0\0\0(((", 11)}) {
-        ComPointer<::IStream> stream;
-        ::CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
-        stream->Write(bytes.data(), static_cast<::ULONG>(bytes.size()), nullptr);
-        stream->Seek({}, STREAM_SEEK_SET, nullptr);
-        EXPECT_TRUE(FAILED(copy.as<::IPersistStreamInit>()->Load(stream.get()))) << bytes.size();
-    }
-    EXPECT_EQ(copy.as<::IPersistStreamInit>()->Load(nullptr), E_POINTER);
-    EXPECT_EQ(copy.as<::IPersistPropertyBag>()->Load(nullptr, nullptr), E_POINTER);
-}
-
-TEST_F(SavedControls, PassOverValuesOfAWrongKind) {
-    const auto bag = ComPointer<Bag>::adopt(new Bag);
-    bag->values[L"BackColor"] = u"ninguno";
-    bag->values[L"Caption"] = u"sí";
-    ASSERT_EQ(copy.as<::IPersistPropertyBag>()->Load(bag.get(), nullptr), S_OK);
-    EXPECT_EQ(support::get(copy.control(), L"Caption").asString(), u"sí");
-}
-
 // Looks
 
 TEST_F(Controls, LookTheSameInactiveAsInTheirWindow) {
@@ -328,17 +294,17 @@ TEST_F(Controls, LookTheSameInactiveAsInTheirWindow) {
     const auto active = support::pixels(dc, client.right, client.bottom);
     ::ReleaseDC(field.controlWindow(), dc);
     EXPECT_TRUE(hasSeveralColors(active));
-    EXPECT_EQ(support::drawn(field, client.right, client.bottom), active);
+    EXPECT_EQ(support::drawn(field.control(), client.right, client.bottom), active);
     field.as<::IOleInPlaceObject>()->InPlaceDeactivate();
-    EXPECT_EQ(support::drawn(field, client.right, client.bottom), active);
+    EXPECT_EQ(support::drawn(field.control(), client.right, client.bottom), active);
 }
 
 TEST_F(Controls, DrawIntoMetafilesAndInOtherSizes) {
     support::put(label.control(), L"Caption", support::text(L"Hola"));
     for (const support::Way way : {support::Way::AtOnce, support::Way::ThroughMetafile}) {
-        EXPECT_TRUE(hasSeveralColors(support::drawn(label, 60, 20, way)));
-        EXPECT_TRUE(hasSeveralColors(support::drawn(label, 240, 80, way)));
-        EXPECT_TRUE(hasSeveralColors(support::drawn(field, 300, 60, way)));
+        EXPECT_TRUE(hasSeveralColors(support::drawn(label.control(), 60, 20, way)));
+        EXPECT_TRUE(hasSeveralColors(support::drawn(label.control(), 240, 80, way)));
+        EXPECT_TRUE(hasSeveralColors(support::drawn(field.control(), 300, 60, way)));
     }
     EXPECT_EQ(label.as<::IViewObject>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, nullptr, nullptr,
                                               nullptr, nullptr, 0),

@@ -74,6 +74,8 @@ protected:
 TEST_P(Saving, ByAPropertyBag) {
     const auto bag = support::makeBag();
     ASSERT_EQ(as<::IPersistPropertyBag>(original)->Save(bag.get(), TRUE, FALSE), S_OK);
+    EXPECT_EQ(bag->values.count(L"Campo"), 1u);
+    EXPECT_EQ(bag->values.count(L"Scheme"), 0u) << "a value that is the default";
     ASSERT_EQ(as<::IPersistPropertyBag>(copy)->Load(bag.get(), nullptr), S_OK);
     expectSame();
 }
@@ -100,6 +102,20 @@ TEST_P(Saving, ByAStorage) {
     EXPECT_EQ(id, activex::native(activex::exportedClass(className())->id));
     ASSERT_EQ(as<::IPersistStorage>(copy)->Load(storage.get()), S_OK);
     expectSame();
+}
+
+TEST_P(Saving, RefusesStreamsThatAreNoneOfTheirs) {
+    for (const std::string& bytes :
+         {std::string(), std::string("x"), std::string("1TSL\xFF\xFF\xFF\xFF", 8),
+          std::string("1TSL\x05\0\0\0abc", 11), std::string("1TSL\x03\0\0\0(((", 11)}) {
+        ComPointer<::IStream> stream;
+        ::CreateStreamOnHGlobal(nullptr, TRUE, stream.out());
+        stream->Write(bytes.data(), static_cast<::ULONG>(bytes.size()), nullptr);
+        stream->Seek({}, STREAM_SEEK_SET, nullptr);
+        EXPECT_TRUE(FAILED(as<::IPersistStreamInit>(copy)->Load(stream.get()))) << bytes.size();
+    }
+    EXPECT_EQ(as<::IPersistStreamInit>(copy)->Load(nullptr), E_POINTER);
+    EXPECT_EQ(as<::IPersistPropertyBag>(copy)->Load(nullptr, nullptr), E_POINTER);
 }
 
 /// Names of the values that a control asks for.

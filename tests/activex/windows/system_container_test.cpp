@@ -7,6 +7,7 @@
 #include "activex/windows/Bag.h"
 #include "activex/windows/Container.h"
 #include "activex/windows/ProgramObject.h"
+#include "activex/windows/SuggestingSite.h"
 #include "activex/windows/SystemContainer.h"
 
 #include <gtest/gtest.h>
@@ -118,6 +119,56 @@ TEST_F(SystemDialog, HoldsEachControlInAWindowOfItsOwn) {
         ::DestroyWindow(frame);
         EXPECT_FALSE(::IsWindow(own));
     }
+}
+
+/// Asked for each of the ways by which a program could set what it suggests to its control, or a control ask.
+TEST_F(SystemDialog, SuggestsNothingToControls) {
+    constexpr ::GUID waysToSet[] = {
+        {0xB6EA2051,
+         0x048A,
+         0x11D1,
+         {0x82, 0xB9, 0x00, 0xC0, 0x4F, 0xB9, 0x94, 0x2E}}, // IAxWinAmbientDispatch
+        {0xB2D0778B,
+         0xAC99,
+         0x4C58,
+         {0xA5, 0xC8, 0xE7, 0x72, 0x4E, 0x53, 0x16, 0xB5}}, // IAxWinAmbientDispatchEx
+        {0xB6EA2050, 0x048A, 0x11D1, {0x82, 0xB9, 0x00, 0xC0, 0x4F, 0xB9, 0x94, 0x2E}}}; // IAxWinHostWindow
+    const ::HWND frame = host();
+    auto control = support::create(u"get");
+    ASSERT_EQ(system.attach(*control.get(), frame), S_OK);
+    const auto part = system.hostOf(frame);
+    ASSERT_TRUE(part);
+    for (const ::GUID& way : waysToSet)
+        EXPECT_FALSE(ComPointer<::IUnknown>::of(part.get(), way));
+    ComPointer<::IOleClientSite> site;
+    ASSERT_EQ(ComPointer<::IOleObject>::of(control.get())->GetClientSite(site.out()), S_OK);
+    EXPECT_FALSE(ComPointer<::IDispatch>::of(part.get()));
+    EXPECT_FALSE(ComPointer<::IDispatch>::of(site.get()));
+}
+
+/// A program can still put a site of its own in front.
+TEST_F(SystemDialog, LeavesAControlAloneWhileItsProgramSaysThatItIsDesigned) {
+    const auto field = place(u"get");
+    const auto object = ComPointer<::IOleObject>::of(field.get());
+    ComPointer<::IOleClientSite> site;
+    ASSERT_EQ(object->GetClientSite(site.out()), S_OK);
+    support::SuggestingSite suggesting(site);
+    ASSERT_EQ(object->SetClientSite(&suggesting), S_OK);
+    ASSERT_EQ(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &suggesting, 0, nullptr, nullptr), S_OK);
+    const auto typed = [&](bool userMode) {
+        suggesting.userMode = userMode;
+        ComPointer<::IOleControl>::of(field.get())->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
+        support::put(*field.get(), L"Text", support::text(L""));
+        ::SetFocus(windowOf(field));
+        desk.type(u"abc");
+        readMessages();
+        ::SetFocus(window.handle());
+        return textOf(field);
+    };
+    EXPECT_EQ(typed(true), "abc");
+    EXPECT_EQ(typed(false), "");
+    EXPECT_EQ(typed(true), "abc");
+    object->SetClientSite(site.get());
 }
 
 // The focus

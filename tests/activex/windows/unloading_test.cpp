@@ -45,7 +45,7 @@ void useControls(const LibraryCopy& library) {
             ASSERT_TRUE(::IsWindow(site.controlWindow()));
             site.activate(true);
             ::UpdateWindow(site.controlWindow());
-            support::drawn(site, 50, 20, support::Way::ThroughMetafile);
+            support::drawn(site.control(), 50, 20, support::Way::ThroughMetafile);
             EXPECT_FALSE(mayBeUnloaded(library));
         }
     dialog.readMessages();
