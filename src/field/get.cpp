@@ -370,7 +370,7 @@ platform::SIZE get::fittingSize(platform::SIZE now) const {
 }
 
 void get::onResize() {
-    if (!oFont || lReading) return;
+    if (!oFont || lReading || awaitsPlace()) return;
     if (nLineHeight == 0) measureLine();
     const auto pixels = [](float twips) { return static_cast<std::int32_t>(std::lround(twips)); };
     const platform::SIZE now{pixels(ScaleX(Width(), host::ScaleMode::Twips, host::ScaleMode::Pixels)),

@@ -165,6 +165,7 @@ void FormSite::setExtenderValue(ExtenderValue which, const automation::Variant& 
         return;
     case ExtenderValue::ToolTipText:
         toolTipText_ = automation::fromVariant<automation::String>(value);
+        if (control_->window()) return;
         if (auto* label = dynamic_cast<Label*>(control_.get())) label->ToolTipText(toolTipText_);
         return;
     case ExtenderValue::CausesValidation:

@@ -78,6 +78,8 @@ protected:
     double containerUnitTwips(Axis axis) const override;
     void paintBehind(platform::HDC dc) override;
     void mouseActivity(platform::UINT message, const automation::String& innerToolTip) override;
+    /// A form places a control when its properties are read. Until then no size need be asked for.
+    bool awaitsPlace() const { return containerWindow() && !resizedOnce_; }
     /// Changes the window's frame (WS_EX_...).
     void frame(platform::DWORD exStyle, platform::DWORD style);
 

@@ -16,13 +16,24 @@ RECT askClient(HWND handle, RECT frame) {
     return frame;
 }
 
+/// Whether the window stands where linkOnTop would put it, in front of all its siblings.
+bool isOnTop(const Window& window) {
+    const auto& siblings = window.parent->children;
+    if (siblings.front() != &window) return false;
+    return siblings.size() == 1 || (window.exStyle & WS_EX_TOPMOST) ||
+           !(siblings[1]->exStyle & WS_EX_TOPMOST);
+}
+
 void moveInOrder(Window& window, HWND insertAfter) {
     auto& siblings = window.parent->children;
-    unlink(window);
     const Window* after = findWindow(insertAfter);
+    const bool followsOne = after && after->parent == window.parent && after != &window;
+    const bool goesOnTop = insertAfter != HWND_BOTTOM && !followsOne;
+    if (goesOnTop && isOnTop(window)) return;
+    unlink(window);
     if (insertAfter == HWND_BOTTOM) {
         siblings.push_back(&window);
-    } else if (after && after->parent == window.parent && after != &window) {
+    } else if (followsOne) {
         siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(placeAmongSiblings(*after)) + 1,
                         &window);
     } else {
@@ -192,12 +203,13 @@ bool applyPosition(HWND handle, WINDOWPOS& pos) {
     RECT client = offset(window->client, frame.left - window->frame.left, frame.top - window->frame.top);
     if (!(pos.flags & SWP_NOSIZE) || (pos.flags & SWP_FRAMECHANGED)) client = askClient(handle, frame);
     if (!(window = findWindow(handle))) return false;
+    const bool isElsewhere = frame != window->frame || client != window->client;
     window->frame = frame;
     window->client = client;
     if (!(pos.flags & SWP_NOZORDER)) changeOrder(*window, pos.hwndInsertAfter);
     if (pos.flags & SWP_SHOWWINDOW) window->style |= WS_VISIBLE;
     if (pos.flags & SWP_HIDEWINDOW) window->style &= ~WS_VISIBLE;
-    rearranged(*window);
+    if (isElsewhere || (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW))) rearranged(*window);
     if (isTopLevel(*window)) {
         repaintTopLevel(*window, before, pos.flags);
     } else if (!(pos.flags & SWP_NOREDRAW) && topLevelOf(window)) {
@@ -231,7 +243,6 @@ bool changeState(HWND handle, int command, RECT& target) {
     Window* window = findWindow(handle);
     if (!window->is(WS_MAXIMIZE) && !window->is(WS_MINIMIZE)) window->restored = window->frame;
     const bool wasSpecial = window->style & (WS_MAXIMIZE | WS_MINIMIZE);
-    rearranged(*window);
     switch (command) {
     case SW_SHOWMAXIMIZED:
         window->style = (window->style & ~WS_MINIMIZE) | WS_MAXIMIZE;
@@ -334,6 +345,7 @@ BOOL ShowWindow(HWND handle, int command) {
     const DWORD formerState = window->style & (WS_MINIMIZE | WS_MAXIMIZE);
     if (shows && changeState(handle, command, target)) flags &= ~(SWP_NOSIZE | SWP_NOMOVE);
     const DWORD state = window->style & (WS_MINIMIZE | WS_MAXIMIZE);
+    if (state != formerState) rearranged(*window);
     if (wasVisible && isTopLevel(*window) && state != formerState) display().stateChanged(*window);
     const bool stateChanged = !(flags & SWP_NOSIZE);
     if (shows && wasVisible && !stateChanged && (command == SW_SHOW || command == SW_SHOWNA) &&

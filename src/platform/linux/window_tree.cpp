@@ -25,16 +25,18 @@ struct Table {
     HWND desktop;
 };
 
+constinit Table windowTable; // made before the program runs: looking a window up takes no test for that
+
 Table& table() {
-    static Table windows;
-    return windows;
+    return windowTable;
 }
 
 Slot* slotOf(HWND handle) {
-    const std::uint32_t low = handle.value & ((1u << SlotBits) - 1);
-    if (low < FirstSlot || low - FirstSlot >= table().slots.size()) return nullptr;
-    Slot& slot = table().slots[low - FirstSlot];
-    return slot.window && slot.window->handle == handle ? &slot : nullptr;
+    // Values below the first slot's wrap to places beyond the last one.
+    const std::uint32_t place = (handle.value & ((1u << SlotBits) - 1)) - FirstSlot;
+    if (place >= table().slots.size()) return nullptr;
+    Slot& slot = table().slots[place];
+    return slot.window && slot.generation == handle.value >> SlotBits ? &slot : nullptr;
 }
 
 } // namespace
