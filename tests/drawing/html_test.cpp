@@ -315,6 +315,20 @@ TEST_F(cHTML_, AWordLongerThanTheLineIsCut) {
     EXPECT_EQ(extentOf(u"abcde").cx, maxX);
 }
 
+TEST_F(cHTML_, ABlankLeftOverByAWrapTakesNoLine) {
+    const std::int32_t word = extentOf(u"abcde").cx;
+    html->SetMargenes(margin, margin, margin + word);
+    write(margin, margin, u"abcde");
+    render(u"abcde ");
+    expectAlike();
+    EXPECT_EQ(word, maxX);
+    EXPECT_EQ(margin + rowHeight, maxY) << "what is left has no height";
+    write(margin, margin + rowHeight, u"fg");
+    render(u"abcde <I></I>fg");
+    expectAlike("what follows stands on the line that was begun");
+    EXPECT_EQ(margin + 2 * rowHeight, maxY);
+}
+
 TEST_F(cHTML_, AWordThatWouldFitAloneGoesToTheNextLine) {
     const std::int32_t limit = margin + extentOf(u"abcdef").cx;
     html->SetMargenes(margin, margin, limit);

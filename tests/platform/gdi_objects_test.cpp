@@ -259,6 +259,24 @@ TEST(GdiBitmaps, ImpossibleSizesGiveNoBitmap) {
     EXPECT_FALSE(CreateDIBSection(canvas.dc(), &info, DIB_RGB_COLORS, &bits, HANDLE(), 0));
 }
 
+TEST(GdiBitmaps, LikeASectionHeightsBelowZeroCountAndWidthsDoNot) {
+    const Canvas section(2, 2, 16);
+    EXPECT_FALSE(CreateCompatibleBitmap(section.dc(), -5, 10));
+    const HBITMAP bitmap = CreateCompatibleBitmap(section.dc(), 5, -10);
+    BITMAP about;
+    ASSERT_TRUE(GetObjectBitmap(bitmap, &about));
+    EXPECT_EQ(about.bmWidth, 5);
+    EXPECT_EQ(about.bmHeight, 10);
+    EXPECT_EQ(about.bmBitsPixel, 16);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    const Canvas bits(2, 2, 1);
+    const HBITMAP plain = CreateCompatibleBitmap(bits.dc(), -5, -10);
+    ASSERT_TRUE(GetObjectBitmap(plain, &about));
+    EXPECT_EQ(about.bmWidth, 5);
+    EXPECT_EQ(about.bmHeight, 10);
+    EXPECT_TRUE(DeleteObject(plain));
+}
+
 TEST(GdiDevice, SpeaksOfNinetySixDotsAnInchAndTrueColour) {
     const HDC dc = CreateCompatibleDC(noContext);
     EXPECT_EQ(GetDeviceCaps(dc, LOGPIXELSX), 96);

@@ -5,6 +5,7 @@
 #include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -73,9 +74,12 @@ HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
     if (width == 0 || height == 0) return HBITMAP(stockObject(defaultBitmapIndex));
     const Bitmap* selected = context->selectedBitmap();
     const int depth = context->surface->bitsPerPixel;
+    // A section is no wider than nothing; a height below zero only says which row comes first.
+    if (selected && selected->isSection && depth != 1 && width < 0) return {};
     if (!selected || !selected->format)
         return CreateBitmap(width, height, 1, static_cast<UINT>(depth), nullptr);
-    auto bitmap = makeBitmap(width, height, depth);
+    if (height == std::numeric_limits<int>::min()) return {};
+    auto bitmap = makeBitmap(width, std::abs(height), depth);
     if (!bitmap) return {};
     // What is compatible with a section has its colours and can be selected wherever a section can.
     setFormat(*bitmap, *selected->format);
