@@ -86,6 +86,34 @@ wait "$program"
 equal "the program ended well" $? 0
 equal "the day that there is has been written" "$(name 1)" "Año Nuevo|${signed_up%%-*}-02-28"
 
+# A CSV file is written as it is, but for what was typed.
+csv=$work/datos.csv
+printf 'id;nombre;saldo\r\n1;"Ana";1,50\r\n2;Eva;\r\n' >"$csv"
+"$fichas" "$csv" &
+program=$!
+children+=("$program")
+window=$(wait_for_window '^datos.csv')
+[ -n "$window" ] || give_up "the window of a CSV file opens"
+xdotool windowfocus --sync "$window"
+xdotool key Tab
+xdotool type --delay 20 "Begoña"
+xdotool key Return Return
+shows "datos.csv — 2 de 2" "Return behind the last field goes to the next record"
+equal "the name is in the file" "$(cat "$csv")" "$(printf 'id;nombre;saldo\r\n1;"Begoña";1,50\r\n2;Eva;\r\n')"
+chmod 0444 "$csv"
+xdotool key Tab Tab
+xdotool type --delay 20 "7"
+xdotool key Prior
+xdotool key alt+F4
+sleep 0.2 # in which it would have closed
+holds "a file that may not be written keeps its window" kill -0 "$program"
+shows "datos.csv — 2 de 2" "and its record"
+chmod 0644 "$csv"
+xdotool key alt+F4
+holds "the next attempt closes it" until_true gone
+wait "$program"
+equal "the program ended well, with the amount in the file" "$? $(tail -n 1 "$csv")" "0 $(printf '2;Eva;7,00\r')"
+
 # Whoever has no terminal is told in a window.
 "$fichas" "$work/no-existe.csv" 2>"$err" &
 program=$!
