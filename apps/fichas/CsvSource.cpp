@@ -39,6 +39,9 @@ void CsvSource::lookAtStart() {
         rows.push_back(index_->fields(extent));
     if (rows.empty()) throw SourceError(name_ + ", línea 1: el archivo está vacío");
     columns_ = findColumns(rows, format_.separator);
+    for (std::size_t i = columns_.hasHeader ? 1 : 0; i < rows.size(); ++i)
+        for (std::size_t c = 0; c < columns_.columns.size(); ++c)
+            columns_.columns[c].noteLines(columns_.value(c, rows[i][c]));
 }
 
 /// Those that the columns are judged by, a header among them.

@@ -15,13 +15,6 @@ namespace {
 
 constexpr const char* changedMeanwhile = "otro programa ha cambiado este registro en el archivo";
 
-std::int64_t countLineEnds(std::u16string_view text) {
-    std::int64_t count = 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (text[i] == u'\n' || (text[i] == u'\r' && (i + 1 == text.size() || text[i + 1] != u'\n'))) ++count;
-    return count;
-}
-
 bool haveSameNames(const CsvColumns& a, const CsvColumns& b) {
     return a.hasHeader == b.hasHeader &&
            std::ranges::equal(a.columns, b.columns, {}, &Column::name, &Column::name);
@@ -149,7 +142,7 @@ void CsvSource::write(std::int64_t record, const std::vector<Variant>& before,
         store(extent, bytes);
         index_->moveOn(*bytes_, indexOf(record),
                        static_cast<std::int64_t>(bytes.size()) - static_cast<std::int64_t>(former.size()),
-                       countLineEnds(text) - countLineEnds(formerText));
+                       countLines(Variant(text)) - countLines(Variant(formerText)));
     } catch (const SourceError& error) {
         throw WriteError(error.what());
     }

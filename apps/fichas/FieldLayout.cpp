@@ -45,39 +45,57 @@ int valueWidth(const FieldMeasure& field) {
     }
 }
 
-/// The fields from `begin` to `end` (exclusive) on all pages that stand in the left or the right column.
-class Columns {
-public:
-    explicit Columns(std::size_t fields) {
-        if (fields <= rowsAlone) {
-            rows_ = std::max<std::size_t>(fields, 1);
-            columns_ = 1;
-        } else {
-            rows_ = std::min((fields + 1) / 2, mostRows);
-            columns_ = 2;
-        }
-    }
-    std::size_t rows() const { return rows_; }
-    std::size_t count() const { return columns_; }
-    std::size_t row(std::size_t field) const { return field % rows_; }
-    std::size_t column(std::size_t field) const { return field / rows_ % columns_; }
-    std::size_t page(std::size_t field) const { return field / (rows_ * columns_); }
-
-private:
-    std::size_t rows_;
-    std::size_t columns_;
+/// In which row of which column on which page a field begins.
+struct Slot {
+    int page = 0;
+    std::size_t column = 0;
+    std::size_t row = 0;
 };
+
+/// How many rows and columns there are, and where each field stands in them: one below the other.
+struct Grid {
+    std::size_t rows = 1;
+    std::size_t columns = 1;
+    std::vector<Slot> slots;
+};
+
+Grid arrange(std::span<const FieldMeasure> fields) {
+    std::size_t taken = 0, tallest = 1;
+    for (const FieldMeasure& field : fields) {
+        taken += static_cast<std::size_t>(field.lines);
+        tallest = std::max(tallest, static_cast<std::size_t>(field.lines));
+    }
+    Grid grid;
+    grid.columns = taken <= rowsAlone ? 1 : 2;
+    // A tall field that does not fit below leaves rows free.
+    grid.rows = grid.columns == 1 ? std::max<std::size_t>(taken, 1)
+                                  : std::min((taken + 1) / 2 + tallest - 1, mostRows);
+    Slot next;
+    for (const FieldMeasure& field : fields) {
+        const auto lines = static_cast<std::size_t>(field.lines);
+        if (next.row + lines > grid.rows) {
+            next.row = 0;
+            if (++next.column == grid.columns) {
+                next.column = 0;
+                ++next.page;
+            }
+        }
+        grid.slots.push_back(next);
+        next.row += lines;
+    }
+    return grid;
+}
 
 } // namespace
 
 FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, int noteWidth) {
-    const Columns columns(fields.size());
+    const Grid grid = arrange(fields);
     int nameWidth[2] = {leastName, leastName};
     int widest[2] = {0, 0};
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        int& width = nameWidth[columns.column(i)];
+        int& width = nameWidth[grid.slots[i].column];
         width = std::max(width, std::min(fields[i].captionWidth, mostName));
-        int& value = widest[columns.column(i)];
+        int& value = widest[grid.slots[i].column];
         value = std::max(value, valueWidth(fields[i]));
     }
     const int left[2] = {margin, margin + nameWidth[0] + nameGap + widest[0] + columnGap};
@@ -86,23 +104,24 @@ FieldLayout layOutFields(std::span<const FieldMeasure> fields, int lineHeight, i
 
     FieldLayout layout;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const std::size_t column = columns.column(i);
-        const int top = margin + static_cast<int>(columns.row(i)) * pitch;
+        const std::size_t column = grid.slots[i].column;
+        const int top = margin + static_cast<int>(grid.slots[i].row) * pitch;
         const int nameRight = left[column] + nameWidth[column];
         const int valueLeft = nameRight + nameGap;
         FieldPlace& place = layout.fields.emplace_back();
-        place.page = static_cast<int>(columns.page(i));
+        place.page = grid.slots[i].page;
         layout.pages = place.page + 1;
         place.caption = {left[column], top + border, nameRight, top + border + lineHeight};
-        place.value = {valueLeft, top, valueLeft + valueWidth(fields[i]), top + valueHeight};
+        place.value = {valueLeft, top, valueLeft + valueWidth(fields[i]),
+                       top + valueHeight + (fields[i].lines - 1) * pitch};
         if (fields[i].type == ColumnType::DateTime) {
             place.hour = {place.value.right - hourWidth, top, place.value.right, top + valueHeight};
             place.value.right -= hourWidth + hourGap;
         }
     }
-    const std::size_t last = columns.count() - 1;
+    const std::size_t last = grid.columns - 1;
     const int right = std::max(left[last] + nameWidth[last] + nameGap + widest[last], margin + noteWidth);
-    const int bottom = margin + static_cast<int>(columns.rows()) * pitch - rowGap;
+    const int bottom = margin + static_cast<int>(grid.rows) * pitch - rowGap;
     layout.note = {margin, bottom + noteGap, right, bottom + noteGap + lineHeight};
     layout.client = {right + margin, layout.note.bottom + margin};
     return layout;

@@ -14,6 +14,7 @@ struct FieldMeasure {
     int captionWidth = 0; ///< Of its name in the window's font
     ColumnType type = ColumnType::Text;
     int length = 0; ///< Of a text: the most characters; 0 without a limit
+    int lines = 1;  ///< Rows that it takes
 };
 
 struct FieldPlace {

@@ -16,6 +16,15 @@ bool isSameValue(const Variant& a, const Variant& b) {
     return a.isString() == b.isString() && automation::isEqual(a, b);
 }
 
+int countLines(const Variant& value) {
+    if (!value.isString()) return 1;
+    const std::u16string_view text = value.asString();
+    int lines = 1;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        lines += text[i] == u'\n' || (text[i] == u'\r' && (i + 1 == text.size() || text[i + 1] != u'\n'));
+    return lines;
+}
+
 void RecordSource::write(std::int64_t, const std::vector<Variant>&, const std::vector<Change>&) {
     throw WriteError("estos registros sólo se pueden leer");
 }

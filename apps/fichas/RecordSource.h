@@ -4,6 +4,7 @@
 #include "automation/String.h"
 #include "automation/Variant.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -30,6 +31,11 @@ public:
     using WriteError::WriteError;
 };
 
+constexpr int mostLines = 6; ///< That a field shows of a text
+
+/// The lines of a text; of other values 1.
+int countLines(const automation::Variant& value);
+
 enum class ColumnType { Text, Integer, Number, Currency, Date, DateTime, Time, Boolean, Binary };
 
 struct Column {
@@ -38,8 +44,14 @@ struct Column {
     int decimals = -1;         ///< Of numbers: how many to show; -1 as many as the value has
     int digits = 0;            ///< Of numbers: how many before the decimals; 0 where nothing says
     int length = 0;            ///< Of texts: the most characters; 0 without a limit
+    int lines = 1;             ///< Of texts: how many the first values have, up to mostLines
     bool isIdentifier = false; ///< Tells the record from the others, and is not to be changed
     bool isRequired = false;   ///< Takes no Null
+
+    /// Learns from one of the first values how many lines there are.
+    void noteLines(const automation::Variant& value) {
+        if (type == ColumnType::Text) lines = std::clamp(countLines(value), lines, mostLines);
+    }
 };
 
 /// Whether two values of a column are one. Null is equal to itself here.

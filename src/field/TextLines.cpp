@@ -85,17 +85,35 @@ void TextLines::find(std::size_t count, std::int32_t position, const Measure& me
         lines_.push_back(next(ruler));
 }
 
+/// Behind a last line feed there is one more line, an empty one.
+bool TextLines::complete() const {
+    if (lines_.empty() || end() < text_.length()) return false;
+    return text_.empty() || lines_.back().length == 0 || text_[end() - 1] != u'\n';
+}
+
+std::u16string_view TextLines::shown(std::size_t index) const {
+    const Line& line = lines_[index];
+    std::u16string_view part = text_.view().substr(offset(line.start), offset(line.length));
+    if (part.ends_with(u'\n')) part.remove_suffix(1);
+    if (part.ends_with(u'\r')) part.remove_suffix(1);
+    return part;
+}
+
 std::size_t TextLines::end() const {
     return lines_.empty() ? 0 : offset(lines_.back().start + lines_.back().length);
 }
 
-/// Breaks behind the last blank that fits, or where the line is full.
+/// Breaks behind a line feed, behind the last blank that fits, or where the line is full.
 TextLines::Line TextLines::next(Ruler& ruler) const {
     const std::size_t start = end();
-    if (text_.empty()) return {0, 0, 1};
+    if (start == text_.length())
+        return {static_cast<std::int32_t>(start), 0, static_cast<std::int32_t>(start) + 1};
     std::size_t fits = ruler.fitting(start);
     const std::size_t seen = start + fits + 1;
-    if (start + fits < text_.length()) {
+    const std::size_t lineFeed = text_.view().substr(start, fits + 1).find(u'\n');
+    if (lineFeed != std::u16string_view::npos) {
+        fits = lineFeed + 1;
+    } else if (start + fits < text_.length()) {
         const std::size_t blank = text_.view().substr(start, fits).rfind(u' ');
         if (blank != std::u16string_view::npos) fits = blank + 1;
         fits = std::max<std::size_t>(fits, 1);

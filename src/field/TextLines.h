@@ -12,9 +12,10 @@ namespace tesela {
 /// How many characters two texts have in common from their beginning.
 std::size_t commonLength(std::u16string_view a, std::u16string_view b);
 
-/// The lines of a text that is broken at a width. They are found as far as somebody asks, and kept for the
-/// next text as far as that one begins alike, so that a key in a long text breaks again only what stands
-/// near the caret. Positions count characters from 0, widths are pixels.
+/// The lines of a text that is broken at a width, and behind line feeds that a program has written. They are
+/// found as far as somebody asks, and kept for the next text as far as that one begins alike, so that a key
+/// in a long text breaks again only what stands near the caret. Positions count characters from 0, widths are
+/// pixels.
 class TextLines {
 public:
     struct Line {
@@ -34,12 +35,14 @@ public:
 
     std::size_t size() const { return lines_.size(); }
     const Line& operator[](std::size_t index) const { return lines_[index]; }
+    /// The characters of a line that show: without its line end.
+    std::u16string_view shown(std::size_t index) const;
     /// The line found that holds a position; the end of a line that goes on is the start of the next one.
     std::size_t at(std::int32_t position) const;
 
 private:
     class Ruler;
-    bool complete() const { return !lines_.empty() && end() >= text_.length(); }
+    bool complete() const;
     std::size_t end() const;
     Line next(Ruler& ruler) const;
 

@@ -293,7 +293,9 @@ void get::pressAssociated(short& KeyCode) {
 
 /// To the nearest character of the line beside; false if there is none.
 bool get::moveLine(bool down) {
-    if (down ? nLineaSiguiente > length() || nLineaSiguiente == 0 : nLineaAnterior == 0) return false;
+    // Behind a last line feed there is a line without characters.
+    const std::int32_t last = length() + (nCaret < length() && cTexto.view().ends_with(u'\n'));
+    if (down ? nLineaSiguiente > last || nLineaSiguiente == 0 : nLineaAnterior == 0) return false;
     const std::int32_t step = down ? nLineHeight : -nLineHeight;
     nCaret = PosicionDesdePixel(nCaretX, nCaretY + step);
     nSelLength = 0;

@@ -416,8 +416,7 @@ void get::Painter::multiLine() {
     const std::int32_t edge = f.nTextRight - 1 - f.nBordeX;
     for (std::size_t i = 0; i < std::min(rows, f.lines.size()); ++i) {
         const TextLines::Line& place = f.lines[i];
-        const String part =
-            shown.substring(static_cast<std::size_t>(place.start), static_cast<std::size_t>(place.length));
+        const String part(f.lines.shown(i));
         const std::int32_t taken = alignment() == tslAlignmentLeftJustify ? 0 : width(part);
         std::int32_t x = firstX();
         if (alignment() == tslAlignmentRightJustify) x = edge - taken;

@@ -22,6 +22,35 @@ bool overlap(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
+TEST(FieldLayout, ATextOfSeveralLinesTakesAsManyRows) {
+    std::vector<FieldMeasure> measures(4, FieldMeasure{70, ColumnType::Text});
+    measures[1].lines = 3;
+    const FieldLayout layout = layOutFields(measures, lineHeight, noteWidth);
+    const auto& places = layout.fields;
+    const int pitch = places[1].value.top - places[0].value.top;
+    EXPECT_EQ(places[2].value.top - places[1].value.top, 3 * pitch);
+    EXPECT_EQ(places[1].value.bottom - places[0].value.bottom, 3 * pitch);
+    EXPECT_GE(places[1].value.bottom - places[1].value.top, 3 * lineHeight);
+    EXPECT_EQ(places[1].caption.bottom - places[1].caption.top, lineHeight) << "its name stands above";
+    EXPECT_LT(places[3].value.bottom, layout.note.top);
+}
+
+TEST(FieldLayout, TallFieldsStandWholeAndAlone) {
+    for (const std::size_t fields : {5u, 17u, 30u, 60u}) {
+        std::vector<FieldMeasure> measures(fields, FieldMeasure{70, ColumnType::Text});
+        for (std::size_t i = 0; i < fields; i += 2)
+            measures[i].lines = mostLines;
+        const FieldLayout layout = layOutFields(measures, lineHeight, noteWidth);
+        for (std::size_t i = 0; i < fields; ++i) {
+            EXPECT_LE(layout.fields[i].value.bottom, layout.note.top) << i;
+            EXPECT_LE(layout.fields[i].value.right, layout.client.cx) << i;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(layout.fields[i].page == layout.fields[j].page &&
+                             overlap(layout.fields[i].value, layout.fields[j].value));
+        }
+    }
+}
+
 class FieldLayoutOf : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(FieldLayoutOf, EveryFieldStandsOnAPageInsideTheWindowAndAlone) {

@@ -110,6 +110,38 @@ TEST_F(TextLinesTest, LinesOfATextThatBeginsAlikeAreKept) {
     }
 }
 
+TEST_F(TextLinesTest, BreaksBehindLineFeeds) {
+    EXPECT_EQ(u"uno\n|dos|tre|s", broken(u"uno\ndostres", 3));
+    EXPECT_EQ(u"uno\n|dos", broken(u"uno\ndos", 3)) << "one that stands where the line is full";
+    EXPECT_EQ(u"\n|\n|uno\n|", broken(u"\n\nuno\n", 20)) << "behind the last one there is an empty line";
+    const String text = u"uno\r\ndos\n";
+    broken(text, 20);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines.shown(0), u"uno") << "line ends don't show";
+    EXPECT_EQ(lines.shown(1), u"dos");
+    EXPECT_EQ(lines.shown(2), u"");
+    EXPECT_EQ(lines.at(4), 0u);
+    EXPECT_EQ(lines.at(5), 1u);
+    EXPECT_EQ(lines.at(9), 2u);
+}
+
+TEST_F(TextLinesTest, ALineFeedThatComesOrGoesBreaksAnew) {
+    std::u16string text = u"uno dos tres cuatro";
+    for (const std::size_t at : {19u, 12u, 7u, 0u}) {
+        broken(text, 8);
+        text.insert(at, 1, u'\n');
+        const std::u16string kept = broken(text, 8);
+        lines.forget();
+        EXPECT_EQ(broken(text, 8), kept) << at;
+    }
+    while (!text.empty()) {
+        text.pop_back();
+        const std::u16string kept = broken(text, 8);
+        lines.forget();
+        EXPECT_EQ(broken(text, 8), kept);
+    }
+}
+
 TEST_F(TextLinesTest, AnotherWidthBreaksAnew) {
     broken(u"uno dos tres", 6);
     EXPECT_EQ(u"uno dos tres", broken(u"uno dos tres", 20));

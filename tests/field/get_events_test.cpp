@@ -878,6 +878,26 @@ TEST_F(get_events, LongTextsEndWhereTheButtonsBegin) {
     EXPECT_GT(differing, 0);
 }
 
+TEST_F(get_events, UpAndDownWalkThroughLinesThatEndInLineFeeds) {
+    field->MultiLine(true);
+    field->Height(1000);
+    field->Text(u"uno\ndos\n");
+    enter();
+    for (const int place : {4, 8}) {
+        press(platform::VK_DOWN);
+        EXPECT_EQ(field->caretPosition(), place);
+    }
+    for (const int place : {4, 0}) {
+        press(platform::VK_UP);
+        EXPECT_EQ(field->caretPosition(), place);
+    }
+    click(width() - 8);
+    EXPECT_EQ(field->caretPosition(), 3) << "behind the last letter of its line";
+    press(platform::VK_END);
+    press(platform::VK_DOWN);
+    EXPECT_TRUE(after->HasFocus()) << "below the last line comes the next field";
+}
+
 /// A long text is painted and found only as far as it shows; a shorter one as a whole.
 TEST_F(get_events, ALongTextLooksAsAShorterOneThatShowsTheSame) {
     constexpr std::size_t shorter = 1000, longer = 1800; // their middles and ends are the same words

@@ -139,8 +139,10 @@ void TableSource::judgeColumns() {
     std::vector<ColumnJudge> judges(columns_.size());
     std::vector<Variant> values;
     for (std::int64_t record = 1; record <= judgedRecords && read(record, values); ++record)
-        for (std::size_t i = 0; i < values.size(); ++i)
+        for (std::size_t i = 0; i < values.size(); ++i) {
             judges[i].take(values[i]);
+            columns_[i].noteLines(values[i]);
+        }
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         Column& column = columns_[i];
         if (types_[i] == host::FieldType::Variant) column.type = judges[i].type();

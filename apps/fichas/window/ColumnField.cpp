@@ -23,8 +23,25 @@ namespace {
 constexpr int wholeDigits = 15; ///< That a Double and so a number field holds for certain
 constexpr int numberDigits = 12;
 
+constexpr std::u16string_view lineEnds[] = {u"\r\n", u"\n", u"\r"};
+
+/// What ends the lines of a text; nothing where there is one line only.
+std::u16string_view lineEndOf(const Variant& value) {
+    if (!value.isString()) return {};
+    for (const std::u16string_view end : lineEnds)
+        if (value.asString().find(end) != String::npos) return end;
+    return {};
+}
+
+/// What would leave a field of one line.
 bool hasSeveralLines(const Variant& value) {
     return value.isString() && value.asString().view().find_first_of(u"\r\n\t") != std::u16string_view::npos;
+}
+
+/// In a field a line feed alone ends a line.
+String fieldText(const Variant& text) {
+    const std::u16string_view end = lineEndOf(text);
+    return end.empty() ? text.asString() : text.asString().replaced(end, u"\n");
 }
 
 String trimmedText(const get& field) {
@@ -51,6 +68,10 @@ ColumnField::ColumnField(host::Form& form, const Column& column, const String& t
     if (column.type == ColumnType::DateTime) hour_ = &form.add<get>(u"getHora", index);
     prepare(*field_, part_);
     if (hour_) prepare(*hour_, hourPart_);
+    constexpr short controlEnter = 10;
+    field_->KeyPress.join([this](short& key) {
+        if (key == controlEnter) breakLine();
+    });
     for (get* field : {field_, hour_}) {
         if (!field) continue;
         field->Alias(table);
@@ -114,6 +135,7 @@ void ColumnField::dress(bool asText) {
     field_->Reset();
     field_->MascaraFocus({});
     field_->CaracteresValidos({});
+    field_->MultiLine(isMultiLine());
     if (hour_) {
         hour_->Mascara(u"##:##");
         hour_->ShownEnabled(!asText);
@@ -133,8 +155,41 @@ void ColumnField::dress(bool asText) {
     field_->Seleccionado(tesela::tslSeleccionadoSiempre);
 }
 
+/// Whether the field shows all lines of a text and can give them back.
+bool ColumnField::canShowLines(const Variant& value) const {
+    constexpr std::size_t letters = 45; // that a line holds at least
+    const std::u16string_view text = value.asString();
+    const auto lines = static_cast<std::size_t>(countLines(value)) + text.size() / letters;
+    const String shown = fieldText(value);
+    const std::u16string_view end = lineEndOf(value);
+    const bool isWhole = end.empty() || shown.replaced(u"\n", end) == value.asString();
+    return isWhole && lines <= static_cast<std::size_t>(column_.lines) + 1 &&
+           shown.view().find_first_of(u"\r\t") == std::u16string_view::npos;
+}
+
+/// A text of the field with the line ends that the former one has.
+String ColumnField::storedText(const String& text) const {
+    const std::u16string_view end = lineEndOf(value_);
+    return end.empty() ? text : text.replaced(u"\n", end);
+}
+
+/// Begins another line at the caret.
+void ColumnField::breakLine() {
+    if (!isMultiLine() || isLocked_) return;
+    const auto start = field_->SelLength() == 0 ? field_->caretPosition() : field_->SelStart();
+    const auto [from, to] = std::minmax({start, start + field_->SelLength()});
+    const String text = field_->Text().left(static_cast<std::size_t>(from)) + u"\n" +
+                        field_->Text().substring(static_cast<std::size_t>(to));
+    if (column_.length > 0 && static_cast<int>(text.length()) > column_.length) return;
+    field_->Text(text);
+    field_->SelLength(0);
+    field_->SetCaretPosition(from + 1);
+}
+
 void ColumnField::write(const Variant& value) {
-    if (isText_ || column_.type == ColumnType::Text || column_.type == ColumnType::Boolean) {
+    if (isMultiLine() && value.isString()) {
+        field_->Text(fieldText(value));
+    } else if (isText_ || column_.type == ColumnType::Text || column_.type == ColumnType::Boolean) {
         field_->Text(displayText(value, {})); // with all decimals
     } else if (value.isNull()) {
         field_->Text({});
@@ -163,6 +218,8 @@ bool ColumnField::fitsColumn(const Variant& value) const {
 bool ColumnField::givesBack(const Variant& value) const {
     if (value.isNull()) return true;
     if (!fitsColumn(value)) return false;
+    if (hasSeveralLines(value) || (isMultiLine() && value.isString()))
+        return isMultiLine() && canShowLines(value);
     if (isNumber()) {
         const auto number = readNumber(field_->Text());
         return number && !number->isNull() && automation::CDbl(*number) == automation::CDbl(value);
@@ -183,7 +240,7 @@ void ColumnField::show(const Variant& value, bool isLocked) {
     }
     // What can't be typed can't be changed; a text where another type should be can be put right.
     isLocked_ = isLocked || column_.isIdentifier || column_.type == ColumnType::Binary ||
-                hasSeveralLines(value) || (asText && !value.isString());
+                (asText && hasSeveralLines(value)) || (asText && !value.isString());
     for (get* field : {field_, hour_})
         if (field && field->ShownEnabled() == isLocked_) field->ShownEnabled(!isLocked_);
     part_.shown = field_->Text();
@@ -236,7 +293,7 @@ std::optional<Variant> ColumnField::readMoment(const String& text) const {
 /// The value that the text means; Null for none, nullopt for what the column does not take.
 std::optional<Variant> ColumnField::read() const {
     const String text = trimmedText(*field_);
-    if (column_.type == ColumnType::Text) return text.empty() ? Variant::null() : Variant(text);
+    if (column_.type == ColumnType::Text) return text.empty() ? Variant::null() : Variant(storedText(text));
     if (isBlank(text)) return Variant::null();
     switch (column_.type) {
     case ColumnType::Integer:

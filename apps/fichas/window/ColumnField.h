@@ -8,9 +8,9 @@
 
 namespace fichas {
 
-/// A column of the record in a field of its type; a point of time has a second field for its hour. A value
-/// that the field could not give back as it was (another type's, several lines, bytes) is shown as plain
-/// text.
+/// A column of the record in a field of its type; a point of time has a second field for its hour. A column
+/// of texts with several lines has a field of as many, where Ctrl+Enter begins another one. A value that the
+/// field could not give back as it was (another type's, more lines, bytes) is shown as plain text.
 class ColumnField {
 public:
     /// Makes the fields on the form, empty and without a place. They go with the form, or with remove().
@@ -56,11 +56,15 @@ private:
     void dress(bool asText);
     void dressAsNumber();
     void write(const automation::Variant& value);
+    void breakLine();
+    bool canShowLines(const automation::Variant& value) const;
+    automation::String storedText(const automation::String& text) const;
     bool fitsColumn(const automation::Variant& value) const;
     bool givesBack(const automation::Variant& value) const;
     bool isNumber() const;
     bool hasDay() const;
     std::optional<automation::Variant> read() const;
+    bool isMultiLine() const { return !isText_ && column_.type == ColumnType::Text && column_.lines > 1; }
     std::optional<automation::Variant> readNumber(const automation::String& text) const;
     std::optional<automation::Variant> readMoment(const automation::String& text) const;
     automation::String faultOfEntry(tesela::get& field);

@@ -84,7 +84,8 @@ void RecordForm::makeFields() {
     const float y = host::Screen::TwipsPerPixelY();
     std::vector<FieldMeasure> measures;
     for (const Column& column : source().columns())
-        measures.push_back({static_cast<int>(TextWidth(column.name) / x) + 1, column.type, column.length});
+        measures.push_back(
+            {static_cast<int>(TextWidth(column.name) / x) + 1, column.type, column.length, column.lines});
     layout_ = FieldLayout();
     const int noteWidth = static_cast<int>(TextWidth(noteText()) / x) + 1;
     layout_ = layOutFields(measures, static_cast<int>(TextHeight(u"Ág") / y), noteWidth);

@@ -18,13 +18,13 @@
 namespace fichas {
 
 /// A window with one record of a table at a time, each column in a field with its name beside it. Enter, Tab
-/// and the arrows walk the fields, then those of the next page and of the next record; a value that its column does not take keeps the focus, with the reason on
-/// the line below. PageUp and PageDown go to the records beside, Ctrl+Home and Ctrl+End to the first and the
-/// last; with Ctrl the page keys change the table and the up and down arrows the page of fields, where there
-/// are several. After F3, the letters that are typed go to the first record whose name begins with them;
-/// Backspace takes the last one back, Enter and Esc end the search. What was changed is written when the
-/// record is left; a record that can't be written stays with all that was typed, and Esc gives its changes
-/// up.
+/// and the arrows walk the fields, then those of the next page and of the next record; a value that its
+/// column does not take keeps the focus, with the reason on the line below. PageUp and PageDown go to the
+/// records beside, Ctrl+Home and Ctrl+End to the first and the last; with Ctrl the page keys change the table
+/// and the up and down arrows the page of fields, where there are several. After F3, the letters that are
+/// typed go to the first record whose name begins with them; Backspace takes the last one back, Enter and Esc
+/// end the search. What was changed is written when the record is left; a record that can't be written stays
+/// with all that was typed, and Esc gives its changes up.
 ///
 /// Where nothing can be changed the arrows, Home and End walk through the records and letters need no F3.
 class RecordForm final : public host::Form {

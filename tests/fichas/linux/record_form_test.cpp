@@ -777,12 +777,12 @@ TEST_F(RecordFormTest, ARecordThatHasGoneIsNotWrittenAndKeepsWhatWasTyped) {
 
 TEST_F(RecordFormTest, ValuesThatAFieldCannotGiveBackAreShownAsTheyAre) {
     openDatabase("CREATE TABLE t(alta DATE, precio NUMERIC(8,2), peso REAL, nota TEXT, foto BLOB);"
-                 "INSERT INTO t VALUES('ayer', 'mucho', 1.5, 'una' || char(10) || 'dos', x'0102');"
+                 "INSERT INTO t VALUES('ayer', 'mucho', 1.5, 'una' || char(9) || 'dos', x'0102');"
                  "INSERT INTO t VALUES('2024-01-02', 1.005, 2, 'x', NULL)");
     EXPECT_EQ(text(0), "ayer");
     EXPECT_EQ(text(1), "mucho");
     EXPECT_EQ(text(3), "una dos");
-    EXPECT_TRUE(value(3).Locked()) << "a field of one line would lose the other";
+    EXPECT_TRUE(value(3).Locked()) << "a tab can't be typed";
     EXPECT_EQ(text(4), "2 bytes");
     EXPECT_TRUE(value(4).Locked());
     value(0).Extender().SetFocus();
@@ -796,6 +796,74 @@ TEST_F(RecordFormTest, ValuesThatAFieldCannotGiveBackAreShownAsTheyAre) {
     EXPECT_EQ(text(1), "1,005");
     EXPECT_TRUE(value(1).Locked()) << "two decimals would not be the value";
     EXPECT_FALSE(value(3).Locked());
+}
+
+TEST_F(RecordFormTest, TextsOfSeveralLinesHaveAFieldOfAsMany) {
+    openDatabase(
+        "CREATE TABLE t(nota TEXT, n INTEGER); INSERT INTO t VALUES"
+        "('una' || char(13, 10) || 'dos', 1), ('sola', 2), ('tres' || char(10) || 'más' || char(10), 3)");
+    EXPECT_TRUE(value(0).MultiLine());
+    EXPECT_FALSE(value(1).MultiLine());
+    EXPECT_GT(value(0).Extender().Height(), 2 * value(1).Extender().Height());
+    EXPECT_EQ(text(0), "una\ndos");
+    value(0).Extender().SetFocus();
+    press(platform::VK_DOWN);
+    EXPECT_TRUE(value(0).HasFocus()) << "in the second line";
+    type(u"y ");
+    press(platform::VK_CONTROL, platform::VK_RETURN);
+    EXPECT_EQ(text(0), "una\ny \ndos");
+    EXPECT_EQ(value(0).caretPosition(), 7);
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT replace(replace(nota, char(13), '<'), char(10), '>') FROM t WHERE n = 1"),
+              "una<>y <>dos")
+        << "with the line ends that were there";
+    press(platform::VK_END);
+    press(platform::VK_CONTROL, platform::VK_RETURN);
+    type(u"ya no");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(stored("SELECT replace(nota, char(10), '>') FROM t WHERE n = 2"), "sola>ya no");
+    EXPECT_EQ(text(0), "tres\nmás\n");
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(stored("SELECT replace(nota, char(10), '>') FROM t WHERE n = 3"), "tres>más>") << "untouched";
+}
+
+TEST_F(RecordFormTest, SelectedTextGivesWayToTheNextLine) {
+    openDatabase(
+        "CREATE TABLE t(nota VARCHAR(8), n INTEGER); INSERT INTO t VALUES('una' || char(10) || 'dos', 1)");
+    value(0).Extender().SetFocus();
+    EXPECT_EQ(value(0).SelLength(), 7) << "all is selected where the focus comes";
+    press(platform::VK_CONTROL, platform::VK_RETURN);
+    EXPECT_EQ(text(0), "\n");
+    type(u"1234567");
+    EXPECT_EQ(text(0), "\n1234567");
+    press(platform::VK_CONTROL, platform::VK_RETURN);
+    EXPECT_EQ(text(0), "\n1234567") << "the column has no room for another line end";
+}
+
+TEST_F(RecordFormTest, TextsOfMoreLinesThanTheirFieldAreShownInOne) {
+    openDatabase("CREATE TABLE t(nota TEXT, n INTEGER); INSERT INTO t VALUES('a' || char(10) || 'b', 1),"
+                 "('mezcla' || char(13, 10) || 'de' || char(10) || 'dos', 2),"
+                 "(replace(hex(zeroblob(20)), '00', 'x' || char(10)), 3)");
+    press(platform::VK_NEXT);
+    EXPECT_EQ(text(0), "mezcla de dos");
+    EXPECT_TRUE(value(0).Locked()) << "line ends of two kinds would become one";
+    press(platform::VK_NEXT);
+    EXPECT_TRUE(value(0).Locked()) << "what can't be seen isn't changed";
+    EXPECT_FALSE(value(0).MultiLine());
+    press(platform::VK_HOME, true);
+    EXPECT_FALSE(value(0).Locked());
+    EXPECT_TRUE(value(0).MultiLine());
+}
+
+TEST_F(RecordFormTest, SeveralLinesOfACsvFileAreWrittenBetweenQuotes) {
+    openCsv("id;nota\r\n1;\"una\ndos\"\r\n2;sola\r\n");
+    press(platform::VK_NEXT);
+    value(1).Extender().SetFocus();
+    press(platform::VK_END);
+    press(platform::VK_CONTROL, platform::VK_RETURN);
+    type(u"no");
+    press(platform::VK_PRIOR);
+    EXPECT_EQ(folder_.read(u"datos.csv"), "id;nota\r\n1;\"una\ndos\"\r\n2;\"sola\nno\"\r\n");
 }
 
 TEST_F(RecordFormTest, DatesStayInTheFormInWhichTheFileHasThem) {
