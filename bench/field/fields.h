@@ -10,6 +10,7 @@
 namespace bench {
 
 inline constexpr int fieldWidth = 120, fieldHeight = 20; // pixels
+inline constexpr int fontPixels = 11; // of our field's own font: the peers' letters get the same size
 inline constexpr int formColumns = 10, formRows = 100;
 inline constexpr int formFields = formColumns * formRows;
 

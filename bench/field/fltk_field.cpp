@@ -70,6 +70,7 @@ class FltkField : public TypingField {
 public:
     FltkField() : window_(fieldWidth, fieldHeight), input_(0, 0, fieldWidth, fieldHeight) {
         window_.end();
+        input_.textsize(fontPixels);
         window_.showPainted();
         input_.take_focus();
         Fl::check();
@@ -115,6 +116,7 @@ void showFltkForm() {
         for (int i = 0; i < formFields; ++i) {
             auto* input = new AlignedInput(i % formColumns * fieldWidth, i / formColumns * fieldHeight,
                                            fieldWidth, fieldHeight);
+            input->textsize(fontPixels);
             for (const auto& [name, value] : savedFields()[static_cast<std::size_t>(i)].items())
                 apply(*input, name, value);
         }

@@ -12,10 +12,17 @@ namespace bench {
 
 namespace {
 
+QFont fontOfSize() {
+    QFont font = QApplication::font();
+    font.setPixelSize(fontPixels);
+    return font;
+}
+
 class QtField : public TypingField {
 public:
     explicit QtField(const char* mask) : picture_(fieldWidth, fieldHeight, QImage::Format_RGB32) {
         edit_.resize(fieldWidth, fieldHeight);
+        edit_.setFont(fontOfSize());
         if (*mask) edit_.setInputMask(QString::fromLatin1(mask));
         edit_.setAttribute(Qt::WA_DontShowOnScreen);
         edit_.show();
@@ -61,6 +68,7 @@ std::unique_ptr<TypingField> makeQtField(const char* mask) {
 void showQtForm() {
     QWidget form;
     form.resize(formColumns * fieldWidth, formRows * fieldHeight);
+    form.setFont(fontOfSize());
     for (int i = 0; i < formFields; ++i) {
         auto* edit = new QLineEdit(&form);
         edit->setGeometry(i % formColumns * fieldWidth, i / formColumns * fieldHeight, fieldWidth,
