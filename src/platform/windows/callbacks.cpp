@@ -6,7 +6,8 @@
 namespace platform::driver {
 namespace {
 
-/// Owned here. The pointer has no destructor: the run-time keeps a library loaded for one until the thread ends.
+/// Owned here. The pointer has no destructor: the run-time keeps a library loaded for one until the thread
+/// ends.
 thread_local std::exception_ptr* kept = nullptr;
 
 } // namespace
