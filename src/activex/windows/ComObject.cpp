@@ -247,24 +247,29 @@ std::vector<ConnectionPoint*> ComObject::connectionPoints() {
 
 ::HRESULT ComObject::EnumConnectionPoints(::IEnumConnectionPoints** result) {
     if (!result) return E_POINTER;
-    std::vector<ComPointer<::IConnectionPoint>> points;
-    for (ConnectionPoint* point : connectionPoints())
-        points.emplace_back(point);
-    *result = new Enumerator<::IEnumConnectionPoints, ::IConnectionPoint*>(std::move(points));
-    return S_OK;
+    *result = nullptr;
+    return guarded([&]() -> ::HRESULT {
+        std::vector<ComPointer<::IConnectionPoint>> points;
+        for (ConnectionPoint* point : connectionPoints())
+            points.emplace_back(point);
+        *result = new Enumerator<::IEnumConnectionPoints, ::IConnectionPoint*>(std::move(points));
+        return S_OK;
+    });
 }
 
 ::HRESULT ComObject::FindConnectionPoint(REFIID id, ::IConnectionPoint** result) {
     if (!result) return E_POINTER;
     *result = nullptr;
-    for (ConnectionPoint* point : connectionPoints()) {
-        if (point->id() != fromNative(id)) continue;
-        if (point == &events_) joinEvents();
-        point->AddRef();
-        *result = point;
-        return S_OK;
-    }
-    return CONNECT_E_NOCONNECTION;
+    return guarded([&]() -> ::HRESULT {
+        for (ConnectionPoint* point : connectionPoints()) {
+            if (point->id() != fromNative(id)) continue;
+            if (point == &events_) joinEvents();
+            point->AddRef();
+            *result = point;
+            return S_OK;
+        }
+        return CONNECT_E_NOCONNECTION;
+    });
 }
 
 void ComObject::joinEvents() {

@@ -1,6 +1,7 @@
 #include "activex/windows/ConnectionPoint.h"
 
 #include "activex/windows/Enumerator.h"
+#include "activex/windows/Failures.h"
 
 #include <algorithm>
 
@@ -47,9 +48,11 @@ void ConnectionPoint::callEach(const std::function<void(::IUnknown&)>& visit) co
     if (!listener && native(id_) != __uuidof(::IPropertyNotifySink))
         sink->QueryInterface(__uuidof(::IDispatch), listener.address());
     if (!listener) return CONNECT_E_CANNOTCONNECT;
-    *cookie = ++lastCookie_;
-    sinks_.push_back({*cookie, std::move(listener)});
-    return S_OK;
+    return guarded([&]() -> ::HRESULT {
+        sinks_.push_back({lastCookie_ + 1, std::move(listener)});
+        *cookie = ++lastCookie_;
+        return S_OK;
+    });
 }
 
 ::HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
@@ -63,8 +66,11 @@ void ConnectionPoint::callEach(const std::function<void(::IUnknown&)>& visit) co
 
 ::HRESULT ConnectionPoint::EnumConnections(::IEnumConnections** result) {
     if (!result) return E_POINTER;
-    *result = new Enumerator<::IEnumConnections, ::CONNECTDATA, Connection>(sinks_);
-    return S_OK;
+    *result = nullptr;
+    return guarded([&]() -> ::HRESULT {
+        *result = new Enumerator<::IEnumConnections, ::CONNECTDATA, Connection>(sinks_);
+        return S_OK;
+    });
 }
 
 } // namespace activex

@@ -76,18 +76,22 @@ int pixelsFromHimetric(int himetric, int dots) {
 
 ::HRESULT ControlObject::GetUserClassID(::CLSID* result) {
     if (!result) return E_POINTER;
-    *result = native(exported()->id);
-    return S_OK;
+    *result = exported() ? native(exported()->id) : ::GUID{};
+    return exported() ? S_OK : E_FAIL;
 }
 
 ::HRESULT ControlObject::GetUserType(DWORD, ::LPOLESTR* result) {
     if (!result) return E_POINTER;
-    const std::u16string name = programName(*exported());
-    const std::size_t size = (name.size() + 1) * sizeof(wchar_t);
-    *result = static_cast<::LPOLESTR>(::CoTaskMemAlloc(size));
-    if (!*result) return E_OUTOFMEMORY;
-    std::memcpy(*result, name.c_str(), size);
-    return S_OK;
+    *result = nullptr;
+    if (!exported()) return E_FAIL;
+    return guarded([&]() -> ::HRESULT {
+        const std::u16string name = programName(*exported());
+        const std::size_t size = (name.size() + 1) * sizeof(wchar_t);
+        *result = static_cast<::LPOLESTR>(::CoTaskMemAlloc(size));
+        if (!*result) return E_OUTOFMEMORY;
+        std::memcpy(*result, name.c_str(), size);
+        return S_OK;
+    });
 }
 
 ::SIZEL ControlObject::himetricSize() const {

@@ -2,6 +2,7 @@
 
 #include "activex/windows/ComPointer.h"
 #include "activex/windows/Counted.h"
+#include "activex/windows/Failures.h"
 
 #include <vector>
 
@@ -40,8 +41,11 @@ public:
     }
     ::HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
         if (!result) return E_POINTER;
-        *result = new Enumerator(items_, place_);
-        return S_OK;
+        *result = nullptr;
+        return guarded([&]() -> ::HRESULT {
+            *result = new Enumerator(items_, place_);
+            return S_OK;
+        });
     }
 
 private:

@@ -2,11 +2,11 @@
 
 #include "activex/windows/ClassFactory.h"
 #include "activex/windows/ComPointer.h"
+#include "activex/windows/Failures.h"
 #include "activex/windows/ModuleUse.h"
 #include "activex/windows/Registration.h"
 
 #include <cstdlib>
-#include <cwchar>
 
 using activex::RegisteredFor;
 
@@ -26,9 +26,11 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
     *result = nullptr;
     const activex::ExportedClass* exported = activex::exportedClass(activex::fromNative(classId));
     if (!exported) return CLASS_E_CLASSNOTAVAILABLE;
-    const auto factory =
-        activex::ComPointer<activex::ClassFactory>::adopt(new activex::ClassFactory(*exported));
-    return factory->QueryInterface(id, result);
+    return activex::guarded([&] {
+        const auto factory =
+            activex::ComPointer<activex::ClassFactory>::adopt(new activex::ClassFactory(*exported));
+        return factory->QueryInterface(id, result);
+    });
 }
 
 /// Whether nothing of the library is held, and it holds nothing of a program.
@@ -44,9 +46,10 @@ STDAPI DllUnregisterServer() {
     return activex::unregisterLibrary(RegisteredFor::Machine);
 }
 
-/// Registers for the user alone where the command line says "user", else for the machine.
+/// Registers for the user alone where the command line says "user", in any case of its letters, else for the
+/// machine.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
-    const bool user = commandLine && std::wcscmp(commandLine, L"user") == 0;
+    const bool user = commandLine && ::lstrcmpiW(commandLine, L"user") == 0;
     const RegisteredFor whom = user ? RegisteredFor::User : RegisteredFor::Machine;
     return install ? activex::registerLibrary(whom) : activex::unregisterLibrary(whom);
 }

@@ -139,11 +139,12 @@ std::u16string programName(const ExportedClass& exported) {
         };
         const std::u16string platforms = libraryKey() + u"\\" + version() + u"\\0";
         remove(platforms + u"\\" + platformName);
+        // The library of the other width has classes and interfaces of its own, but the same names.
         const bool other = classes.has(platforms + u"\\win32") || classes.has(platforms + u"\\win64");
         if (!other) remove(libraryKey());
         for (const ExportedClass& each : exportedClasses()) {
             remove(classKey(each));
-            remove(programName(each));
+            if (!other) remove(programName(each));
             remove(u"Interface\\" + braced(each.interfaceId()));
             remove(u"Interface\\" + braced(each.eventsId()));
         }

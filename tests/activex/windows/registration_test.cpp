@@ -51,8 +51,8 @@ std::u16string braced(const activex::Guid& id) {
     return u"{" + automation::String::fromUtf8(id.text()).string() + u"}";
 }
 
-::HRESULT install(bool on) {
-    return support::exportedFunction<::HRESULT STDAPICALLTYPE(BOOL, LPCWSTR)>("DllInstall")(on, L"user");
+::HRESULT install(bool on, const wchar_t* whom = L"user") {
+    return support::exportedFunction<::HRESULT STDAPICALLTYPE(BOOL, LPCWSTR)>("DllInstall")(on, whom);
 }
 
 class Registration : public ::testing::Test {
@@ -102,7 +102,15 @@ TEST_F(Registration, IsTakenAwayWithoutARest) {
     EXPECT_EQ(keys(), without);
 }
 
-TEST_F(Registration, OfOneWidthLeavesTheTypeLibraryToTheOther) {
+TEST_F(Registration, IsTheUsersHoweverThatWordIsWritten) {
+    const auto with = keys();
+    ASSERT_EQ(install(false, L"User"), S_OK);
+    EXPECT_LT(keys().size(), with.size());
+    ASSERT_EQ(install(true, L"USER"), S_OK);
+    EXPECT_EQ(keys(), with);
+}
+
+TEST_F(Registration, OfOneWidthLeavesNamesAndTypeLibraryToTheOther) {
     const std::u16string other = sizeof(void*) == 8 ? u"win32" : u"win64";
     const std::u16string key =
         u"Software\\Classes\\TypeLib\\" + braced(activex::libraryId) + u"\\1.0\\0\\" + other;
@@ -113,6 +121,8 @@ TEST_F(Registration, OfOneWidthLeavesTheTypeLibraryToTheOther) {
     ::RegCloseKey(made);
     ASSERT_EQ(install(false), S_OK);
     EXPECT_EQ(keys().count(narrow(key)), 1u);
+    for (const ExportedClass& each : activex::exportedClasses())
+        EXPECT_EQ(valueAt(activex::programName(each) + u"\\CLSID"), narrow(braced(each.id)));
     ::RegDeleteTreeW(HKEY_CURRENT_USER,
                      activex::wide((u"Software\\Classes\\TypeLib\\" + braced(activex::libraryId)).c_str()));
 }
