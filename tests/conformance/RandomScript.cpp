@@ -1,6 +1,7 @@
 #include "conformance/RandomScript.h"
 
 #include "conformance/Dice.h"
+#include "conformance/RandomOutlines.h"
 #include "conformance/RandomPixels.h"
 #include "platform/gdi_types.h"
 
@@ -530,11 +531,15 @@ constexpr int subjectCount = static_cast<int>(std::size(subjects));
 /// From here on the scripts are about pixels and text.
 constexpr int firstOfPixels = 10500;
 
+/// And from here on about outlines.
+constexpr int firstOfOutlines = 17000;
+
 const Subject& subjectOf(int number) {
     return subjects[number % subjectCount];
 }
 
 std::string subjectName(int number) {
+    if (number >= firstOfOutlines) return outlineSubject(number);
     return number < firstOfPixels ? subjectOf(number).name : pixelSubject(number);
 }
 
@@ -545,6 +550,7 @@ std::string randomName(int number) {
 }
 
 std::string randomScript(int number) {
+    if (number >= firstOfOutlines) return outlineScript(number);
     if (number >= firstOfPixels) return pixelScript(number);
     Writer writer(number);
     subjectOf(number).write(writer);

@@ -280,8 +280,14 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom) {
         r = {r.left + before, r.top + before, r.right - (stroke.width() - 1) / 2,
              r.bottom - (stroke.width() - 1) / 2};
     }
-    Painter(*context, context->brush()).fill(insideOf(r, stroke));
-    stroke.draw(cornersOf(r, isClockwise), true);
+    const std::array<POINT, 4> corners = cornersOf(r, isClockwise);
+    if (stroke.paintsAtOnce() && stroke.isDashed()) {
+        // The inside shows between the dashes.
+        fillInside(*context, Region(r), stroke, {{{corners.begin(), corners.end()}, true}});
+    } else {
+        Painter(*context, context->brush()).fill(insideOf(r, stroke));
+    }
+    stroke.draw(corners, true);
     return TRUE_;
 }
 

@@ -12,8 +12,23 @@ namespace platform::driver {
 
 namespace {
 
+/// Beyond, no surface has pixels; a few of them still make an int.
+constexpr DWORD longestDash = 1 << 24;
+
+/// The lengths that a program gave, times a unit. An odd number of them goes round twice, gaps in place of
+/// dashes the second time.
+Dashes ownDashesOf(const Pen& pen, int unit) {
+    Dashes dashes;
+    for (const DWORD length : pen.dashes)
+        dashes.push_back(static_cast<int>(std::min(length, longestDash)) * unit);
+    const Dashes once = dashes;
+    if (once.size() % 2 == 1) dashes.insert(dashes.end(), once.begin(), once.end());
+    return dashes;
+}
+
 /// Lengths of dashes and gaps in pixels.
 Dashes dashesOf(const Pen& pen) {
+    constexpr int styleUnit = 3; // of a cosmetic pen
     switch (static_cast<int>(pen.data.lopnStyle)) {
     case PS_DASH:
         return {18, 6};
@@ -26,7 +41,7 @@ Dashes dashesOf(const Pen& pen) {
     case PS_ALTERNATE:
         return {1, 1};
     case PS_USERSTYLE:
-        return {pen.dashes.begin(), pen.dashes.end()};
+        return ownDashesOf(pen, styleUnit);
     default:
         return {};
     }
@@ -49,14 +64,15 @@ Dashes geometricDashesOf(const Pen& pen, int width) {
         dashes = {3, 1, 1, 1, 1, 1};
         break;
     case PS_USERSTYLE:
-        return {pen.dashes.begin(), pen.dashes.end()};
+        return ownDashesOf(pen, 1);
     default:
         break;
     }
     // Caps take from the gaps what they add to the dashes.
+    const int unit = std::min(width, static_cast<int>(longestDash));
     const bool hasCaps = width > 1 && (pen.form & PS_ENDCAP_MASK) != PS_ENDCAP_FLAT;
     for (std::size_t i = 0; i < dashes.size(); ++i)
-        dashes[i] = (dashes[i] + (hasCaps ? i % 2 == 0 ? -1 : 1 : 0)) * width;
+        dashes[i] = (dashes[i] + (hasCaps ? i % 2 == 0 ? -1 : 1 : 0)) * unit;
     return dashes;
 }
 
@@ -223,8 +239,9 @@ Stroke::Stroke(DeviceContext& context) : context_(context) {
     // On 1 bit the gaps show the other colour, also where the background is nearer to the pen's.
     const bool isOther = context.surface->bitsPerPixel == 1 && penColor(context, pen) != state.backColor;
     ink_ = masksOfMode(state.rop2, ink);
-    gap_ = state.backMode == OPAQUE ? masksOfMode(state.rop2, isOther ? ~ink : backPixelOf(context))
-                                    : leaveAlone;
+    // The background shows in the gaps of pens that CreatePen makes, not of extended ones.
+    const bool hasGround = state.backMode == OPAQUE && !pen.extended;
+    gap_ = hasGround ? masksOfMode(state.rop2, isOther ? ~ink : backPixelOf(context)) : leaveAlone;
     shape_ = shapeOf(pen, width_, state.miterLimit);
     paintsAtOnce_ = pen.isGeometric() || width_ > 1;
     if (width_ == 1) dashes_ = pen.isGeometric() ? shape_.dashes : dashesOf(pen);

@@ -17,6 +17,10 @@ POINT sum(POINT a, POINT b) {
     return {a.x + b.x, a.y + b.y};
 }
 
+POINT difference(POINT a, POINT b) {
+    return {a.x - b.x, a.y - b.y};
+}
+
 RECT boxOf(std::span<const POINT> points) {
     RECT box{points.front().x, points.front().y, points.front().x + 1, points.front().y + 1};
     for (const POINT& p : points)
@@ -25,11 +29,19 @@ RECT boxOf(std::span<const POINT> points) {
     return box;
 }
 
+/// A part of a straight line, which may be a single point, and the way that the whole line goes.
+struct Segment {
+    POINT from;
+    POINT to;
+    POINT way;
+};
+
 /// A straight piece: its four corners and how far a cap reaches out at its ends. The side to the right gets
-/// what the middle line does not share out evenly.
+/// what the middle line does not share out evenly. A dash takes its slant from the line that it is a part of.
 struct Piece {
     POINT from;
     POINT to;
+    POINT way;
     POINT fromRight;
     POINT toRight;
     POINT toLeft;
@@ -38,10 +50,10 @@ struct Piece {
     POINT afterTo;    ///< From the end onwards
     POINT heldBack;   ///< From the end to where a joint begins: the last pixel of a straight piece
 
-    Piece(POINT a, POINT b, int width) : from(a), to(b) {
+    Piece(const Segment& segment, int width) : from(segment.from), to(segment.to), way(segment.way) {
         POINT right;
         POINT left;
-        if (a.x == b.x || a.y == b.y) {
+        if (way.x == 0 || way.y == 0) {
             setStraight(width, right, left);
         } else {
             setSlanted(width, right, left);
@@ -56,21 +68,21 @@ private:
     void setStraight(int width, POINT& right, POINT& left) {
         const int before = width / 2;
         const int after = width - before;
-        const int directionX = to.x > from.x ? 1 : to.x < from.x ? -1 : 0;
-        const int directionY = to.y > from.y ? 1 : to.y < from.y ? -1 : 0;
+        const int directionX = way.x > 0 ? 1 : way.x < 0 ? -1 : 0;
+        const int directionY = way.y > 0 ? 1 : way.y < 0 ? -1 : 0;
         // Whatever the direction, the greater share lies below or to the right.
-        right = from.y == to.y ? POINT{0, directionX > 0 ? after : -before}
-                               : POINT{directionY > 0 ? -before : after, 0};
-        left = from.y == to.y ? POINT{0, directionX > 0 ? -before : after}
-                              : POINT{directionY > 0 ? after : -before, 0};
+        right = way.y == 0 ? POINT{0, directionX > 0 ? after : -before}
+                           : POINT{directionY > 0 ? -before : after, 0};
+        left = way.y == 0 ? POINT{0, directionX > 0 ? -before : after}
+                          : POINT{directionY > 0 ? after : -before, 0};
         beforeFrom = {-directionX * before, -directionY * before};
         afterTo = {directionX * before, directionY * before};
         heldBack = {-directionX, -directionY};
     }
 
     void setSlanted(int width, POINT& right, POINT& left) {
-        const double dx = to.x - from.x;
-        const double dy = to.y - from.y;
+        const double dx = way.x;
+        const double dy = way.y;
         const double length = std::hypot(dx, dy);
         const double acrossX = width * std::abs(dy) / length / 2;
         const double acrossY = width * std::abs(dx) / length / 2;
@@ -125,17 +137,23 @@ public:
     Outline(const PenShape& shape, const RECT& bounds) : shape_(shape), bounds_(bounds), sum_(bounds) {}
 
     void add(std::span<const POINT> points, bool closed) {
-        std::vector<Piece> pieces;
+        std::vector<Segment> segments;
         const std::size_t count = points.size() - (closed ? 0 : 1);
         for (std::size_t i = 0; i < count; ++i) {
             const POINT& next = points[(i + 1) % points.size()];
-            if (points[i] != next) pieces.emplace_back(points[i], next, shape_.width);
+            if (points[i] != next) segments.push_back({points[i], next, difference(next, points[i])});
         }
-        if (pieces.empty()) {
-            if (closed ? shape_.joint == PS_JOIN_ROUND : shape_.cap == PS_ENDCAP_ROUND)
-                addCircle(points.front());
-            return;
+        if (!segments.empty()) {
+            add(segments, closed);
+        } else if (closed ? shape_.joint == PS_JOIN_ROUND : shape_.cap == PS_ENDCAP_ROUND) {
+            addCircle(points.front());
         }
+    }
+
+    void add(std::span<const Segment> segments, bool closed) {
+        std::vector<Piece> pieces;
+        for (const Segment& segment : segments)
+            pieces.emplace_back(segment, shape_.width);
         for (std::size_t i = 0; i < pieces.size(); ++i)
             addPiece(pieces[i], !closed && i == 0, !closed && i + 1 == pieces.size());
         for (std::size_t i = 1; i < pieces.size(); ++i)
@@ -179,8 +197,7 @@ private:
             addCircle(b.from);
             return;
         }
-        const std::int64_t turn = (std::int64_t{a.to.x} - a.from.x) * (b.to.y - b.from.y) -
-                                  (std::int64_t{a.to.y} - a.from.y) * (b.to.x - b.from.x);
+        const std::int64_t turn = std::int64_t{a.way.x} * b.way.y - std::int64_t{a.way.y} * b.way.x;
         if (turn == 0) return;
         // The gap opens on the outer side of the turn.
         const bool outerIsLeft = leftIsOuter(a, turn);
@@ -197,19 +214,18 @@ private:
 
     /// Whether the side called left lies away from where the line turns to.
     static bool leftIsOuter(const Piece& piece, std::int64_t turn) {
-        const std::int64_t side =
-            (std::int64_t{piece.to.x} - piece.from.x) * (piece.fromLeft.y - piece.from.y) -
-            (std::int64_t{piece.to.y} - piece.from.y) * (piece.fromLeft.x - piece.from.x);
+        const std::int64_t side = std::int64_t{piece.way.x} * (piece.fromLeft.y - piece.from.y) -
+                                  std::int64_t{piece.way.y} * (piece.fromLeft.x - piece.from.x);
         return (side > 0) != (turn > 0);
     }
 
     /// The point of a joint, where the outer edges meet, unless that lies too far out.
     void addTip(const Piece& a, const Piece& b, std::vector<POINT>& corners, POINT outerB) {
         const POINT outerA = corners.back();
-        const double ax = a.to.x - a.from.x;
-        const double ay = a.to.y - a.from.y;
-        const double bx = b.to.x - b.from.x;
-        const double by = b.to.y - b.from.y;
+        const double ax = a.way.x;
+        const double ay = a.way.y;
+        const double bx = b.way.x;
+        const double by = b.way.y;
         const double along = ((outerB.x - outerA.x) * by - (outerB.y - outerA.y) * bx) / (ax * by - ay * bx);
         const double x = outerA.x + along * ax;
         const double y = outerA.y + along * ay;
@@ -234,69 +250,81 @@ public:
         near_ = {bounds.left - margin, bounds.top - margin, bounds.right + margin, bounds.bottom + margin};
     }
 
-    std::vector<std::vector<POINT>> cut(std::span<const POINT> points, bool closed) {
-        begin(points.front());
+    /// The dash in which a closed line ends and the one with which it begins are one.
+    std::vector<std::vector<Segment>> cut(std::span<const POINT> points, bool closed) {
         for (std::size_t i = 1; i < points.size(); ++i)
             go(points[i - 1], points[i]);
         if (closed) go(points.back(), points.front());
-        finish();
+        const bool goesRound =
+            closed && !current_.empty() && !result_.empty() && result_.front().front().from == points.front();
+        if (goesRound) {
+            result_.front().insert(result_.front().begin(), current_.begin(), current_.end());
+        } else {
+            finish();
+        }
         return std::move(result_);
     }
 
 private:
     bool isDash() const { return index_ % 2 == 0; }
-    void begin(POINT p) { current_ = {p}; }
     void finish() {
-        if (isDash() && current_.size() > 1 && isNear(current_)) result_.push_back(std::move(current_));
+        const auto canBeSeen = [this](const Segment& s) { return isNear(s.from, s.to); };
+        if (std::any_of(current_.begin(), current_.end(), canBeSeen)) result_.push_back(std::move(current_));
         current_.clear();
     }
-    bool isNear(std::span<const POINT> points) const { return !isEmpty(intersection(boxOf(points), near_)); }
+    bool isNear(POINT from, POINT to) const {
+        return !isEmpty(intersection(boxOf(std::array{from, to}), near_));
+    }
     void takeNext() {
-        index_ = (index_ + 1) % (dashes_.size() % 2 == 0 ? dashes_.size() : dashes_.size() * 2);
-        left_ = dashes_[index_ % dashes_.size()];
+        index_ = (index_ + 1) % dashes_.size();
+        left_ = dashes_[index_];
     }
 
     /// Goes on along a piece of which nothing can be seen.
-    void pass(POINT from, POINT to) {
+    void pass(int length) {
         finish();
-        const double twoRounds = 2.0 * std::accumulate(dashes_.begin(), dashes_.end(), 0LL);
-        double length = std::fmod(std::hypot(to.x - from.x, to.y - from.y), twoRounds);
-        while (length > left_) {
+        length = static_cast<int>(length % std::accumulate(dashes_.begin(), dashes_.end(), std::int64_t{0}));
+        while (length >= left_) {
             length -= left_;
             takeNext();
         }
         left_ -= length;
-        begin(to);
     }
 
+    /// A dash that ends where the line does is followed by the next gap there, and a gap by the point of the
+    /// next dash. Lengths are whole pixels: what a line is longer than that is not carried over to the next.
     void go(POINT from, POINT to) {
-        if (!isNear(std::array{from, to})) {
-            pass(from, to);
+        if (from == to) return;
+        const POINT way = difference(to, from);
+        const double length = std::hypot(way.x, way.y);
+        if (!isNear(from, to)) {
+            pass(static_cast<int>(length));
             return;
         }
-        const double dx = to.x - from.x;
-        const double dy = to.y - from.y;
-        const double length = std::hypot(dx, dy);
-        double done = 0;
-        while (length - done > left_) {
+        const auto pointAt = [&](int done) -> POINT {
+            return {from.x + static_cast<LONG>(way.x * done / length),
+                    from.y + static_cast<LONG>(way.y * done / length)};
+        };
+        int done = 0;
+        POINT start = from;
+        while (length - done >= left_) {
             done += left_;
-            const POINT p{from.x + static_cast<LONG>(dx * done / length),
-                          from.y + static_cast<LONG>(dy * done / length)};
-            current_.push_back(p);
+            const POINT end = pointAt(done);
+            if (isDash()) current_.push_back({start, end, way});
             finish();
             takeNext();
-            begin(p);
+            start = end;
         }
-        left_ -= length - done;
-        current_.push_back(to);
+        left_ -= static_cast<int>(length) - done;
+        if (isDash()) current_.push_back({start, to, way});
     }
 
     const Dashes& dashes_;
     RECT near_;
     std::size_t index_ = 0;
-    double left_; ///< Of the dash or gap that is being drawn
-    std::vector<POINT> current_;
-    std::vector<std::vector<POINT>> result_;
+    int left_; ///< Of the dash or gap that is being drawn
+    std::vector<Segment> current_;
+    std::vector<std::vector<Segment>> result_;
 };
 
 } // namespace
@@ -307,7 +335,7 @@ Region wideRegion(std::span<const POINT> points, bool closed, const PenShape& sh
     if (shape.dashes.empty()) {
         outline.add(points, closed);
     } else {
-        for (const std::vector<POINT>& dash : Dasher(shape, bounds).cut(points, closed))
+        for (const std::vector<Segment>& dash : Dasher(shape, bounds).cut(points, closed))
             outline.add(dash, false);
     }
     return outline.take();

@@ -9,7 +9,7 @@
 
 namespace platform::driver {
 
-/// Lengths of dashes and gaps in turn.
+/// Lengths of dashes and gaps in turn, an even number of them.
 using Dashes = std::vector<int>;
 
 /// What a wide pen is like. The ends of dashes have caps too.
