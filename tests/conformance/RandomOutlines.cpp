@@ -3,10 +3,10 @@
 #include "conformance/Dice.h"
 #include "platform/gdi_types.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <iterator>
-#include <utility>
 
 namespace conformance {
 
@@ -79,10 +79,20 @@ public:
     void solidPen() {
         const int form = cap() | joint();
         pen(form, dice.between(1, 12));
+        miterLimit();
+    }
+    /// Square ends of widened paths differ.
+    void widePen() {
+        const int ending = static_cast<int>(dice.of({PS_ENDCAP_ROUND, PS_ENDCAP_FLAT}));
+        const int form = joint() | (dice.oneIn(16) ? static_cast<int>(PS_ENDCAP_SQUARE) : ending);
+        pen(form, dice.between(1, 12));
+        miterLimit();
+    }
+    void miterLimit() {
         if (dice.oneIn(3)) gdi("SetMiterLimit", {dice.of({1, 2, 3, 5, 20})});
     }
     void plainPen() {
-        const int style = dice.of({PS_SOLID, PS_SOLID, PS_DOT, PS_INSIDEFRAME});
+        const int style = dice.of({PS_SOLID, PS_SOLID, PS_DOT});
         const int width = dice.between(0, 5);
         gdi("pen = CreatePen", {style, width, color()});
         line("gdi SelectObject pen");
@@ -90,7 +100,9 @@ public:
     void dashedPen() {
         const int form = cap() | joint();
         const int width = dice.between(1, 12);
-        const int style = dice.of({PS_DASH, PS_DOT, PS_DASHDOT, PS_DASHDOTDOT, PS_USERSTYLE});
+        int style = dice.of({PS_DASH, PS_DOT, PS_DASHDOT, PS_DASHDOTDOT, PS_USERSTYLE});
+        const bool isRare = style == PS_DOT && (form & static_cast<int>(PS_ENDCAP_MASK)) != PS_ENDCAP_FLAT;
+        if (isRare && !dice.oneIn(6)) style = PS_USERSTYLE;
         std::string dashes;
         if (style == PS_USERSTYLE)
             for (int i = dice.between(1, 6); i > 0; --i)
@@ -157,14 +169,18 @@ public:
         words += " " + std::to_string(left + width);
         return words + " " + std::to_string(top + dice.between(least, most));
     }
-    /// A box of which at least one side is a few pixels long.
-    std::string thinBox() {
+    /// A box of which at least one side is a few pixels long, `least` or more, and `more` than that on either
+    /// side. Curves that are much taller than wide end before their tops: what Wine has there is undefined.
+    std::string thinBox(int least, int more = 0) {
         const int left = dice.between(2, 50);
         const int top = dice.between(2, 50);
-        int width = dice.between(0, 5);
-        int height = dice.between(0, 50);
-        if (dice.oneIn(3)) height = dice.between(0, 5);
-        if (dice.oneIn(2)) std::swap(width, height);
+        const int small = dice.between(least, 6);
+        const int other = dice.between(0, 50);
+        const int small2 = dice.between(least, 6);
+        const bool isTall = dice.oneIn(2) && (small <= 1 || (small == 2 && more == 0));
+        const bool isFlat = dice.oneIn(2) && !isTall && other >= 7;
+        const int width = (isFlat ? other : small) + more;
+        const int height = (isTall ? other : isFlat ? small2 : std::min(small, small2)) + more;
         std::string words = " " + std::to_string(left) + " " + std::to_string(top);
         return words + " " + std::to_string(left + width) + " " + std::to_string(top + height);
     }
@@ -240,17 +256,21 @@ public:
     void thinArc() {
         if (dice.oneIn(2)) gdi("SetArcDirection", {AD_CLOCKWISE});
         const std::string name = dice.of({"Arc", "Chord", "Pie", "ArcTo", "Ellipse"});
-        const std::string edges = thinBox();
+        // Few arcs have no more than two pixels on either side: there is hardly a way to tell their pixels
+        // apart.
+        const int least = name != "Ellipse" && !dice.oneIn(12) ? 3 : 0;
+        const std::string edges = thinBox(least);
         line("gdi " + name + edges + (name == "Ellipse" ? "" : points(2)));
     }
     void thinRegion(const std::string& name) {
         if (dice.oneIn(2)) {
-            line("gdi " + name + " = CreateEllipticRgn" + thinBox());
+            line("gdi " + name + " = CreateEllipticRgn" + thinBox(0, 1));
             return;
         }
-        const std::string edges = dice.oneIn(2) ? thinBox() : box(4, 50);
-        const int width = dice.between(0, 6);
-        const std::string corner = " " + std::to_string(width) + " " + std::to_string(dice.between(0, 30));
+        const std::string edges = dice.oneIn(2) ? thinBox(0, 1) : box(4, 50);
+        const int height = dice.between(0, 6);
+        const int width = dice.between(height, 30);
+        const std::string corner = " " + std::to_string(width) + " " + std::to_string(height);
         line("gdi " + name + " = CreateRoundRectRgn" + edges + corner);
     }
     void thinRegions() {
@@ -309,7 +329,7 @@ constexpr Subject subjects[] = {
     {"outlines",
      [](Writer& w) {
          w.ground();
-         w.solidPen();
+         w.widePen();
          w.brush();
          w.widened();
      }},

@@ -4,6 +4,7 @@
 #include "platform/linux/lines.h"
 #include "platform/linux/metafile_recorder.h"
 #include "platform/linux/shapes.h"
+#include "platform/linux/widened_path.h"
 
 namespace platform::driver {
 
@@ -120,7 +121,7 @@ BOOL WidenPath(HDC dc) {
     if (!context) return FALSE_;
     const Stroke stroke(*context);
     if (stroke.paintsNothing()) return FALSE_;
-    context->state.path.replace(stroke.outlines(context->state.path.figures()));
+    context->state.path.replace(widened(context->state.path.figures(), stroke.shape()));
     return TRUE_;
 }
 

@@ -317,18 +317,6 @@ Region Stroke::thinRegion(std::span<const POINT> points, bool closed) const {
     return Region::ofRows(std::move(pixels));
 }
 
-std::vector<Figure> Stroke::outlines(const std::vector<Figure>& figures) const {
-    constexpr RECT everywhere{-0x8000, -0x8000, 0x8000, 0x8000};
-    Region all;
-    for (const Figure& figure : figures)
-        all = all.united(wideRegion(figure.points, figure.closed, shape_, everywhere));
-    std::vector<Figure> result;
-    for (const RECT& r : all.rectangles())
-        result.push_back(
-            {{{r.left, r.top}, {r.right, r.top}, {r.right, r.bottom}, {r.left, r.bottom}}, true});
-    return result;
-}
-
 void Stroke::drawThin(POINT from, POINT to) {
     if (dashes_.empty()) {
         drawPlainLine(context_, from, to, ink_);

@@ -58,8 +58,7 @@ public:
     /// What such a pen paints.
     Region area(const std::vector<Figure>& figures) const;
 
-    /// The lines around what the pen would paint: of the rectangles that it consists of.
-    std::vector<Figure> outlines(const std::vector<Figure>& figures) const;
+    const PenShape& shape() const { return shape_; }
 
 private:
     void drawThin(POINT from, POINT to);

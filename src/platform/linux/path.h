@@ -38,7 +38,7 @@ public:
     void closeFigure();
 
     void flatten();
-    /// Replaces everything by closed outlines.
+    /// Replaces everything by figures of lines.
     void replace(const std::vector<Figure>& figures);
     std::vector<Figure> figures() const;
 
