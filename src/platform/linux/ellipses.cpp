@@ -143,8 +143,9 @@ SIZE boundedCorner(const RECT& box, SIZE corner) {
     return {std::min(corner.cx, box.right - box.left), std::min(corner.cy, box.bottom - box.top)};
 }
 
-/// All four quarters, with straight lines between them where the corners are smaller than the box.
-std::vector<POINT> curvedOutline(const RECT& box, SIZE corner, bool clockwise) {
+/// All four quarters, with straight lines between them where the corners are smaller than the box. Where an
+/// axis runs through pixels two quarters have the same one.
+std::vector<POINT> fourQuarters(const RECT& box, SIZE corner) {
     const std::vector<POINT> quarter = quarterOutline(corner.cx, corner.cy);
     std::vector<POINT> points;
     points.reserve(quarter.size() * 4);
@@ -161,8 +162,13 @@ std::vector<POINT> curvedOutline(const RECT& box, SIZE corner, bool clockwise) {
         points.push_back({left(p), bottom(p)});
     for (auto p = quarter.rbegin(); p != quarter.rend(); ++p)
         points.push_back({right(*p), bottom(*p)});
+    return points;
+}
+
+/// The same with each pixel once.
+std::vector<POINT> curvedOutline(const RECT& box, SIZE corner, bool clockwise) {
+    std::vector<POINT> points = fourQuarters(box, corner);
     if (clockwise) std::reverse(points.begin(), points.end());
-    // Where an axis runs through pixels two quarters share one.
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() > 1 && points.front() == points.back()) points.pop_back();
     return points;
@@ -289,7 +295,7 @@ POINT centreOf(const RECT& box) {
 }
 
 std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
-    const std::vector<POINT> whole = curvedOutline(box, sizeOf(box), false);
+    const std::vector<POINT> whole = fourQuarters(box, sizeOf(box));
     const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start, rays.clockwise);
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End, rays.clockwise);
     const std::size_t first = firstBehind(start, whole);

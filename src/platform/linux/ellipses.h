@@ -40,7 +40,8 @@ struct ArcRays {
 /// The middle between the sides, cut to a whole number.
 POINT centreOf(const RECT& box);
 
-/// The pixels of the part of an ellipse's outline from one ray to the other, in the direction of the arc.
+/// The pixels of the part of an ellipse's outline from one ray to the other, in the direction of the arc. A
+/// pixel through which an axis runs comes twice unless a ray ends the arc there.
 std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays);
 
 } // namespace platform::driver

@@ -217,8 +217,9 @@ void paintArc(DeviceContext& context, const ArcCall& arc, ArcKind kind) {
     DrawnArc drawn = drawnArc(context, arc, stroke);
     if (drawn.points.empty()) return;
     if (kind == ArcKind::Pie) drawn.points.push_back(centreOf(drawn.box));
+    // A single pixel is no line, however wide the pen; one on an axis comes twice, and is.
+    if (drawn.points.size() < 2) return;
     if (kind == ArcKind::Open) {
-        if (drawn.points.size() < 2) return; // a single pixel is no line, however wide the pen
         stroke.draw(visibleParts(drawn.points, false, stroke, visible));
     } else {
         drawFigures(context, {{drawn.points, true}});

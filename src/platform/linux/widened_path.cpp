@@ -10,7 +10,9 @@ namespace {
 
 constexpr double pi = std::numbers::pi;
 constexpr double quarter = pi / 2;
-constexpr double half = 0.5;
+
+/// A half counts up, whatever the last digits of a sine.
+constexpr double half = 0.5 + 1e-9;
 
 /// A point at a distance and an angle, which grows from the x axis towards the y axis.
 POINT pointAt(double x, double y, double angle, double distance) {
