@@ -532,7 +532,7 @@ constexpr int subjectCount = static_cast<int>(std::size(subjects));
 constexpr int firstOfPixels = 10500;
 
 /// And from here on about outlines.
-constexpr int firstOfOutlines = 17000;
+constexpr int firstOfOutlines = 17500;
 
 const Subject& subjectOf(int number) {
     return subjects[number % subjectCount];

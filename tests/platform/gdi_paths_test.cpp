@@ -206,6 +206,32 @@ TEST(Paths, WideningSurroundsTheLine) {
     DeleteObject(region);
 }
 
+TEST(Paths, WideningRunsAlongBothSidesOfABendTheGreaterHalfOutside) {
+    const Canvas canvas(60, 60);
+    const LOGBRUSH ink{BS_SOLID, RGB(255, 255, 255), 0};
+    const Selected pen(canvas.dc(),
+                       ExtCreatePen(PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_BEVEL, 5, &ink, 0, nullptr));
+    const POINT bend[] = {{10, 30}, {30, 30}, {30, 50}};
+    BeginPath(canvas.dc());
+    Polyline(canvas.dc(), bend, 3);
+    EndPath(canvas.dc());
+    ASSERT_TRUE(WidenPath(canvas.dc()));
+    EXPECT_EQ(pathOf(canvas.dc()), "M10,33 L10,28 L30,27 L33,30 L33,50 L28,50 L28,30 L30,32");
+}
+
+TEST(Paths, WideningAClosedFigureGivesOneForEitherSide) {
+    const Canvas canvas(60, 60);
+    const LOGBRUSH ink{BS_SOLID, RGB(255, 255, 255), 0};
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_GEOMETRIC | PS_JOIN_MITER, 4, &ink, 0, nullptr));
+    const POINT box[] = {{10, 10}, {40, 10}, {40, 30}, {10, 30}};
+    BeginPath(canvas.dc());
+    Polygon(canvas.dc(), box, 4);
+    EndPath(canvas.dc());
+    ASSERT_TRUE(WidenPath(canvas.dc()));
+    EXPECT_EQ(pathOf(canvas.dc()), "M8,8 L42,8 L42,32 L8,32 "
+                                   "M12,30 L10,28 L40,28 L38,30 L38,10 L40,12 L10,12 L12,10");
+}
+
 TEST(Paths, CurvesGoOnFromTheCurrentPosition) {
     const Canvas canvas(8, 8);
     BeginPath(canvas.dc());

@@ -156,3 +156,51 @@ TEST(Pens, WidthsAreMeasuredFromTheLogicalOrigin) {
     EXPECT_EQ(rows(0), 5);
     EXPECT_EQ(rows(-1), 4);
 }
+
+TEST(Pens, CosmeticOnesCountTheirDashesInUnitsOfThreePixels) {
+    const Canvas canvas(20, 1);
+    const DWORD dashes[] = {1, 2};
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_COSMETIC | PS_USERSTYLE, 1, &white, 2, dashes));
+    LineTo(canvas.dc(), 20, 0);
+    EXPECT_EQ(canvas.text(), "###......###......##\n");
+}
+
+TEST(Pens, AnOddNumberOfDashesGoesRoundTwice) {
+    const Canvas canvas(18, 1);
+    const DWORD dashes[] = {3, 1, 2};
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 1, &white, 3, dashes));
+    LineTo(canvas.dc(), 18, 0);
+    EXPECT_EQ(canvas.text(), "###.##...#..###.##\n");
+}
+
+TEST(Pens, ExtendedOnesLeaveTheirGapsEmptyInEveryBackgroundMode) {
+    const Canvas canvas(12, 1);
+    SetBkMode(canvas.dc(), OPAQUE);
+    SetBkColor(canvas.dc(), RGB(255, 255, 255));
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_COSMETIC | PS_DOT, 1, &white, 0, nullptr));
+    LineTo(canvas.dc(), 12, 0);
+    EXPECT_EQ(canvas.text(), "###...###...\n");
+}
+
+TEST(Pens, DashesWithoutLengthPaintTheirCaps) {
+    const Canvas canvas(34, 5);
+    const Selected pen(canvas.dc(),
+                       ExtCreatePen(PS_GEOMETRIC | PS_DASHDOT | PS_ENDCAP_SQUARE, 2, &white, 0, nullptr));
+    MoveToEx(canvas.dc(), 2, 2, nullptr);
+    LineTo(canvas.dc(), 32, 2);
+    EXPECT_EQ(canvas.text(), "..................................\n"
+                             ".######..##..######..##..######...\n"
+                             ".######..##..######..##..######...\n"
+                             "..................................\n"
+                             "..................................\n");
+}
+
+TEST(Pens, ADashThatEndsAClosedLineGoesOnWithTheFirst) {
+    const DWORD dashes[] = {8, 4};
+    const POINT box[] = {{10, 10}, {20, 10}, {20, 20}, {10, 20}};
+    const Canvas canvas(30, 30);
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT | PS_JOIN_MITER,
+                                                 4, &white, 2, dashes));
+    Polygon(canvas.dc(), box, 4);
+    EXPECT_EQ(canvas.at(8, 8), RGB(255, 255, 255)) << "the pointed joint of both";
+}

@@ -298,7 +298,7 @@ std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
     const std::vector<POINT> whole = fourQuarters(box, sizeOf(box));
     const Ray start(box, rays.clockwise ? rays.end : rays.start, Ray::Role::Start, rays.clockwise);
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End, rays.clockwise);
-    const std::size_t first = firstBehind(start, whole);
+    const std::size_t first = start.pointsRight() ? 0 : firstBehind(start, whole);
     std::size_t last = firstBehind(end, whole);
     const bool isWhole = start.pointsRight() && end.pointsRight();
     if (isWhole || last <= first) last += whole.size();

@@ -309,10 +309,10 @@ Region Stroke::thinRegion(std::span<const POINT> points, bool closed) const {
     if (closed) {
         add(points.back(), points.front());
     } else if (dashes_.empty() && points.size() > 1) {
-        // Only a slanted line of these pens has its last pixel.
+        // Only a slanted line of these pens has its last pixel. The end may be there more than once.
         const POINT& end = points.back();
-        const POINT& before = points[points.size() - 2];
-        if (before.x != end.x && before.y != end.y) add(end, {end.x + 1, end.y});
+        const auto before = std::find_if(points.rbegin(), points.rend(), [&](POINT p) { return p != end; });
+        if (before != points.rend() && before->x != end.x && before->y != end.y) add(end, {end.x + 1, end.y});
     }
     return Region::ofRows(std::move(pixels));
 }
