@@ -50,6 +50,19 @@ TEST(Paths, CollectInsteadOfPainting) {
     EXPECT_EQ(pathOf(canvas.dc()), "M1,1 L5,1 L5,4");
 }
 
+TEST(Paths, TakeTheOutlinesOfTextInsteadOfItsPixelsAndGround) {
+    const Canvas canvas(60, 60);
+    const Selected font(canvas.dc(), CreateFontA(40, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0,
+                                                 DEFAULT_QUALITY, 0, "Arial"));
+    SetBkMode(canvas.dc(), OPAQUE);
+    SetBkColor(canvas.dc(), 0x0000FF);
+    BeginPath(canvas.dc());
+    EXPECT_TRUE(TextOutA(canvas.dc(), 10, 20, "L", 1));
+    EndPath(canvas.dc());
+    EXPECT_EQ(pathOf(canvas.dc()), "M13,53 L13,28 L16,28 L16,51 L29,51 l29,53");
+    EXPECT_EQ(canvas.at(11, 22), 0u);
+}
+
 TEST(Paths, AreReadOnlyOnceTheyAreEnded) {
     const Canvas canvas(8, 8);
     collectCorner(canvas.dc());

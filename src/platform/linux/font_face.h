@@ -44,6 +44,12 @@ struct InkSpan {
     int width = 0;
 };
 
+/// The closed figures around a character's ink, in whole pixels from the pen position, y down.
+struct GlyphOutline {
+    std::vector<POINT> points;
+    std::vector<BYTE> types; ///< PT_..., one for each point
+};
+
 /// A line below or through text, in pixels.
 struct TextLine {
     int position = 0; ///< Of its middle above the base line
@@ -84,6 +90,9 @@ public:
         const Glyph& drawn = glyph(character);
         return {drawn.left, drawn.width};
     }
+
+    /// The outline of a character as its smoothed picture has it; none of fonts that are made of bitmaps.
+    virtual GlyphOutline outline(char16_t) { return {}; }
 
     /// The face for a font record, from a small store of those used last.
     static std::shared_ptr<FontFace> get(const LOGFONTW& request);

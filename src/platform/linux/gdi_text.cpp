@@ -57,7 +57,7 @@ TextLines linesOf(const DeviceContext& context, const FontFace& face) {
         lines.underline = {whole(lines.underline.position), whole(lines.underline.height)};
         lines.strikeOut.position = whole(lines.strikeOut.position);
         const int sign = down.isReversed() ? -1 : 1;
-        const int thickness = down.toLogical(sign * lines.strikeOut.height);
+        const int thickness = down.toLogical(std::int64_t{sign} * lines.strikeOut.height);
         const int least = thickness != 0 ? 1 : 0;
         lines.strikeOut.height = sign * std::max<int>(least, mapping.sizeOnDevice({0, thickness}).cy);
     }
@@ -66,16 +66,22 @@ TextLines linesOf(const DeviceContext& context, const FontFace& face) {
     return lines;
 }
 
-/// Lines are drawn as shapes are: with corners at logical points, and with a brush of the text's colour.
-void drawTextLine(DeviceContext& context, const TextLayout& layout, const RECT* clip, const TextLine& line) {
-    std::array<POINT, 4> corners = layout.strip(line.top(), line.top() - line.height);
-    if (!context.state.mapping.isUnscaled())
-        for (POINT& corner : corners)
-            corner = context.toSurface(context.toLogical(corner));
-    Brush brush;
-    brush.data.lbStyle = BS_SOLID;
-    brush.data.lbColor = context.state.textColor;
-    fillStrip(context, corners, Painter(context, brush, rop3Of(PATCOPY)), clip, layout.isLevel());
+/// The underline and the strike-out that the font has, each as a strip. Lines are drawn as shapes are, with
+/// corners at logical points.
+std::vector<std::array<POINT, 4>> lineStrips(const DeviceContext& context, const FontFace& face,
+                                             const TextLayout& layout) {
+    std::vector<std::array<POINT, 4>> strips;
+    const auto add = [&](const TextLine& line) {
+        std::array<POINT, 4>& corners =
+            strips.emplace_back(layout.strip(line.top(), line.top() - line.height));
+        if (!context.state.mapping.isUnscaled())
+            for (POINT& corner : corners)
+                corner = context.toSurface(context.toLogical(corner));
+    };
+    const LOGFONTW& font = context.font().data;
+    if (font.lfUnderline) add(linesOf(context, face).underline);
+    if (font.lfStrikeOut) add(linesOf(context, face).strikeOut);
+    return strips;
 }
 
 /// True when all that is drawn is characters from a point on: the place of the text's end does not matter.
@@ -116,6 +122,28 @@ void drawCharacters(DeviceContext& context, FontFace& face, const TextLayout& la
     }
 }
 
+/// Within a path bracket text is nothing but its outlines and lines.
+void addTextToPath(DeviceContext& context, POINT at, const TextRun& run) {
+    const std::shared_ptr<FontFace> drawn = drawingFaceOf(context);
+    const std::shared_ptr<FontFace> measured = faceOf(context);
+    if (!drawn || !measured) return;
+    const TextLayout layout(context, *measured, at, run);
+    Path& path = context.state.path;
+    TextAdvances advances(context.state, *measured, run.advances);
+    for (const char16_t c : run.text) {
+        const POINT p = layout.point(advances);
+        GlyphOutline outline = drawn->outline(c);
+        for (POINT& point : outline.points)
+            point = {boundedCoordinate(std::int64_t{point.x} + p.x),
+                     boundedCoordinate(std::int64_t{point.y} + p.y)};
+        if (!outline.points.empty()) path.add(outline.points, outline.types);
+        advances.pass(c);
+    }
+    for (const std::array<POINT, 4>& strip : lineStrips(context, *measured, layout))
+        path.add(std::array{strip[0], strip[1], strip[2], strip[3], strip[0]}, PT_LINETO, true);
+    if ((context.state.textAlign & TA_UPDATECP) != 0) layout.advancePosition();
+}
+
 void drawText(DeviceContext& context, POINT at, const TextRun& run, const RECT* clip) {
     const std::shared_ptr<FontFace> drawn = drawingFaceOf(context);
     if (!drawn) return;
@@ -132,9 +160,11 @@ void drawText(DeviceContext& context, POINT at, const TextRun& run, const RECT* 
         fillStrip(context, layout.cell(), Painter(context, groundPixelOf(context), rop3Of(PATCOPY)), clip,
                   layout.isLevel());
     drawCharacters(context, *drawn, layout, run, clip);
-    const LOGFONTW& font = context.font().data;
-    if (font.lfUnderline) drawTextLine(context, layout, clip, linesOf(context, *measured).underline);
-    if (font.lfStrikeOut) drawTextLine(context, layout, clip, linesOf(context, *measured).strikeOut);
+    Brush brush;
+    brush.data.lbStyle = BS_SOLID;
+    brush.data.lbColor = context.state.textColor;
+    for (const std::array<POINT, 4>& strip : lineStrips(context, *measured, layout))
+        fillStrip(context, strip, Painter(context, brush, rop3Of(PATCOPY)), clip, layout.isLevel());
     if ((context.state.textAlign & TA_UPDATECP) != 0) layout.advancePosition();
 }
 
@@ -285,14 +315,17 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const cha
     DeviceContext* context = find<DeviceContext>(dc);
     constexpr UINT longest = std::numeric_limits<INT>::max();
     if (!context || (!text && length > 0) || length > longest) return FALSE_;
-    if (context->recorder) context->recorder->text({x, y}, options, rect, {text, length}, advances);
+    const TextRun run{{text, length}, advances};
+    if (context->state.path.isOpen()) {
+        if (length > 0) addTextToPath(*context, {x, y}, run);
+        return TRUE_;
+    }
+    if (context->recorder) context->recorder->text({x, y}, options, rect, run.text, advances);
     RECT area;
     if (rect) area = ordered(context->toSurface(*rect));
     if (rect && (options & ETO_OPAQUE) != 0)
         Painter(*context, groundPixelOf(*context), rop3Of(PATCOPY)).fill(area);
-    if (length > 0)
-        drawText(*context, {x, y}, {{text, length}, advances},
-                 rect && (options & ETO_CLIPPED) != 0 ? &area : nullptr);
+    if (length > 0) drawText(*context, {x, y}, run, rect && (options & ETO_CLIPPED) != 0 ? &area : nullptr);
     return TRUE_;
 }
 

@@ -58,6 +58,69 @@ FT_Pos ceilingOf(FT_Pos position) {
     return floorOf(position + 63);
 }
 
+/// Reads FreeType's outlines as figures of lines and cubic curves.
+class OutlineReader {
+public:
+    GlyphOutline read(FT_Outline& outline) {
+        const FT_Outline_Funcs callbacks{&moveTo, &lineTo, &conicTo, &cubicTo, 0, 0};
+        FT_Outline_Decompose(&outline, &callbacks, this);
+        closeFigure();
+        return std::move(result_);
+    }
+
+private:
+    static OutlineReader& self(void* user) { return *static_cast<OutlineReader*>(user); }
+
+    static int moveTo(const FT_Vector* to, void* user) {
+        self(user).closeFigure();
+        self(user).add(*to, PT_MOVETO);
+        return 0;
+    }
+    static int lineTo(const FT_Vector* to, void* user) {
+        self(user).add(*to, PT_LINETO);
+        return 0;
+    }
+    static int conicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
+        // The cubic curve of the same shape: its controls lie two thirds of the way to that of the conic one.
+        const auto towards = [control](const FT_Vector& end) {
+            return FT_Vector{end.x + (control->x - end.x) * 2 / 3, end.y + (control->y - end.y) * 2 / 3};
+        };
+        const FT_Vector first = towards(self(user).last_);
+        const FT_Vector second = towards(*to);
+        return cubicTo(&first, &second, to, user);
+    }
+    static int cubicTo(const FT_Vector* first, const FT_Vector* second, const FT_Vector* to, void* user) {
+        for (const FT_Vector* point : {first, second, to})
+            self(user).add(*point, PT_BEZIERTO);
+        return 0;
+    }
+
+    void add(const FT_Vector& point, BYTE type) {
+        last_ = point;
+        result_.points.push_back(
+            {static_cast<LONG>((point.x + 32) >> 6), -static_cast<LONG>((point.y + 32) >> 6)});
+        result_.types.push_back(type);
+    }
+
+    /// The line back to the start is told by the mark alone.
+    void closeFigure() {
+        if (result_.types.empty()) return;
+        std::size_t start = result_.types.size() - 1;
+        while (result_.types[start] != PT_MOVETO)
+            --start;
+        const bool returns =
+            result_.types.back() == PT_LINETO && result_.points.back() == result_.points[start];
+        if (returns) {
+            result_.points.pop_back();
+            result_.types.pop_back();
+        }
+        if (result_.types.back() != PT_MOVETO) result_.types.back() |= PT_CLOSEFIGURE;
+    }
+
+    GlyphOutline result_;
+    FT_Vector last_{};
+};
+
 /// A bitmap without its rows' ends and with a byte for each pixel.
 std::vector<std::uint8_t> coverageOf(const FT_Bitmap& bitmap) {
     std::vector<std::uint8_t> coverage;
@@ -245,6 +308,13 @@ InkSpan OutlineFace::ink(char16_t character) {
     FT_Outline_Get_CBox(&face_->glyph->outline, &box);
     const int left = static_cast<int>(box.xMin >> 6);
     return {left, std::max(1, static_cast<int>((box.xMax + 63) >> 6) - left)};
+}
+
+GlyphOutline OutlineFace::outline(char16_t character) {
+    if (!load(character, FT_LOAD_NO_BITMAP | FT_LOAD_TARGET_NORMAL)) return {};
+    if (face_->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return {};
+    shape();
+    return OutlineReader().read(face_->glyph->outline);
 }
 
 void OutlineFace::takePicture(const FT_Bitmap& bitmap, Glyph& glyph) {

@@ -12,6 +12,7 @@ public:
     static std::shared_ptr<FontFace> open(const FontSource& source, const LOGFONTW& request);
 
     InkSpan ink(char16_t character) override;
+    GlyphOutline outline(char16_t character) override;
 
 protected:
     Glyph makeGlyph(char16_t character) override;
