@@ -1,6 +1,7 @@
 // The colours of the system as a fresh session of Windows has them, and their brushes: made once, never
 // deleted, not counted.
 
+#include "platform/linux/display_colors.h"
 #include "platform/linux/gdi_objects.h"
 #include "platform/linux/window_system.h"
 #include "platform/system_look.h"
@@ -23,6 +24,14 @@ constexpr std::array<COLORREF, colorCount> freshColors{
     0xA6A6A6, 0xA6A6A6, 0x000000, 0xC8C8C8, 0xFFFFFF, 0x6A6A6A, 0xE3E3E3, 0x000000, // 16 to 23
     0xFFFFFF, 0xFFFFFF, 0xE0E0E0, 0xFA9632, 0x808080, 0xFA9630, 0xFFFFFF,           // 24 to 30
 };
+
+/// White is to be read on these. Their light blue would become the cyan of the 20 colours that a display of
+/// few colours has for certain: there they have the dark blue of the classic scheme.
+constexpr bool isUnderWhiteText(int index) {
+    return index == COLOR_ACTIVECAPTION || index == COLOR_HIGHLIGHT || index == COLOR_MENUHILIGHT;
+}
+constexpr COLORREF classicBlue = 0x6A240A;
+constexpr int fewColorsDepth = 8;
 
 struct SystemColors {
     std::array<COLORREF, colorCount> colors = freshColors;
@@ -48,7 +57,11 @@ void tellWindows() {
 } // namespace
 
 COLORREF GetSysColor(int index) {
-    return isColor(index) ? systemColors().colors[static_cast<std::size_t>(index)] : 0;
+    if (!isColor(index)) return 0;
+    const auto number = static_cast<std::size_t>(index);
+    const COLORREF color = systemColors().colors[number];
+    const bool isFresh = color == freshColors[number];
+    return isFresh && isUnderWhiteText(index) && displayDepth() <= fewColorsDepth ? classicBlue : color;
 }
 
 BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {

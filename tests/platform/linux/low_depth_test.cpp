@@ -69,6 +69,22 @@ private:
     HGDIOBJ previous_;
 };
 
+TEST(LowDepth, WhiteIsReadOnTheClassicBlueWhereColoursAreFew) {
+    constexpr COLORREF classicBlue = 0x6A240A, ofTheProgram = 0x00FF00;
+    const COLORREF usual = GetSysColor(COLOR_HIGHLIGHT);
+    for (const char* depth : {"4", "8"}) {
+        const Screen screen(depth);
+        for (const int index : {COLOR_ACTIVECAPTION, COLOR_HIGHLIGHT, COLOR_MENUHILIGHT})
+            EXPECT_EQ(GetSysColor(index), classicBlue) << depth << ' ' << index;
+        const INT highlight = COLOR_HIGHLIGHT;
+        SetSysColors(1, &highlight, &ofTheProgram);
+        EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), ofTheProgram);
+        SetSysColors(1, &highlight, &usual);
+    }
+    const Screen screen("16");
+    EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), usual);
+}
+
 TEST(PaletteDisplay, TellsThatItHasAPalette) {
     const Screen screen("8");
     EXPECT_EQ(GetDeviceCaps(screen.dc(), BITSPIXEL), 8);
