@@ -25,13 +25,24 @@ constexpr std::array<COLORREF, colorCount> freshColors{
     0xFFFFFF, 0xFFFFFF, 0xE0E0E0, 0xFA9632, 0x808080, 0xFA9630, 0xFFFFFF,           // 24 to 30
 };
 
-/// White is to be read on these. Their light blue would become the cyan of the 20 colours that a display of
-/// few colours has for certain: there they have the dark blue of the classic scheme.
-constexpr bool isUnderWhiteText(int index) {
-    return index == COLOR_ACTIVECAPTION || index == COLOR_HIGHLIGHT || index == COLOR_MENUHILIGHT;
-}
-constexpr COLORREF classicBlue = 0x6A240A;
+/// What differs where the display has few colours. The light blue of captions and of what is selected would
+/// become the cyan of the 20 colours that such a display has for certain, on which white cannot be read:
+/// there they have the dark blue and the white of the classic scheme.
+struct ClassicColor {
+    int index;
+    COLORREF color;
+};
+constexpr ClassicColor classicColors[] = {{COLOR_ACTIVECAPTION, 0x6A240A},
+                                          {COLOR_CAPTIONTEXT, 0xFFFFFF},
+                                          {COLOR_HIGHLIGHT, 0x6A240A},
+                                          {COLOR_MENUHILIGHT, 0x6A240A}};
 constexpr int fewColorsDepth = 8;
+
+COLORREF freshColor(int index) {
+    const auto classic = std::ranges::find(classicColors, index, &ClassicColor::index);
+    const bool isClassic = classic != std::end(classicColors) && displayDepth() <= fewColorsDepth;
+    return isClassic ? classic->color : freshColors[static_cast<std::size_t>(index)];
+}
 
 struct SystemColors {
     std::array<COLORREF, colorCount> colors = freshColors;
@@ -60,8 +71,7 @@ COLORREF GetSysColor(int index) {
     if (!isColor(index)) return 0;
     const auto number = static_cast<std::size_t>(index);
     const COLORREF color = systemColors().colors[number];
-    const bool isFresh = color == freshColors[number];
-    return isFresh && isUnderWhiteText(index) && displayDepth() <= fewColorsDepth ? classicBlue : color;
+    return color == freshColors[number] ? freshColor(index) : color;
 }
 
 BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {

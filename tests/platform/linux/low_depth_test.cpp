@@ -76,6 +76,7 @@ TEST(LowDepth, WhiteIsReadOnTheClassicBlueWhereColoursAreFew) {
         const Screen screen(depth);
         for (const int index : {COLOR_ACTIVECAPTION, COLOR_HIGHLIGHT, COLOR_MENUHILIGHT})
             EXPECT_EQ(GetSysColor(index), classicBlue) << depth << ' ' << index;
+        EXPECT_EQ(GetSysColor(COLOR_CAPTIONTEXT), 0xFFFFFFu) << depth;
         const INT highlight = COLOR_HIGHLIGHT;
         SetSysColors(1, &highlight, &ofTheProgram);
         EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), ofTheProgram);
