@@ -173,6 +173,16 @@ TEST(Pens, AnOddNumberOfDashesGoesRoundTwice) {
     EXPECT_EQ(canvas.text(), "###.##...#..###.##\n");
 }
 
+TEST(Pens, DashesAreCutFarFromWhereTheLineBegan) {
+    const Canvas canvas(20, 1);
+    const DWORD dashes[] = {39990, 5};
+    const Selected pen(canvas.dc(),
+                       ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT, 1, &white, 2, dashes));
+    MoveToEx(canvas.dc(), 40000, 0, nullptr);
+    LineTo(canvas.dc(), -30000, 0);
+    EXPECT_EQ(canvas.text(), "######.....#########\n");
+}
+
 TEST(Pens, ExtendedOnesLeaveTheirGapsEmptyInEveryBackgroundMode) {
     const Canvas canvas(12, 1);
     SetBkMode(canvas.dc(), OPAQUE);

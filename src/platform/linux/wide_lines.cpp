@@ -296,14 +296,15 @@ private:
     void go(POINT from, POINT to) {
         if (from == to) return;
         const POINT way = difference(to, from);
-        const double length = std::hypot(way.x, way.y);
+        const double across = way.x, down = way.y;
+        const double length = std::hypot(across, down);
         if (!isNear(from, to)) {
             pass(static_cast<int>(length));
             return;
         }
         const auto pointAt = [&](int done) -> POINT {
-            return {from.x + static_cast<LONG>(way.x * done / length),
-                    from.y + static_cast<LONG>(way.y * done / length)};
+            return {from.x + static_cast<LONG>(across * done / length),
+                    from.y + static_cast<LONG>(down * done / length)};
         };
         int done = 0;
         POINT start = from;
