@@ -24,18 +24,15 @@ struct PersistedProperty {
     Value read;
     void (*write)(Control&, const automation::Variant&);
 
-    /// Writes a value. One that the property can't take is passed over.
-    void take(Control& control, const automation::Variant& value) const {
+    /// Writes the value, the default where there is none. One that the property can't take is passed over.
+    void take(Control& control, const std::optional<automation::Variant>& value) const {
         try {
-            write(control, value);
+            if (value)
+                write(control, *value);
+            else
+                write(control, defaultValue(control));
         } catch (const automation::Error&) {
             // The property stays as it is, and the next one is read.
-        }
-    }
-    void takeDefault(Control& control) const {
-        try {
-            write(control, defaultValue(control));
-        } catch (const automation::Error&) {
         }
     }
 
@@ -61,10 +58,7 @@ public:
         std::vector<std::optional<automation::Variant>> values(properties_.size());
         bag.ReadProperties(names_, values);
         for (std::size_t i = 0; i < properties_.size(); ++i) {
-            if (values[i])
-                properties_[i].take(control, *values[i]);
-            else
-                properties_[i].takeDefault(control);
+            properties_[i].take(control, values[i]);
             then(properties_[i]);
         }
     }

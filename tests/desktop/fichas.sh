@@ -8,12 +8,17 @@ start_x_server
 setxkbmap es # ñ has a key of its own
 export TESELA_DISPLAY=desktop
 
-"$fichas" "$sample" &
-program=$!
-children+=("$program")
-window=$(wait_for_window '^clientes')
-[ -n "$window" ] || give_up "its window opens"
-xdotool windowfocus --sync "$window"
+# open_records FILE TITLE: the program on a file, in `program`, and its window with the focus, in `window`.
+open_records() {
+  "$fichas" "$1" &
+  program=$!
+  children+=("$program")
+  window=$(wait_for_window "^$2")
+  [ -n "$window" ] || give_up "the window of $2 opens"
+  xdotool windowfocus --sync "$window"
+}
+
+open_records "$sample" clientes
 count=$(title_of "$window" | sed 's/.* //')
 holds "the title tells how many records there are" test "$count" -gt 1000
 
@@ -89,12 +94,7 @@ equal "the day that there is has been written" "$(name 1)" "Año Nuevo|${signed_
 # A CSV file is written as it is, but for what was typed.
 csv=$work/datos.csv
 printf 'id;nombre;saldo\r\n1;"Ana";1,50\r\n2;Eva;\r\n' >"$csv"
-"$fichas" "$csv" &
-program=$!
-children+=("$program")
-window=$(wait_for_window '^datos.csv')
-[ -n "$window" ] || give_up "the window of a CSV file opens"
-xdotool windowfocus --sync "$window"
+open_records "$csv" datos.csv
 xdotool key Tab
 xdotool type --delay 20 "Begoña"
 xdotool key Return Return

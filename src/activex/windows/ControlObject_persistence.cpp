@@ -27,20 +27,26 @@ public:
     ContainerBag(::IPropertyBag& bag, ::IErrorLog* log) : bag_(bag), log_(log) {}
 
     Variant ReadProperty(const String& name, const Variant& defaultValue) const override {
-        SystemValue value;
-        if (bag_.Read(wide(name.c_str()), &value, log_) != S_OK) return defaultValue;
-        return fromSystem(value);
+        return read(name).value_or(defaultValue);
     }
     void ReadProperties(const host::PropertyNames& names,
                         std::span<std::optional<Variant>> values) const override {
         for (std::size_t place = 0; place < names.size(); ++place) {
-            SystemValue value;
-            if (bag_.Read(wide(names[place].c_str()), &value, log_) == S_OK)
-                values[place] = fromSystem(value);
+            try {
+                values[place] = read(names[place]);
+            } catch (const automation::Error&) {
+                // A value of a kind that the library does not know counts as none; the others are read.
+            }
         }
     }
 
 private:
+    std::optional<Variant> read(const String& name) const {
+        SystemValue value;
+        if (bag_.Read(wide(name.c_str()), &value, log_) != S_OK) return {};
+        return fromSystem(value);
+    }
+
     ::IPropertyBag& bag_;
     ::IErrorLog* log_;
 };

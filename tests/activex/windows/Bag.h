@@ -14,12 +14,17 @@ namespace support {
 class Bag final : public activex::Counted<::IPropertyBag> {
 public:
     std::map<std::wstring, automation::Variant> values;
+    std::set<std::wstring> times;                    ///< Names of values that are times of files
     std::set<std::wstring> asked;                    ///< Names of the values that were wanted
     std::function<void(const std::wstring&)> onRead; ///< Before a value is given
 
     ::HRESULT STDMETHODCALLTYPE Read(::LPCOLESTR name, ::VARIANT* value, ::IErrorLog*) override {
         asked.insert(name);
         if (onRead) onRead(name);
+        if (times.contains(name)) {
+            value->vt = VT_FILETIME; // which variants in general cannot have
+            return S_OK;
+        }
         const auto found = values.find(name);
         if (found == values.end()) return E_INVALIDARG;
         activex::toSystem(found->second, *value);

@@ -168,6 +168,16 @@ TEST_P(Saving, PassesOverWordsWhereNumbersBelong) {
         expectPassedOver(className(), name, u"ninguno");
 }
 
+TEST_P(Saving, PassesOverValuesOfAKindThatNobodyKnows) {
+    const auto bag = support::makeBag();
+    bag->times = {L"BackColor", L"Scheme"};
+    bag->values[L"Alias"] = u"clientes";
+    bag->values[L"Campo"] = u"nombre";
+    EXPECT_EQ(as<::IPersistPropertyBag>(copy)->Load(bag.get(), nullptr), S_OK);
+    EXPECT_EQ(support::get(*copy.get(), L"Alias").asString(), u"clientes");
+    EXPECT_EQ(support::get(*copy.get(), L"Campo").asString(), u"nombre");
+}
+
 TEST_P(Saving, PassesOverSizesThatNoControlHas) {
     for (const std::int32_t side : {-1, 2'000'000'000}) {
         const auto bag = support::makeBag();
