@@ -27,7 +27,12 @@ function(target_resources TARGET SCRIPT)
     add_library(${TARGET}_resources OBJECT ${source})
     target_link_libraries(${TARGET}_resources PRIVATE tesela_platform)
     set(objects $<TARGET_OBJECTS:${TARGET}_resources>)
-    if(WIN32 AND scope STREQUAL "INTERFACE")
+    if(WIN32 AND scope STREQUAL "PRIVATE")
+        # The files that the libraries' scripts name may have to be rendered first.
+        get_property(libraries GLOBAL PROPERTY TESELA_LIBRARY_RESOURCES)
+        add_dependencies(${TARGET}_resources ${libraries})
+    elseif(WIN32)
+        set_property(GLOBAL APPEND PROPERTY TESELA_LIBRARY_RESOURCES ${TARGET}_resources)
         # Who has resources of its own takes these in with them: see windows_script.
         set(objects $<$<NOT:$<BOOL:$<TARGET_PROPERTY:TESELA_RESOURCES>>>:${objects}>)
     endif()

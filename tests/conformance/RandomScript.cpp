@@ -3,6 +3,7 @@
 #include "conformance/Dice.h"
 #include "conformance/RandomOutlines.h"
 #include "conformance/RandomPixels.h"
+#include "conformance/RandomTexts.h"
 #include "platform/gdi_types.h"
 
 #include <array>
@@ -531,14 +532,18 @@ constexpr int subjectCount = static_cast<int>(std::size(subjects));
 /// From here on the scripts are about pixels and text.
 constexpr int firstOfPixels = 10500;
 
-/// And from here on about outlines.
+/// From here on about outlines.
 constexpr int firstOfOutlines = 17500;
+
+/// And from here on about text in paths and metafiles.
+constexpr int firstOfTexts = 19500;
 
 const Subject& subjectOf(int number) {
     return subjects[number % subjectCount];
 }
 
 std::string subjectName(int number) {
+    if (number >= firstOfTexts) return textSubject(number);
     if (number >= firstOfOutlines) return outlineSubject(number);
     return number < firstOfPixels ? subjectOf(number).name : pixelSubject(number);
 }
@@ -550,6 +555,7 @@ std::string randomName(int number) {
 }
 
 std::string randomScript(int number) {
+    if (number >= firstOfTexts) return textScript(number);
     if (number >= firstOfOutlines) return outlineScript(number);
     if (number >= firstOfPixels) return pixelScript(number);
     Writer writer(number);
