@@ -1,6 +1,8 @@
 // The field's masks and types.
 #include "field/FieldTest.h"
 
+#include <cmath>
+
 using namespace tesela;
 using namespace tests;
 
@@ -47,6 +49,69 @@ TEST_F(get_masks, TheWidthFollowsTheMaskWithAutoSize) {
     const float narrow = field->Width();
     field->Mascara(u"########");
     EXPECT_GT(field->Width(), narrow);
+}
+
+TEST_F(get_masks, TheWidthIsThatOfTheLettersOfTheMaskAndEightPixels) {
+    constexpr int pixel = 15, margin = 8;
+    for (const auto sizes : {tslautoSize_X, tslAutoSize_XY}) {
+        field->AutoSize(sizes);
+        const auto width = [this](const char16_t* mask) {
+            field->Mascara(mask);
+            return std::lround(field->Width() / pixel);
+        };
+        const auto four = width(u"####"), eight = width(u"########");
+        EXPECT_EQ(margin, 2 * four - eight) << sizes;
+    }
+}
+
+TEST_F(get_masks, TheWidthHasRoomForPhantomDigits) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->AutoSize(tslAutoSize_XY);
+    const auto width = [this](const char16_t* mask) {
+        field->FormatoMascara(mask);
+        return field->Width();
+    };
+    const float none = width(u"(4)"), two = width(u"(4,0,2)"), five = width(u"(4,0,5)");
+    EXPECT_EQ(five - two, two - none) << "a point and two digits, then three digits";
+    EXPECT_GT(two, none);
+    const float decimals = width(u"(4,1)"), faint = width(u"(4,1,3)");
+    EXPECT_EQ(five - two, faint - decimals) << "the point is there already";
+}
+
+TEST_F(get_masks, AMaskThatStaysLeavesTheText) {
+    field->Mascara(u"##");
+    field->SetText(u"abc");
+    field->Mascara(u"##");
+    EXPECT_EQ("abc", text());
+    field->Mascara(u"AA");
+    EXPECT_EQ("ab", text());
+}
+
+TEST_F(get_masks, AnEmptyCompactMaskTakesBothMasksAway) {
+    field->Mascara(u"##;;###");
+    field->VacioEnBlanco(true);
+    field->FormatoMascara({});
+    EXPECT_EQ("", field->Mascara().utf8());
+    EXPECT_EQ("", field->MascaraFocus().utf8());
+    EXPECT_TRUE(field->VacioEnBlanco()) << "what it doesn't name stays";
+}
+
+TEST_F(get_masks, TheTypeThatAFieldHasChangesNothing) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->Alignment(tslAlignmentCenter);
+    field->CaracteresValidos(u"01");
+    field->TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ(tslAlignmentCenter, field->Alignment());
+    EXPECT_EQ("01", field->CaracteresValidos().utf8());
+}
+
+TEST_F(get_masks, ANumberWithDigitsDerivesNoOtherMask) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##0");
+    field->Mascara({});
+    field->TipoDato(tslTipoDatoCaracter);
+    field->TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("", field->Mascara().utf8());
 }
 
 TEST_F(get_masks, ACompactMaskSaysItAll) {
@@ -103,6 +168,61 @@ TEST_F(get_masks, TheDesignerIsHelpedWithLengthsAndSizes) {
     empty.Text({});
     empty.TipoDato(tslTipoDatoNumero);
     EXPECT_EQ("#,###,###,##0", empty.Mascara().utf8()) << "ten digits without a text";
+}
+
+TEST_F(get_masks, TheDesignerKeepsWhatWasChosen) {
+    form->UserMode(false);
+    get& masked = form->add<get>(u"getMascara");
+    masked.Mascara(u"##0.0");
+    masked.TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("##0.0", masked.Mascara().utf8());
+    get& edited = form->add<get>(u"getFoco");
+    edited.MascaraFocus(u"#####");
+    edited.TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("##,##0", edited.Mascara().utf8()) << "as long as the longer mask";
+    get& limited = form->add<get>(u"getLargo");
+    limited.MaxLength(3);
+    limited.TipoDato(tslTipoDatoNumero);
+    EXPECT_EQ("##0", limited.Mascara().utf8());
+    get& fonted = form->add<get>(u"getFuente");
+    fonted.UserFont(true);
+    fonted.Font()->Name(u"Arial");
+    fonted.AutoSize(tslAutoSize_NO);
+    for (const auto& [type, sizes] : {std::pair(tslTipoDatoNumero, tslautoSize_X),
+                                      {tslTipoDatoCaracter, tslAutoSize_NO},
+                                      {tslTipoDatoFecha, tslautoSize_X},
+                                      {tslTipoDatoCaracter, tslAutoSize_NO}}) {
+        fonted.TipoDato(type);
+        EXPECT_EQ("Arial", fonted.Font()->Name().utf8());
+        EXPECT_EQ(sizes, fonted.AutoSize());
+    }
+}
+
+TEST_F(get_masks, ALengthWrittenInTheDesignerFormsTheTextAnewAndResizes) {
+    field->AutoSize(tslautoSize_X);
+    const float width = field->Width();
+    field->MaxLength(40);
+    EXPECT_EQ(width, field->Width()) << "a program's own matter";
+    form->UserMode(false);
+    get& designed = form->add<get>(u"getNumero");
+    designed.TipoDato(tslTipoDatoNumero);
+    designed.SetText(u"abc");
+    designed.MaxLength(20);
+    EXPECT_EQ("0", designed.Text().utf8());
+    const float former = designed.Width();
+    designed.MaxLength(40);
+    EXPECT_GT(designed.Width(), former);
+}
+
+TEST_F(get_masks, TheDigitsAreThoseOfTheMaskThatHasTheFocus) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##0.00;;##0.000");
+    enter();
+    press(platform::VK_DELETE);
+    type(u"1,2345");
+    EXPECT_EQ("1,234", text());
+    leave();
+    EXPECT_EQ("1,23", text());
 }
 
 TEST_F(get_masks, FntNumbersKeepsTheFontOfNumbers) {

@@ -109,6 +109,30 @@ TEST_F(get_value, AZeroThatIsToBeBlankPaintsNothingAndStays) {
     EXPECT_NE(blank, desk.look(field->hWnd()));
 }
 
+TEST_F(get_value, WhatIsToBeBlankShowsWithTheFocus) {
+    number(u"##0.00");
+    enter();
+    const auto plain = desk.look(field->hWnd());
+    field->VacioEnBlanco(true);
+    EXPECT_EQ(plain, desk.look(field->hWnd()));
+    leave();
+    EXPECT_NE(plain, desk.look(field->hWnd()));
+}
+
+TEST_F(get_value, ADateThatIsNoneMayBeBlankToo) {
+    show();
+    date();
+    field->SetText({});
+    const auto blank = desk.look(field->hWnd());
+    field->Text({});
+    EXPECT_NE(blank, desk.look(field->hWnd())) << "its separators";
+    field->VacioEnBlanco(true);
+    EXPECT_EQ(blank, desk.look(field->hWnd()));
+    EXPECT_EQ("  /  /    ", text());
+    field->Value(DateSerial(2024, 2, 29));
+    EXPECT_NE(blank, desk.look(field->hWnd()));
+}
+
 TEST_F(get_value, ATextThatAChangeHandlerWritesTakesTheMaskToo) {
     field->Mascara(u"##");
     int depth = 0;
@@ -141,6 +165,41 @@ TEST_F(get_value, NumbersAreFormattedByTheirMask) {
     EXPECT_EQ("3,25", text());
     field->Value(u"tres");
     EXPECT_EQ("0,00", text());
+}
+
+TEST_F(get_value, ANumberIsWrittenOverAZeroOfWhichChangeTellsToo) {
+    number(u"##0");
+    field->Value(std::int32_t{5});
+    std::string seen;
+    field->Change.join([&] { seen += text() + ";"; });
+    field->Value(std::int32_t{7});
+    EXPECT_EQ("0;7;", seen);
+}
+
+TEST_F(get_value, AWrittenNumberTakesItsMaskUnderTheFocusToo) {
+    number(u"#,##0.00");
+    enter();
+    field->Value(1234.5);
+    EXPECT_EQ("1.234,50", text());
+    type(u"7");
+    EXPECT_EQ("7", text()) << "all of it was selected";
+}
+
+TEST_F(get_value, ANumberInATextIsRoundedToItsDecimals) {
+    std::int32_t format = tslDataFormatNumero;
+    field->ValorVerdadero(format, 12.7);
+    EXPECT_EQ("13", text());
+}
+
+TEST_F(get_value, ALockedFieldTakesWhatAProgramWritesAsItIs) {
+    number(u"##0.00");
+    field->Locked(true);
+    enter();
+    field->Text(u"1a");
+    EXPECT_EQ("1a", text());
+    field->Locked(false);
+    field->Text(u"2a");
+    EXPECT_EQ("2", text());
 }
 
 TEST_F(get_value, NumbersReadWithoutTheirThousands) {
@@ -185,6 +244,18 @@ TEST_F(get_value, DatesAreWrittenInTheLongPattern) {
     EXPECT_EQ("01/03/2024", text());
     field->Value(Date(DateSerial(2024, 2, 29).value() + 0.75));
     EXPECT_EQ("29/02/2024", text()) << "without its time";
+    enter();
+    field->Value(Date(DateSerial(2024, 3, 1).value() + 0.75));
+    EXPECT_EQ("01/03/2024", text()) << "under the focus too";
+}
+
+TEST_F(get_value, ADateKeepsItsLongPatternWhateverItsMask) {
+    field->TipoDato(tslTipoDatoFecha);
+    field->Mascara(u"MM/yy");
+    field->Text(u"1/3/2024");
+    EXPECT_EQ("01/03/2024", text());
+    field->Text({});
+    EXPECT_EQ("  /  ", text()) << "the mask makes what is blank";
 }
 
 TEST_F(get_value, TheSpecialDatesAndWhatIsNoneBlankTheField) {
@@ -221,6 +292,17 @@ TEST_F(get_value, TheFormatAskedForComesBackToTheCaller) {
     format = -1;
     field->ValorVerdadero(format, false);
     EXPECT_EQ(3, format);
+    field->TipoDato(tslTipoDatoFecha);
+    format = -1;
+    field->ValorVerdadero(format, false);
+    EXPECT_EQ(2, format) << "the mask of hours is one in a text only";
+}
+
+TEST_F(get_value, AValueThatIsLeftOutReads) {
+    field->Text(u"uno");
+    std::int32_t format = -1;
+    EXPECT_EQ("uno", field->ValorVerdadero(format, Variant::missing()).asString().utf8());
+    EXPECT_EQ("uno", text());
 }
 
 TEST_F(get_value, AnUnknownFormatReadsNothing) {
@@ -238,6 +320,28 @@ TEST_F(get_value, TextReadsTrimmedAndWithoutItsMask) {
     field->Text(u"12xy");
     EXPECT_EQ("12/xy", text());
     EXPECT_EQ("12xy", field->Value().asString().utf8());
+}
+
+TEST_F(get_value, TextIsReadThroughTheMaskOfTheMoment) {
+    field->Mascara(u"##-##;;#-###");
+    field->Text(u"1234");
+    EXPECT_EQ("1234", field->Value().asString().utf8());
+    enter();
+    EXPECT_EQ("1-2 3", text());
+    EXPECT_EQ("12 3", field->Value().asString().utf8());
+    field->MascaraFocus({});
+    field->SetText(u"1234");
+    EXPECT_EQ("1234", field->Value().asString().utf8()) << "without a mask of the focus all of it";
+}
+
+TEST_F(get_value, AWrittenTextTakesTheMaskOfTheFocus) {
+    field->Mascara(u"##/##");
+    field->Seleccionado(tslSeleccionadoSiempre);
+    enter();
+    field->SelLength(0);
+    field->Value(u"1234");
+    EXPECT_EQ("12/34", text());
+    EXPECT_EQ(0, field->SelLength()) << "a masked text is not selected";
 }
 
 TEST_F(get_value, TextIsCutToItsLength) {
@@ -315,6 +419,9 @@ TEST_F(get_value, TheNameSaysThatAFieldIsARecordIdentifier) {
     get& identifier = form->add<get>(u"sayID_Cliente");
     identifier.SetText(u"7");
     EXPECT_EQ(7, identifier.Value().asLong());
+    get& other = form->add<get>(u"getSayID_1");
+    other.SetText(u"7");
+    EXPECT_TRUE(other.Value().isString()) << "the name begins otherwise";
 }
 
 TEST_F(get_value, HasChangedComparesWithTheOriginal) {
@@ -346,6 +453,7 @@ TEST_F(get_value, ResetValueTakesTheValueAsTheOriginal) {
 TEST_F(get_value, ResetMakesAPlainEmptyText) {
     number(u"##0.00");
     field->Mayusculas(tslMayusculasUCase);
+    field->AutoFormat(tslGetAutoFormatProperCase);
     field->VacioEnBlanco(true);
     field->Seleccionado(tslSeleccionadoSiempre);
     field->Reset();
@@ -353,11 +461,16 @@ TEST_F(get_value, ResetMakesAPlainEmptyText) {
     EXPECT_EQ("", field->Mascara().utf8());
     EXPECT_EQ(0, field->MaxLength());
     EXPECT_EQ(tslMayusculasNoFilter, field->Mayusculas());
+    EXPECT_EQ(tslGetAutoFormatDefault, field->AutoFormat());
     EXPECT_FALSE(field->VacioEnBlanco());
     EXPECT_EQ(tslSeleccionadoNumeros, field->Seleccionado());
     EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
     EXPECT_EQ(0, field->SelStart());
     EXPECT_EQ("MS Sans Serif", field->Font()->Name().utf8());
+    field->UserFont(true);
+    field->Font()->Name(u"Arial");
+    field->Reset();
+    EXPECT_EQ("Arial", field->Font()->Name().utf8()) << "the application chose it";
 }
 
 TEST_F(get_value, SelectionsOutsideOfTheTextAreIgnored) {
@@ -405,6 +518,15 @@ TEST_F(get_value, AWrittenValueIsSelectedAsTheFocusWouldSelectIt) {
     EXPECT_EQ(0, field->SelLength());
 }
 
+TEST_F(get_value, AWrittenValueIsNotSelectedWithoutTheFocus) {
+    field->Seleccionado(tslSeleccionadoSiempre);
+    field->Value(u"uno");
+    EXPECT_EQ(0, field->SelLength());
+    number(u"##0");
+    field->Value(std::int32_t{12});
+    EXPECT_EQ(0, field->SelLength());
+}
+
 TEST_F(get_value, ATidiedTextIsTakenIfItFits) {
     field->AutoFormat(tslGetAutoFormatEspacioTrasPunto);
     enter();
@@ -427,6 +549,13 @@ TEST_F(get_value, AutoTrimTrimsWhatTheFieldShows) {
     EXPECT_EQ("a ", text());
     field->AutoTrim(tslAutoTrim_Right);
     EXPECT_EQ("a", text());
+    field->AutoTrim(tslAutoTrim_NO);
+    enter();
+    field->Text(u" b ");
+    field->AutoTrim(tslAutoTrim_Both);
+    EXPECT_EQ(" b ", text()) << "under the focus it waits";
+    leave();
+    EXPECT_EQ("b", text());
 }
 
 TEST_F(get_value, AnswersByNameWithTheValueAsDefault) {
