@@ -46,7 +46,11 @@ private:
 class CoupledButton : public automation::Object {
 public:
     bool Enabled() const { return enabled; }
-    void Set_And_Click() { ++presses; }
+    void Set_And_Click() {
+        ++presses;
+        host::DoEvents();
+        released = !globales().oKeyboard->KeyPressed(platform::VK_MENU);
+    }
     bool CausesValidation() const { return true; }
     void CausesValidation(bool) {}
 
@@ -63,6 +67,7 @@ public:
 
     int presses = 0;
     bool enabled = true;
+    bool released = false; ///< Alt was up when it was pressed
 };
 
 class get_events : public tests::FieldTest {
@@ -149,6 +154,64 @@ TEST_F(get_events, KeyWatchCanCancelAKey) {
     EXPECT_EQ(platform::VK_END, field->LastKey());
 }
 
+TEST_F(get_events, TheLastKeyIsTheOneThatWasUsed) {
+    field->Text(u"abc");
+    enter();
+    press(platform::VK_RIGHT);
+    EXPECT_EQ(platform::VK_RIGHT, field->LastKey());
+    type(u"x");
+    EXPECT_EQ('x', field->LastKey()) << "a character of its own code";
+}
+
+TEST_F(get_events, AFieldNotToBeEditedTakesNoKeysThoughItHasTheFocus) {
+    field->Text(u"abc");
+    enter();
+    field->EnabledGet(false);
+    field->KeyWatch.join([this](short&, short&) { events += "watch"; });
+    field->KeyDown.join([this](short&, short&) { events += "down"; });
+    field->KeyPress.join([this](short&) { events += "press"; });
+    ASSERT_TRUE(field->HasFocus());
+    type(u"x");
+    press(platform::VK_DELETE);
+    press(platform::VK_END);
+    EXPECT_EQ("abc", text());
+    EXPECT_EQ("", events);
+    EXPECT_EQ(0, field->caretPosition());
+}
+
+TEST_F(get_events, AKeyboardWithoutACharacterForCtrlBackspaceTakesAWordToo) {
+    field->Text(u"uno dos");
+    enter();
+    press(platform::VK_END);
+    desk.pressKey(platform::VK_CONTROL);
+    desk.strikeKey(platform::VK_BACK);
+    desk.pump();
+    EXPECT_EQ("uno", text());
+    field->ProcesarTeclaFromOnScreenKeyboard(u"\b", 0, 0);
+    EXPECT_EQ("", text());
+    desk.releaseKey(platform::VK_CONTROL);
+    desk.pump();
+}
+
+TEST_F(get_events, CtrlYShowsWhatIsLeft) {
+    field->Text(u"abc");
+    enter();
+    const auto whole = desk.look(field->hWnd());
+    FieldTest::press(platform::VK_CONTROL, 'Y');
+    EXPECT_NE(whole, desk.look(field->hWnd()));
+}
+
+TEST_F(get_events, UpAndDownEndASelection) {
+    field->MultiLine(true);
+    field->Height(900);
+    field->Text(u"uno\ndos");
+    enter();
+    FieldTest::press(platform::VK_SHIFT, platform::VK_RIGHT);
+    ASSERT_EQ(1, field->SelLength());
+    press(platform::VK_DOWN);
+    EXPECT_EQ(0, field->SelLength());
+}
+
 TEST_F(get_events, TabIsWatchedWhenTheHostMovesTheFocus) {
     short watched = 0, shifted = -1;
     field->KeyWatch.join([&](short& code, short& shift) {
@@ -169,9 +232,10 @@ TEST_F(get_events, KeyPressCanKeepACharacterOut) {
     field->KeyPress.join([](short& code) {
         if (code == 'b') code = 0;
         if (code == 'c') code = 'x';
+        if (code == 'd') code = -1;
     });
     enter();
-    type(u"abc");
+    type(u"abcd");
     EXPECT_EQ("ax", text());
 }
 
@@ -197,12 +261,56 @@ TEST_F(get_events, ACharacterOverwritesTheMaskedTextThatItsHandlerWrote) {
 TEST_F(get_events, TheGateSwallowsKeysAndMouse) {
     field->Text(u"abc");
     enter();
+    const auto note = [this](short&, short&) { events += "key"; };
+    const auto noteMouse = [this](short&, short&, float&, float&) { events += "mouse"; };
+    field->KeyWatch.join(note);
+    field->KeyDown.join(note);
+    field->KeyUp.join(note);
+    field->MouseDown.join(noteMouse);
+    field->MouseMove.join(noteMouse);
+    field->MouseUp.join(noteMouse);
+    field->Click.join([this] { events += "click"; });
+    field->DblClick.join([this] { events += "double"; });
     field->EventsEnabled(false);
     type(u"x");
     press(platform::VK_END);
+    click(20);
+    desk.doubleClick(at(20, 8));
+    desk.pump();
     field->EventsEnabled(true);
+    EXPECT_EQ("", events);
     EXPECT_EQ("abc", text());
     EXPECT_EQ(0, field->caretPosition());
+    EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_events, AKeyThatComesWhileAnotherIsWatchedIsSwallowed) {
+    field->Text(u"abc");
+    enter();
+    int watched = 0;
+    field->KeyWatch.join([&](short&, short&) {
+        if (++watched > 1) return;
+        desk.strikeKey(platform::VK_END);
+        desk.pump();
+    });
+    press(platform::VK_RIGHT);
+    EXPECT_EQ(1, watched);
+    EXPECT_EQ(1, field->caretPosition());
+}
+
+TEST_F(get_events, InsertTellsTheKeyboardTheModeOfTheField) {
+    field->Mascara(u"##");
+    enter();
+    press(platform::VK_INSERT);
+    EXPECT_FALSE(globales().oKeyboard->InsertState()) << "masked text is overwritten";
+    leave();
+    press(platform::VK_INSERT);
+    EXPECT_FALSE(globales().oKeyboard->InsertState());
+    after->TipoDato(tslTipoDatoNumero);
+    press(platform::VK_INSERT);
+    EXPECT_TRUE(globales().oKeyboard->InsertState()) << "numbers are typed into";
+    press(platform::VK_INSERT);
+    EXPECT_TRUE(globales().oKeyboard->InsertState());
 }
 
 TEST_F(get_events, ButtonsActWhenTheyAreReleased) {
@@ -213,6 +321,65 @@ TEST_F(get_events, ButtonsActWhenTheyAreReleased) {
     click(button(0));
     EXPECT_EQ("combo!searchrecord", events);
     EXPECT_TRUE(field->HasFocus());
+}
+
+TEST_F(get_events, AButtonBeginsBehindTheTextAndEndsBeforeTheBorder) {
+    allButtons();
+    field->BotonBuscar(false);
+    field->BotonFicha(false);
+    constexpr int border = 3; // pixels behind the last button
+    const int first = width() - border - field->ButtonWidth(), last = width() - border - 1;
+    for (const int x : {first - 1, last + 1, width() - 1}) {
+        click(x);
+        EXPECT_EQ("", events) << x;
+    }
+    for (const int x : {first, last})
+        click(x);
+    EXPECT_EQ("combo!combo!", events);
+}
+
+TEST_F(get_events, TheRightMouseButtonPressesTheListOnly) {
+    allButtons();
+    click(button(1), 8, platform::VK_RBUTTON);
+    click(button(0), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("", events);
+}
+
+TEST_F(get_events, APressedButtonShowsWhetherThePointerIsOverIt) {
+    allButtons();
+    enter();
+    const auto plain = desk.look(field->hWnd());
+    desk.moveMouse(at(button(1), 8));
+    desk.pressButton();
+    desk.pump();
+    const auto pressed = desk.look(field->hWnd());
+    EXPECT_NE(plain, pressed);
+    for (const auto outside : {at(button(1), 60), at(button(1), -20), at(button(0), 8)}) {
+        desk.moveMouse(outside);
+        desk.pump();
+        EXPECT_EQ(plain, desk.look(field->hWnd()));
+        desk.moveMouse(at(button(1), 8));
+        desk.pump();
+        EXPECT_EQ(pressed, desk.look(field->hWnd()));
+    }
+    desk.moveMouse(at(button(1), 60));
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ("", events) << "below it";
+}
+
+TEST_F(get_events, TheMouseWaitsWhileAButtonsEventRuns) {
+    field->Text(u"abcdef");
+    allButtons();
+    std::int32_t caret = -1;
+    field->EVBuscar.join([&] {
+        click(20);
+        click(button(2));
+        caret = field->caretPosition();
+    });
+    click(button(1));
+    EXPECT_EQ("search", events);
+    EXPECT_EQ(0, caret);
 }
 
 TEST_F(get_events, AButtonThatThePointerHasLeftDoesNotAct) {
@@ -256,6 +423,11 @@ TEST_F(get_events, TheRightButtonOnTheListClearsTheField) {
     field->EnabledGet(false);
     click(button(2), 8, platform::VK_RBUTTON);
     EXPECT_EQ("abc", text()) << "it is not to be edited";
+    field->EnabledGet(true);
+    field->TipoDato(tslTipoDatoFecha);
+    field->Text(u"14/03/2026");
+    click(button(2), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("14/03/2026", text()) << "a date is chosen anew";
 }
 
 TEST_F(get_events, AnErrorInAButtonsEventLeavesTheCaret) {
@@ -427,6 +599,9 @@ TEST_F(get_events, DirectionsAreNotedThoughTheKeyIsCancelled) {
     }
     press(platform::VK_CONTROL, platform::VK_UP);
     EXPECT_EQ(tslForwardFocus_Forward, field->IsForwarding()) << "with Ctrl it is no direction";
+    press(platform::VK_UP);
+    press(platform::VK_CONTROL, platform::VK_DOWN);
+    EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding()) << "nor this one";
     FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
     EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding());
     leave();
@@ -470,9 +645,12 @@ TEST_F(get_events, KeyAddIsAskedAndThenDone) {
     EXPECT_EQ("?+", asked);
     EXPECT_EQ(1, down) << "not supported: the key is the application's";
     supported = true;
+    const auto shown = desk.look(field->hWnd());
+    field->GlobalCtlCfg(tslCtlGlobalCfg_Get_FocusBackColor, Variant(std::int32_t{0x40C0E0}));
     FieldTest::press(platform::VK_MENU, platform::VK_ADD);
     FieldTest::press(platform::VK_MENU, platform::VK_SUBTRACT);
     EXPECT_EQ("?+?+!+?-!-", asked);
+    EXPECT_NE(shown, desk.look(field->hWnd())) << "it is painted anew";
     EXPECT_EQ(1, down) << "the keys are used up";
     EXPECT_EQ("", text());
 }
@@ -482,12 +660,16 @@ TEST_F(get_events, KeyViewFormIsAskedAndThenDone) {
     bool released = false;
     field->KeyViewForm.join([&](bool& cancel, bool& checkOnly) {
         asked += checkOnly ? "?" : "!";
-        if (!checkOnly) released = !globales().oKeyboard->KeyPressed(platform::VK_MENU);
+        if (!checkOnly) {
+            host::DoEvents();
+            released = !globales().oKeyboard->KeyPressed(platform::VK_MENU);
+        }
         cancel = false;
     });
     enter();
     FieldTest::press(platform::VK_MENU, platform::VK_RETURN);
     EXPECT_EQ("?!", asked);
+    EXPECT_TRUE(released) << "before it acts";
     EXPECT_TRUE(field->HasFocus());
     desk.pump();
     EXPECT_FALSE(globales().oKeyboard->KeyPressed(platform::VK_MENU));
@@ -501,6 +683,7 @@ TEST_F(get_events, AltDownPressesTheCoupledButton) {
     enter();
     FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
     EXPECT_EQ(1, coupled->presses);
+    EXPECT_TRUE(coupled->released);
     coupled->enabled = false;
     FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
     EXPECT_EQ(1, coupled->presses);
@@ -624,6 +807,9 @@ TEST_F(get_events, SetCaretPositionKeepsToTheText) {
     field->SetCaretPosition(6);
     field->SetCaretPosition(-1);
     EXPECT_EQ(3, field->caretPosition()) << "a literal and what lies outside are refused";
+    leave();
+    field->SetCaretPosition(0);
+    EXPECT_EQ(3, field->caretPosition()) << "without the focus too";
 }
 
 TEST_F(get_events, TheOnScreenKeyboardTypes) {
@@ -695,11 +881,15 @@ TEST_F(get_events, AMaskDerivedAtTheFirstDigitMayShortenTheText) {
 TEST_F(get_events, AFieldSaysWhetherItMovesTheFocusItself) {
     bool itself = false;
     field->Extender().LostFocus.join([&] { itself = field->IsGoingToChangeFocus(); });
-    enter();
-    press(platform::VK_RETURN);
-    EXPECT_TRUE(itself);
-    EXPECT_FALSE(field->IsGoingToChangeFocus()) << "the next field has got it";
-    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    show();
+    for (const int key : {platform::VK_RETURN, platform::VK_DOWN, platform::VK_UP}) {
+        itself = false;
+        field->Extender().SetFocus();
+        press(key);
+        EXPECT_TRUE(itself) << key;
+        EXPECT_FALSE(field->IsGoingToChangeFocus()) << "the next field has got it";
+    }
+    field->Extender().SetFocus();
     leave();
     EXPECT_FALSE(itself) << "the form's Tab";
 }
@@ -715,6 +905,22 @@ TEST_F(get_events, ThePointerIsABeamOverTheText) {
     }
     constexpr std::int32_t beam = 3, usual = 0;
     EXPECT_EQ((std::vector<std::int32_t>{beam, usual, beam}), seen);
+    seen.clear();
+    desk.pressButton();
+    desk.moveMouse(at(button(0), 8));
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ((std::vector<std::int32_t>{beam}), seen) << "while it selects";
+}
+
+TEST_F(get_events, AClickOnAMaskedTextGoesToItsStart) {
+    field->Mascara(u"####");
+    field->Text(u"1234");
+    enter();
+    press(platform::VK_END);
+    click(20);
+    EXPECT_EQ(0, field->caretPosition());
+    EXPECT_EQ(0, field->SelLength());
 }
 
 TEST_F(get_events, EventsAreCountedWhileTheyRun) {

@@ -188,6 +188,7 @@ TEST_F(get_masks, TheDesignerKeepsWhatWasChosen) {
     fonted.UserFont(true);
     fonted.Font()->Name(u"Arial");
     fonted.AutoSize(tslAutoSize_NO);
+    const float width = fonted.Width();
     for (const auto& [type, sizes] : {std::pair(tslTipoDatoNumero, tslautoSize_X),
                                       {tslTipoDatoCaracter, tslAutoSize_NO},
                                       {tslTipoDatoFecha, tslautoSize_X},
@@ -195,6 +196,7 @@ TEST_F(get_masks, TheDesignerKeepsWhatWasChosen) {
         fonted.TipoDato(type);
         EXPECT_EQ("Arial", fonted.Font()->Name().utf8());
         EXPECT_EQ(sizes, fonted.AutoSize());
+        EXPECT_NE(width, fonted.Width()) << "as the digits need it";
     }
 }
 
@@ -226,7 +228,9 @@ TEST_F(get_masks, TheDigitsAreThoseOfTheMaskThatHasTheFocus) {
 }
 
 TEST_F(get_masks, FntNumbersKeepsTheFontOfNumbers) {
+    field->Font()->Size(automation::Currency(14));
     field->FntNumbers();
+    EXPECT_EQ(8, field->Font()->Size().toDouble());
     EXPECT_TRUE(field->UserFont());
     EXPECT_EQ("Verdana", field->Font()->Name().utf8());
     field->Mascara(u"##");

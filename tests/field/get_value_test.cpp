@@ -467,6 +467,7 @@ TEST_F(get_value, ResetMakesAPlainEmptyText) {
     EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
     EXPECT_EQ(0, field->SelStart());
     EXPECT_EQ("MS Sans Serif", field->Font()->Name().utf8());
+    EXPECT_EQ(8, field->Font()->Size().toDouble());
     field->UserFont(true);
     field->Font()->Name(u"Arial");
     field->Reset();

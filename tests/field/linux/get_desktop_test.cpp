@@ -124,6 +124,23 @@ TEST_F(get_desktop, TheCaretShowsTheModeAndTheFont) {
     EXPECT_EQ(1, caretSize().cx);
 }
 
+TEST_F(get_desktop, TheCaretIsSeenWhereItIsWantedAndTheFieldCanBeEdited) {
+    const auto isSeen = [] { return caretSize().cx > 0; };
+    field->Text(u"abc");
+    enter();
+    EXPECT_TRUE(isSeen());
+    field->CaretVisible(false);
+    EXPECT_FALSE(isSeen());
+    press(platform::VK_END);
+    EXPECT_FALSE(isSeen()) << "after the next paint too";
+    field->CaretVisible(true);
+    EXPECT_TRUE(isSeen());
+    field->EnabledGet(false);
+    EXPECT_FALSE(isSeen());
+    field->EnabledGet(true);
+    EXPECT_TRUE(isSeen());
+}
+
 TEST_F(get_desktop, TheCaretIsAsHighAsALine) {
     field->Text(u"abc");
     enter();

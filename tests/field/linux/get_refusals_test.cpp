@@ -122,9 +122,16 @@ TEST_F(get_refusals, PastesBeepWhereTheyHaveNoPlace) {
 }
 
 TEST_F(get_refusals, EnterAndTabAreSilent) {
-    enter();
-    EXPECT_EQ(0, beepsAt([&] {
-                  press(platform::VK_RETURN);
-                  press(platform::VK_TAB);
-              }));
+    const auto walk = [&] {
+        enter();
+        return beepsAt([&] {
+            press(platform::VK_RETURN);
+            FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+            press(platform::VK_TAB);
+        });
+    };
+    EXPECT_EQ(0, walk());
+    before->Extender().SetFocus();
+    field->Locked(true);
+    EXPECT_EQ(0, walk());
 }
