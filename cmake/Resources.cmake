@@ -26,6 +26,13 @@ function(target_resources TARGET SCRIPT)
     set_source_files_properties(${source} PROPERTIES OBJECT_DEPENDS "${files}")
     add_library(${TARGET}_resources OBJECT ${source})
     target_link_libraries(${TARGET}_resources PRIVATE tesela_platform)
+    if(WIN32 AND scope STREQUAL "INTERFACE")
+        set_property(GLOBAL APPEND PROPERTY TESELA_LIBRARY_RESOURCES ${TARGET}_resources)
+    elseif(WIN32)
+        # Its script repeats those of the libraries, whose files have to be there.
+        get_property(libraries GLOBAL PROPERTY TESELA_LIBRARY_RESOURCES)
+        add_dependencies(${TARGET}_resources ${libraries})
+    endif()
     set(objects $<TARGET_OBJECTS:${TARGET}_resources>)
     if(WIN32 AND scope STREQUAL "PRIVATE")
         # The files that the libraries' scripts name may have to be rendered first.

@@ -49,7 +49,7 @@ bool cCanvas::BeginRecordMetafile(const String& cFileName, const String& cAplica
     try {
         viewport = {devicePixels(nWidth, nPixelsPerInchX, nTargetDC, platform::HORZRES, platform::HORZSIZE),
                     devicePixels(nHeight, nPixelsPerInchY, nTargetDC, platform::VERTRES, platform::VERTSIZE)};
-    } catch (const automation::Error&) { // of a canvas that was never configured
+    } catch (const automation::Error&) { // without a target there is nothing to measure by
         platform::DeleteEnhMetaFile(platform::CloseEnhMetaFile(recorder));
         throw;
     }

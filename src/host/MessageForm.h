@@ -16,6 +16,7 @@ public:
 
     /// Shows the window and returns the button that closed it.
     MsgBoxResult ask();
+    MsgBoxStyle style() const { return style_; }
 
 protected:
     void onQueryUnload(short& Cancel, UnloadMode mode) override;

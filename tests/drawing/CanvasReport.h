@@ -17,6 +17,7 @@ protected:
         EXPECT_EQ(1, answer.shown());
         EXPECT_EQ(u"Error gráfico G.D.I.", answer.title());
         EXPECT_EQ(text, answer.text());
+        EXPECT_EQ(host::MsgBoxStyle::Critical, answer.style());
     }
 };
 

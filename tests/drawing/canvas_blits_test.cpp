@@ -40,6 +40,8 @@ TEST_F(cCanvas_Blits, BitBltCopiesAPartByARasterOperation) {
     EXPECT_EQ("......\n.RRGG.\n.RRGG.\n.BB##.\n.BB##.\n......\n", picture(6, 6));
     EXPECT_EQ(1, canvas->BitBlt(source.dc(), 0, 0, 2, 1, 2, 0, static_cast<std::int32_t>(platform::SRCCOPY)));
     EXPECT_EQ("GG..\n", picture(4, 1));
+    canvas->BitBlt(source.dc(), 0, 0, 2, 1, 0, 2);
+    EXPECT_EQ("BB..\n", picture(4, 1));
     canvas->FillBox(0, 0, 3, 3, white);
     canvas->BitBlt(source.dc(), 0, 0, 4, 4, 0, 0, static_cast<std::int32_t>(platform::SRCINVERT));
     EXPECT_EQ(yellow, at(0, 2)) << "white without blue";
@@ -54,6 +56,8 @@ TEST_F(cCanvas_Blits, StretchBltTakesTheTargetsSizeForAMissingSourceSize) {
     EXPECT_EQ(white, at(7, 7));
     canvas->StretchBlt(source.dc(), 0, 0, 4, 4, 2, 2, 2, 2);
     EXPECT_EQ("####\n", picture(4, 1));
+    canvas->StretchBlt(source.dc(), 0, 0, 4, 4, 2, 0, 2, 2, static_cast<std::int32_t>(platform::SRCINVERT));
+    EXPECT_EQ(0xFF00FF, at(3, 3)) << "white without green";
 }
 
 TEST_F(cCanvas_Blits, DibStretchBltPaintsThroughItsBits) {
@@ -80,8 +84,20 @@ TEST_F(cCanvas_Blits, DibStretchBltStretches) {
     EXPECT_EQ(white, at(7, 7));
 }
 
+TEST_F(cCanvas_Blits, DibStretchBltPaintsAPartByARasterOperation) {
+    canvas->DIB_StretchBlt(source.dc(), 0, 0, 2, 2, 2, 0);
+    EXPECT_EQ("##\n##\n", picture(2, 2)) << "rows count from the bottom";
+    canvas->DIB_StretchBlt(source.dc(), 0, 0, 2, 2, 2, 2);
+    EXPECT_EQ("GG\nGG\n", picture(2, 2));
+    canvas->DIB_StretchBlt(source.dc(), 0, 0, 2, 2, 0, 2, 0, 0,
+                           static_cast<std::int32_t>(platform::SRCPAINT));
+    EXPECT_EQ("YY\nYY\n", picture(2, 2)) << "red and green";
+}
+
 TEST_F(cCanvas_Blits, DibStretchBltTellsAndLogsTheStepThatFailed) {
     const std::string before = support::libraryLog();
+    EXPECT_EQ(0, canvas->DIB_StretchBlt(source.dc(), 0, 0, 4, 4));
+    EXPECT_EQ(before, support::libraryLog()) << "nothing to tell";
     EXPECT_EQ(1, canvas->DIB_StretchBlt({}, 0, 0, 4, 4)) << "no bitmap in no context";
     const std::string first = support::libraryLog().substr(before.size());
     EXPECT_NE(std::string::npos, first.find("Error # 1 en \"cCanvas.DIB_StretchBlt()\""));
@@ -118,6 +134,30 @@ TEST_F(cCanvas_Blits, TransparentBltReadsItsSourceFromTheCorner) {
     EXPECT_EQ("RRRRGGGG\n", picture(8, 1)) << "stretched";
 }
 
+TEST_F(cCanvas_Blits, TransparentBltLeavesItsColourOutOfAStretchedSource) {
+    canvas->FillBox(0, 0, 23, 15, yellow);
+    const std::int32_t before = gdiObjects();
+    EXPECT_EQ(1, canvas->TransparentBlt(source.dc(), 2, 1, 8, 4, 0, 0, 4, 4));
+    expectObjects(before);
+    EXPECT_EQ("YYYYYYYYYYYY\n"
+              "YYRRRRGGGGYY\n"
+              "YYRRRRGGGGYY\n"
+              "YYBBBBYYYYYY\n"
+              "YYBBBBYYYYYY\n"
+              "YYYYYYYYYYYY\n",
+              picture(12, 6));
+    canvas->DrawBox(2, 1, 9, 4, white, black);
+    canvas->TransparentBlt(source.dc(), 2, 1, 8, 4, 0, 0, 4, 4, red);
+    EXPECT_EQ("YY####GGGGYY\n"
+              "YY#RRRGGGGYY\n"
+              "YYBBBB####YY\n"
+              "YYBBBB####YY\n",
+              picture(12, 5).substr(13))
+        << "each pixel of the target where it was";
+    canvas->TransparentBlt(source.dc(), 0, 0, 2, 2, 0, 0, 4, 4, yellow);
+    EXPECT_EQ("RG\nB#\n", picture(2, 2)) << "shrunk";
+}
+
 TEST_F(cCanvas_Blits, AlphaBlendMixesAllButTheLastRowAndColumn) {
     canvas->AlphaBlend(source.dc(), 0, 0, 4, 4, 0, 0, 0, 0, 255);
     EXPECT_EQ("RRG.\nRRG.\nBB#.\n....\n", picture(4, 4)) << "255 is the opaque source";
@@ -133,6 +173,25 @@ TEST_F(cCanvas_Blits, AlphaBlendStretchesBothAreasWithoutTheirLast) {
     canvas->AlphaBlend(source.dc(), 0, 0, 7, 7, 0, 0, 4, 4, 255);
     EXPECT_EQ("RRRRGG.\n", picture(7, 1)) << "three columns on six";
     EXPECT_EQ("BBBB##.\n.......\n", picture(7, 7).substr(40));
+    canvas->FillBox(0, 0, 23, 15, black);
+    canvas->AlphaBlend(source.dc(), 0, 0, 3, 3, 2, 1, 0, 0, 255);
+    EXPECT_EQ("GG.\n##.\n...\n", picture(3, 3)) << "a part of the source";
+}
+
+TEST_F(cCanvas_Blits, AlphaBlendLeavesTheLastRowOfItsSourceOut) {
+    const test::Canvas striped(4, 4);
+    for (int x = 0; x < 4; ++x)
+        striped.set(x, 3, red);
+    canvas->FillBox(0, 0, 23, 15, white);
+    canvas->AlphaBlend(striped.dc(), 0, 0, 10, 10, 0, 0, 4, 4, 255);
+    EXPECT_EQ(".........#\n.........#\n##########\n", picture(10, 10).substr(77));
+    for (int y = 0; y < 4; ++y) {
+        striped.set(3, y, red);
+        striped.set(y, 3, black);
+    }
+    canvas->FillBox(0, 0, 23, 15, white);
+    canvas->AlphaBlend(striped.dc(), 0, 0, 10, 10, 0, 0, 4, 4, 255);
+    EXPECT_EQ(".........#\n", picture(10, 1)) << "and the last column";
 }
 
 TEST_F(cCanvas_Blits, SizesAtTheEndsOfLongDoNotWrapRound) {
@@ -153,6 +212,8 @@ TEST_F(cCanvas_Blits, ColoursAreMixedChannelByChannel) {
     // 32 + 191.25, 64 + 95.625, 96 - 79.6875: just short of the second colour.
     EXPECT_EQ(0xDFA010, canvas->CalculateColorMix(c1, c2, 0));
     EXPECT_EQ(254, canvas->CalculateColorMix(black, 255, 0)) << "of 256";
+    EXPECT_EQ(0x020200, canvas->CalculateColorMix(0x030100, 0x020201, 127))
+        << "halves go to the even neighbour";
     EXPECT_EQ(CalculateColorMix(c1, c2, 100), canvas->CalculateColorMix(c1, c2, 100));
     const std::int32_t system = host::colorButtonFace;
     EXPECT_EQ(15, canvas->CalculateColorMix(system, system, 128)) << "not resolved";
@@ -169,6 +230,15 @@ TEST_F(cCanvas_Blits, TranslucencyLaysAColourOverAnArea) {
     canvas->ApplyTranslucency(red, 128);
     EXPECT_EQ(128, at(0, 0));
     EXPECT_EQ(128, at(23, 15));
+}
+
+TEST_F(cCanvas_Blits, TranslucencyColoursNoMoreThanTheCanvasMeasures) {
+    canvas->FillBox(0, 0, 23, 15, white);
+    canvas->RectangleTranslucency(-10, -4, 23, 15, red, 255);
+    EXPECT_EQ(red, at(14, 12)) << "24 columns and 16 rows from the corner, and one more of each";
+    EXPECT_EQ(black, at(15, 12));
+    EXPECT_EQ(black, at(14, 13));
+    EXPECT_EQ(white, at(23, 14)) << "the blend leaves its last column out";
 }
 
 TEST_F(cCanvas_Blits, TheOpeningFrameTakesItsTimeAndLeavesNothing) {

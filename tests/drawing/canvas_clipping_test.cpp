@@ -124,6 +124,30 @@ TEST_F(cCanvas_Clipping, APathBecomesARegionOrTheClipping) {
     EXPECT_EQ(black, at(10, 10));
 }
 
+TEST_F(cCanvas_Clipping, APathJoinsTheClippingByItsMode) {
+    const struct {
+        ClipPathModeConstants mode;
+        std::int32_t left, both, right; ///< Of the clipping alone, of both, of the path alone
+    } cases[] = {{ClipPathMode_And, black, red, black},
+                 {ClipPathMode_Or, red, red, red},
+                 {ClipPathMode_Xor, red, black, red},
+                 {ClipPathMode_Diff, red, black, black},
+                 {ClipPathMode_Copy, black, red, red}};
+    for (const auto& one : cases) {
+        canvas->FillBox(0, 0, 23, 15, black);
+        canvas->SetClippingRect({0, 0, 6, 6});
+        canvas->BeginPath();
+        canvas->Rectangle(3, 0, 9, 6);
+        canvas->EndPath();
+        EXPECT_EQ(1, canvas->SetClippingPath(one.mode));
+        canvas->FillBox(0, 0, 23, 15, red);
+        canvas->ClearClipping();
+        EXPECT_EQ(one.left, at(1, 3)) << one.mode;
+        EXPECT_EQ(one.both, at(5, 3)) << one.mode;
+        EXPECT_EQ(one.right, at(8, 3)) << one.mode;
+    }
+}
+
 TEST_F(cCanvas_Clipping, AnAbortedPathIsGone) {
     canvas->BeginPath();
     canvas->Rectangle(2, 2, 6, 6);

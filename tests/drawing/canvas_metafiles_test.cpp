@@ -2,6 +2,7 @@
 #include "CanvasTest.h"
 #include "drawing/rounding.h"
 #include "host/Clipboard.h"
+#include "platform/input.h"
 #include "platform/metafiles.h"
 #include "support/Canvas.h"
 #include "support/Desk.h"
@@ -69,6 +70,9 @@ TEST_F(cCanvas_Metafiles, ARecordIsPlayedInAnyRectangle) {
     EXPECT_EQ(red, canvas->GetPixel(30, 7));
     EXPECT_EQ(black, canvas->GetPixel(10, 7));
     EXPECT_EQ(black, canvas->GetPixel(30, 20));
+    EXPECT_TRUE(canvas->PlayMetafile(metafile, 0, 20, 20, 10));
+    EXPECT_EQ(red, canvas->GetPixel(10, 25));
+    EXPECT_EQ(black, canvas->GetPixel(10, 20));
     canvas->DeleteMetafile(metafile);
     EXPECT_FALSE(canvas->PlayMetafile(metafile, 0, 0, 10, 10));
 }
@@ -132,8 +136,21 @@ TEST_F(cCanvas_Metafiles, AnEndWithoutABeginningGivesNothing) {
 
 TEST_F(cCanvas_Metafiles, ACanvasThatWasNeverConfiguredRecordsNothing) {
     const auto fresh = automation::make<cCanvas>();
+    const std::int32_t before = gdiObjects();
     EXPECT_EQ(automation::errors::Overflow, errorOf([&] { fresh->BeginRecordMetafile(); }));
+    expectObjects(before);
     EXPECT_FALSE(fresh->EndRecordMetafile(false)) << "nothing is open";
+}
+
+TEST_F(cCanvas_Metafiles, WithoutATargetToMeasureByNothingIsRecorded) {
+    const auto control = automation::make<cCanvas>();
+    control->Configure({}, 0, 0, 10, 10, DCProvider_Auto, false);
+    control->Resize(10, 10); // gives its target up
+    const platform::HDC dc = control->GetPaintDC();
+    const std::int32_t before = gdiObjects();
+    EXPECT_EQ(automation::errors::Overflow, errorOf([&] { control->BeginRecordMetafile(); }));
+    expectObjects(before);
+    EXPECT_EQ(dc, control->GetPaintDC());
 }
 
 TEST_F(cCanvas_Metafiles, ACanvasThatEndsWhileRecordingLeavesNothing) {
@@ -214,6 +231,11 @@ TEST_F(cCanvas_Metafiles, APictureOfAMetafileIsPlayed) {
     canvas->PaintPicture(picture, 0, 0, 20, 15);
     EXPECT_EQ(red, canvas->GetPixel(10, 7));
     EXPECT_EQ(black, canvas->GetPixel(20, 20));
+    canvas->FillBox(0, 0, 39, 29, black);
+    canvas->PaintPicture(picture, 20, 15, 20, 15);
+    EXPECT_EQ(red, canvas->GetPixel(30, 22));
+    EXPECT_EQ(black, canvas->GetPixel(10, 22));
+    EXPECT_EQ(black, canvas->GetPixel(30, 7));
     const auto made = automation::make<cCanvas>();
     automation::Ref<automation::Object> object(picture);
     EXPECT_TRUE(made->CreateFromPicture(object, screen));
@@ -222,7 +244,10 @@ TEST_F(cCanvas_Metafiles, APictureOfAMetafileIsPlayed) {
 
 TEST_F(cCanvas_Metafiles, TheClipboardTakesAMetafile) {
     const support::Desk desk;
+    host::Clipboard::SetText(u"texto");
     canvas->CopyToClipboard(recordBox(false));
+    EXPECT_FALSE(platform::CloseClipboard()) << "closed when all went well";
+    EXPECT_EQ(u"", host::Clipboard::GetText()) << "alone there";
     EXPECT_TRUE(host::Clipboard::GetFormat(host::ClipboardFormat::EMetafile));
     const auto pasted = host::Clipboard::GetData(host::ClipboardFormat::EMetafile);
     canvas->PaintPicture(pasted, 0, 0);
@@ -232,7 +257,9 @@ TEST_F(cCanvas_Metafiles, TheClipboardTakesAMetafile) {
 TEST_F(cCanvas_Metafiles, TheClipboardTakesACopyOfTheCanvas) {
     const support::Desk desk;
     canvas->FillBox(3, 3, 9, 9, red);
+    host::Clipboard::SetText(u"texto");
     canvas->CopyToClipboard();
+    EXPECT_EQ(u"", host::Clipboard::GetText()) << "alone there";
     EXPECT_TRUE(host::Clipboard::GetFormat(host::ClipboardFormat::DIB));
     const auto pasted = host::Clipboard::GetData(host::ClipboardFormat::DIB);
     canvas->FillBox(0, 0, 39, 29, blue);

@@ -1,6 +1,7 @@
 // Pens, brushes, palettes and the state of the context: what is created, selected, owned and reported.
 #include "CanvasReport.h"
 #include "frame/Globales.h"
+#include "host/Form.h"
 #include "platform/windows.h"
 #include "support/Canvas.h"
 
@@ -127,6 +128,28 @@ TEST_F(cCanvas_Objects, ContextsAreGotAndGivenBack) {
     const auto memory = platform::CreateCompatibleDC({});
     EXPECT_EQ(1, automation::fromVariant<std::int32_t>(canvas->DeleteDC(memory)));
     EXPECT_EQ(0, automation::fromVariant<std::int32_t>(canvas->DeleteDC(memory)));
+    EXPECT_EQ(0, canvas->ReleaseDC({}, memory)) << "gone";
+}
+
+TEST_F(cCanvas_Objects, AWindowHasAContextForItsInsideAndOneForAllOfIt) {
+    const support::Desk desk;
+    const auto form = automation::make<host::Form>(u"Form1");
+    form->SetClientSize(3000, 1500);
+    form->Show();
+    const auto sizeOf = [&](platform::HDC dc) {
+        platform::RECT box;
+        platform::GetClipBox(dc, &box);
+        EXPECT_EQ(1, canvas->ReleaseDC(form->hWnd(), dc));
+        return platform::SIZE{box.right - box.left, box.bottom - box.top};
+    };
+    platform::RECT inside, frame;
+    platform::GetClientRect(form->hWnd(), &inside);
+    platform::GetWindowRect(form->hWnd(), &frame);
+    EXPECT_EQ((platform::SIZE{inside.right, inside.bottom}), sizeOf(canvas->GetDC(form->hWnd())));
+    EXPECT_EQ((platform::SIZE{frame.right - frame.left, frame.bottom - frame.top}),
+              sizeOf(canvas->GetWindowDC(form->hWnd())));
+    EXPECT_GT(frame.bottom - frame.top, inside.bottom);
+    form->unload();
 }
 
 TEST_F(cCanvas_Objects, StateIsReturnedAsItWas) {
@@ -162,6 +185,10 @@ TEST_F(cCanvas_Objects, ASystemColourIsChangedForAll) {
     EXPECT_EQ(red, at(0, 0));
     EXPECT_EQ(1, canvas->SetVBSysColor(SystemColor_BtnFace, before));
     EXPECT_EQ(before, canvas->GetVBSysColor(host::colorButtonFace));
+    const auto byColour = static_cast<SystemColorConstants>(host::colorButtonFace);
+    EXPECT_EQ(1, canvas->SetVBSysColor(byColour, green));
+    EXPECT_EQ(green, canvas->GetVBSysColor(host::colorButtonFace)) << "the form that colours have is taken";
+    EXPECT_EQ(1, canvas->SetVBSysColor(SystemColor_BtnFace, before));
 }
 
 TEST_F(cCanvas_Objects, AStandardFontInUseEndsWithTheOthers) {
@@ -192,4 +219,17 @@ TEST_F(cCanvas_Objects, ADisplayOfFewColoursGetsOneHalftonePalette) {
     canvas.reset();
     expectObjects(before - 2);
     globales().lHighColor = true;
+}
+
+TEST_F(cCanvas_Objects, AContextOfTheCallerGetsItsOwnPaletteBack) {
+    const test::Canvas target(4, 4);
+    const HGDIOBJ palette = platform::GetCurrentObject(target.dc(), platform::OBJ_PAL);
+    auto users = automation::make<cCanvas>();
+    users->Configure(target.dc(), 0, 0, 4, 4, DCProvider_User);
+    globales().lHighColor = false;
+    users->ComprobarPaletaSemitonos();
+    globales().lHighColor = true;
+    EXPECT_NE(palette, platform::GetCurrentObject(target.dc(), platform::OBJ_PAL));
+    users.reset();
+    EXPECT_EQ(palette, platform::GetCurrentObject(target.dc(), platform::OBJ_PAL));
 }

@@ -29,6 +29,14 @@ protected:
         platform::DeleteDC(screen);
         return result;
     }
+    /// Every colour of the canvas.
+    std::string exactPicture() const {
+        std::string result;
+        for (std::int32_t y = 0; y < 16; ++y)
+            for (std::int32_t x = 0; x < 24; ++x)
+                result += std::to_string(at(x, y)) + (x == 23 ? '\n' : ' ');
+        return result;
+    }
     std::size_t count(std::int32_t color) const {
         std::size_t found = 0;
         for (std::int32_t y = 0; y < 16; ++y)
@@ -119,6 +127,50 @@ TEST_F(cCanvas_Pictures, AnIconWithASourceSizeIsScaledWithWhatLiesUnderIt) {
     EXPECT_EQ(platform::COLORONCOLOR, platform::GetStretchBltMode(canvas->GetPaintDC()));
 }
 
+namespace {
+
+constexpr std::int32_t stopSign = 32513;
+
+} // namespace
+
+TEST_F(cCanvas_Pictures, AScaledIconIsMadeSmallTogetherWithWhatLiesUnderIt) {
+    const auto icon = canvas->GetSysPicture(stopSign, iconType);
+    ASSERT_TRUE(icon);
+    const auto ground = [this] {
+        canvas->FillBox(0, 0, 23, 15, yellow);
+        canvas->FillBox(4, 0, 7, 15, blue);
+    };
+    ground();
+    test::Canvas large(40, 36);
+    platform::StretchBlt(large.dc(), 0, 0, 40, 36, canvas->GetPaintDC(), 2, 1, 12, 10, platform::SRCCOPY);
+    platform::DrawIconEx(large.dc(), 0, 0, icon->hIcon(), 40, 36, 0, {}, platform::DI_NORMAL);
+    platform::SetStretchBltMode(canvas->GetPaintDC(), platform::HALFTONE);
+    platform::StretchBlt(canvas->GetPaintDC(), 2, 1, 12, 10, large.dc(), 0, 0, 40, 36, platform::SRCCOPY);
+    platform::SetStretchBltMode(canvas->GetPaintDC(), platform::COLORONCOLOR);
+    const std::string expected = exactPicture();
+    ground();
+    canvas->PaintPicture(icon, 2, 1, 12, 10, 0, 0, 40, 36);
+    EXPECT_EQ(expected, exactPicture());
+    EXPECT_EQ(yellow, at(14, 5));
+    EXPECT_EQ(blue, at(5, 11)) << "below it";
+}
+
+TEST_F(cCanvas_Pictures, AnIconWithoutASourceSizeIsDrawnAtOnce) {
+    const auto icon = canvas->GetSysPicture(stopSign, iconType);
+    ASSERT_TRUE(icon);
+    canvas->SetStretchBltMode(StretchBlt_HalfTone);
+    for (const std::int32_t sourceWidth : {0, -5, 12}) {
+        canvas->FillBox(0, 0, 23, 15, yellow);
+        platform::DrawIconEx(canvas->GetPaintDC(), 2, 1, icon->hIcon(), 12, 10, 0, {}, platform::DI_NORMAL);
+        const std::string expected = exactPicture();
+        canvas->FillBox(0, 0, 23, 15, yellow);
+        canvas->PaintPicture(icon, 2, 1, 12, 10, 0, 0, sourceWidth, 40);
+        EXPECT_EQ(expected, exactPicture()) << sourceWidth;
+        EXPECT_EQ(platform::HALFTONE, platform::GetStretchBltMode(canvas->GetPaintDC()))
+            << "the mode is the caller's";
+    }
+}
+
 TEST_F(cCanvas_Pictures, AScaledIconTakesItsOwnSizeForWhatIsLeftOut) {
     const auto icon = canvas->GetResPicture(std::int32_t{125});
     canvas->FillBox(0, 0, 23, 15, yellow);
@@ -161,8 +213,10 @@ TEST_F(cCanvas_Pictures, AWrappedIconBelongsToItsPicture) {
     platform::DeleteObject(parts.hbmMask);
     platform::DeleteObject(parts.hbmColor);
     {
+        const std::int32_t before = gdiObjects();
         const auto wrapped = canvas->BitMap2Picture(platform::HGDIOBJ(icon.value), {}, iconType);
         ASSERT_TRUE(wrapped);
+        expectObjects(before);
         EXPECT_EQ(PictureType::Icon, wrapped->Type());
         EXPECT_EQ(static_cast<std::int32_t>(icon.value), wrapped->Handle());
         EXPECT_EQ(423, wrapped->Width());

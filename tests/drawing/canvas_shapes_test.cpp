@@ -408,6 +408,7 @@ TEST_F(cCanvas_Shapes, AnArrowheadAtAnotherAngleIsAMessage) {
     EXPECT_EQ(1, answer.shown());
     EXPECT_EQ(u"Error en parámetro", answer.title());
     EXPECT_EQ(u"cCanvas.DrawTriangle()\r\nÁngulo no soportado (45)", answer.text());
+    EXPECT_EQ(host::MsgBoxStyle::Exclamation, answer.style());
     EXPECT_EQ(24u * 16, painted(black));
 }
 

@@ -273,6 +273,13 @@ TEST_F(cCanvas_Surface, AStaticCanvasKeepsItsContext) {
     EXPECT_EQ(dc, own->GetPaintDC());
 }
 
+TEST_F(cCanvas_Surface, AStaticCanvasIsNotOpenedEvenWhenItsContextWasLetGoBefore) {
+    canvas->EndPaint();
+    EXPECT_TRUE(canvas->Configure({}, 0, 0, 24, 16)) << "static from now on, without a target";
+    canvas->BeginPaint();
+    EXPECT_FALSE(canvas->GetPaintDC());
+}
+
 TEST_F(cCanvas_Surface, PaintCopiesToTheGivenContext) {
     const test::Canvas target(30, 20);
     canvas->FillBox(0, 0, 23, 15, red);
@@ -339,6 +346,7 @@ TEST_F(cCanvas_Surface, TheTargetOfABorrowingCanvasIsAMessage) {
     EXPECT_EQ(1, answer.shown());
     EXPECT_EQ(u"Error gráfico G.D.I.", answer.title());
     EXPECT_EQ(u"No puede retornarse el hDC: no es estático", answer.text());
+    EXPECT_EQ(host::MsgBoxStyle::Critical, answer.style());
 }
 
 TEST_F(cCanvas_Surface, MinimizeFreesWhatIsInUse) {
@@ -420,6 +428,52 @@ TEST_F(cCanvas_PictureBox, NothingElseIsTouched) {
     EXPECT_EQ(0, drawing->Width());
 }
 
+namespace {
+
+/// What answers as a picture box of any size, and is none.
+class BoxOfAnySize : public automation::Object {
+public:
+    BoxOfAnySize(HDC context, std::int32_t width) : context_(context), width_(width) {}
+    bool HasDC() const { return true; }
+    bool AutoRedraw() const { return true; }
+    void AutoRedraw(bool) {}
+    std::int32_t ScaleMode() const { return 3; }
+    void ScaleMode(std::int32_t) {}
+    std::int32_t hDC() const { return static_cast<std::int32_t>(context_.value); }
+    std::int32_t ScaleWidth() const { return width_; }
+    std::int32_t ScaleHeight() const { return width_; }
+
+    const automation::ClassTable& classTable() const override {
+        using Box = BoxOfAnySize;
+        static const automation::ClassTable table =
+            automation::ClassTable::of<Box>("PictureBox")
+                .get("HasDC", &Box::HasDC)
+                .property("AutoRedraw", static_cast<bool (Box::*)() const>(&Box::AutoRedraw),
+                          static_cast<void (Box::*)(bool)>(&Box::AutoRedraw))
+                .property("ScaleMode", static_cast<std::int32_t (Box::*)() const>(&Box::ScaleMode),
+                          static_cast<void (Box::*)(std::int32_t)>(&Box::ScaleMode))
+                .get("hDC", &Box::hDC)
+                .get("ScaleWidth", &Box::ScaleWidth)
+                .get("ScaleHeight", &Box::ScaleHeight);
+        return table;
+    }
+
+private:
+    HDC context_;
+    std::int32_t width_;
+};
+
+} // namespace
+
+TEST_F(cCanvas_Surface, APictureBoxTooLargeForABitmapIsFalse) {
+    const test::Canvas target(10, 10);
+    const auto drawing = automation::make<cCanvas>();
+    Ref<automation::Object> box(automation::make<BoxOfAnySize>(target.dc(), 10));
+    EXPECT_TRUE(drawing->CreateInPictureBox(box));
+    Ref<automation::Object> large(automation::make<BoxOfAnySize>(target.dc(), 0x7FFFFFFF));
+    EXPECT_FALSE(drawing->CreateInPictureBox(large));
+}
+
 // --- Pictures --------------------------------------------------------------------------------------
 
 TEST_F(cCanvas_Surface, IsMadeOfABitmap) {
@@ -492,10 +546,11 @@ TEST_F(cCanvas_Surface, TheKindOfAPictureDecidesWhetherACanvasIsMade) {
 
 TEST_F(cCanvas_Surface, FaultsOfThePictureAreIgnored) {
     const test::Canvas target(4, 4);
-    Ref<automation::Object> nothing;
-    EXPECT_TRUE(automation::make<cCanvas>()->CreateFromPicture(nothing, target.dc()));
-    Ref<automation::Object> other(canvas);
-    EXPECT_TRUE(automation::make<cCanvas>()->CreateFromPicture(other, target.dc()));
+    for (Ref<automation::Object> picture : {Ref<automation::Object>(), Ref<automation::Object>(canvas)}) {
+        const auto made = automation::make<cCanvas>();
+        EXPECT_TRUE(made->CreateFromPicture(picture, target.dc()));
+        EXPECT_TRUE(made->GetPaintDC()) << "a kind that isn't told counts as a bitmap";
+    }
 }
 
 // --- The shared start ------------------------------------------------------------------------------

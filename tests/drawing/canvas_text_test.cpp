@@ -2,6 +2,7 @@
 #include "CanvasTest.h"
 #include "drawing/rounding.h"
 #include "frame/Globales.h"
+#include "platform/system_look.h"
 #include "support/Canvas.h"
 
 #include <cmath>
@@ -154,6 +155,10 @@ TEST_F(cCanvas_Text, StandardFontsAreEnlargedByAFactorAndTheZoomOfForms) {
 
     canvas->Minimize_GDI_UsedResources();
     globales().nFormZoom = 125;
+    canvas->CreateStandardFonts(false, 1.5);
+    canvas->SelectStdFont(tslStdFont_Normal);
+    EXPECT_EQ(-mulDiv(105, P, 720), font().lfHeight) << "the zoom is for forms";
+    canvas->Minimize_GDI_UsedResources();
     canvas->CreateStandardFonts(true);
     canvas->SelectStdFont(tslStdFont_Normal);
     EXPECT_EQ(-mulDiv(88, P, 720), font().lfHeight) << "87.5 to the even neighbour";
@@ -166,6 +171,14 @@ TEST_F(cCanvas_Text, StandardFontsAreEnlargedByAFactorAndTheZoomOfForms) {
     canvas->CreateStandardFonts(true, 1.0);
     canvas->SelectStdFont(tslStdFont_Fixed);
     EXPECT_EQ(-mulDiv(80, P, 720), font().lfHeight) << "the sizes of forms, not enlarged";
+
+    for (const double factor : {0.5, -0.5}) {
+        canvas->Minimize_GDI_UsedResources();
+        canvas->CreateStandardFonts(false, factor);
+        canvas->SelectStdFont(tslStdFont_Fixed);
+        EXPECT_EQ(u"Courier New", name(font()));
+        EXPECT_EQ(-mulDiv(roundToLong(80 * factor), P, 720), font().lfHeight) << factor;
+    }
 }
 
 TEST_F(cCanvas_Text, ADefaultStyleTakesTheStandardFontOnceItIsThere) {
@@ -190,11 +203,12 @@ TEST_F(cCanvas_Text, ADefaultStyleTakesTheStandardFontOnceItIsThere) {
 TEST_F(cCanvas_Text, AFontObjectGivesItsAttributes) {
     const auto object = automation::make<host::StdFont>();
     object->Name(u"Arial");
-    object->Size(automation::Currency::fromScaled(97600)); // 9.76
+    object->Size(automation::Currency::fromScaled(101900)); // 10.19
     object->Italic(true);
     canvas->SelectVBStdFont(object, tslFontStyleUnderline, 450, FontQuality_Draft);
     EXPECT_EQ(u"Arial", name(font()));
-    EXPECT_EQ(-mulDiv(97, P, 720), font().lfHeight) << "97.6 tenths, truncated";
+    EXPECT_EQ(-mulDiv(101, P, 720), font().lfHeight) << "101.9 tenths, truncated";
+    EXPECT_NE(mulDiv(101, P, 720), mulDiv(102, P, 720));
     EXPECT_TRUE(font().lfItalic);
     EXPECT_TRUE(font().lfUnderline);
     EXPECT_FALSE(font().lfStrikeOut);
@@ -213,6 +227,30 @@ TEST_F(cCanvas_Text, AFontObjectGivesItsAttributes) {
     EXPECT_EQ(objectNotSet, errorOf([&] { canvas->SelectVBStdFont({}); }));
 }
 
+TEST_F(cCanvas_Text, AFontObjectsAttributesAndTheStylesAddUp) {
+    using Write = void (host::StdFont::*)(bool);
+    const struct {
+        Write write;
+        tslFontStyleConstants style;
+        platform::BYTE platform::LOGFONTW::*attribute;
+    } attributes[] = {
+        {&host::StdFont::Italic, tslFontStyleItalic, &platform::LOGFONTW::lfItalic},
+        {&host::StdFont::Underline, tslFontStyleUnderline, &platform::LOGFONTW::lfUnderline},
+        {&host::StdFont::Strikethrough, tslFontStyleStrikeOut, &platform::LOGFONTW::lfStrikeOut}};
+    for (const auto& one : attributes) {
+        const auto object = automation::make<host::StdFont>();
+        canvas->SelectVBStdFont(object, tslFontStyleBold);
+        EXPECT_FALSE(font().*one.attribute);
+        canvas->SelectVBStdFont(object, one.style);
+        EXPECT_TRUE(font().*one.attribute) << "by the style alone";
+        EXPECT_EQ(500, font().lfWeight);
+        (object.get()->*one.write)(true);
+        canvas->SelectVBStdFont(object);
+        EXPECT_TRUE(font().*one.attribute) << "by the object alone";
+        EXPECT_EQ(1, font().lfItalic + font().lfUnderline + font().lfStrikeOut) << "and no other";
+    }
+}
+
 TEST_F(cCanvas_Text, AWidthFactorStretchesTheLettersOnly) {
     const auto object = automation::make<host::StdFont>();
     object->Name(u"Arial");
@@ -222,6 +260,8 @@ TEST_F(cCanvas_Text, AWidthFactorStretchesTheLettersOnly) {
     canvas->SelectVBStdFont(object, 0, 0, FontQuality_Default, 1.5);
     EXPECT_EQ(roundToLong(1.5 * plain.tmAveCharWidth), font().lfWidth);
     EXPECT_EQ(-mulDiv(120, P, 720), font().lfHeight);
+    canvas->SelectVBStdFont(object, 0, 0, FontQuality_Default, -1.5);
+    EXPECT_EQ(0, font().lfWidth) << "no factor";
 }
 
 TEST_F(cCanvas_Text, TextIsMeasuredAsTheBytesOfTheCodePage) {
@@ -265,6 +305,10 @@ TEST_F(cCanvas_Text, TheEmptyTextFitsWithoutAResult) {
     EXPECT_EQ(2u, widths.size());
     EXPECT_EQ(7, width);
     EXPECT_EQ(8, height);
+    const auto unconfigured = automation::make<cCanvas>();
+    EXPECT_EQ(0, unconfigured->GetTextFitInExtent(u"texto", 100, widths, width, height));
+    EXPECT_EQ(2u, widths.size()) << "no context to measure in";
+    EXPECT_EQ(7, width);
 }
 
 TEST_F(cCanvas_Text, TextIsDrawnInItsColourWithoutABackground) {
@@ -292,6 +336,13 @@ TEST_F(cCanvas_Text, ABorderSurroundsTheText) {
     EXPECT_EQ(pixels(), together);
     EXPECT_NE(std::string::npos, together.find('R'));
     EXPECT_NE(std::string::npos, together.find('G'));
+    wipe();
+    canvas->TextOutWithBorder(20, 20, u"abc", black, host::systemColor(platform::COLOR_HIGHLIGHT));
+    std::size_t ofTheSystem = 0;
+    for (std::int32_t y = 0; y < 60; ++y)
+        for (std::int32_t x = 0; x < 120; ++x)
+            ofTheSystem += at(x, y) == canvas->GetVBSysColor(host::systemColor(platform::COLOR_HIGHLIGHT));
+    EXPECT_LT(20u, ofTheSystem);
 }
 
 TEST_F(cCanvas_Text, ABorderAtTheEndsOfLongDoesNotWrapRound) {
@@ -358,4 +409,33 @@ TEST_F(cCanvas_Text, MetricsAreThoseOfTheFont) {
     EXPECT_NE(0, metrics.tmItalic);
     EXPECT_GT(metrics.tmAveCharWidth, 0);
     EXPECT_EQ(0, automation::make<cCanvas>()->GetTextMetricsA().tmHeight);
+}
+
+TEST_F(cCanvas_Text, MetricsComeFieldByField) {
+    bool overhangs = false, hasCharacterSet = false, hasLeading = false;
+    for (const char16_t* face : {u"Arial", u"Courier New", u"System", u"Terminal", u"Courier"})
+        for (const bool underlined : {false, true}) {
+            canvas->SelectFont(face, -20, 0, false, underlined, !underlined, 0, 0, FontWeight_Bold,
+                               FontCharSet_OEM);
+            platform::TEXTMETRICA expected;
+            platform::GetTextMetricsA(canvas->GetPaintDC(), &expected);
+            const TextMetricA_Type metrics = canvas->GetTextMetricsA();
+            const auto of = [](const auto& all) {
+                return std::vector<std::int32_t>{
+                    all.tmHeight,           all.tmAscent,           all.tmDescent,
+                    all.tmInternalLeading,  all.tmExternalLeading,  all.tmAveCharWidth,
+                    all.tmMaxCharWidth,     all.tmWeight,           all.tmOverhang,
+                    all.tmDigitizedAspectX, all.tmDigitizedAspectY, all.tmFirstChar,
+                    all.tmLastChar,         all.tmDefaultChar,      all.tmBreakChar,
+                    all.tmItalic,           all.tmUnderlined,       all.tmStruckOut,
+                    all.tmPitchAndFamily,   all.tmCharSet};
+            };
+            EXPECT_EQ(of(expected), of(metrics)) << String(face).utf8();
+            EXPECT_EQ(underlined, metrics.tmUnderlined != 0);
+            EXPECT_EQ(underlined, metrics.tmStruckOut == 0);
+            overhangs |= metrics.tmOverhang != 0;
+            hasCharacterSet |= metrics.tmCharSet != 0;
+            hasLeading |= metrics.tmInternalLeading != metrics.tmExternalLeading;
+        }
+    EXPECT_TRUE(overhangs || hasCharacterSet || hasLeading) << "no field told from another";
 }

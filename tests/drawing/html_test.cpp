@@ -96,9 +96,13 @@ TEST_F(cHTML_, NothingHappensWithoutACanvasWiderThanAPixel) {
     const auto narrow = automation::make<cCanvas>();
     narrow->Configure({}, 0, 0, 1, 50, DCProvider_Auto, false);
     html->Canvas(narrow);
-    render(u"texto");
+    html->HTMLText(u"texto");
+    html->Render(false, maxX, maxY);
     EXPECT_EQ(-7, maxX);
     EXPECT_EQ(-7, maxY);
+    narrow->Configure({}, 0, 0, 2, 50, DCProvider_Auto, false);
+    html->Render(false, maxX, maxY);
+    EXPECT_EQ(extentOf(u"texto").cx, maxX) << "two pixels are a canvas";
 }
 
 TEST_F(cHTML_, LinesBreakAtTagsAndAtAllLineEnds) {
@@ -112,6 +116,8 @@ TEST_F(cHTML_, LinesBreakAtTagsAndAtAllLineEnds) {
         EXPECT_EQ(margin + 3 * rowHeight, maxY);
         EXPECT_EQ(std::max(extentOf(u"uno").cx, std::max(extentOf(u"dos").cx, extentOf(u"tres").cx)), maxX);
     }
+    measure(u"uno<br>");
+    EXPECT_EQ(margin + rowHeight, maxY) << "small letters end a text, too";
 }
 
 TEST_F(cHTML_, StylesNest) {
@@ -162,10 +168,17 @@ TEST_F(cHTML_, AShortColourIsCompletedWithZeros) {
     expectAlike();
 }
 
-TEST_F(cHTML_, OnlyTheApostropheEndsAValue) {
-    selectExpected(80, 0, u"ARIAL\" SIZE=");
+TEST_F(cHTML_, AColourIsReadFromItsBlueUpToWhatIsNoDigit) {
+    expected->SetTextColor(0x000034);
     write(margin, margin, u"x");
-    render(u"<FONT FACE=\"Arial\" SIZE='8'>x");
+    render(u"<FONT COLOR='12ZZ34'>x");
+    expectAlike();
+}
+
+TEST_F(cHTML_, OnlyTheApostropheEndsAValue) {
+    selectExpected(80, 0, u"COURIER NEW\" SIZE=");
+    write(margin, margin, u"x");
+    render(u"<FONT FACE=\"Courier New\" SIZE='8'>x");
     expectAlike("the double quote belongs to the name");
     wipe(expected);
     selectExpected(120);
@@ -239,6 +252,15 @@ TEST_F(cHTML_, AClosingTagTooManyIsWrittenAndRenderingGoesOn) {
     expectAlike("written when only measuring, too");
 }
 
+TEST_F(cHTML_, AMessageStandsWhereTheTextBeforeItsPieceEnds) {
+    write(margin, margin, u"uno");
+    const std::int32_t x = write(margin, margin + rowHeight, u"dos");
+    write(x, margin + rowHeight, u"Error en texto HTML");
+    write(x, margin + rowHeight, u"a");
+    render(u"uno<BR>dos<I></I>a</B>bcdef<BR>");
+    expectAlike();
+}
+
 TEST_F(cHTML_, WhatIsLeftOfATagThatAnErrorCutIsDropped) {
     // The ten characters that are dropped reach into the break at the end of the text.
     for (const char16_t* text : {u"a</B>bcd", u"a</B>bcde", u"a</B>bcdef"}) {
@@ -286,13 +308,30 @@ TEST_F(cHTML_, LinesWrapAtTheFirstSeparatorOfFiveThatFits) {
         render(head + u"tres");
         expectAlike(String(separator).utf8().c_str());
     }
-    const std::int32_t limit = margin + extentOf(u"a b,c d").cx;
-    html->SetMargenes(margin, margin, limit);
-    wipe(expected);
-    write(margin, margin, u"a b,c ");
-    write(margin, margin + rowHeight, u"dddd");
-    render(u"a b,c dddd");
-    expectAlike("a blank before all others");
+    for (const char16_t* order : {u" ,", u",:", u":;", u";."}) {
+        const String first(std::u16string_view(order, 1)), second(std::u16string_view(order + 1, 1));
+        const String head = u"ab" + first, tail = u"cd" + second + u"efgh";
+        html->SetMargenes(margin, margin, margin + extentOf(head + u"cd" + second + u"ef").cx);
+        wipe(expected);
+        write(margin, margin, head);
+        write(margin, margin + rowHeight, tail);
+        render(head + tail);
+        expectAlike(String(order).utf8().c_str());
+    }
+}
+
+TEST_F(cHTML_, TheWidestOfTheWrappedPiecesCounts) {
+    html->SetMargenes(margin, margin, margin + extentOf(u"mmmm n").cx);
+    measure(u"mmmm nnn mmmm");
+    EXPECT_EQ(margin + 3 * rowHeight, maxY);
+    EXPECT_EQ(extentOf(u"mmmm ").cx, maxX);
+    expectAlike("nothing is drawn");
+}
+
+TEST_F(cHTML_, LinesAboveTheSurfaceDoNotCountBelowZero) {
+    html->SetMargenes(margin, -1000);
+    measure(u"uno<BR>dos");
+    EXPECT_EQ(0, maxY);
 }
 
 TEST_F(cHTML_, TheWidthOfAWrappedPieceCountsFromItsOwnBeginning) {
@@ -359,6 +398,8 @@ TEST_F(cHTML_, WithoutARightLimitNothingWraps) {
         measure(u"una línea bastante más ancha que la superficie entera donde se dibuja el texto");
         EXPECT_EQ(margin + rowHeight, maxY);
         EXPECT_GT(maxX, width);
+        measure(u"una <I>línea</I> en <U>varias</U> partes");
+        EXPECT_EQ(margin + rowHeight, maxY) << limit;
     }
 }
 
@@ -405,6 +446,8 @@ TEST_F(cHTML_, WrappingPastTheLimitOfLinesCutsNothing) {
 TEST_F(cHTML_, AFontTagAfterABracketOfItsOwnIsAnInvalidCall) {
     constexpr std::int32_t invalidCall = 5;
     EXPECT_EQ(invalidCall, errorOf([this] { render(u"a > b <FONT SIZE='9'>c"); }));
+    EXPECT_EQ(0, maxX) << "nothing was laid out";
+    EXPECT_EQ(0, maxY);
     render(u"a<B>b");
     EXPECT_GT(maxX, 0) << "the object goes on";
 }
@@ -424,6 +467,22 @@ TEST_F(cHTML_, TheBaseFontIsSetByUnevenRules) {
     html->SetBaseFont(u"Arial", 10, false, -3);
     render(u"zoom");
     expectAlike("and stays");
+    html->SetBaseFont(u"Arial", 9, false, 150);
+    wipe(expected);
+    selectExpected(135, 0, u"Arial");
+    write(margin, margin, u"zoom");
+    render(u"zoom");
+    expectAlike("tenths of a point are what is rounded");
+    html->SetBaseFont(u"Arial", 1000, false, 1);
+    wipe(expected);
+    selectExpected(100, 0, u"Arial");
+    write(margin, margin, u"zoom");
+    render(u"zoom");
+    expectAlike("one in a hundred is a zoom");
+    html->SetBaseFont(u"Arial", 1200, true);
+    html->SetBaseFont(u"Arial", 1000);
+    render(u"zoom");
+    expectAlike("points again, where pixels aren't asked for");
 }
 
 TEST_F(cHTML_, AFontSetWithoutASizeStaysWithoutOne) {
@@ -451,7 +510,15 @@ TEST_F(cHTML_, EndsInTheBaseFontAndBlack) {
     platform::GetObjectFont(
         platform::HFONT(platform::GetCurrentObject(drawn->GetPaintDC(), platform::OBJ_FONT).value), &font);
     EXPECT_EQ(500, font.lfWeight);
+    EXPECT_EQ(0, font.lfCharSet);
     EXPECT_EQ(0u, platform::GetTextColor(drawn->GetPaintDC()));
+    html->SetBaseFont(u"Arial", 20, true);
+    render(u"<B><FONT COLOR='00FF00'>x");
+    platform::GetObjectFont(
+        platform::HFONT(platform::GetCurrentObject(drawn->GetPaintDC(), platform::OBJ_FONT).value), &font);
+    EXPECT_EQ(400, font.lfWeight) << "in pixels";
+    EXPECT_EQ(20, font.lfHeight);
+    EXPECT_EQ(1, font.lfCharSet);
 }
 
 TEST_F(cHTML_, RendersIntoACell) {
@@ -537,6 +604,38 @@ TEST_F(cHTML_InAPictureBox, WrapsWithinItsMargins) {
     other->Render(false, maxX, maxY);
     EXPECT_GT(maxY, top + rowHeight) << "it wraps";
     expectShown(cell, columns, rows);
+}
+
+namespace {
+
+/// A box that has no context yet and notes what is asked of it.
+class NotingBox : public Object {
+public:
+    bool HasDC() const { return false; }
+    bool AutoRedraw() const { return false; }
+    void AutoRedraw(bool value) { noted += value ? "AutoRedraw " : "?"; }
+    void Refresh() { noted += "Refresh "; }
+
+    const automation::ClassTable& classTable() const override {
+        static const automation::ClassTable table =
+            automation::ClassTable::of<NotingBox>("PictureBox")
+                .get("HasDC", &NotingBox::HasDC)
+                .property("AutoRedraw", static_cast<bool (NotingBox::*)() const>(&NotingBox::AutoRedraw),
+                          static_cast<void (NotingBox::*)(bool)>(&NotingBox::AutoRedraw))
+                .method("Refresh", &NotingBox::Refresh);
+        return table;
+    }
+
+    std::string noted;
+};
+
+} // namespace
+
+TEST_F(cHTML_, TellsAPictureBoxToRedrawAndToShow) {
+    const auto box = automation::make<NotingBox>();
+    Ref<Object> object(box);
+    html->RenderInPBox(object, u"x");
+    EXPECT_EQ("AutoRedraw Refresh ", box->noted);
 }
 
 TEST_F(cHTML_, LeavesWhatIsNoPictureBoxAlone) {

@@ -3,6 +3,7 @@
 
 #include "host/Form.h"
 #include "host/Label.h"
+#include "host/MessageForm.h"
 #include "host/Screen.h"
 #include "host/Timer.h"
 #include "support/Desk.h"
@@ -21,6 +22,7 @@ public:
     /// Of the last one.
     const automation::String& title() const { return title_; }
     const automation::String& text() const { return text_; }
+    host::MsgBoxStyle style() const { return style_; }
 
 private:
     void look() {
@@ -32,6 +34,7 @@ private:
         ++shown_;
         title_ = form->Caption();
         text_ = label->Caption();
+        if (const auto* message = dynamic_cast<host::MessageForm*>(form)) style_ = message->style();
         desk_.strikeKey(key_);
     }
 
@@ -40,6 +43,7 @@ private:
     int shown_ = 0;
     host::Form* last_ = nullptr;
     automation::String title_, text_;
+    host::MsgBoxStyle style_ = host::MsgBoxStyle::OkOnly;
     host::Timer timer_;
 };
 
