@@ -214,3 +214,44 @@ TEST(Pens, ADashThatEndsAClosedLineGoesOnWithTheFirst) {
     Polygon(canvas.dc(), box, 4);
     EXPECT_EQ(canvas.at(8, 8), RGB(255, 255, 255)) << "the pointed joint of both";
 }
+
+TEST(Pens, ADashThatBeginsWhereAStraightLineGoesOnHasAJointThere) {
+    const DWORD dashes[] = {1, 1};
+    const POINT points[] = {{3, 4}, {4, 4}, {5, 4}, {6, 4}};
+    const Canvas canvas(9, 8);
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT | PS_JOIN_BEVEL,
+                                                 4, &white, 2, dashes));
+    Polyline(canvas.dc(), points, 4);
+    EXPECT_EQ(canvas.text(), ".........\n"
+                             ".........\n"
+                             "...###...\n"
+                             "...#.#...\n"
+                             "...#.#...\n"
+                             "...#.#...\n"
+                             ".........\n"
+                             ".........\n");
+}
+
+TEST(Pens, ADashAllTheWayRoundHasEnds) {
+    const DWORD dashes[] = {40, 4};
+    const POINT box[] = {{4, 4}, {8, 4}, {8, 8}, {4, 8}, {4, 4}};
+    const DWORD form = PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT | PS_JOIN_ROUND;
+    for (const int count : {4, 5}) {
+        const Canvas canvas(12, 12);
+        const Selected pen(canvas.dc(), ExtCreatePen(form, 4, &white, 2, dashes));
+        Polygon(canvas.dc(), box, count);
+        // The closing line without length has a joint with the line before it.
+        EXPECT_EQ(canvas.at(3, 3), count == 5 ? RGB(255, 255, 255) : 0u) << count;
+        EXPECT_EQ(canvas.at(9, 3), RGB(255, 255, 255)) << "a joint on the way";
+    }
+}
+
+TEST(Pens, DashesOfAPointPaintIt) {
+    const DWORD dashes[] = {3, 3};
+    const POINT point[] = {{4, 4}, {4, 4}, {4, 4}};
+    const Canvas canvas(9, 9);
+    const Selected pen(canvas.dc(), ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE, 6, &white, 2, dashes));
+    Polyline(canvas.dc(), point, 3);
+    EXPECT_EQ(canvas.at(4, 2), RGB(255, 255, 255));
+    EXPECT_EQ(canvas.at(1, 1), 0u) << "a round cap";
+}

@@ -326,6 +326,19 @@ TEST(RoundShapes, AreTheSameInPartsAsAtOnce) {
     DeleteObject(parts);
 }
 
+TEST(RoundShapes, TooThinForCurvesLeaveTheGapsOfDottedPensEmpty) {
+    const Canvas canvas(12, 5);
+    const Selected pen(canvas.dc(), CreatePen(PS_DOT, 1, white));
+    SelectObject(canvas.dc(), GetStockObject(GRAY_BRUSH));
+    SetBkMode(canvas.dc(), TRANSPARENT);
+    RoundRect(canvas.dc(), 0, 0, 12, 5, 2, 2);
+    EXPECT_EQ(canvas.text(), "...###...###\n"
+                             "#++++++++++.\n"
+                             "#++++++++++.\n"
+                             "#++++++++++.\n"
+                             "...###...###\n");
+}
+
 TEST(Polygons, FillByTheChosenRule) {
     // A square inside a square, drawn in the same direction.
     const POINT points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 9}, {1, 1}, {3, 3}, {7, 3}, {7, 7}, {3, 7}, {3, 3}};

@@ -111,6 +111,14 @@ bool paintPlainRound(DeviceContext& context, const RECT& box, SIZE corner) {
     return true;
 }
 
+/// What the brush fills of a round shape that is too thin for curves. It ends before the right and bottom
+/// side; the others belong to it where a pen paints them at once or not at all, but not the gaps of a thin
+/// line.
+RECT insideOfSides(const RECT& r, const Stroke& stroke) {
+    const int sides = stroke.paintsNothing() || stroke.paintsAtOnce() ? 0 : 1;
+    return {r.left + sides, r.top + sides, r.right - 1, r.bottom - 1};
+}
+
 /// An ellipse or a rectangle with round corners.
 void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
     if (paintPlainRound(context, box, corner)) return;
@@ -121,9 +129,8 @@ void paintRound(DeviceContext& context, const RECT& box, SIZE corner) {
     if (isEmpty(intersection(paintedArea(r, stroke), visible))) return;
     if (isEmpty(inner)) corner = {};
     const std::vector<POINT> outline = roundOutline(r, corner, context.state.arcDirection == AD_CLOCKWISE);
-    // The inside of a rectangle ends before its right and bottom side.
     const bool isRectangle = isThin(corner) || isThin(sizeOf(r));
-    const Region inside = isRectangle ? Region(inclusive(r)) : roundRegion(r, corner, visible);
+    const Region inside = isRectangle ? Region(insideOfSides(r, stroke)) : roundRegion(r, corner, visible);
     const std::vector<Figure> outlines =
         isRectangle ? std::vector<Figure>{{outline, true}} : visibleParts(outline, true, stroke, visible);
     fillInside(context, inside, stroke, outlines);

@@ -197,8 +197,8 @@ private:
             addCircle(b.from);
             return;
         }
+        if (b.way == POINT{}) return;
         const std::int64_t turn = std::int64_t{a.way.x} * b.way.y - std::int64_t{a.way.y} * b.way.x;
-        if (turn == 0) return;
         // The gap opens on the outer side of the turn.
         const bool outerIsLeft = leftIsOuter(a, turn);
         const POINT outerA = sum(outerIsLeft ? a.toLeft : a.toRight, a.heldBack);
@@ -207,7 +207,7 @@ private:
         const POINT innerB = leftIsOuter(b, turn) ? b.fromRight : b.fromLeft;
         // From the inner corners straight to the outer ones: the platform's order, in which two sides cross.
         std::vector<POINT> corners{innerA, innerB, outerA};
-        if (shape_.joint == PS_JOIN_MITER) addTip(a, b, corners, outerB);
+        if (shape_.joint == PS_JOIN_MITER && turn != 0) addTip(a, b, corners, outerB);
         corners.push_back(outerB);
         addPolygon(corners);
     }
@@ -226,13 +226,16 @@ private:
         const double ay = a.way.y;
         const double bx = b.way.x;
         const double by = b.way.y;
-        const double along = ((outerB.x - outerA.x) * by - (outerB.y - outerA.y) * bx) / (ax * by - ay * bx);
-        const double x = outerA.x + along * ax;
-        const double y = outerA.y + along * ay;
+        // Where the distances of both edges from the origin are divided first: a half may end below itself,
+        // just as on the platform.
+        const double turn = ax * by - ay * bx;
+        const double fromA = (ax * outerA.y - ay * outerA.x) / turn;
+        const double fromB = (bx * outerB.y - by * outerB.x) / turn;
+        const double x = bx * fromA - ax * fromB;
+        const double y = by * fromA - ay * fromB;
         const double reach = std::hypot(x - b.from.x, y - b.from.y);
         if (reach <= shape_.miterLimit * shape_.width / 2)
-            corners.push_back(
-                {static_cast<LONG>(std::floor(x + half)), static_cast<LONG>(std::floor(y + half))});
+            corners.push_back({static_cast<LONG>(std::lround(x)), static_cast<LONG>(std::lround(y))});
     }
 
     const PenShape& shape_;
@@ -250,18 +253,22 @@ public:
         near_ = {bounds.left - margin, bounds.top - margin, bounds.right + margin, bounds.bottom + margin};
     }
 
-    /// The dash in which a closed line ends and the one with which it begins are one.
+    /// The dash in which a closed line ends and the one with which it begins are one. A single dash all the
+    /// way round has ends nevertheless; where the points themselves come back to the first, the last end is
+    /// that of the closing line, which has no length and no direction.
     std::vector<std::vector<Segment>> cut(std::span<const POINT> points, bool closed) {
         for (std::size_t i = 1; i < points.size(); ++i)
             go(points[i - 1], points[i]);
         if (closed) go(points.back(), points.front());
-        const bool goesRound =
-            closed && !current_.empty() && !result_.empty() && result_.front().front().from == points.front();
+        const POINT start = points.front();
+        const bool goesRound = closed && isCut_ && !current_.empty() && !result_.empty() &&
+                               result_.front().front().from == start;
         if (goesRound) {
             result_.front().insert(result_.front().begin(), current_.begin(), current_.end());
-        } else {
-            finish();
+            return std::move(result_);
         }
+        if (closed && !isCut_ && points.back() == start) current_.push_back({start, start, {}});
+        finish();
         return std::move(result_);
     }
 
@@ -278,6 +285,7 @@ private:
     void takeNext() {
         index_ = (index_ + 1) % dashes_.size();
         left_ = dashes_[index_];
+        isCut_ = true;
     }
 
     /// Goes on along a piece of which nothing can be seen.
@@ -323,17 +331,22 @@ private:
     const Dashes& dashes_;
     RECT near_;
     std::size_t index_ = 0;
-    int left_; ///< Of the dash or gap that is being drawn
+    int left_;           ///< Of the dash or gap that is being drawn
+    bool isCut_ = false; ///< A dash has ended
     std::vector<Segment> current_;
     std::vector<std::vector<Segment>> result_;
 };
+
+bool isSinglePoint(std::span<const POINT> points) {
+    return std::all_of(points.begin(), points.end(), [&](POINT p) { return p == points.front(); });
+}
 
 } // namespace
 
 Region wideRegion(std::span<const POINT> points, bool closed, const PenShape& shape, const RECT& bounds) {
     Outline outline(shape, bounds);
     if (points.empty() || isEmpty(bounds)) return {};
-    if (shape.dashes.empty()) {
+    if (shape.dashes.empty() || isSinglePoint(points)) {
         outline.add(points, closed);
     } else {
         for (const std::vector<Segment>& dash : Dasher(shape, bounds).cut(points, closed))
