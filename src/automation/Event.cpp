@@ -1,6 +1,7 @@
 #include "automation/Event.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace automation {
 
@@ -11,9 +12,15 @@ EventCookie EventHandlers::add(std::unique_ptr<Slot> slot) {
 }
 
 void EventHandlers::leave(EventCookie cookie) noexcept {
-    for (const auto& slot : slots_)
-        if (slot->cookie == cookie) slot->left = true;
-    sweep();
+    const auto slot =
+        std::find_if(slots_.begin(), slots_.end(), [cookie](const auto& s) { return s->cookie == cookie; });
+    if (slot == slots_.end()) return;
+    (*slot)->left = true;
+    // A handler that runs must not be destroyed under itself; the outermost raise clears up.
+    if (raising_ != 0) return;
+    // Taken out first: a handler's end may drop objects whose own end comes back here.
+    const std::unique_ptr<Slot> ended = std::move(*slot);
+    slots_.erase(slot);
 }
 
 void EventHandlers::close() noexcept {
@@ -29,11 +36,10 @@ std::size_t EventHandlers::size() const noexcept {
 }
 
 void EventHandlers::sweep() noexcept {
-    // A handler that runs must not be destroyed under itself; the outermost raise clears up.
-    if (raising_ != 0) return;
-    const auto gone =
-        std::stable_partition(slots_.begin(), slots_.end(), [](const auto& slot) { return !slot->left; });
-    // Taken out first: a handler's end may drop objects whose own end comes back here.
+    const auto hasLeft = [](const auto& slot) { return slot->left; };
+    if (raising_ != 0 || std::none_of(slots_.begin(), slots_.end(), hasLeft)) return;
+    const auto gone = std::stable_partition(slots_.begin(), slots_.end(), std::not_fn(hasLeft));
+    // They end after they were taken out, as in `leave`.
     std::vector<std::unique_ptr<Slot>> ended(std::make_move_iterator(gone),
                                              std::make_move_iterator(slots_.end()));
     slots_.erase(gone, slots_.end());
