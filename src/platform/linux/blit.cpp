@@ -235,7 +235,7 @@ std::unique_ptr<Bitmap> takeApart(SourcePixels& source, const RECT& area) {
 std::optional<WordBlocks> plainBlocks(DeviceContext& target, const DeviceContext& source,
                                       const CopyPlaces& places) {
     const bool isUnscaled = target.state.mapping.isUnscaled() && source.state.mapping.isUnscaled();
-    const std::vector<RECT>& clips = target.drawable().rectangles();
+    const std::span<const RECT> clips = target.drawable().rectangles();
     if (!isUnscaled || clips.size() != 1 || !source.isMemory) return {};
     const Surface& to = *target.surface;
     const Surface& from = *source.surface;

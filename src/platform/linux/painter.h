@@ -42,7 +42,7 @@ private:
 };
 
 inline std::optional<PlainArea> plainArea(DeviceContext& context) {
-    const std::vector<RECT>& clips = context.drawable().rectangles();
+    const std::span<const RECT> clips = context.drawable().rectangles();
     if (clips.size() != 1 || context.surface->bitsPerPixel != 32) return {};
     return PlainArea(*context.surface, clips[0]);
 }

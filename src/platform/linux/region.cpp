@@ -26,16 +26,27 @@ bool covers(const RECT& outer, const RECT& inner) {
            outer.bottom >= inner.bottom;
 }
 
+/// Empty, of whatever form, where the two lie apart.
+RECT overlap(const RECT& a, const RECT& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
 LONG saturatedSum(LONG a, LONG b) {
     const std::int64_t sum = std::int64_t{a} + b;
     return static_cast<LONG>(
         std::clamp<std::int64_t>(sum, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()));
 }
 
+RECT moved(const RECT& r, LONG dx, LONG dy) {
+    return {saturatedSum(r.left, dx), saturatedSum(r.top, dy), saturatedSum(r.right, dx),
+            saturatedSum(r.bottom, dy)};
+}
+
 /// Walks the bands of one operand: rows of rectangles with the same top and bottom.
 class Bands {
 public:
-    explicit Bands(const Rects& rects) : rects_(rects) { findEnd(); }
+    explicit Bands(std::span<const RECT> rects) : rects_(rects) { findEnd(); }
 
     bool done() const { return begin_ == rects_.size(); }
     LONG top() const { return rects_[begin_].top; }
@@ -55,7 +66,7 @@ private:
             ++end_;
     }
 
-    const Rects& rects_;
+    std::span<const RECT> rects_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
 };
@@ -158,7 +169,7 @@ private:
     std::size_t bandStart_ = 0;
 };
 
-Rects combine(Operation operation, const Rects& first, const Rects& second) {
+Rects combine(Operation operation, std::span<const RECT> first, std::span<const RECT> second) {
     Bands a(first);
     Bands b(second);
     BandWriter writer;
@@ -184,7 +195,14 @@ Rects combine(Operation operation, const Rects& first, const Rects& second) {
 } // namespace
 
 Region::Region(const RECT& r) {
-    if (!isEmpty(r)) rects_.push_back(r);
+    if (!isEmpty(r)) only_ = r;
+}
+
+Region::Region(std::vector<RECT> rects) {
+    if (rects.size() == 1)
+        only_ = rects.front();
+    else
+        several_ = std::move(rects);
 }
 
 Region Region::ofRows(std::vector<RECT> rows) {
@@ -197,9 +215,7 @@ Region Region::ofRows(std::vector<RECT> rows) {
         writer.append({first, last}, first->top, first->bottom);
         first = last;
     }
-    Region result;
-    result.rects_ = writer.take();
-    return result;
+    return Region(writer.take());
 }
 
 /// Sweeps down from edge to edge, with the rectangles that the sweep stands on in the order of their left
@@ -224,72 +240,55 @@ Region Region::ofAll(std::vector<RECT> rects) {
         std::erase_if(open, [bottom](const RECT& r) { return r.bottom == bottom; });
         top = bottom;
     }
-    Region result;
-    result.rects_ = writer.take();
-    return result;
+    return Region(writer.take());
 }
 
 RECT Region::bounds() const {
-    if (rects_.empty()) return {};
-    RECT box = rects_.front();
-    for (const RECT& r : rects_) {
+    if (several_.empty()) return only_;
+    RECT box = several_.front();
+    for (const RECT& r : several_) {
         box.left = std::min(box.left, r.left);
         box.right = std::max(box.right, r.right);
     }
-    box.bottom = rects_.back().bottom;
+    box.bottom = several_.back().bottom;
     return box;
 }
 
 void Region::translate(LONG dx, LONG dy) {
-    for (RECT& r : rects_) {
-        r = {saturatedSum(r.left, dx), saturatedSum(r.top, dy), saturatedSum(r.right, dx),
-             saturatedSum(r.bottom, dy)};
-    }
     // Only a move against the limits of a coordinate squeezes rectangles to nothing.
-    std::erase_if(rects_, isEmpty);
+    if (several_.empty()) {
+        *this = Region(moved(only_, dx, dy));
+        return;
+    }
+    for (RECT& r : several_)
+        r = moved(r, dx, dy);
+    std::erase_if(several_, isEmpty);
+    if (several_.size() == 1) *this = Region(std::move(several_));
 }
 
 void Region::cutTo(const RECT& r) {
-    if (rects_.size() == 1) {
-        RECT& own = rects_[0];
-        own = {std::max(own.left, r.left), std::max(own.top, r.top), std::min(own.right, r.right),
-               std::min(own.bottom, r.bottom)};
-        if (isEmpty(own)) rects_.clear();
-    } else if (!empty()) {
-        *this = intersected(Region(r));
-    }
+    *this = several_.empty() ? Region(overlap(only_, r)) : intersected(Region(r));
 }
 
 Region Region::united(const Region& other) const {
     if (other.empty()) return *this;
     if (empty()) return other;
-    if (rects_.size() == 1 && covers(rects_[0], other.bounds())) return *this;
-    if (other.rects_.size() == 1 && covers(other.rects_[0], bounds())) return other;
-    Region result;
-    result.rects_ = combine(Operation::Union, rects_, other.rects_);
-    return result;
+    if (several_.empty() && covers(only_, other.bounds())) return *this;
+    if (other.several_.empty() && covers(other.only_, bounds())) return other;
+    return Region(combine(Operation::Union, rectangles(), other.rectangles()));
 }
 
 Region Region::intersected(const Region& other) const {
     if (empty() || other.empty()) return {};
-    if (rects_.size() == 1 && other.rects_.size() == 1) {
-        const RECT& a = rects_[0];
-        const RECT& b = other.rects_[0];
-        return Region(RECT{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-                           std::min(a.bottom, b.bottom)});
-    }
-    if (rects_.size() == 1 && covers(rects_[0], other.bounds())) return other;
-    if (other.rects_.size() == 1 && covers(other.rects_[0], bounds())) return *this;
-    Region result;
-    result.rects_ = combine(Operation::Intersection, rects_, other.rects_);
-    return result;
+    if (several_.empty() && other.several_.empty()) return Region(overlap(only_, other.only_));
+    if (several_.empty() && covers(only_, other.bounds())) return other;
+    if (other.several_.empty() && covers(other.only_, bounds())) return *this;
+    return Region(combine(Operation::Intersection, rectangles(), other.rectangles()));
 }
 
 Region Region::subtracted(const Region& other) const {
     if (empty() || other.empty() || !overlaps(bounds(), other.bounds())) return *this;
-    Region result;
-    result.rects_ = combine(Operation::Difference, rects_, other.rects_);
-    return result;
+    return Region(combine(Operation::Difference, rectangles(), other.rectangles()));
 }
 
 } // namespace platform::driver

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace platform::driver {
@@ -22,11 +23,14 @@ public:
     /// The region of any rectangles.
     static Region ofAll(std::vector<RECT> rects);
 
-    const std::vector<RECT>& rectangles() const { return rects_; }
+    std::span<const RECT> rectangles() const {
+        if (several_.empty()) return {&only_, empty() ? 0u : 1u};
+        return several_;
+    }
     RECT bounds() const;
-    bool empty() const { return rects_.empty(); }
+    bool empty() const { return several_.empty() && only_ == RECT{}; }
     bool contains(POINT p) const {
-        for (const RECT& r : rects_)
+        for (const RECT& r : rectangles())
             if (p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom) return true;
         return false;
     }
@@ -41,7 +45,11 @@ public:
     friend bool operator==(const Region&, const Region&) = default;
 
 private:
-    std::vector<RECT> rects_;
+    explicit Region(std::vector<RECT> rects);
+
+    // Most regions are of one rectangle: those take no memory of their own.
+    RECT only_;                 ///< All zeros in an empty region and in one of several rectangles
+    std::vector<RECT> several_; ///< Empty, or two and more
 };
 
 /// Pixels of 1 or 4 bits (the highest bits of a byte first), 8, 16, 24 (blue first) or 32 bits (0xAARRGGBB

@@ -34,7 +34,7 @@ private:
     std::uint32_t blend(std::uint32_t under, std::size_t coverage) const;
     void findRanges();
 
-    const std::vector<RECT>& clips_;
+    std::span<const RECT> clips_;
     const Surface& surface_;
     bool hasClip_;
     RECT clip_;

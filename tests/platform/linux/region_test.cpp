@@ -42,7 +42,7 @@ Pixels pixelsOf(const Region& region) {
 
 /// Rows of rectangles of one height, from left to right without touching; equal rows above each other joined.
 void expectBanded(const Region& region) {
-    const std::vector<RECT>& rects = region.rectangles();
+    const std::span<const RECT> rects = region.rectangles();
     for (std::size_t i = 0; i < rects.size(); ++i) {
         ASSERT_LT(rects[i].left, rects[i].right);
         ASSERT_LT(rects[i].top, rects[i].bottom);
