@@ -109,7 +109,7 @@ struct ContextState {
 
 class MetafileRecorder;
 
-struct DeviceContext : Object {
+struct DeviceContext : Object, Pooled<DeviceContext> {
     static constexpr HandleKind objectKind = HandleKind::DeviceContext;
     DeviceContext();
     ~DeviceContext() override;

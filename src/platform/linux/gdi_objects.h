@@ -63,7 +63,7 @@ struct Pen : Object, Pooled<Pen> {
     bool isGeometric() const { return (form & PS_TYPE_MASK) == PS_GEOMETRIC; }
 };
 
-struct Font : Object {
+struct Font : Object, Pooled<Font> {
     static constexpr HandleKind objectKind = HandleKind::Font;
     Font() : Object(objectKind) {}
 
