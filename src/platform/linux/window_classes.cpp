@@ -3,7 +3,6 @@
 #include "platform/linux/window_system.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 
 namespace platform::driver {
@@ -12,15 +11,8 @@ namespace {
 
 constexpr ATOM FirstAtom = 0xC000;
 
-std::string folded(const char* name) {
-    std::string key = name;
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return key;
-}
-
-std::map<std::string, std::shared_ptr<WindowClass>>& classes() {
-    static std::map<std::string, std::shared_ptr<WindowClass>> registered;
+std::vector<std::shared_ptr<WindowClass>>& classes() {
+    static std::vector<std::shared_ptr<WindowClass>> registered; // a program has a few
     return registered;
 }
 
@@ -28,8 +20,10 @@ std::map<std::string, std::shared_ptr<WindowClass>>& classes() {
 
 std::shared_ptr<WindowClass> findClass(const char* name) {
     if (!name) return nullptr;
-    const auto found = classes().find(folded(name));
-    return found == classes().end() ? nullptr : found->second;
+    const std::string_view wanted = name;
+    const auto found = std::find_if(classes().begin(), classes().end(),
+                                    [wanted](const auto& known) { return sameName(known->name, wanted); });
+    return found == classes().end() ? nullptr : *found;
 }
 
 } // namespace platform::driver
@@ -52,14 +46,14 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     made->cursor = windowClass->hCursor;
     made->background = windowClass->hbrBackground;
     made->atom = ++last;
-    classes()[folded(windowClass->lpszClassName)] = made;
+    classes().push_back(made);
     return made->atom;
 }
 
 BOOL UnregisterClassA(const char* name, HINSTANCE) {
     const auto found = findClass(name);
     if (!found || found->windows > 0) return FALSE_;
-    classes().erase(folded(name));
+    std::erase(classes(), found);
     return TRUE_;
 }
 

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform::driver {
@@ -80,14 +81,32 @@ Attention& attention();
 
 // The table.
 
+/// A handle holds the number of its window's slot, from firstWindowSlot, and the slot's generation.
+struct WindowSlot {
+    std::unique_ptr<Window> window;
+    std::uint32_t generation = 0;
+};
+inline constexpr std::uint32_t windowSlotBits = 16;
+inline constexpr std::uint32_t firstWindowSlot = 0x10; ///< Leaves out the values of HWND_TOP and HWND_BOTTOM
+extern std::vector<WindowSlot> windowSlots;
+
 /// nullptr for a handle that is no live window.
-Window* findWindow(HWND handle);
+inline Window* findWindow(HWND handle) {
+    // Values below the first slot's wrap to places beyond the last one.
+    const std::uint32_t place = (handle.value & ((1u << windowSlotBits) - 1)) - firstWindowSlot;
+    if (place >= windowSlots.size()) return nullptr;
+    const WindowSlot& slot = windowSlots[place];
+    return slot.generation == handle.value >> windowSlotBits ? slot.window.get() : nullptr;
+}
+
 Window& desktopWindow();
 Window& addWindow();
 void removeWindow(Window& window);
 int countWindows();
 
 std::shared_ptr<WindowClass> findClass(const char* name);
+/// Whether the names are the same, whatever the case of their letters.
+bool sameName(std::string_view a, std::string_view b);
 
 // The tree.
 bool isTopLevel(const Window& window);

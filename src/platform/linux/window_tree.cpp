@@ -4,93 +4,75 @@
 
 #include <algorithm>
 #include <cctype>
+#include <deque>
 
 namespace platform::driver {
 
 namespace {
 
-constexpr std::uint32_t SlotBits = 16;
-constexpr std::uint32_t FirstSlot = 0x10;         ///< Leaves out the values of HWND_TOP and HWND_BOTTOM
 constexpr std::uint32_t GenerationLimit = 0x7FFF; ///< Keeps a handle positive as a 32-bit integer
 
-struct Slot {
-    std::unique_ptr<Window> window;
-    std::uint32_t generation = 0;
-};
+constinit int liveWindows = 0;
+constinit HWND desktopHandle;
 
-struct Table {
-    std::vector<Slot> slots;
-    std::vector<std::uint32_t> free;
-    int live = 0;
-    HWND desktop;
-};
-
-constinit Table windowTable; // made before the program runs: looking a window up takes no test for that
-
-Table& table() {
-    return windowTable;
-}
-
-Slot* slotOf(HWND handle) {
-    // Values below the first slot's wrap to places beyond the last one.
-    const std::uint32_t place = (handle.value & ((1u << SlotBits) - 1)) - FirstSlot;
-    if (place >= table().slots.size()) return nullptr;
-    Slot& slot = table().slots[place];
-    return slot.window && slot.generation == handle.value >> SlotBits ? &slot : nullptr;
+/// Those that have been free for longest last.
+std::deque<std::uint32_t>& freeSlots() {
+    static auto& slots = *new std::deque<std::uint32_t>; // windows may end after all statics have
+    return slots;
 }
 
 } // namespace
+
+constinit std::vector<WindowSlot> windowSlots; // made before the program runs
+
+bool sameName(std::string_view a, std::string_view b) {
+    return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+               return std::tolower(x) == std::tolower(y);
+           });
+}
 
 Attention& attention() {
     static Attention state;
     return state;
 }
 
-Window* findWindow(HWND handle) {
-    Slot* slot = slotOf(handle);
-    return slot ? slot->window.get() : nullptr;
-}
-
 Window& addWindow() {
-    Table& t = table();
-    if (t.free.empty()) {
-        t.free.push_back(static_cast<std::uint32_t>(t.slots.size()));
-        t.slots.emplace_back();
+    auto& free = freeSlots();
+    if (free.empty()) {
+        free.push_back(static_cast<std::uint32_t>(windowSlots.size()));
+        windowSlots.emplace_back();
     }
-    const std::uint32_t index = t.free.back();
-    t.free.pop_back();
-    Slot& slot = t.slots[index];
+    const std::uint32_t index = free.back();
+    free.pop_back();
+    WindowSlot& slot = windowSlots[index];
     slot.generation = slot.generation % GenerationLimit + 1;
     slot.window = std::make_unique<Window>();
-    slot.window->handle = HWND(slot.generation << SlotBits | (index + FirstSlot));
-    ++t.live;
+    slot.window->handle = HWND(slot.generation << windowSlotBits | (index + firstWindowSlot));
+    ++liveWindows;
     return *slot.window;
 }
 
 void removeWindow(Window& window) {
-    const HWND handle = window.handle;
-    Slot* slot = slotOf(handle);
-    if (!slot) return;
-    slot->window.reset();
-    table().free.insert(table().free.begin(), (handle.value & ((1u << SlotBits) - 1)) - FirstSlot);
-    --table().live;
+    const std::uint32_t place = (window.handle.value & ((1u << windowSlotBits) - 1)) - firstWindowSlot;
+    windowSlots[place].window.reset();
+    freeSlots().push_front(place);
+    --liveWindows;
 }
 
 int countWindows() {
-    return table().desktop ? table().live - 1 : table().live;
+    return desktopHandle ? liveWindows - 1 : liveWindows;
 }
 
 Window& desktopWindow() {
-    Table& t = table();
-    if (!t.desktop) {
+    if (!desktopHandle) {
         Window& desktop = addWindow();
         desktop.style = WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
         desktop.windowClass = std::make_shared<WindowClass>();
         desktop.windowClass->name = "#32769";
         desktop.procedure = DefWindowProcA;
-        t.desktop = desktop.handle;
+        desktopHandle = desktop.handle;
     }
-    Window& desktop = *findWindow(t.desktop);
+    Window& desktop = *findWindow(desktopHandle);
     const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
     if (desktop.frame != screen) {
         desktop.frame = desktop.client = screen;
@@ -100,7 +82,7 @@ Window& desktopWindow() {
 }
 
 bool isDesktop(const Window& window) {
-    return window.handle == table().desktop;
+    return window.handle == desktopHandle;
 }
 
 bool isTopLevel(const Window& window) {
@@ -380,12 +362,6 @@ HWND ChildWindowFromPoint(HWND parent, POINT client) {
 }
 
 namespace {
-
-bool sameName(const std::string& a, const char* b) {
-    return std::equal(a.begin(), a.end(), b, b + std::char_traits<char>::length(b), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-    });
-}
 
 bool visitDescendants(const Window& parent, BOOL (*visit)(HWND, LPARAM), LPARAM parameter) {
     for (HWND child : childHandles(parent)) {
