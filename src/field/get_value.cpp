@@ -5,6 +5,7 @@
 #include "automation/DateFunctions.h"
 #include "automation/Format.h"
 #include "automation/LateBound.h"
+#include "automation/Names.h"
 #include "automation/Numbers.h"
 #include "automation/Operators.h"
 #include "automation/Strings.h"
@@ -173,8 +174,10 @@ Variant get::ValorVerdadero(std::int32_t& nFormato, const Variant& xNuevoValor) 
 bool get::isRecordIdentifier() const {
     constexpr std::u16string_view field = u"TESELAID";
     constexpr std::u16string_view prefix = u"SAYID_";
-    if (automation::UCase(cCampo) == field) return true;
-    return site() && automation::UCase(Extender().Name()).view().starts_with(prefix);
+    if (automation::sameName(cCampo, field)) return true;
+    if (!site()) return false;
+    const String name = Extender().Name();
+    return automation::sameName(name.view().substr(0, prefix.size()), prefix);
 }
 
 std::int32_t get::ownFormat() const {

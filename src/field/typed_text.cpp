@@ -70,10 +70,12 @@ String inCase(const String& text, tslMayusculasConstants letterCase) {
 }
 
 String trimmed(const String& text, std::int32_t autoTrim) {
-    String result = text;
-    if (autoTrim & tslAutoTrim_Left) result = automation::LTrim(result);
-    if (autoTrim & tslAutoTrim_Right) result = automation::RTrim(result);
-    return result;
+    constexpr char16_t blank = u' ';
+    const std::u16string_view whole = text;
+    std::size_t first = 0, end = whole.size();
+    if (autoTrim & tslAutoTrim_Left) first = std::min(whole.find_first_not_of(blank), end);
+    if (autoTrim & tslAutoTrim_Right) end = std::max(whole.find_last_not_of(blank) + 1, first);
+    return text.substring(first, end - first); // the text itself where nothing is cut off
 }
 
 TypedText filterNumber(const TypedText& typed, std::u16string_view decimalSeparator, LeadingZero zero) {

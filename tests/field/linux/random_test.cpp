@@ -28,7 +28,7 @@ enum class Step {
 class RandomInput : public tests::FieldTest, public ::testing::WithParamInterface<unsigned> {
 protected:
     RandomInput() : dice(GetParam()) {
-        field->Change.join([this] {
+        watch = field->Change.subscribe([this] {
             if (told == field->Text()) ++needless;
             told = field->Text();
         });
@@ -293,8 +293,9 @@ protected:
     }
 
     std::mt19937 dice;
-    automation::String told; ///< The text of which Change has told last
-    int needless = 0;        ///< Events of Change with no other text
+    automation::String told;        ///< The text of which Change has told last
+    automation::Subscription watch; ///< Ends before what it writes to
+    int needless = 0;               ///< Events of Change with no other text
 };
 
 /// How often more than once each seed is played; TESELA_RANDOM_ROUNDS of the environment, 1 without it.
