@@ -341,11 +341,20 @@ void get::finishReading() {
     Render();
 }
 
+/// The fields of a form mostly have one font, which is measured once.
 void get::measureLine() {
+    LineaMedida& last = globales().xLineaMedida;
+    if (!last.oFont || nFontWidth != last.nFontWidth || !oFont->equals(*last.oFont))
+        last = {oFont->clone(), nFontWidth, lineHeight()};
+    nLineHeight = last.nAltura;
+}
+
+std::int32_t get::lineHeight() const {
     cCanvas& screen = *globales().oCanvasGlobal;
     screen.SelectVBStdFont(oFont, 0, 0, FontQuality_Default, nFontWidth);
-    nLineHeight = screen.GetTextMetricsA().tmHeight;
+    const std::int32_t height = screen.GetTextMetricsA().tmHeight;
     screen.Minimize_GDI_UsedResources();
+    return height;
 }
 
 /// The width of so many letters "n", in pixels.

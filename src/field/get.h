@@ -502,6 +502,7 @@ private:
     void paintGaugeBar();
     void fontChanged();
     void measureLine();
+    std::int32_t lineHeight() const;
     float lettersWidth(std::int64_t letters) const;
     platform::SIZE fittingSize(platform::SIZE now) const;
     host::StdFont& ownFont() const;

@@ -18,6 +18,13 @@
 
 namespace tesela {
 
+/// How high a line of text is in a font.
+struct LineaMedida {
+    automation::Ref<host::StdFont> oFont; ///< As it was then
+    float nFontWidth = 0;
+    std::int32_t nAltura = 0; ///< In pixels
+};
+
 /// The fields have their empty values until ProcedimientoInicio has run; an empty `cSepDecimal` is the sign
 /// that it has not.
 struct Globales {
@@ -55,6 +62,7 @@ struct Globales {
     std::int32_t nAñoCompletar = 0;    ///< Year that completes a date without one; -1 is the current year
     std::int32_t nHWndReclamar = 0;
     double nTimerReclamar = 0;
+    LineaMedida xLineaMedida;                       ///< The one that was measured last
     bool lIgnoreNextCR = false;                     ///< The next Enter on a button is ignored
     bool lClickTrace = false;                       ///< Diagnostic: the grid logs each click
     automation::Ref<automation::Object> oAppAssert; ///< The application's own object for assertions
