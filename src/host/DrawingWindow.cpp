@@ -30,12 +30,7 @@ void registerClass(const char* name, platform::WNDPROC procedure) {
 
 } // namespace
 
-DrawingWindow::DrawingWindow() : font_(automation::make<StdFont>()) {
-    fontChanges_ = font_->FontChanged.subscribe([this](const automation::String&) {
-        look();
-        lookChanged(u"Font");
-    });
-}
+DrawingWindow::DrawingWindow() : font_(plainFont()) {}
 
 DrawingWindow::~DrawingWindow() {
     destroyWindow();
@@ -183,8 +178,18 @@ void DrawingWindow::ForeColor(OLE_COLOR value) {
     lookChanged(u"ForeColor");
 }
 
+const automation::Ref<StdFont>& DrawingWindow::Font() {
+    if (font_.get() != session().plainFont) return font_;
+    font_ = font_->clone();
+    fontChanges_ = font_->FontChanged.subscribe([this](const automation::String&) {
+        look();
+        lookChanged(u"Font");
+    });
+    return font_;
+}
+
 void DrawingWindow::Font(const StdFont& value) {
-    font_->assign(value);
+    if (!value.equals(*font_)) Font()->assign(value);
 }
 
 void DrawingWindow::look() {

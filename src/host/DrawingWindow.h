@@ -71,8 +71,8 @@ public:
     OLE_COLOR ForeColor() const { return foreColor_; }
     void ForeColor(OLE_COLOR value);
 
-    /// The window's own font object; a change of it repaints.
-    const automation::Ref<StdFont>& Font() const { return font_; }
+    /// The window's own font object, made at the first call; a change of it repaints.
+    const automation::Ref<StdFont>& Font();
     /// Copies the attributes into the window's own font.
     void Font(const StdFont& value);
 
@@ -216,7 +216,7 @@ private:
     Label* labelAt(platform::POINT at) const;
 
     platform::HWND window_;
-    automation::Ref<StdFont> font_;
+    automation::Ref<StdFont> font_; ///< The plain one, shared, until somebody asks for the window's own
     automation::Subscription fontChanges_;
     automation::Ref<host::Picture> picture_;
     std::vector<Label*> labels_;

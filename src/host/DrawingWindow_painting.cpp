@@ -131,16 +131,17 @@ void DrawingWindow::paintNow() {
     // A WM_PAINT that somebody sent although nothing is to be painted wants the whole window shown at once.
     if (!platform::GetUpdateRect(window, &pending, platform::FALSE_)) {
         const platform::HDC dc = platform::GetDC(window);
-        paintOn(dc);
+        paintContent(dc);
         platform::ReleaseDC(window, dc);
         return;
     }
     platform::PAINTSTRUCT paint;
     const platform::HDC dc = platform::BeginPaint(window, &paint);
-    paintOn(dc);
+    paintContent(dc);
     platform::EndPaint(window, &paint);
 }
 
+/// Paints on somebody else's context.
 void DrawingWindow::paintOn(platform::HDC dc) {
     const int state = platform::SaveDC(dc);
     paintContent(dc);

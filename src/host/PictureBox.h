@@ -68,7 +68,7 @@ private:
     std::int32_t context() { return static_cast<std::int32_t>(hDC().value); }
     automation::Ref<host::Picture> picture() const { return Picture(); }
     void setPicture(const automation::Ref<host::Picture>& value) { Picture(value); }
-    automation::Ref<StdFont> fontObject() const { return Font(); }
+    automation::Ref<StdFont> fontObject() { return Font(); }
 
     host::BorderStyle borderStyle_ = host::BorderStyle::FixedSingle;
     host::Appearance appearance_ = host::Appearance::ThreeD;

@@ -10,4 +10,20 @@ Session& session() {
     return only;
 }
 
+namespace {
+
+class PlainFont final : public StdFont {
+public:
+    ~PlainFont() override { session().plainFont = nullptr; }
+};
+
+} // namespace
+
+automation::Ref<StdFont> plainFont() {
+    if (StdFont* shown = session().plainFont) return shown;
+    auto made = automation::make<PlainFont>();
+    session().plainFont = made.get();
+    return made;
+}
+
 } // namespace host

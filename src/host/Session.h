@@ -17,11 +17,15 @@ struct Session {
     std::vector<automation::Ref<Form>> forms; ///< Loaded, oldest first
     std::vector<Form*> modal;                 ///< Open modal forms, innermost last
     FontCache fonts;
+    StdFont* plainFont = nullptr; ///< Null while no window shows it
     automation::String title;
     MousePointer pointer = MousePointer::Default;
     std::vector<std::u16string> fontNames; ///< As Screen read them
 };
 
 Session& session();
+
+/// The font of the windows that nobody has given another one. It goes with the last of them.
+automation::Ref<StdFont> plainFont();
 
 } // namespace host

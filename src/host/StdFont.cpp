@@ -134,7 +134,7 @@ void StdFont::changed(const char16_t* property) {
     // The former GDI font may be selected somewhere until the handlers have taken the new one.
     const automation::Ref<StdFont> alive(this);
     const platform::HFONT former = std::exchange(font_, {});
-    FontChanged.raise(automation::String(property));
+    if (FontChanged.hasHandlers()) FontChanged.raise(automation::String(property));
     if (former) session().fonts.release(former);
 }
 
