@@ -339,6 +339,30 @@ TEST(RoundShapes, TooThinForCurvesLeaveTheGapsOfDottedPensEmpty) {
                              "...###...###\n");
 }
 
+TEST(RoundShapes, ArcsOfFlatEllipsesEndWithTheQuarterOfTheirRay) {
+    const auto painted = [](POINT start, POINT end) {
+        const Canvas canvas(7, 4);
+        SelectObject(canvas.dc(), GetStockObject(WHITE_PEN));
+        Arc(canvas.dc(), 1, 1, 6, 3, start.x, start.y, end.x, end.y);
+        return canvas.text();
+    };
+    EXPECT_EQ(painted({9, 2}, {0, -9}), ".......\n"
+                                        "....##.\n"
+                                        ".......\n"
+                                        ".......\n")
+        << "from the right to the upper left";
+    EXPECT_EQ(painted({9, 2}, {4, -9}), ".......\n"
+                                        ".....#.\n"
+                                        ".......\n"
+                                        ".......\n")
+        << "to the upper right";
+    EXPECT_EQ(painted({9, 2}, {9, 2}), ".......\n"
+                                       ".#####.\n"
+                                       ".####..\n"
+                                       ".......\n")
+        << "all the way round, without the last pixel";
+}
+
 TEST(Polygons, FillByTheChosenRule) {
     // A square inside a square, drawn in the same direction.
     const POINT points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 9}, {1, 1}, {3, 3}, {7, 3}, {7, 7}, {3, 7}, {3, 3}};

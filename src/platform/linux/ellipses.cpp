@@ -256,7 +256,11 @@ public:
         const bool isRight = isUpper ? y_ == 0 ? x_ > 0 : x_ >= 0 : x_ >= 0;
         origin_ = {isRight ? centre.x : mirrored.x, isUpper ? mirrored.y : centre.y};
         takesEqual_ = isUpper;
+        quarter_ = isUpper ? (isRight ? 0 : 1) : (isRight ? 3 : 2);
     }
+
+    /// In which quarter of the outline the ray meets it, counted from the upper right one against the clock.
+    std::size_t quarter() const { return quarter_; }
 
     bool pointsRight() const { return y_ == 0 && x_ > 0; }
 
@@ -274,17 +278,16 @@ private:
     std::int64_t y_;
     POINT origin_;
     bool takesEqual_;
+    std::size_t quarter_;
 };
 
-/// The first pixel behind the ray; 0 when no pixel is the first.
+/// The first pixel behind the ray in its quarter of the outline, or the first of the next quarter.
 std::size_t firstBehind(const Ray& ray, const std::vector<POINT>& outline) {
-    bool before = ray.isPassedBy(outline.back());
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        const bool now = ray.isPassedBy(outline[i]);
-        if (now && !before) return i;
-        before = now;
-    }
-    return 0;
+    const std::size_t quarter = outline.size() / 4;
+    const std::size_t end = (ray.quarter() + 1) * quarter;
+    for (std::size_t i = end - quarter; i < end; ++i)
+        if (ray.isPassedBy(outline[i])) return i;
+    return end;
 }
 
 } // namespace
@@ -300,8 +303,9 @@ std::vector<POINT> arcOutline(const RECT& box, const ArcRays& rays) {
     const Ray end(box, rays.clockwise ? rays.start : rays.end, Ray::Role::End, rays.clockwise);
     const std::size_t first = start.pointsRight() ? 0 : firstBehind(start, whole);
     std::size_t last = firstBehind(end, whole);
-    const bool isWhole = start.pointsRight() && end.pointsRight();
-    if (isWhole || last <= first) last += whole.size();
+    // Rays at the same pixel go all the way round, but for an arc to the right: it is over where it begins.
+    const bool endsAtRight = (rays.clockwise ? start : end).pointsRight();
+    if (last < first || (last == first && !endsAtRight)) last += whole.size();
     std::vector<POINT> points;
     points.reserve(last - first);
     for (std::size_t i = first; i < last; ++i)

@@ -145,7 +145,7 @@ public:
         }
         if (!segments.empty()) {
             add(segments, closed);
-        } else if (closed ? shape_.joint == PS_JOIN_ROUND : shape_.cap == PS_ENDCAP_ROUND) {
+        } else if (paintsPoint(closed)) {
             addCircle(points.front());
         }
     }
@@ -164,6 +164,12 @@ public:
     Region take() { return sum_.take(); }
 
 private:
+    /// Whether a line without length shows: by its round ends, which dashes have also where they close, or by
+    /// a round joint.
+    bool paintsPoint(bool closed) const {
+        const bool hasEnds = !closed || !shape_.dashes.empty();
+        return (hasEnds && shape_.cap == PS_ENDCAP_ROUND) || (closed && shape_.joint == PS_JOIN_ROUND);
+    }
     void addPolygon(std::span<const POINT> corners) {
         if (sum_.isFull() || isEmpty(intersection(boxOf(corners), bounds_))) return;
         sum_.add(polygonRegion(corners, WINDING, bounds_));
