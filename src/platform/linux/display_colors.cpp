@@ -135,12 +135,27 @@ Mixture findMixture(const Drawable& drawable, std::uint32_t color) {
 
 } // namespace
 
-int displayDepth() {
+namespace {
+
+constinit int knownDepth = 0; ///< 0 until somebody asks
+
+int readDepth() {
     const char* text = std::getenv("TESELA_DEPTH");
     const int depth = text ? std::atoi(text) : trueColorDepth;
     for (const int known : {4, 8, 15, 16, 24})
         if (depth == known) return depth;
     return trueColorDepth;
+}
+
+} // namespace
+
+int displayDepth() {
+    if (!knownDepth) knownDepth = readDepth();
+    return knownDepth;
+}
+
+void forgetDisplayDepth() {
+    knownDepth = 0;
 }
 
 int displayBitsPerPixel() {

@@ -9,6 +9,8 @@ namespace platform::driver {
 
 /// As TESELA_DEPTH says it: 4, 8, 15, 16, 24 or 32.
 int displayDepth();
+/// To be called when a program has set another one.
+void forgetDisplayDepth();
 
 /// Bits that a pixel of the display takes: 16 for a depth of 15.
 int displayBitsPerPixel();

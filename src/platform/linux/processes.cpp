@@ -1,5 +1,6 @@
 #include "platform/processes.h"
 
+#include "platform/linux/display_colors.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -122,6 +123,7 @@ BOOL SetEnvironmentVariableA(const char* name, const char* value) {
     const bool done = value ? setenv(key.c_str(), utf8FromWide(wideFromAnsi(value)).c_str(), 1) == 0
                             : unsetenv(key.c_str()) == 0;
     if (!done) SetLastError(ERROR_INVALID_PARAMETER);
+    driver::forgetDisplayDepth();
     return done ? TRUE_ : FALSE_;
 }
 

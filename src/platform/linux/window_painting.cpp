@@ -332,7 +332,7 @@ HDC screenContext() {
     const HDC dc = createWindowDC(picture->surface, {}, Region(bandIn(picture->surface)));
     if (!dc) return {};
     // Most programs want only a context to make others like it: the picture can wait.
-    makePixelsLater(dc, [picture] { composeScreen(*picture); });
+    makePixelsLater(dc, [&store = *picture] { composeScreen(store); }); // which lives as long as the context
     openContexts().push_back({dc, {}, picture, {}});
     return dc;
 }
