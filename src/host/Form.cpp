@@ -45,7 +45,7 @@ void Form::add(const automation::Ref<Control>& control, const automation::String
     const auto site = std::make_shared<FormSite>(*this, control, controlName, index, holder);
     if (startsHidden_) site->visible_ = false;
     sites_.push_back(site);
-    noteName(*site);
+    names_.add(*site);
     tabs_.push_back(site.get());
     try {
         control->enter(*site, &holder, holder.hWnd(), place);
@@ -84,32 +84,13 @@ void Form::remove(Control& control) {
     if (leaving_ == site.get()) leaving_ = nullptr;
     std::erase(tabs_, site.get());
     std::erase(sites_, site);
-    forgetName(*site);
+    names_.remove(*site);
     control.leave();
 }
 
 Control* Form::find(const automation::String& controlName, short index) const {
-    const auto [first, last] = names_.equal_range(nameKey(controlName, index));
-    for (auto entry = first; entry != last; ++entry) {
-        const FormSite& site = *entry->second;
-        if (site.index() == index && automation::sameName(site.name(), controlName)) return &site.control();
-    }
-    return nullptr;
-}
-
-std::size_t Form::nameKey(const automation::String& controlName, short index) {
-    constexpr std::size_t spread = 0x9E3779B1;
-    return automation::hashName(controlName) + spread * static_cast<std::size_t>(index + 1);
-}
-
-void Form::noteName(FormSite& site) {
-    names_.emplace(nameKey(site.name(), site.index()), &site);
-}
-
-void Form::forgetName(const FormSite& site) {
-    const auto [first, last] = names_.equal_range(nameKey(site.name(), site.index()));
-    const auto found = std::find_if(first, last, [&](const auto& entry) { return entry.second == &site; });
-    if (found != last) names_.erase(found);
+    const FormSite* site = names_.find(controlName, index);
+    return site ? &site->control() : nullptr;
 }
 
 std::vector<Control*> Form::controls() const {

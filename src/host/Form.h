@@ -5,10 +5,10 @@
 #include "host/ControlArray.h"
 #include "host/DrawingWindow.h"
 #include "host/PropertyBag.h"
+#include "host/SiteNames.h"
 #include "host/Timer.h"
 
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace host {
@@ -227,9 +227,6 @@ protected:
 private:
     friend class FormSite;
 
-    static std::size_t nameKey(const automation::String& controlName, short index);
-    void noteName(FormSite& site);
-    void forgetName(const FormSite& site);
     void ensureWindow();
     platform::DWORD windowStyle() const;
     platform::DWORD windowExStyle() const;
@@ -300,8 +297,8 @@ private:
 
     std::vector<std::shared_ptr<FormSite>> sites_; ///< In the order of their making
     std::vector<NamedTimer> timers_;
-    std::unordered_multimap<std::size_t, FormSite*> names_; ///< By name and index
-    std::vector<FormSite*> tabs_;                           ///< In Tab order
+    SiteNames names_;
+    std::vector<FormSite*> tabs_; ///< In Tab order
     FormSite* active_ = nullptr;  ///< Has the focus, or had it when the form was last active
     FormSite* leaving_ = nullptr; ///< Its window lost the focus; its LostFocus waits for validation
     bool returning_ = false;      ///< The focus is being given back after a refused move

@@ -143,9 +143,9 @@ void FormSite::setExtenderValue(ExtenderValue which, const automation::Variant& 
     const auto keep = shared_from_this();
     switch (which) {
     case ExtenderValue::Name:
-        form_.forgetName(*this);
+        form_.names_.remove(*this);
         name_ = automation::fromVariant<automation::String>(value);
-        if (!gone()) form_.noteName(*this);
+        if (!gone()) form_.names_.add(*this);
         control_->ambientChanged(nameOf(AmbientValue::DisplayName));
         return;
     case ExtenderValue::Left:
