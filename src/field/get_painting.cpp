@@ -273,20 +273,19 @@ void get::Painter::letApplicationPaint(const automation::Event<automation::Ref<c
 
 void get::Painter::background() {
     const bool fades = f.lShownEnabled && f.lLocked && f.tabStop();
-    const host::OLE_COLOR disabled = f.slot(tslCtlGlobalCfg_Get_DisabledBackColor);
-    const host::OLE_COLOR focused = f.slot(tslCtlGlobalCfg_Get_FocusBackColor);
-    const host::OLE_COLOR plain = f.slot(tslCtlGlobalCfg_Get_BackColor);
+    const auto plain =
+        f.lShownEnabled ? tslCtlGlobalCfg_Get_BackColor : tslCtlGlobalCfg_Get_DisabledBackColor;
     if (!f.lHasFocus) {
-        if (fades && f.nBackColor == -1) return gradient(mixed(disabled, black, 224), white, QBColor(15));
-        const host::OLE_COLOR own = f.lShownEnabled ? plain : disabled;
-        paper = f.nBackColor == -1 ? own : f.nBackColor;
-    } else if (!f.lShownEnabled) {
-        paper = disabled;
-    } else if (!f.lEnabledGet) {
-        paper = plain;
-    } else if (fades) {
-        return gradient(mixed(focused, white, 128), mixed(focused, black, 208), QBColor(7));
+        if (fades && f.nBackColor == -1) {
+            const host::OLE_COLOR disabled = f.slot(tslCtlGlobalCfg_Get_DisabledBackColor);
+            return gradient(mixed(disabled, black, 224), white, QBColor(15));
+        }
+        paper = f.nBackColor == -1 ? f.slot(plain) : f.nBackColor;
+    } else if (!f.lShownEnabled || !f.lEnabledGet) {
+        paper = f.slot(plain);
     } else {
+        const host::OLE_COLOR focused = f.slot(tslCtlGlobalCfg_Get_FocusBackColor);
+        if (fades) return gradient(mixed(focused, white, 128), mixed(focused, black, 208), QBColor(7));
         paper = focused;
     }
     c.FillBox(0, 0, right, bottom, paper);

@@ -171,9 +171,10 @@ void DrawingWindow::paintContent(platform::HDC dc) {
     } else {
         if (!paintsOwnBackground()) paintBackground(dc);
         const platform::HDC outer = std::exchange(paintContext_, dc);
-        const int state = platform::SaveDC(dc);
+        const bool isKept = !labels_.empty(); // for them, whatever onPaint does to it
+        const int state = isKept ? platform::SaveDC(dc) : 0;
         onPaint();
-        platform::RestoreDC(dc, state);
+        if (isKept) platform::RestoreDC(dc, state);
         paintContext_ = outer;
     }
     for (const Label* label : labels_)

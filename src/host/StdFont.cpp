@@ -15,6 +15,13 @@ namespace {
 constexpr short BoldFromWeight = 551;
 constexpr double TwipsPerPoint = 20.0;
 
+/// What FontChanged tells.
+const struct {
+    automation::String bold = u"Bold", charset = u"Charset", italic = u"Italic", name = u"Name",
+                       size = u"Size", strikethrough = u"Strikethrough", underline = u"Underline",
+                       weight = u"Weight";
+} attributes;
+
 } // namespace
 
 StdFont::~StdFont() {
@@ -28,50 +35,50 @@ bool StdFont::Bold() const {
 void StdFont::Bold(bool value) {
     if (value == Bold()) return;
     weight_ = value ? FontWeightBold : FontWeightNormal;
-    changed(u"Bold");
+    changed(attributes.bold);
 }
 
 void StdFont::Charset(short value) {
     if (value == charset_) return;
     charset_ = value;
-    changed(u"Charset");
+    changed(attributes.charset);
 }
 
 void StdFont::Italic(bool value) {
     if (value == italic_) return;
     italic_ = value;
-    changed(u"Italic");
+    changed(attributes.italic);
 }
 
 void StdFont::Name(const automation::String& value) {
     if (value == name_) return;
     name_ = value;
-    changed(u"Name");
+    changed(attributes.name);
 }
 
 void StdFont::Size(automation::Currency value) {
     if (value < automation::Currency(0)) throw automation::Error(automation::errors::InvalidPropertyValue);
     if (value == size_) return;
     size_ = value;
-    changed(u"Size");
+    changed(attributes.size);
 }
 
 void StdFont::Strikethrough(bool value) {
     if (value == strikethrough_) return;
     strikethrough_ = value;
-    changed(u"Strikethrough");
+    changed(attributes.strikethrough);
 }
 
 void StdFont::Underline(bool value) {
     if (value == underline_) return;
     underline_ = value;
-    changed(u"Underline");
+    changed(attributes.underline);
 }
 
 void StdFont::Weight(short value) {
     if (value == weight_) return;
     weight_ = value;
-    changed(u"Weight");
+    changed(attributes.weight);
 }
 
 void StdFont::assign(const StdFont& other) {
@@ -130,11 +137,11 @@ const automation::ClassTable& StdFont::table() {
     return table;
 }
 
-void StdFont::changed(const char16_t* property) {
+void StdFont::changed(const automation::String& attribute) {
     // The former GDI font may be selected somewhere until the handlers have taken the new one.
     const automation::Ref<StdFont> alive(this);
     const platform::HFONT former = std::exchange(font_, {});
-    if (FontChanged.hasHandlers()) FontChanged.raise(automation::String(property));
+    FontChanged.raise(attribute);
     if (former) session().fonts.release(former);
 }
 

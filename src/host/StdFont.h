@@ -53,7 +53,7 @@ public:
     static const automation::ClassTable& table();
 
 private:
-    void changed(const char16_t* property);
+    void changed(const automation::String& attribute);
     void drop() const;
 
     automation::String name_ = u"MS Sans Serif";
