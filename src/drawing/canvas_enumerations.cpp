@@ -52,6 +52,7 @@ const automation::Enumeration& enumerationOf(GDIObjectTypeConstants) {
                                                    {"GDIObjectType_ExtPen", GDIObjectType_ExtPen},
                                                    {"GDIObjectType_EnhMetaDC", GDIObjectType_EnhMetaDC},
                                                    {"GDIObjectType_EnhMetafile", GDIObjectType_EnhMetafile},
+                                                   {"GDIObjectType_ColorSpace", GDIObjectType_ColorSpace},
                                                });
     return table;
 }
@@ -66,6 +67,8 @@ const automation::Enumeration& enumerationOf(PenStyleConstants) {
                                                    {"PenStyle_DashDotDot", PenStyle_DashDotDot},
                                                    {"PenStyle_Null", PenStyle_Null},
                                                    {"PenStyle_InsideFrame", PenStyle_InsideFrame},
+                                                   {"PenStyle_UserStyle", PenStyle_UserStyle},
+                                                   {"PenStyle_Alternate", PenStyle_Alternate},
                                                });
     return table;
 }
@@ -77,6 +80,12 @@ const automation::Enumeration& enumerationOf(BrushStyleConstants) {
                                                    {"BrushStyle_Null", BrushStyle_Null},
                                                    {"BrushStyle_Hatched", BrushStyle_Hatched},
                                                    {"BrushStyle_Pattern", BrushStyle_Pattern},
+                                                   {"BrushStyle_Indexed", BrushStyle_Indexed},
+                                                   {"BrushStyle_DIBPattern", BrushStyle_DIBPattern},
+                                                   {"BrushStyle_DIBPatternPt", BrushStyle_DIBPatternPt},
+                                                   {"BrushStyle_Pattern8x8", BrushStyle_Pattern8x8},
+                                                   {"BrushStyle_DIBPattern8x8", BrushStyle_DIBPattern8x8},
+                                                   {"BrushStyle_MonoPattern", BrushStyle_MonoPattern},
                                                });
     return table;
 }
@@ -217,6 +226,8 @@ const automation::Enumeration& enumerationOf(GDIDeviceCapsConstants) {
                                       {"GDIDeviceCaps_VRefresh", GDIDeviceCaps_VRefresh},
                                       {"GDIDeviceCaps_DesktopVertRes", GDIDeviceCaps_DesktopVertRes},
                                       {"GDIDeviceCaps_DesktopHorzRes", GDIDeviceCaps_DesktopHorzRes},
+                                      {"GDIDeviceCaps_BltAlignment", GDIDeviceCaps_BltAlignment},
+                                      {"GDIDeviceCaps_ColorMgmtCaps", GDIDeviceCaps_ColorMgmtCaps},
                                   });
     return table;
 }
@@ -292,21 +303,23 @@ const automation::Enumeration& enumerationOf(FontClipPrecisionConstants) {
                                           {"FontClipPrecision_Mask", FontClipPrecision_Mask},
                                           {"FontClipPrecision_LHAngles", FontClipPrecision_LHAngles},
                                           {"FontClipPrecision_TTAlways", FontClipPrecision_TTAlways},
+                                          {"FontClipPrecision_DFADisable", FontClipPrecision_DFADisable},
                                           {"FontClipPrecision_Embedded", FontClipPrecision_Embedded},
                                       });
     return table;
 }
 
 const automation::Enumeration& enumerationOf(FontQualityConstants) {
-    static const automation::Enumeration table("FontQualityConstants",
-                                               {
-                                                   {"FontQuality_Default", FontQuality_Default},
-                                                   {"FontQuality_Draft", FontQuality_Draft},
-                                                   {"FontQuality_Proof", FontQuality_Proof},
-                                                   {"FontQuality_NonAntialiased", FontQuality_NonAntialiased},
-                                                   {"FontQuality_Antialiased", FontQuality_Antialiased},
-                                                   {"FontQuality_ClearType", FontQuality_ClearType},
-                                               });
+    static const automation::Enumeration table(
+        "FontQualityConstants", {
+                                    {"FontQuality_Default", FontQuality_Default},
+                                    {"FontQuality_Draft", FontQuality_Draft},
+                                    {"FontQuality_Proof", FontQuality_Proof},
+                                    {"FontQuality_NonAntialiased", FontQuality_NonAntialiased},
+                                    {"FontQuality_Antialiased", FontQuality_Antialiased},
+                                    {"FontQuality_ClearType", FontQuality_ClearType},
+                                    {"FontQuality_ClearTypeNatural", FontQuality_ClearTypeNatural},
+                                });
     return table;
 }
 
@@ -316,6 +329,7 @@ const automation::Enumeration& enumerationOf(FontPitchAndFamilyConstants) {
                                            {"FontPitchAndFamily_Default", FontPitchAndFamily_Default},
                                            {"FontPitchAndFamily_Fixed", FontPitchAndFamily_Fixed},
                                            {"FontPitchAndFamily_Variable", FontPitchAndFamily_Variable},
+                                           {"FontPitchAndFamily_Mono", FontPitchAndFamily_Mono},
                                            {"FontPitchAndFamily_Roman", FontPitchAndFamily_Roman},
                                            {"FontPitchAndFamily_Swiss", FontPitchAndFamily_Swiss},
                                            {"FontPitchAndFamily_Modern", FontPitchAndFamily_Modern},

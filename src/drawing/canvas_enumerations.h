@@ -47,6 +47,7 @@ enum GDIObjectTypeConstants : std::int32_t {
     GDIObjectType_ExtPen = 11,
     GDIObjectType_EnhMetaDC = 12,
     GDIObjectType_EnhMetafile = 13,
+    GDIObjectType_ColorSpace = 14,
 };
 
 enum PenStyleConstants : std::int32_t {
@@ -57,6 +58,8 @@ enum PenStyleConstants : std::int32_t {
     PenStyle_DashDotDot = 4,
     PenStyle_Null = 5,
     PenStyle_InsideFrame = 6,
+    PenStyle_UserStyle = 7, ///< This and the next: of pens that CreatePen does not make
+    PenStyle_Alternate = 8,
 };
 
 enum BrushStyleConstants : std::int32_t {
@@ -64,6 +67,12 @@ enum BrushStyleConstants : std::int32_t {
     BrushStyle_Null = 1,
     BrushStyle_Hatched = 2,
     BrushStyle_Pattern = 3,
+    BrushStyle_Indexed = 4,
+    BrushStyle_DIBPattern = 5,
+    BrushStyle_DIBPatternPt = 6,
+    BrushStyle_Pattern8x8 = 7,
+    BrushStyle_DIBPattern8x8 = 8,
+    BrushStyle_MonoPattern = 9,
 };
 
 enum HatchStyleConstants : std::int32_t {
@@ -179,6 +188,8 @@ enum GDIDeviceCapsConstants : std::int32_t {
     GDIDeviceCaps_VRefresh = 116,
     GDIDeviceCaps_DesktopVertRes = 117,
     GDIDeviceCaps_DesktopHorzRes = 118,
+    GDIDeviceCaps_BltAlignment = 119,
+    GDIDeviceCaps_ColorMgmtCaps = 121,
 };
 
 enum FontWeightConstants : std::int32_t {
@@ -237,6 +248,7 @@ enum FontClipPrecisionConstants : std::int32_t {
     FontClipPrecision_Mask = 15,
     FontClipPrecision_LHAngles = 16,
     FontClipPrecision_TTAlways = 32,
+    FontClipPrecision_DFADisable = 64,
     FontClipPrecision_Embedded = 128,
 };
 
@@ -247,13 +259,15 @@ enum FontQualityConstants : std::int32_t {
     FontQuality_NonAntialiased = 3,
     FontQuality_Antialiased = 4,
     FontQuality_ClearType = 5,
+    FontQuality_ClearTypeNatural = 6,
 };
 
-/// A pitch (1 and 2) and a family (16 and above), combined by addition.
+/// A pitch (below 16) and a family (16 and above), combined by addition.
 enum FontPitchAndFamilyConstants : std::int32_t {
     FontPitchAndFamily_Default = 0,
     FontPitchAndFamily_Fixed = 1,
     FontPitchAndFamily_Variable = 2,
+    FontPitchAndFamily_Mono = 8,
     FontPitchAndFamily_Roman = 16,
     FontPitchAndFamily_Swiss = 32,
     FontPitchAndFamily_Modern = 48,

@@ -295,6 +295,11 @@ TEST(cCanvas_Table, BringsItsEnumerationsAlong) {
     EXPECT_EQ(3, enumerationOf(BrushStyle_Solid).find(u"BrushStyle_Pattern"));
     EXPECT_EQ(7, enumerationOf(GDIObjectType_Pen).find(u"GDIObjectType_Bitmap"));
     EXPECT_EQ(32, enumerationOf(tslFontStyleBold).find(u"tslFontStyleStrikeOut"));
+    EXPECT_EQ(14, enumerationOf(GDIObjectType_Pen).find(u"GDIObjectType_ColorSpace"));
+    EXPECT_EQ(121, enumerationOf(GDIDeviceCaps_BitsPixel).find(u"GDIDeviceCaps_ColorMgmtCaps"));
+    EXPECT_EQ(6, enumerationOf(FontQuality_Default).find(u"FontQuality_ClearTypeNatural"));
+    EXPECT_EQ(64, enumerationOf(FontClipPrecision_Default).find(u"FontClipPrecision_DFADisable"));
+    EXPECT_EQ(8, enumerationOf(FontPitchAndFamily_Default).find(u"FontPitchAndFamily_Mono"));
 }
 
 TEST_F(cCanvas_ByName, DrawsLinesBoxesAndFills) {

@@ -7,6 +7,7 @@
 #include "platform/locale.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace platform::driver {
@@ -174,7 +175,7 @@ HPEN addPen(UINT style, LONG width, COLORREF color) {
     if (style == static_cast<UINT>(PS_NULL)) return HPEN(stockObject(NULL_PEN));
     auto pen = std::make_unique<Pen>();
     pen->data.lopnStyle = style > static_cast<UINT>(PS_INSIDEFRAME) ? static_cast<UINT>(PS_SOLID) : style;
-    pen->data.lopnWidth.x = width < 0 ? -width : width;
+    pen->data.lopnWidth.x = std::abs(std::max<LONG>(width, -0x7FFFFFFF));
     pen->data.lopnColor = color;
     return HPEN(addObject(std::move(pen)));
 }

@@ -9,6 +9,7 @@
 #include "platform/linux/shapes.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace platform::driver {
 
@@ -116,7 +117,8 @@ HRGN CreateEllipticRgnIndirect(const RECT* rect) {
 }
 
 HRGN CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height) {
-    return addRound(ordered({left, top, right, bottom}), {std::abs(width), std::abs(height)});
+    return addRound(ordered({left, top, right, bottom}),
+                    {std::abs(std::max(width, -0x7FFFFFFF)), std::abs(std::max(height, -0x7FFFFFFF))});
 }
 
 HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode) {
