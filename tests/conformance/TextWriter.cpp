@@ -130,18 +130,24 @@ void TextWriter::recordedLetters() {
 void TextWriter::recordedText() {
     const bool isTurned = dice.oneIn(5);
     const std::string family = dice.of({"Arial", "Times New Roman", "Courier New", "Verdana"});
-    gdi(outlineFont(isTurned).number(DEFAULT_QUALITY).word('"' + family + '"'));
+    // Lines are held to a rectangle here, but not elsewhere.
+    const bool isClipped = dice.oneIn(6);
+    gdi(outlineFont(isTurned, !isClipped).number(DEFAULT_QUALITY).word('"' + family + '"'));
     line("gdi SelectObject font");
     // Under turned text the whole box is filled elsewhere.
-    if (isTurned || dice.oneIn(2)) gdi(call("SetBkMode").number(TRANSPARENT));
+    gdi(call("SetBkMode").number(isTurned ? TRANSPARENT : dice.between(TRANSPARENT, OPAQUE)));
     if (dice.oneIn(2)) gdi(call("SetTextColor").color());
     placing();
-    const bool isJustified = family == "Verdana" && dice.oneIn(2);
-    if (isJustified) gdi(call("SetTextJustification").some(1, -5, 30).some(1, 1, 4));
+    // The other files name another character than the space to be widened.
+    if (family == "Verdana" && dice.oneIn(2)) {
+        gdi(call("SetTextJustification").some(1, -5, 30).some(1, 1, 4));
+    } else {
+        line("gdi SetTextJustification 0 0");
+    }
     const std::string said = words();
     show(call("TextExtent").word(said));
-    if (dice.oneIn(4)) {
-        const int options = isTurned ? ETO_CLIPPED : dice.of({0, 2, 4, 6});
+    if (isClipped || dice.oneIn(6)) {
+        const int options = (isClipped ? ETO_CLIPPED : 0) | (dice.oneIn(2) ? ETO_OPAQUE : 0);
         show(call("ExtTextOut").some(2, -4, 40).number(options).box(5, 60).word(said));
     } else {
         show(call("TextOut").some(2, -4, 40).word(said));
@@ -169,7 +175,7 @@ void TextWriter::letterMapping() {
     if (dice.oneIn(2)) gdi(call("SetViewportOrgEx").some(2, -20, 60));
 }
 
-Call TextWriter::outlineFont(bool isTurned) {
+Call TextWriter::outlineFont(bool isTurned, bool hasLines) {
     Call font = call("font = CreateFont");
     const bool ofCell = dice.oneIn(2);
     font.number(ofCell ? dice.between(8, 40) : -dice.between(6, 30));
@@ -177,8 +183,8 @@ Call TextWriter::outlineFont(bool isTurned) {
     font.number(hasWidth ? dice.between(3, 20) : 0);
     font.number(isTurned ? dice.of({900, 1800, 2700, 450, 3550, 123}) : 0);
     font.number(dice.of({400, 700}));
-    font.number(dice.oneIn(4)).number(dice.oneIn(2));
-    return font.number(dice.oneIn(2));
+    font.number(dice.oneIn(4)).number(hasLines && dice.oneIn(2));
+    return font.number(hasLines && dice.oneIn(2));
 }
 
 void TextWriter::placing() {

@@ -20,8 +20,8 @@ public:
 
 private:
     void font();
-    /// All but the quality and the family.
-    Call outlineFont(bool isTurned);
+    /// All but the quality and the family; some with lines.
+    Call outlineFont(bool isTurned, bool hasLines = true);
     std::string words();
     void textState();
     /// Larger and smaller, with axes of both directions, and the origins moved.

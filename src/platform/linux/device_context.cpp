@@ -15,12 +15,9 @@ int rounded(double value) {
     return boundedCoordinate(static_cast<std::int64_t>(std::floor(std::clamp(value, -limit, limit) + 0.5)));
 }
 
-/// One axis of a mapping: device = logical * scale + offset. Scale and offset are held in single precision,
-/// as the platform holds them: it decides which halves round up.
-struct Axis {
-    float scale;
-    float offset;
-
+/// One axis of a mapping at work.
+struct Axis : MappingAxis {
+    explicit Axis(const MappingAxis& axis) : MappingAxis(axis) {}
     Axis(LONG windowOrigin, LONG windowExtent, LONG viewportOrigin, LONG viewportExtent) {
         const double exact = static_cast<double>(viewportExtent) / windowExtent;
         scale = static_cast<float>(exact);
@@ -47,10 +44,12 @@ struct Axis {
 };
 
 Axis horizontal(const Mapping& m) {
+    if (m.axes) return Axis(m.axes->across);
     return {m.windowOrigin.x, m.windowExtent.cx, m.viewportOrigin.x, m.viewportExtent.cx};
 }
 
 Axis vertical(const Mapping& m) {
+    if (m.axes) return Axis(m.axes->down);
     return {m.windowOrigin.y, m.windowExtent.cy, m.viewportOrigin.y, m.viewportExtent.cy};
 }
 
@@ -86,6 +85,10 @@ RECT ordered(RECT r) {
 
 POINT Mapping::scaled(POINT p) const {
     return {horizontal(*this).apply(p.x), vertical(*this).apply(p.y)};
+}
+
+MappingAxes Mapping::toAxes() const {
+    return {horizontal(*this), vertical(*this)};
 }
 
 ExactPoint Mapping::toDeviceExact(POINT p) const {

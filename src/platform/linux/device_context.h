@@ -47,6 +47,19 @@ struct AxisScale {
     double toLogical = 1;
 };
 
+/// One axis of a mapping: device = logical * scale + offset. Scale and offset are held in single precision,
+/// as the platform holds them: it decides which halves round up.
+struct MappingAxis {
+    float scale = 1;
+    float offset = 0;
+};
+
+/// Both axes of a mapping that is told by them alone.
+struct MappingAxes {
+    MappingAxis across;
+    MappingAxis down;
+};
+
 /// How logical coordinates become device coordinates.
 struct Mapping {
     int mode = MM_TEXT;
@@ -54,6 +67,15 @@ struct Mapping {
     POINT viewportOrigin;
     SIZE windowExtent{1, 1};
     SIZE viewportExtent{1, 1};
+    std::optional<MappingAxes> axes; ///< In place of origins and extents
+
+    /// The mapping of the records of a metafile that is played.
+    static Mapping of(const MappingAxes& axes) {
+        Mapping result;
+        result.viewportExtent = {0, 0}; // no unit is taken for a pixel
+        result.axes = axes;
+        return result;
+    }
 
     /// True when a logical unit is a pixel, to the right and down.
     bool isUnscaled() const { return windowExtent == viewportExtent; }
@@ -61,6 +83,7 @@ struct Mapping {
         if (!isUnscaled()) return scaled(p);
         return {moved(p.x, windowOrigin.x, viewportOrigin.x), moved(p.y, windowOrigin.y, viewportOrigin.y)};
     }
+    MappingAxes toAxes() const;
     /// Before it is rounded.
     ExactPoint toDeviceExact(POINT logical) const;
     POINT toLogical(POINT device) const;

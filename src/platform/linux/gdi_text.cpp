@@ -174,15 +174,13 @@ TextBox measureText(DeviceContext& context, POINT at, std::u16string_view text, 
     TextBox box;
     const std::shared_ptr<FontFace> face = faceOf(context);
     if (!face) return box;
-    const TextRun run{text, given};
-    TextAdvances advances(context.state, *face, given);
-    int last = 0;
-    for (const char16_t c : text) {
-        advances.pass(c);
-        box.advances.push_back(advances.logical() - last);
-        last = advances.logical();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        // Each by itself, as if it were all of the text.
+        TextAdvances advance(context.state, *face, given ? given + i : nullptr);
+        advance.pass(text[i]);
+        box.advances.push_back(advance.logical());
     }
-    const TextLayout layout(context, *face, at, run);
+    const TextLayout layout(context, *face, at, {text, given});
     const std::array<POINT, 4> corners = layout.cell();
     box.bounds = {corners[0].x, corners[0].y, corners[0].x, corners[0].y};
     for (const POINT& p : corners)

@@ -46,11 +46,18 @@ Transform frameOnto(const ENHMETAHEADER& header, const RECT& target) {
         .then(Transform::move(target.left, target.top));
 }
 
+/// From logical units to pixels.
+Transform pixelsOf(const Mapping& mapping) {
+    const MappingAxes axes = mapping.toAxes();
+    return Transform::scale(axes.across.scale, axes.down.scale)
+        .then(Transform::move(axes.across.offset, axes.down.offset));
+}
+
 } // namespace
 
 MetafilePlayer::MetafilePlayer(HDC dc, DeviceContext& target, const Metafile& metafile, const RECT& rect)
     : dc_(dc), target_(target), metafile_(metafile), header_(sensible(metafile.header())),
-      base_(frameOnto(header_, target.state.mapping.toDevice(rect))), entries_(header_.nHandles),
+      base_(frameOnto(header_, rect).then(pixelsOf(target.state.mapping))), entries_(header_.nHandles),
       baseClip_(target.state.clip), pixelsLeft_(mostPicturePixels) {
     SaveDC(dc_);
     target_.state.mapping = {};

@@ -57,6 +57,16 @@ private:
         PenRecord pen;
         LOGFONTW font;
         int arcDirection = AD_COUNTERCLOCKWISE;
+        POINT position; ///< As the last record that only moves has it
+    };
+
+    /// A text of a record, in the record's units.
+    struct RecordedText {
+        POINT at;
+        DWORD options = 0;
+        RECT box;
+        std::u16string characters;
+        std::vector<INT> advances; ///< None, or one for each character
     };
 
     /// Where the bits of a picture lie in a record.
@@ -154,8 +164,12 @@ private:
     void drawTextA(RecordReader&);
     void drawTextW(RecordReader&);
     void drawSmallText(RecordReader&);
-    void drawString(POINT at, DWORD options, const RECT& rect, std::u16string_view text,
-                    const std::vector<LONG>& advances);
+    void drawString(const RecordedText& text);
+    /// True where text can be drawn in the units of the records: these are upright and neither tiny nor huge.
+    bool takesUnits() const;
+    void drawInUnits(const RecordedText& text);
+    void drawInPixels(const RecordedText& text);
+    void output(const RecordedText& text);
 
     // Pictures: metafile_player_blits.cpp.
     void bitBlt(RecordReader&);
@@ -186,6 +200,8 @@ private:
     std::optional<Region> readRegion(RecordReader& reader, DWORD size);
     void preparePen();
     HPEN extendedPen(const PenRecord& pen, LONG width) const;
+    /// The font at the size and angle that it has on the target.
+    LOGFONTW fontInPixels() const;
     void prepareFont();
 
     POINT toTarget(double x, double y) const;

@@ -2,7 +2,6 @@
 
 #include "platform/linux/metafile_player.h"
 
-#include "platform/linux/text_measure.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -277,61 +276,87 @@ void MetafilePlayer::drawRegion(RecordReader& reader) {
     DeleteObject(region);
 }
 
-void MetafilePlayer::drawString(POINT at, DWORD options, const RECT& rect, std::u16string_view text,
-                                const std::vector<LONG>& advances) {
-    if ((options & glyphNumbers) != 0) return;
+void MetafilePlayer::drawString(const RecordedText& text) {
+    if ((text.options & glyphNumbers) != 0) return;
     prepareFont();
-    const RECT placed = ordered(toTarget(rect));
-    const bool hasRect = (options & noRectangle) == 0 && (options & (ETO_OPAQUE | ETO_CLIPPED)) != 0;
+    if (takesUnits()) {
+        drawInUnits(text);
+    } else {
+        drawInPixels(text);
+    }
+}
+
+/// Lengths of text are rounded in the units of the record.
+void MetafilePlayer::drawInUnits(const RecordedText& text) {
+    const POINT pixel = target_.state.position;
+    const auto axis = [](double scale, double offset) {
+        return MappingAxis{static_cast<float>(scale), static_cast<float>(offset)};
+    };
+    target_.state.mapping = Mapping::of({axis(all_.m11, all_.dx), axis(all_.m22, all_.dy)});
+    const bool isKnown = toTarget(state_.position) == pixel;
+    target_.state.position = isKnown ? state_.position : target_.state.mapping.toLogical(pixel);
+    output(text);
+    state_.position = target_.state.position;
+    target_.state.mapping = {};
+    target_.state.position = toTarget(state_.position);
+}
+
+void MetafilePlayer::drawInPixels(const RecordedText& text) {
+    RecordedText placed = text;
+    placed.at = toTarget(text.at);
+    placed.box = ordered(toTarget(text.box));
     // Distances are rounded where they end, so that they do not add up to another width.
-    std::vector<INT> scaled;
     double end = 0;
     int last = 0;
-    for (const LONG advance : advances) {
+    for (INT& advance : placed.advances) {
         end += advance * all_.scaleX();
         const int next = roundedCoordinate(end);
-        scaled.push_back(next - last);
+        advance = next - last;
         last = next;
     }
-    // Distances that are the font's own are left to it: what it draws may differ from what it measures.
-    const bool areGiven = scaled.size() == text.size() && !text.empty() &&
-                          scaled != measureText(target_, {}, text, nullptr).advances;
-    const POINT p = toTarget(at);
-    ExtTextOutW(dc_, p.x, p.y, options & (ETO_OPAQUE | ETO_CLIPPED), hasRect ? &placed : nullptr, text.data(),
-                static_cast<UINT>(text.size()), areGiven ? scaled.data() : nullptr);
+    output(placed);
+}
+
+void MetafilePlayer::output(const RecordedText& text) {
+    const DWORD options = text.options & (ETO_OPAQUE | ETO_CLIPPED);
+    const bool hasBox = (text.options & noRectangle) == 0 && options != 0;
+    const bool areGiven = text.advances.size() == text.characters.size() && !text.characters.empty();
+    ExtTextOutW(dc_, text.at.x, text.at.y, options, hasBox ? &text.box : nullptr, text.characters.data(),
+                static_cast<UINT>(text.characters.size()), areGiven ? text.advances.data() : nullptr);
 }
 
 void MetafilePlayer::drawText(RecordReader& reader, bool isWide) {
     constexpr DWORD mostCharacters = 1 << 16;
+    RecordedText text;
     reader.skip(sizeof(RECT) + 3 * sizeof(DWORD)); // bounds, mode and scale
-    const POINT at = reader.value<POINT>();
+    text.at = reader.value<POINT>();
     const DWORD length = reader.number();
     const DWORD textAt = reader.number();
-    const DWORD options = reader.number();
-    const RECT rect = reader.value<RECT>();
+    text.options = reader.number();
+    text.box = reader.value<RECT>();
     const DWORD advancesAt = reader.number();
     if (reader.failed() || length > mostCharacters) {
         reader.fail();
         return;
     }
     const std::span<const BYTE> bytes = reader.at(textAt, std::uint64_t{length} * (isWide ? 2 : 1));
-    std::u16string text(isWide ? bytes.size() / sizeof(char16_t) : 0, u' ');
-    if (!text.empty())
-        std::memcpy(text.data(), bytes.data(), bytes.size());
-    else if (!isWide)
-        text = wideFromAnsi({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    const std::size_t step = (options & pairedAdvances) != 0 ? 2 : 1;
-    std::vector<LONG> advances;
+    if (isWide && !bytes.empty()) {
+        text.characters.resize(bytes.size() / sizeof(char16_t));
+        std::memcpy(text.characters.data(), bytes.data(), bytes.size());
+    } else if (!isWide) {
+        text.characters = wideFromAnsi({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    }
     if (advancesAt != 0 && !reader.failed()) {
+        const std::size_t step = (text.options & pairedAdvances) != 0 ? 2 : 1;
         const std::span<const BYTE> numbers =
             reader.at(advancesAt, std::uint64_t{length} * step * sizeof(LONG));
         for (std::size_t i = 0; i < numbers.size() / sizeof(LONG); i += step) {
             LONG advance = 0;
             std::memcpy(&advance, numbers.data() + i * sizeof(LONG), sizeof advance);
-            advances.push_back(advance);
+            text.advances.push_back(advance);
         }
     }
-    if (!reader.failed()) drawString(at, options, rect, text, advances);
+    if (!reader.failed()) drawString(text);
 }
 
 void MetafilePlayer::drawTextA(RecordReader& reader) {
@@ -343,21 +368,20 @@ void MetafilePlayer::drawTextW(RecordReader& reader) {
 }
 
 void MetafilePlayer::drawSmallText(RecordReader& reader) {
-    const POINT at = reader.value<POINT>();
+    RecordedText text;
+    text.at = reader.value<POINT>();
     const DWORD length = reader.number();
-    const DWORD options = reader.number();
+    text.options = reader.number();
     reader.skip(3 * sizeof(DWORD)); // mode and scale
-    RECT rect;
-    if ((options & noRectangle) == 0) rect = reader.value<RECT>();
-    const bool isNarrow = (options & narrowText) != 0;
+    if ((text.options & noRectangle) == 0) text.box = reader.value<RECT>();
+    const bool isNarrow = (text.options & narrowText) != 0;
     if (reader.failed() || length > reader.left() / (isNarrow ? 1 : 2)) {
         reader.fail();
         return;
     }
-    std::u16string text;
     for (DWORD i = 0; i < length; ++i)
-        text += isNarrow ? static_cast<char16_t>(reader.value<BYTE>()) : reader.value<char16_t>();
-    drawString(at, options, rect, text, {});
+        text.characters += isNarrow ? static_cast<char16_t>(reader.value<BYTE>()) : reader.value<char16_t>();
+    drawString(text);
 }
 
 template <auto Function>

@@ -169,8 +169,11 @@ void MetafilePlayer::setMiterLimit(RecordReader& reader) {
 }
 
 void MetafilePlayer::moveTo(RecordReader& reader) {
-    const POINT p = toTarget(reader.value<POINT>());
-    if (!reader.failed()) MoveToEx(dc_, p.x, p.y, nullptr);
+    const auto position = reader.value<POINT>();
+    if (reader.failed()) return;
+    state_.position = position;
+    const POINT p = toTarget(position);
+    MoveToEx(dc_, p.x, p.y, nullptr);
 }
 
 void MetafilePlayer::saveState(RecordReader& reader) {
@@ -322,18 +325,31 @@ void MetafilePlayer::preparePen() {
     pen_ = made;
 }
 
+bool MetafilePlayer::takesUnits() const {
+    constexpr double smallest = 1e-4;
+    constexpr double largest = 1e4;
+    constexpr double farthest = 1e9;
+    const auto isSensible = [](double scale, double offset) {
+        return std::fabs(scale) >= smallest && std::fabs(scale) <= largest && std::fabs(offset) <= farthest;
+    };
+    return all_.isUpright() && isSensible(all_.m11, all_.dx) && isSensible(all_.m22, all_.dy);
+}
+
+LOGFONTW MetafilePlayer::fontInPixels() const {
+    LOGFONTW font = state_.font;
+    const LONG angle = angleOf(all_);
+    font.lfHeight = scaledLength(font.lfHeight, all_.scaleY());
+    if (font.lfHeight == 0 && state_.font.lfHeight != 0) font.lfHeight = state_.font.lfHeight < 0 ? -1 : 1;
+    font.lfWidth = std::abs(scaledLength(font.lfWidth, all_.scaleX()));
+    font.lfEscapement += angle;
+    font.lfOrientation += angle;
+    return font;
+}
+
 void MetafilePlayer::prepareFont() {
     if (!fontIsStale_) return;
     fontIsStale_ = false;
-    LOGFONTW font = state_.font;
-    const double scaleX = all_.scaleX();
-    const double scaleY = all_.scaleY();
-    const LONG angle = angleOf(all_);
-    font.lfHeight = scaledLength(font.lfHeight, scaleY);
-    if (font.lfHeight == 0 && state_.font.lfHeight != 0) font.lfHeight = state_.font.lfHeight < 0 ? -1 : 1;
-    font.lfWidth = std::abs(scaledLength(font.lfWidth, scaleX));
-    font.lfEscapement += angle;
-    font.lfOrientation += angle;
+    const LOGFONTW font = takesUnits() ? state_.font : fontInPixels();
     const HFONT made = CreateFontIndirectW(&font);
     SelectObject(dc_, made);
     if (font_) DeleteObject(font_);

@@ -8,8 +8,10 @@
 namespace platform::driver {
 
 struct TextBox {
-    RECT bounds;               ///< Device units
-    std::vector<INT> advances; ///< From each character to the next, logical units
+    RECT bounds; ///< Device units
+    /// From each character to the next, logical units, each rounded by itself: they may add up to more or
+    /// less than the length of the text.
+    std::vector<INT> advances;
 };
 
 /// Measures text as ExtTextOut would draw it in the context's font; `given` are the caller's own distances or

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 using namespace platform;
@@ -264,7 +266,7 @@ TEST(MetafilePlayed, TextLooksAsDrawn) {
     expectSamePicture([](HDC dc) {
         LOGFONTW font;
         font.lfHeight = -15;
-        std::u16string_view(u"Arial").copy(font.lfFaceName, LF_FACESIZE - 1);
+        std::u16string_view(u"Verdana").copy(font.lfFaceName, LF_FACESIZE - 1);
         const Selected selected(dc, CreateFontIndirectW(&font));
         SetBkColor(dc, RGB(255, 255, 0));
         TextOutA(dc, 4, 4, "Texto", 5);
@@ -272,6 +274,45 @@ TEST(MetafilePlayed, TextLooksAsDrawn) {
         SetTextAlign(dc, TA_CENTER | TA_BASELINE);
         TextOutA(dc, 32, 40, "centro", 6);
     });
+}
+
+TEST(MetafilePlayed, TextTakesTheDistancesThatItWasMeasuredWith) {
+    constexpr int width = 64;
+    const auto makeFont = [] { // letters that are drawn in other widths than they are measured
+        return CreateFontA(-15, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, DEFAULT_QUALITY, 0, "Arial");
+    };
+    const Canvas spaced(width, width);
+    const Selected font(spaced.dc(), makeFont());
+    std::array<INT, 5> distances{};
+    for (std::size_t i = 0; i < distances.size(); ++i)
+        GetCharWidth32A(spaced.dc(), "Texto"[i], "Texto"[i], &distances[i]);
+    ExtTextOutA(spaced.dc(), 4, 4, 0, nullptr, "Texto", 5, distances.data());
+
+    const RECT size = frameOf(width, width);
+    const HDC recording = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
+    {
+        const Selected same(recording, makeFont());
+        TextOutA(recording, 4, 4, "Texto", 5);
+    }
+    const Recorded metafile(CloseEnhMetaFile(recording));
+    const Canvas played(width, width);
+    const RECT whole{0, 0, width, width};
+    EXPECT_TRUE(PlayEnhMetaFile(played.dc(), metafile.handle(), &whole));
+    EXPECT_EQ(played.text(), spaced.text());
+}
+
+TEST(MetafilePlayed, TextInRectanglesOfAnySizeIsHarmless) {
+    const RECT size = frameOf(64, 64);
+    const HDC recording = CreateEnhMetaFileA({}, nullptr, &size, nullptr);
+    MoveToEx(recording, 5, 5, nullptr);
+    SetTextAlign(recording, TA_UPDATECP);
+    TextOutA(recording, 4, 4, "Texto", 5);
+    const Recorded metafile(CloseEnhMetaFile(recording));
+    const Canvas canvas(16, 16);
+    constexpr LONG far = std::numeric_limits<LONG>::max();
+    for (const RECT& r : {RECT{0, 0, 0, 0}, RECT{3, 3, 4, 4}, RECT{0, 0, far, far},
+                          RECT{-far, -far, far, far}, RECT{0, 0, far, 1}, RECT{9, 9, -9, -9}})
+        EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &r));
 }
 
 TEST(MetafilePlayed, CopiesOfOneBitTakeTheColoursOfTheRecording) {
