@@ -1,9 +1,10 @@
 // What the platform promises of drawing and Wine does not keep: it reads through null pointers, succeeds on
 // dead contexts, smears overlapping copies of one bit, drops turned pictures,
-// and widens paths by pens that paint nothing.
+// widens paths by pens that paint nothing, and takes the widths of others for pixels.
 
 #include "platform/gdi.h"
 #include "support/Canvas.h"
+#include "support/Selected.h"
 
 #include <algorithm>
 #include <array>
@@ -14,6 +15,7 @@
 
 using namespace platform;
 using test::Canvas;
+using test::Selected;
 
 namespace {
 
@@ -207,6 +209,25 @@ TEST(LinuxGdi, EachLineOfAGradientIsTheQuotientOfItsPlace) {
                                                     {0x3300, 0x1234, 0x0100}, across));
             }
     }
+}
+
+TEST(LinuxGdi, PathsAreWidenedByThePenInLogicalUnits) {
+    const Canvas canvas(60, 60);
+    const LOGBRUSH ink{BS_SOLID, RGB(255, 255, 255), 0};
+    const Selected pen(canvas.dc(),
+                       ExtCreatePen(PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER, 4, &ink, 0, nullptr));
+    SetMapMode(canvas.dc(), MM_ANISOTROPIC);
+    SetViewportExtEx(canvas.dc(), 2, 2, nullptr);
+    BeginPath(canvas.dc());
+    MoveToEx(canvas.dc(), 4, 10, nullptr);
+    LineTo(canvas.dc(), 16, 10);
+    EndPath(canvas.dc());
+    ASSERT_TRUE(WidenPath(canvas.dc()));
+    const HRGN region = PathToRegion(canvas.dc());
+    RECT box;
+    EXPECT_EQ(GetRgnBox(region, &box), SIMPLEREGION);
+    EXPECT_EQ(box, (RECT{8, 16, 32, 24}));
+    DeleteObject(region);
 }
 
 } // namespace
