@@ -136,6 +136,86 @@ TEST_F(get_events, AMessageStandsInTheStatusBarForOneVisit) {
     enter();
     leave();
     EXPECT_EQ("alert:falta el nombre;clear:nombre;", bar->calls);
+    bar->calls.clear();
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    EXPECT_EQ("tip:nombre;", bar->calls) << "the next visit has none";
+}
+
+TEST_F(get_events, TheDirectionIsThatOfTheTabThatIsDown) {
+    std::vector<int> seen;
+    for (get* each : {field, after})
+        each->Extender().GotFocus.join([&seen, each] { seen.push_back(each->IsForwarding()); });
+    enter();
+    press(platform::VK_UP);
+    field->Extender().SetFocus();
+    leave();
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    EXPECT_EQ((std::vector<int>{tslForwardFocus_Forward, tslForwardFocus_Unknown, tslForwardFocus_Forward,
+                                tslForwardFocus_Backward}),
+              seen)
+        << "a new visit knows none of its own";
+}
+
+TEST_F(get_events, AFieldThatCannotTakeTheFocusGivesItToTheOther) {
+    show();
+    const Variant other(static_cast<automation::Object*>(after));
+    const auto isRefused = [&] {
+        before->Extender().SetFocus();
+        field->SetFocusIfEnabled(other);
+        return after->HasFocus();
+    };
+    EXPECT_FALSE(isRefused());
+    field->Extender().Visible(false);
+    EXPECT_TRUE(isRefused());
+    field->Extender().Visible(true);
+    field->Enabled(false);
+    EXPECT_TRUE(isRefused());
+    field->Enabled(true);
+    field->ShownEnabled(false);
+    EXPECT_TRUE(isRefused());
+    field->ShownEnabled(true);
+    field->EnabledGet(false);
+    EXPECT_TRUE(isRefused());
+    before->Extender().SetFocus();
+    field->SetFocusIfEnabled(other, Variant(before->hWND()));
+    EXPECT_TRUE(before->HasFocus()) << "the window that had it comes before the control";
+}
+
+TEST_F(get_events, TheFocusIsNotGivenBackToAnotherForm) {
+    show();
+    const auto other = automation::make<host::Form>(u"Form2");
+    other->Move(9500, 0, 3000, 3000);
+    get& elsewhere = other->add<get>(u"get3");
+    other->Show();
+    desk.pump();
+    before->Extender().SetFocus();
+    desk.pump();
+    field->EnabledGet(false);
+    field->SetFocusIfEnabled(Variant::missing(), Variant(elsewhere.hWND()));
+    EXPECT_FALSE(elsewhere.HasFocus());
+    EXPECT_NE(elsewhere.hWND(), globales().nHWndFocus);
+    field->SetFocusIfEnabled(Variant(static_cast<automation::Object*>(after)), Variant(elsewhere.hWND()));
+    EXPECT_TRUE(after->HasFocus()) << "the control gets it";
+    other->unload();
+}
+
+TEST_F(get_events, AWindowThatIsGivenTheFocusIsTheOneThatHadIt) {
+    enter();
+    field->CtrlFocus(after->hWND());
+    EXPECT_TRUE(after->HasFocus());
+    EXPECT_EQ(after->hWND(), globales().nHWndFocusPrev) << "noted before the focus came";
+}
+
+TEST_F(get_events, ALockedTextKeepsItsDisplayMask) {
+    field->Mascara(u"##-##;;");
+    field->Text(u"1234");
+    field->MaxLength(3);
+    field->Locked(true);
+    enter();
+    EXPECT_EQ("12-34", text());
+    leave();
+    EXPECT_EQ("12-34", text());
+    EXPECT_EQ(3, field->MaxLength());
 }
 
 TEST_F(get_events, ACompanionThatDoesNotAnswerLeavesTheFieldQuietly) {
@@ -306,6 +386,11 @@ TEST_F(get_events, InsertTellsTheKeyboardTheModeOfTheField) {
     leave();
     press(platform::VK_INSERT);
     EXPECT_FALSE(globales().oKeyboard->InsertState());
+    before->TipoDato(tslTipoDatoFecha);
+    before->Extender().SetFocus();
+    EXPECT_FALSE(globales().oKeyboard->InsertState()) << "and dates";
+    after->Extender().SetFocus();
+    EXPECT_TRUE(globales().oKeyboard->InsertState()) << "not a plain text";
     after->TipoDato(tslTipoDatoNumero);
     press(platform::VK_INSERT);
     EXPECT_TRUE(globales().oKeyboard->InsertState()) << "numbers are typed into";
@@ -375,6 +460,7 @@ TEST_F(get_events, TheMouseWaitsWhileAButtonsEventRuns) {
     field->EVBuscar.join([&] {
         click(20);
         click(button(2));
+        FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
         caret = field->caretPosition();
     });
     click(button(1));
@@ -430,6 +516,69 @@ TEST_F(get_events, TheRightButtonOnTheListClearsTheField) {
     EXPECT_EQ("14/03/2026", text()) << "a date is chosen anew";
 }
 
+TEST_F(get_events, AClearedNumberIsZeroWithTheCaretInFrontOfIt) {
+    allButtons();
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##0.00");
+    field->Value(std::int32_t{5});
+    enter();
+    press(platform::VK_END);
+    FieldTest::press(platform::VK_SHIFT, platform::VK_LEFT);
+    click(button(2), 8, platform::VK_RBUTTON);
+    EXPECT_EQ("0,00", text());
+    EXPECT_EQ(0, field->caretPosition());
+    EXPECT_EQ(0, field->SelLength());
+}
+
+TEST_F(get_events, ClicksOnAFieldNotToBeEditedAreNotTold) {
+    field->EnabledGet(false);
+    show();
+    field->Click.join([this] { events += "click"; });
+    field->DblClick.join([this] { events += "double"; });
+    click(20);
+    desk.doubleClick(at(20, 8));
+    desk.pump();
+    EXPECT_EQ("", events);
+}
+
+TEST_F(get_events, APressOnAFieldNotToBeEditedPutsItsCaretAtTheStart) {
+    field->Text(u"abc");
+    enter();
+    press(platform::VK_END);
+    leave();
+    field->EnabledGet(false);
+    ASSERT_EQ(3, field->caretPosition());
+    click(20);
+    EXPECT_EQ(0, field->caretPosition());
+    EXPECT_TRUE(after->HasFocus());
+}
+
+TEST_F(get_events, APressOnAFieldNotToBeEditedShowsItsFormWhenAnotherHasTheFocus) {
+    show();
+    field->EnabledGet(false);
+    const auto other = automation::make<host::Form>(u"Form2");
+    other->Move(9500, 0, 3000, 3000);
+    get& elsewhere = other->add<get>(u"get3");
+    other->Show();
+    desk.pump();
+    ASSERT_TRUE(elsewhere.HasFocus());
+    click(20);
+    EXPECT_FALSE(elsewhere.HasFocus());
+    EXPECT_TRUE(before->HasFocus()) << "where the focus was on this form";
+    other->unload();
+}
+
+TEST_F(get_events, AButtonOfAFieldNotToBeEditedWorksAndTakesTheFocusBack) {
+    allButtons();
+    field->EnabledGet(false);
+    field->EVBuscar.join([this] { after->Extender().SetFocus(); });
+    ASSERT_TRUE(before->HasFocus());
+    click(button(1));
+    EXPECT_EQ("search", events);
+    EXPECT_TRUE(field->HasFocus());
+    EXPECT_EQ(field->hWND(), globales().nHWndFocus);
+}
+
 TEST_F(get_events, AnErrorInAButtonsEventLeavesTheCaret) {
     field->BotonBuscar(true);
     field->Text(u"abc");
@@ -455,6 +604,9 @@ TEST_F(get_events, TheFieldTakesTheFocusBackUnlessItIsToldNotTo) {
     keeps = true;
     click(button(1));
     EXPECT_TRUE(after->HasFocus());
+    keeps = false;
+    click(button(1));
+    EXPECT_TRUE(field->HasFocus()) << "that was for one press";
 }
 
 TEST_F(get_events, KeysAskFirstAndThenAct) {
@@ -492,6 +644,7 @@ TEST_F(get_events, TheClickThatBringsTheFocusToAMovedTextPutsTheCaretAtItsStart)
     click(width() - 8);
     EXPECT_TRUE(field->HasFocus());
     EXPECT_EQ(0, field->caretPosition()) << "the text lay at the right until then";
+    EXPECT_EQ(0, field->SelLength()) << "the mouse selects by itself";
     click(25);
     EXPECT_LT(0, field->caretPosition());
 }
@@ -537,6 +690,12 @@ TEST_F(get_events, DraggingSelectsPastTheEdgesToo) {
     desk.moveMouse(at(-50, 8));
     desk.pump();
     EXPECT_EQ(0, field->SelLength());
+    desk.moveMouse(at(width() + 200, 8));
+    desk.pump();
+    EXPECT_EQ(10, field->SelLength());
+    desk.moveMouse(at(width() + 200, -10));
+    desk.pump();
+    EXPECT_EQ(0, field->SelLength()) << "above the field is in front of the text";
     desk.moveMouse(at(width() + 200, 300));
     desk.releaseButton();
     desk.pump();
@@ -551,6 +710,16 @@ TEST_F(get_events, ADoubleClickSelectsAWord) {
     const auto selected = field->Text().substring(static_cast<std::size_t>(field->SelStart()),
                                                   static_cast<std::size_t>(field->SelLength()));
     EXPECT_EQ("dos", selected.utf8());
+    EXPECT_EQ(7, field->caretPosition()) << "behind the word";
+}
+
+TEST_F(get_events, ADoubleClickLeavesWhatIsSelected) {
+    field->Text(u"uno dos tres");
+    enter();
+    field->DblClick.join([this] { field->SelLength(1); });
+    desk.doubleClick(at(30, 8));
+    desk.pump();
+    EXPECT_EQ(1, field->SelLength());
 }
 
 TEST_F(get_events, AFieldThatIsNotToBeEditedLeavesTheFocusWhereItIs) {
@@ -824,6 +993,46 @@ TEST_F(get_events, TheOnScreenKeyboardTypes) {
     EXPECT_TRUE(after->HasFocus());
 }
 
+TEST_F(get_events, TheOnScreenKeyboardPlaysRealKeysWithShiftCtrlAndAlt) {
+    field->Text(u"abc");
+    show();
+    field->ProcesarTeclaFromOnScreenKeyboard({}, platform::VK_RIGHT, host::ShiftMask);
+    desk.pump();
+    EXPECT_TRUE(field->HasFocus());
+    EXPECT_EQ(1, field->SelLength());
+    EXPECT_FALSE(globales().oKeyboard->KeyPressed(platform::VK_SHIFT));
+    field->ProcesarTeclaFromOnScreenKeyboard({}, platform::VK_END, host::ShiftMask | host::CtrlMask);
+    desk.pump();
+    EXPECT_EQ(3, field->SelLength());
+    EXPECT_FALSE(globales().oKeyboard->KeyPressed(platform::VK_CONTROL));
+    for (const auto shift : {host::AltMask, host::CtrlMask}) {
+        field->ProcesarTeclaFromOnScreenKeyboard(u"k", 'K', shift);
+        desk.pump();
+    }
+    EXPECT_EQ("abc", text()) << "a character with Ctrl or Alt is a command";
+}
+
+TEST_F(get_events, TheOnScreenKeyboardsKeysGoDownAndUp) {
+    enter();
+    field->KeyWatch.join([this](short&, short&) { events += "watch "; });
+    field->KeyUp.join([this](short& code, short&) { events += "up" + std::to_string(code); });
+    field->ProcesarTeclaFromOnScreenKeyboard({}, platform::VK_LEFT, 0);
+    EXPECT_EQ("watch up37", events);
+}
+
+TEST_F(get_events, TheOnScreenKeyboardFindsTheCaretWhereItWas) {
+    field->Text(u"abc");
+    field->Seleccionado(tslSeleccionadoSiempre);
+    enter();
+    press(platform::VK_END);
+    leave();
+    field->ProcesarTeclaFromOnScreenKeyboard({}, -1, 0);
+    desk.pump();
+    EXPECT_TRUE(field->HasFocus());
+    EXPECT_EQ(3, field->caretPosition());
+    EXPECT_EQ(0, field->SelLength());
+}
+
 TEST_F(get_events, TheFieldIsTidiedAfterTheOnScreenKeyboardToo) {
     show();
     field->ProcesarTeclaFromOnScreenKeyboard({}, -1, 0);
@@ -1034,6 +1243,47 @@ TEST_F(get_events, TheGaugeGoesOffWithZeros) {
     EXPECT_NE(plain, desk.look(field->hWnd()));
     field->Render();
     EXPECT_EQ(plain, desk.look(field->hWnd())) << "that one was painted once";
+    field->AutoPaintGauge(50, 100);
+    field->PaintGauge(1, 4);
+    field->Render();
+    EXPECT_EQ(plain, desk.look(field->hWnd())) << "it ends the other";
+}
+
+TEST_F(get_events, AGaugeMayBeBlack) {
+    field->Text({});
+    show();
+    field->PaintGauge(1, 2);
+    const auto usual = desk.look(field->hWnd());
+    field->PaintGauge(1, 2, false, 0, 0);
+    EXPECT_NE(usual, desk.look(field->hWnd()));
+}
+
+TEST_F(get_events, BandsAreOfFiveLettersWithoutACountAndEndWithTheLastWholeOne) {
+    constexpr host::OLE_COLOR red = 0x0000FF, green = 0x00FF00;
+    std::int32_t letters = 5;
+    field->MaxLength(10);
+    field->PaintBackground.join(
+        [&](automation::Ref<cCanvas>&) { field->PaintHGradient(letters, red, green); });
+    field->UserDrawnMode(tslCtlUserDrawnMode_Background);
+    show();
+    const auto five = desk.look(field->hWnd());
+    for (const std::int32_t count : {0, -3}) {
+        letters = count;
+        field->Render();
+        EXPECT_EQ(five, desk.look(field->hWnd())) << count;
+    }
+    letters = 4;
+    field->Render();
+    const auto four = desk.look(field->hWnd());
+    field->MaxLength(8);
+    EXPECT_EQ(four, desk.look(field->hWnd())) << "two groups, and two letters without one";
+    const auto faded = [&](int y) {
+        int last = 0;
+        for (int x = 0; x < four.width - 3; ++x)
+            if (four.at(x, y) != static_cast<platform::COLORREF>(red)) last = x;
+        return last;
+    };
+    EXPECT_GT(four.width / 2, faded(8)) << "the rest is flat";
 }
 
 TEST_F(get_events, AHandlerMayLetMessagesThroughInsideAPaint) {

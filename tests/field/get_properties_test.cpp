@@ -4,6 +4,7 @@
 #include "support/RecordingSite.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace tesela;
 using namespace tests;
@@ -152,6 +153,13 @@ TEST_F(get_properties, TabStopIsKeptAcrossTheReading) {
     field->Extender().TabStop(true);
     field->readProperties(bag);
     EXPECT_TRUE(field->Extender().TabStop());
+    for (const char16_t* name : {u"ShownEnabled", u"EnabledGet"}) {
+        host::PropertyBag disabled;
+        disabled.WriteProperty(name, Variant(false));
+        get& other = form->add<get>(automation::String(u"get") + name);
+        other.readProperties(disabled);
+        EXPECT_FALSE(other.Extender().TabStop()) << automation::String(name).utf8();
+    }
 }
 
 TEST_F(get_properties, EverySetterReportsItsProperty) {
@@ -161,6 +169,104 @@ TEST_F(get_properties, EverySetterReportsItsProperty) {
     changeEverything(*alone);
     for (const std::string& name : order)
         EXPECT_EQ(1, std::min<long>(1, std::count(site.changed.begin(), site.changed.end(), name))) << name;
+    site.changed.clear();
+    alone->SetText(u"12,50");
+    alone->SelStart(1);
+    alone->SelLength(2);
+    EXPECT_EQ((std::vector<std::string>{"SelStart", "SelLength"}), site.changed);
+}
+
+TEST_F(get_properties, WhatStaysTheSameIsNotReported) {
+    const auto alone = automation::make<get>();
+    support::RecordingSite site(*alone, form->hWnd(), {0, 0, 1500, 300});
+    changeEverything(*alone);
+    site.changed.clear();
+    alone->MaxLength(alone->MaxLength());
+    alone->ButtonWidth(alone->ButtonWidth());
+    alone->Appearance(alone->Appearance());
+    alone->Alignment(alone->Alignment());
+    alone->UserDrawnMode(alone->UserDrawnMode());
+    alone->TipoDato(alone->TipoDato());
+    alone->EnabledGet(alone->EnabledGet());
+    alone->EnabledCombo(alone->EnabledCombo());
+    EXPECT_TRUE(site.changed.empty()) << testing::PrintToString(site.changed);
+    alone->BorderStyle(alone->BorderStyle());
+    EXPECT_EQ((std::vector<std::string>{"BorderStyle"}), site.changed);
+}
+
+TEST_F(get_properties, WhatShowsIsPaintedWhenItIsWritten) {
+    field->Alignment(tslAlignmentRightJustify);
+    field->BotonCombo(true);
+    show();
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    int paints = 0;
+    field->UserDrawn.join([&](automation::Ref<cCanvas>&) { ++paints; });
+    const auto paintsOf = [&](const auto& write) {
+        paints = 0;
+        write(*field);
+        return paints;
+    };
+    using Writer = void (*)(get&);
+    const std::pair<const char*, Writer> painted[] = {
+        {"Text", [](get& f) { f.Text(u"uno"); }},
+        {"SetText", [](get& f) { f.SetText(u"dos"); }},
+        {"Value", [](get& f) { f.Value(u"tres"); }},
+        {"SelStart", [](get& f) { f.SelStart(1); }},
+        {"SelLength", [](get& f) { f.SelLength(1); }},
+        {"MaxLength", [](get& f) { f.MaxLength(9); }},
+        {"PasswordChar", [](get& f) { f.PasswordChar(u"*"); }},
+        {"Locked", [](get& f) { f.Locked(true); }},
+        {"VacioEnBlanco", [](get& f) { f.VacioEnBlanco(true); }},
+        {"Mascara", [](get& f) { f.Mascara(u"XXXX"); }},
+        {"MultiLine", [](get& f) { f.MultiLine(true); }},
+        {"BackColor", [](get& f) { f.BackColor(0xFF); }},
+        {"ForeColor", [](get& f) { f.ForeColor(0xFF); }},
+        {"BorderStyle", [](get& f) { f.BorderStyle(tslBorderStyleNone); }},
+        {"BorderStyle as it is", [](get& f) { f.BorderStyle(tslBorderStyleNone); }},
+        {"Appearance", [](get& f) { f.Appearance(tslAppearanceFlat); }},
+        {"AlwaysLeft", [](get& f) { f.AlwaysLeft(true); }},
+        {"AutoSize", [](get& f) { f.AutoSize(tslAutoSize_NO); }},
+        {"FontWidth", [](get& f) { f.FontWidth(1.5F); }},
+        {"ButtonWidth", [](get& f) { f.ButtonWidth(20); }},
+        {"BotonBuscar", [](get& f) { f.BotonBuscar(true); }},
+        {"EnabledCombo", [](get& f) { f.EnabledCombo(false); }},
+        {"EnabledGet", [](get& f) { f.EnabledGet(false); }},
+        {"ShownEnabled", [](get& f) { f.ShownEnabled(false); }},
+        {"Enabled", [](get& f) { f.Enabled(false); }},
+        {"ValorHora", [](get& f) { f.ValorHora(Date(0.5)); }},
+        {"AutoPaintGauge", [](get& f) { f.AutoPaintGauge(1, 2); }},
+        {"Alignment", [](get& f) { f.Alignment(tslAlignmentLeftJustify); }},
+    };
+    for (const auto& [name, write] : painted)
+        EXPECT_LT(0, paintsOf(write)) << name;
+    const std::pair<const char*, Writer> unseen[] = {
+        {"Alignment as it is", [](get& f) { f.Alignment(tslAlignmentLeftJustify); }},
+        {"Appearance as it is", [](get& f) { f.Appearance(tslAppearanceFlat); }},
+        {"AlwaysLeft of what is left", [](get& f) { f.AlwaysLeft(false); }},
+        {"MaxLength as it is", [](get& f) { f.MaxLength(4); }},
+        {"EnabledFicha without the button", [](get& f) { f.EnabledFicha(false); }},
+        {"Seleccionado", [](get& f) { f.Seleccionado(tslSeleccionadoSiempre); }},
+        {"CaracteresValidos", [](get& f) { f.CaracteresValidos(u"0"); }},
+        {"MascaraFocus", [](get& f) { f.MascaraFocus(u"XX"); }},
+        {"RowCombo", [](get& f) { f.RowCombo(3); }},
+    };
+    field->MaxLength(4);
+    for (const auto& [name, write] : unseen)
+        EXPECT_EQ(0, paintsOf(write)) << name;
+}
+
+TEST_F(get_properties, WhatACheckRepairsIsPainted) {
+    show();
+    const auto shows = [this](const char16_t* typed, const auto& check) {
+        field->SetText(typed);
+        const auto former = desk.look(field->hWnd());
+        check();
+        return desk.look(field->hWnd()) != former;
+    };
+    EXPECT_TRUE(shows(u"1:5", [this] { field->ValidateHora(); }));
+    EXPECT_TRUE(shows(u"3,1-2", [this] { field->ValidateFltCodigos(); }));
+    field->TipoDato(tslTipoDatoFecha);
+    EXPECT_TRUE(shows(u"1/2/24", [this] { field->ValidateFecha(); }));
 }
 
 TEST_F(get_properties, NarrowButtonsAreRefused) {
@@ -195,6 +301,12 @@ TEST_F(get_properties, ShownEnabledLocksTheFieldAndLeavesItEnabled) {
     field->ShownEnabled(true);
     EXPECT_FALSE(field->Locked());
     EXPECT_TRUE(field->Extender().TabStop());
+    field->EnabledGet(false);
+    field->ShownEnabled(true);
+    EXPECT_FALSE(field->Extender().TabStop()) << "it is not to be edited";
+    field->ShownEnabled(false);
+    field->EnabledGet(true);
+    EXPECT_FALSE(field->Extender().TabStop()) << "it shows as disabled";
 }
 
 TEST_F(get_properties, AFieldShownAsDisabledStillGetsTheMouse) {
@@ -298,6 +410,105 @@ TEST_F(get_properties, IconsAreLargeFromButtonsOf32PixelsOn) {
     EXPECT_GE(16, iconWidth(40)) << "a low field has small ones";
 }
 
+TEST_F(get_properties, ALockedFieldShowsItsOwnColourFlat) {
+    field->BackColor(0x102030);
+    field->Locked(true);
+    show();
+    const auto picture = desk.look(field->hWnd());
+    for (int y = 3; y < picture.height - 3; ++y)
+        EXPECT_EQ(0x102030u, picture.at(40, y)) << y;
+}
+
+TEST_F(get_properties, WhatIsAlwaysLeftLooksLeftAlignedWithoutTheFocusToo) {
+    field->Text(u"abc");
+    show();
+    const auto left = desk.look(field->hWnd());
+    field->Alignment(tslAlignmentRightJustify);
+    EXPECT_NE(left, desk.look(field->hWnd()));
+    field->AlwaysLeft(true);
+    EXPECT_EQ(left, desk.look(field->hWnd()));
+}
+
+TEST_F(get_properties, TheTextOfWhatIsNotToBeEditedIsFaint) {
+    field->Text(u"abc");
+    show();
+    const auto plain = desk.look(field->hWnd());
+    field->EnabledGet(false);
+    const auto faint = desk.look(field->hWnd());
+    EXPECT_NE(plain, faint);
+    field->EnabledGet(true);
+    field->Enabled(false);
+    EXPECT_EQ(faint, desk.look(field->hWnd()));
+}
+
+TEST_F(get_properties, PhantomDigitsStandWhereDecimalsWould) {
+    moveTo("en-US");
+    field->TipoDato(tslTipoDatoNumero);
+    show();
+    const auto inked = [this](const char16_t* mask) {
+        field->SetText({});
+        const auto ground = desk.look(field->hWnd());
+        field->FormatoMascara(mask);
+        field->Value(std::int32_t{17});
+        const auto picture = desk.look(field->hWnd());
+        std::vector<int> columns;
+        for (int x = 0; x < picture.width; ++x)
+            for (int y = 0; y < picture.height; ++y)
+                if (picture.at(x, y) != ground.at(x, y)) {
+                    columns.push_back(x);
+                    break;
+                }
+        return columns;
+    };
+    const auto decimals = inked(u"(4,3)");
+    EXPECT_EQ(decimals, inked(u"(4,1,2)"));
+    EXPECT_EQ(decimals, inked(u"(4,0,3)"));
+    const auto rightmost = decimals.back();
+    field->Locked(true);
+    EXPECT_GT(rightmost, inked(u"(4,0,3)").back()) << "none on a ground that fades";
+}
+
+TEST_F(get_properties, ADateDoesNotScrollWithItsCaret) {
+    field->AutoSize(tslAutoSize_NO);
+    field->TipoDato(tslTipoDatoFecha);
+    field->Text(u"14/03/2026");
+    field->Width(500);
+    enter();
+    const auto first = desk.look(field->hWnd());
+    press(platform::VK_END);
+    EXPECT_EQ(first, desk.look(field->hWnd()));
+    field->TipoDato(tslTipoDatoCaracter);
+    field->Text(u"14/03/2026");
+    press(platform::VK_HOME);
+    press(platform::VK_END);
+    EXPECT_NE(first, desk.look(field->hWnd())) << "a text does";
+}
+
+TEST_F(get_properties, TheArrowOfAListIsAQuarterOfTheSmallerSide) {
+    field->AutoSize(tslAutoSize_NO);
+    field->BorderStyle(tslBorderStyleNone);
+    field->Height(20 * 15);
+    field->BotonCombo(true);
+    show();
+    const auto arrowWidth = [this](int buttonWidth) {
+        field->ButtonWidth(buttonWidth);
+        const auto picture = desk.look(field->hWnd());
+        const int left = picture.width - buttonWidth - 1;
+        int first = picture.width, last = 0;
+        for (int y = 3; y < picture.height - 3; ++y)
+            for (int x = left + 3; x < picture.width - 4; ++x)
+                if (picture.at(x, y) != picture.at(left + 2, y)) {
+                    first = std::min(first, x);
+                    last = std::max(last, x);
+                }
+        return last - first + 1;
+    };
+    const int wide = arrowWidth(80);
+    EXPECT_EQ(arrowWidth(20), wide);
+    field->Height(40 * 15);
+    EXPECT_LT(wide, arrowWidth(80));
+}
+
 TEST_F(get_properties, AMaskThatStaysMayStillChangeTheLook) {
     field->AutoSize(tslAutoSize_NO);
     field->TipoDato(tslTipoDatoNumero);
@@ -336,7 +547,32 @@ TEST_F(get_properties, WhatEnabledWasSetToIsKeptForTheApplication) {
     EXPECT_TRUE(field->lInternalPreEnabledBtnCombo);
     EXPECT_FALSE(field->Extender().TabStop());
     field->EnabledGet(true);
+    EXPECT_TRUE(field->lInternalPreEnabledGet);
     EXPECT_TRUE(field->Extender().TabStop());
+    field->EnabledBuscar(true);
+    field->EnabledFicha(true);
+    EXPECT_TRUE(field->lInternalPreEnabledBtnBuscar) << "though nothing has changed";
+    EXPECT_TRUE(field->lInternalPreEnabledFicha);
+}
+
+TEST_F(get_properties, TheInitialValuesAreThoseOfANewField) {
+    field->Enabled(false);
+    field->Alias(u"a");
+    field->Campo(u"c");
+    field->ToolTip(u"t");
+    field->BackColor(0xFF);
+    field->TipoDato(tslTipoDatoNumero);
+    field->UserControl_InitProperties();
+    EXPECT_TRUE(field->Enabled());
+    EXPECT_EQ("", field->Alias().utf8() + field->Campo().utf8() + field->ToolTip().utf8());
+    EXPECT_EQ(-1, field->BackColor());
+    EXPECT_EQ(tslTipoDatoCaracter, field->TipoDato());
+    EXPECT_EQ("get1", text());
+}
+
+TEST_F(get_properties, WidthsOfLettersAreNotNegative) {
+    field->FontWidth(-2);
+    EXPECT_EQ(0, field->FontWidth());
 }
 
 TEST_F(get_properties, ALineOfTextIsAsHighAsItsFontNeeds) {
@@ -346,6 +582,40 @@ TEST_F(get_properties, ALineOfTextIsAsHighAsItsFontNeeds) {
     field->AutoSize(tslAutoSize_NO);
     field->Height(900);
     EXPECT_EQ(900, field->Height());
+    field->AutoSize(tslAutoSize_XY);
+    EXPECT_EQ(900, field->Height()) << "the next change of its size makes it fit";
+}
+
+TEST_F(get_properties, TheSizeIsThatOfLettersBorderAndButtons) {
+    form->UserMode(false);
+    get& designed = form->add<get>(u"getMedida");
+    designed.AutoSize(tslAutoSize_XY);
+    const auto width = [&](std::int32_t letters, tslBorderStyleConstants border, int buttons) {
+        designed.BorderStyle(border);
+        designed.BotonCombo(buttons > 0);
+        designed.BotonFicha(buttons > 1);
+        designed.MaxLength(letters + 1); // which makes it resize when it changes
+        designed.MaxLength(letters);
+        return static_cast<int>(std::lround(designed.Width() / 15));
+    };
+    const int ten = width(20, tslBorderStyleFixedSingle, 0) - width(10, tslBorderStyleFixedSingle, 0);
+    EXPECT_EQ(ten + 2 + 6, width(10, tslBorderStyleFixedSingle, 0));
+    EXPECT_EQ(ten + 2 + 2, width(10, tslBorderStyleNone, 0));
+    EXPECT_EQ(ten + 2 + 6 + 15 + 3, width(10, tslBorderStyleFixedSingle, 1));
+    EXPECT_EQ(ten + 2 + 6 + 30 + 3, width(10, tslBorderStyleFixedSingle, 2));
+    EXPECT_EQ(ten + 2 + 2 + 15 + 1, width(10, tslBorderStyleNone, 1));
+    const float bordered = designed.Height();
+    designed.BorderStyle(tslBorderStyleFixedSingle);
+    designed.MaxLength(11);
+    EXPECT_EQ(4 * 15, designed.Height() - bordered);
+    designed.TipoDato(tslTipoDatoNumero);
+    designed.FormatoMascara(u"(4)");
+    const float plain = designed.Width();
+    designed.FormatoMascara(u"(4,0,2)");
+    const float point = designed.Width();
+    designed.FormatoMascara(u"(4,0,5)");
+    EXPECT_EQ(designed.Width() - point, point - plain) << "three letters each time";
+    EXPECT_LT(plain, point);
 }
 
 TEST_F(get_properties, SchemesSetColoursFontAndLayout) {
@@ -366,6 +636,13 @@ TEST_F(get_properties, SchemesSetColoursFontAndLayout) {
     field->Scheme(tslSchemeUseActual);
     EXPECT_EQ(0x00C0FF, field->BackColor());
     EXPECT_EQ(tslSchemeUseActual, field->Scheme());
+}
+
+TEST_F(get_properties, TheSecondHeaderIsSmaller) {
+    field->Scheme(tslSchemeHeader_B);
+    EXPECT_EQ("Arial", field->Font()->Name().utf8());
+    EXPECT_EQ(10, field->Font()->Size().toDouble());
+    EXPECT_TRUE(field->Font()->Bold());
 }
 
 TEST_F(get_properties, LiveHidesAndDisables) {

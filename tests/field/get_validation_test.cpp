@@ -77,6 +77,10 @@ TEST_F(get_validation, HoursAreNormalised) {
     EXPECT_EQ(automation::TimeSerial(1, 5, 0), hour);
     field->SetText(u"23:59");
     EXPECT_TRUE(field->ValidateHora());
+    globales().cFmtHora = u"hh:mm:ss";
+    field->SetText(u"1:5");
+    EXPECT_TRUE(field->ValidateHora());
+    EXPECT_EQ("01:05", text()) << "hours and minutes only";
     for (const auto* wrong : {u"24:00", u"1", u"12:60", u"99999999999:1"}) {
         field->SetText(wrong);
         EXPECT_FALSE(field->ValidateHora());
@@ -97,6 +101,10 @@ TEST_F(get_validation, TheHourIsReadAndWrittenAsATime) {
     EXPECT_EQ(45000 + 9.5 / 24, field->FechaYHora(automation::Date(45000.7)).value());
     field->SetText(u"mal");
     EXPECT_EQ(automation::Date(), field->ValorHora());
+    form->UserMode(false);
+    get& designed = form->add<get>(u"getHora");
+    designed.SetText(u"9:30");
+    EXPECT_EQ(automation::Date(), designed.ValorHora()) << "in the designer it is none";
 }
 
 TEST_F(get_validation, CodesArePutInOrder) {

@@ -141,6 +141,17 @@ TEST_F(get_desktop, TheCaretIsSeenWhereItIsWantedAndTheFieldCanBeEdited) {
     EXPECT_TRUE(isSeen());
 }
 
+TEST_F(get_desktop, TheCaretIsGoneWhileAButtonsEventRuns) {
+    field->BotonBuscar(true);
+    int seen = 0;
+    field->EVBuscar.join([&] { seen = caretSize().cx; });
+    enter();
+    EXPECT_LT(0, caretSize().cx);
+    FieldTest::press(platform::VK_MENU, platform::VK_RIGHT);
+    EXPECT_GT(0, seen);
+    EXPECT_LT(0, caretSize().cx);
+}
+
 TEST_F(get_desktop, TheCaretIsAsHighAsALine) {
     field->Text(u"abc");
     enter();
