@@ -246,10 +246,11 @@ void get::backspaceDate() {
         nCaret = std::max(before, 0);
 }
 
-/// A blank date, as it is edited.
+/// A blank date, as it is edited, of no more characters than the field takes.
 String get::dateTemplate() {
     ownDate().SetEspecial(tslDateEmpty);
-    return ownDate().Texto();
+    const String blank = ownDate().Texto();
+    return nMaxLength > 0 ? blank.left(static_cast<std::size_t>(nMaxLength)) : blank;
 }
 
 bool get::startsRelativeDate() const {
@@ -263,7 +264,6 @@ void get::keepDate(std::int32_t characters) {
     const auto kept = static_cast<std::size_t>(characters);
     String text = cTexto.left(kept);
     if (kept < behindSeparators) text += dateTemplate().substring(kept);
-    if (nMaxLength > 0) text = text.left(static_cast<std::size_t>(nMaxLength));
     setEdited(text, characters);
 }
 

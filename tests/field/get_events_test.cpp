@@ -836,7 +836,10 @@ TEST_F(get_events, KeyViewFormIsAskedAndThenDone) {
         cancel = false;
     });
     enter();
-    FieldTest::press(platform::VK_MENU, platform::VK_RETURN);
+    desk.pressKey(platform::VK_MENU);
+    desk.strikeKey(platform::VK_RETURN);
+    desk.pump();
+    desk.releaseKey(platform::VK_MENU);
     EXPECT_EQ("?!", asked);
     EXPECT_TRUE(released) << "before it acts";
     EXPECT_TRUE(field->HasFocus());
@@ -850,9 +853,13 @@ TEST_F(get_events, AltDownPressesTheCoupledButton) {
     int down = 0;
     field->KeyDown.join([&](short& code, short&) { down += code == platform::VK_DOWN; });
     enter();
-    FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
+    desk.pressKey(platform::VK_MENU);
+    desk.strikeKey(platform::VK_DOWN);
+    desk.pump();
+    desk.releaseKey(platform::VK_MENU);
+    desk.pump();
     EXPECT_EQ(1, coupled->presses);
-    EXPECT_TRUE(coupled->released);
+    EXPECT_TRUE(coupled->released) << "it lets go of Alt first";
     coupled->enabled = false;
     FieldTest::press(platform::VK_MENU, platform::VK_DOWN);
     EXPECT_EQ(1, coupled->presses);

@@ -218,6 +218,7 @@ TEST_F(get_properties, WhatShowsIsPaintedWhenItIsWritten) {
         {"Locked", [](get& f) { f.Locked(true); }},
         {"VacioEnBlanco", [](get& f) { f.VacioEnBlanco(true); }},
         {"Mascara", [](get& f) { f.Mascara(u"XXXX"); }},
+        {"Mascara of the same length", [](get& f) { f.Mascara(u"AAAA"); }},
         {"MultiLine", [](get& f) { f.MultiLine(true); }},
         {"BackColor", [](get& f) { f.BackColor(0xFF); }},
         {"ForeColor", [](get& f) { f.ForeColor(0xFF); }},
