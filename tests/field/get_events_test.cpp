@@ -453,6 +453,17 @@ TEST_F(get_events, APressedButtonShowsWhetherThePointerIsOverIt) {
     EXPECT_EQ("", events) << "below it";
 }
 
+TEST_F(get_events, AButtonOfAFieldThatIsResizedIsLetGo) {
+    allButtons();
+    desk.moveMouse(at(button(1), 8));
+    desk.pressButton();
+    desk.pump();
+    field->Width(field->Width() + 300);
+    desk.releaseButton();
+    desk.pump();
+    EXPECT_EQ("", events);
+}
+
 TEST_F(get_events, TheMouseWaitsWhileAButtonsEventRuns) {
     field->Text(u"abcdef");
     allButtons();
@@ -1290,7 +1301,31 @@ TEST_F(get_events, BandsAreOfFiveLettersWithoutACountAndEndWithTheLastWholeOne) 
             if (four.at(x, y) != static_cast<platform::COLORREF>(red)) last = x;
         return last;
     };
-    EXPECT_GT(four.width / 2, faded(8)) << "the rest is flat";
+    cCanvas& screen = *globales().oCanvasGlobal;
+    screen.SelectVBStdFont(field->Font());
+    std::int32_t letter = 0, height = 0;
+    screen.GetTextExtent(u"0", letter, height);
+    constexpr int border = 3;
+    EXPECT_GE(border + 8 * letter, faded(8)) << "the rest is flat";
+    EXPECT_LT(border + 7 * letter, faded(8));
+}
+
+TEST_F(get_events, ThePercentageThrowsAWhiteShadow) {
+    field->Text({});
+    field->BorderStyle(tslBorderStyleNone);
+    show();
+    field->PaintGauge(1, 1, true, 0, 0x0000FF);
+    const auto picture = desk.look(field->hWnd());
+    constexpr platform::COLORREF black = 0, white = 0xFFFFFF;
+    int letters = 0;
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x)
+            if (picture.at(x, y) == black) {
+                ++letters;
+                const auto below = picture.at(x + 1, y + 1);
+                EXPECT_TRUE(below == black || below == white) << x << ", " << y;
+            }
+    EXPECT_LT(0, letters);
 }
 
 TEST_F(get_events, AHandlerMayLetMessagesThroughInsideAPaint) {

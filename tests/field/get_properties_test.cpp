@@ -133,6 +133,27 @@ TEST_F(get_properties, AWrongValueInTheBagIsSkippedAndTheNextIsRead) {
     EXPECT_EQ(15, field->ButtonWidth());
 }
 
+TEST_F(get_properties, ValuesThatNoPropertyTakesLeaveEachAsItWas) {
+    changeEverything(*field);
+    const auto former = saved(*field).Contents().utf8();
+    const auto readsAs = [&](const Variant& wrong, const std::vector<std::string>& others) {
+        host::PropertyBag bag = saved(*field);
+        for (const std::string& name : order)
+            if (std::find(others.begin(), others.end(), name) == others.end())
+                bag.WriteProperty(automation::String::fromUtf8(name), wrong);
+        field->readProperties(bag);
+        return saved(*field).Contents().utf8();
+    };
+    EXPECT_EQ(former, readsAs(Variant::null(), {}));
+    // A text is a value of these, and the mask writes MaxLength.
+    const std::vector<std::string> texts{"Alias",    "Campo",   "Mascara",      "MascaraFocus",
+                                         "Text",     "ToolTip", "PasswordChar", "CaracteresValidos",
+                                         "MaxLength"};
+    EXPECT_EQ(former, readsAs(Variant(u"x"), texts));
+    const auto object = automation::Ref<automation::Object>(automation::make<cCanvas>().get());
+    EXPECT_EQ(former, readsAs(Variant(object), {}));
+}
+
 TEST_F(get_properties, AnIdentifierWhoseTextIsNoneStillPaintsAndResizes) {
     host::PropertyBag bag;
     bag.WriteProperty(u"Campo", Variant(u"TeselaID"));
@@ -467,6 +488,31 @@ TEST_F(get_properties, PhantomDigitsStandWhereDecimalsWould) {
     const auto rightmost = decimals.back();
     field->Locked(true);
     EXPECT_GT(rightmost, inked(u"(4,0,3)").back()) << "none on a ground that fades";
+}
+
+TEST_F(get_properties, ALineIsAsLongAsTheFieldWithoutBorderAndAMarginOfNine) {
+    field->AutoSize(tslAutoSize_NO);
+    field->Height(900);
+    field->MultiLine(true);
+    constexpr std::u16string_view words = u"uno dos";
+    field->Text(automation::String(words));
+    cCanvas& screen = *globales().oCanvasGlobal;
+    screen.SelectVBStdFont(field->Font());
+    std::int32_t textWidth = 0, textHeight = 0;
+    screen.GetTextExtent(words, textWidth, textHeight);
+    constexpr int borders = 4, margin = 9, lastPixel = 1;
+    const int needed = textWidth + borders + margin + lastPixel;
+    enter();
+    const auto isBroken = [&](int pixels) {
+        field->Width(static_cast<float>(pixels * 15));
+        field->SetCaretPosition(0);
+        press(platform::VK_DOWN);
+        const bool stayed = field->HasFocus();
+        field->Extender().SetFocus();
+        return stayed;
+    };
+    EXPECT_TRUE(isBroken(needed - 1));
+    EXPECT_FALSE(isBroken(needed));
 }
 
 TEST_F(get_properties, ADateDoesNotScrollWithItsCaret) {

@@ -271,6 +271,32 @@ TEST_F(get_value, TheSpecialDatesAndWhatIsNoneBlankTheField) {
     }
 }
 
+TEST_F(get_value, DatesAtTheEndsOfTheCalendarAreKept) {
+    date();
+    for (const auto& [value, shown] :
+         {std::pair(DateSerial(9999, 12, 31), "31/12/9999"), {DateSerial(1753, 1, 2), "02/01/1753"}}) {
+        field->Value(value);
+        EXPECT_EQ(shown, text());
+        enter();
+        EXPECT_EQ(shown, text()) << "with all of its year";
+        leave();
+        EXPECT_EQ(shown, text());
+        EXPECT_EQ(value, field->Value().asDate());
+        before->Extender().SetFocus();
+    }
+    field->Value(DateSerial(100, 1, 1));
+    EXPECT_EQ("01/01/0100", text());
+    enter();
+    leave();
+    EXPECT_EQ("01/01/0100", text()) << "older than what is checked";
+    field->Text(u"31/12/10000");
+    EXPECT_EQ("  /  /    ", text());
+    for (const double number : {1e300, -1e300, 2958466.0, -657435.0}) {
+        field->Value(number);
+        EXPECT_EQ("  /  /    ", text()) << number;
+    }
+}
+
 TEST_F(get_value, HoursAreDatesOfNoDay) {
     field->Mascara(u"##:##");
     field->Value(Date(0.5));
