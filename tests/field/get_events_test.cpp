@@ -78,7 +78,7 @@ protected:
         return point;
     }
     void click(int x, int y = 8, int button = platform::VK_LBUTTON) {
-        desk.advance(1000); // not the second press of a double click
+        desk.advance(600); // not the second press of a double click
         desk.click(at(x, y), button);
         desk.pump();
     }
