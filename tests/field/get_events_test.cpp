@@ -143,8 +143,10 @@ TEST_F(get_events, AMessageStandsInTheStatusBarForOneVisit) {
 
 TEST_F(get_events, TheDirectionIsThatOfTheTabThatIsDown) {
     std::vector<int> seen;
+    std::vector<automation::Subscription> watches;
     for (get* each : {field, after})
-        each->Extender().GotFocus.join([&seen, each] { seen.push_back(each->IsForwarding()); });
+        watches.push_back(
+            each->Extender().GotFocus.subscribe([&seen, each] { seen.push_back(each->IsForwarding()); }));
     enter();
     press(platform::VK_UP);
     field->Extender().SetFocus();
