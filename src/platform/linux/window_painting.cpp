@@ -114,7 +114,7 @@ bool hasVisiblePart(const Window& window, bool whole) {
 }
 
 /// Whether no two of a window's children that are shown lie over each other.
-bool areApart(const std::vector<Window*>& children) {
+bool areApart(const WindowList& children) {
     std::vector<RECT> rects;
     rects.reserve(children.size());
     for (const Window* child : children)

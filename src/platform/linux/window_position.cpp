@@ -212,7 +212,7 @@ bool applyPosition(HWND handle, WINDOWPOS& pos) {
     if (isElsewhere || (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW))) rearranged(*window);
     if (isTopLevel(*window)) {
         repaintTopLevel(*window, before, pos.flags);
-    } else if (!(pos.flags & SWP_NOREDRAW) && topLevelOf(window)) {
+    } else if (!(pos.flags & SWP_NOREDRAW) && (before.visible || isShown(*window)) && topLevelOf(window)) {
         repaintChild(*window, before, pos.flags);
     }
     tellDisplay(*window, before, pos.flags);

@@ -3,6 +3,7 @@
 // neighbours (focus, capture, activation) and the pixels of top-level windows.
 
 #include "platform/linux/surface.h"
+#include "platform/linux/window_list.h"
 #include "platform/windows.h"
 
 #include <map>
@@ -41,10 +42,10 @@ struct Window {
     RECT frame;  ///< In the parent's client area; on the screen for top-level windows
     RECT client; ///< In the same coordinates as `frame`
     RECT restored;
-    Window* parent = nullptr;      ///< The desktop for top-level windows
-    HWND owner;                    ///< Top-level windows only
-    std::vector<Window*> children; ///< Top first
-    std::string text;              ///< Bytes of the ANSI code page
+    Window* parent = nullptr; ///< The desktop for top-level windows
+    HWND owner;               ///< Top-level windows only
+    WindowList children;      ///< Top first
+    std::string text;         ///< Bytes of the ANSI code page
     LONG_PTR userData = 0;
     LONG_PTR id = 0;
     HINSTANCE instance;
