@@ -1,15 +1,17 @@
 #include "drawing/colours.h"
 
-#include <cmath>
-
 namespace tesela {
 
 namespace {
 
-std::int32_t mixChannel(std::int32_t color1, std::int32_t color2, int shift, double weight) {
+/// Of a channel of each colour, so many 256ths of the second. Halves are rounded to the even number.
+std::int32_t mixChannel(std::int32_t color1, std::int32_t color2, int shift, int share) {
+    constexpr int whole = 256, half = 128;
     const int c1 = (color1 >> shift) & 0xFF;
     const int c2 = (color2 >> shift) & 0xFF;
-    return static_cast<std::int32_t>(std::nearbyint(c1 + weight * (c2 - c1))) << shift;
+    const int sum = whole * c1 + share * (c2 - c1); // not negative
+    const int cut = sum / whole, rest = sum % whole;
+    return (rest > half || (rest == half && cut % 2 == 1) ? cut + 1 : cut) << shift;
 }
 
 constexpr std::int32_t classicPalette[16] = {
@@ -20,9 +22,9 @@ constexpr std::int32_t classicPalette[16] = {
 } // namespace
 
 std::int32_t CalculateColorMix(std::int32_t nColor1, std::int32_t nColor2, std::uint8_t nTransparency) {
-    const double weight = (255 - nTransparency) / 256.0;
-    return mixChannel(nColor1, nColor2, 0, weight) | mixChannel(nColor1, nColor2, 8, weight) |
-           mixChannel(nColor1, nColor2, 16, weight);
+    const int share = 255 - nTransparency;
+    return mixChannel(nColor1, nColor2, 0, share) | mixChannel(nColor1, nColor2, 8, share) |
+           mixChannel(nColor1, nColor2, 16, share);
 }
 
 std::int32_t QBColor(int nIndex) {
