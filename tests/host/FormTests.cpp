@@ -306,6 +306,25 @@ TEST_F(FormTest, ControlsAreFoundByNameInAnyCase) {
     EXPECT_EQ(errorOf([&] { form->add<Probe>(u"TXTÑANDÚ"); }), 672);
 }
 
+TEST_F(FormTest, ManyControlsAreFoundAsTheyComeAreRenamedAndGo) {
+    constexpr short count = 100;
+    auto form = makeForm();
+    std::vector<Probe*> controls;
+    for (short i = 0; i < count; ++i)
+        controls.push_back(&form->add<Probe>(u"txtLista", i));
+    for (short i = 0; i < count; i += 3)
+        controls[static_cast<std::size_t>(i)]->Extender().Name(u"txtOtra");
+    for (short i = 1; i < count; i += 3) {
+        form->remove(*controls[static_cast<std::size_t>(i)]);
+        for (short k = 0; k < count; ++k) {
+            const bool isRenamed = k % 3 == 0, isGone = k % 3 == 1 && k <= i;
+            Control* const control = controls[static_cast<std::size_t>(k)];
+            EXPECT_EQ(form->find(u"txtlista", k), isRenamed || isGone ? nullptr : control);
+            EXPECT_EQ(form->find(u"TXTOTRA", k), isRenamed ? control : nullptr);
+        }
+    }
+}
+
 TEST_F(FormTest, ACaptionOutsideTheAnsiPageReachesTheWindow) {
     auto form = makeForm();
     form->load();
