@@ -7,21 +7,24 @@ namespace shot {
 
 namespace {
 
-using automation::String;
-
-const char16_t* const samples[] = {
-    u"<B>Negrita</B>, <I>cursiva</I> y <U>subrayada</U>",
-    u"<B>uno <I>dos <U>tres</U> dos</I> uno</B>",
-    u"<FONT COLOR='C00000'>rojo</FONT> <FONT COLOR='008000'>verde</FONT> <FONT COLOR='0000C0'>azul</FONT>",
-    u"<FONT SIZE='6'>seis</FONT> ocho <FONT SIZE='12'>doce</FONT> <FONT SIZE='18'>18</FONT>",
-    u"<FONT FACE='Courier New'>fijo</FONT> y <FONT FACE='Times New Roman' SIZE='11'>romano</FONT>",
-    u"Primera línea<BR>segunda\r\n<B>tercera</B>",
-    u"Un párrafo que no cabe en una línea, y por eso se parte <B>entre palabras</B> donde puede.",
-    u"Unapalabramuchomáslargaquelalíneaenteradondesedibuja",
-    u"etiqueta <p> desconocida, y < suelto",
-    u"sin abrir</B>cerrada y sigue",
-    u"<FONT COLOR='F00'>tres cifras</FONT>",
-    u"uno,dos:tres;cuatro.cinco,seis:siete;ocho",
+const struct {
+    const char16_t* shows;
+    const char16_t* text;
+} samples[] = {
+    {u"B, I, U", u"<B>Negrita</B>, <I>cursiva</I> y <U>subrayada</U>"},
+    {u"Etiquetas anidadas", u"<B>uno <I>dos <U>tres</U> dos</I> uno</B>"},
+    {u"COLOR", u"<FONT COLOR='C00000'>rojo</FONT> <FONT COLOR='008000'>verde</FONT> "
+               u"<FONT COLOR='0000C0'>azul</FONT>"},
+    {u"SIZE", u"<FONT SIZE='6'>seis</FONT> ocho <FONT SIZE='12'>doce</FONT> <FONT SIZE='18'>18</FONT>"},
+    {u"FACE", u"<FONT FACE='Courier New'>fijo</FONT> y <FONT FACE='Times New Roman' SIZE='11'>romano</FONT>"},
+    {u"BR y fin de línea", u"Primera línea<BR>segunda\r\n<B>tercera</B>"},
+    {u"Ajuste entre palabras",
+     u"Un párrafo que no cabe en una línea, y por eso se parte <B>entre palabras</B> donde puede."},
+    {u"Palabra muy larga", u"Unapalabramuchomáslargaquelalíneaenteradondesedibuja"},
+    {u"Etiqueta desconocida", u"etiqueta <p> desconocida, y < suelto"},
+    {u"Cierre sin apertura", u"sin abrir</B>cerrada y sigue"},
+    {u"COLOR de tres cifras", u"<FONT COLOR='FF0'>000FF0: azul</FONT>"},
+    {u"Ajuste en signos", u"uno,dos:tres;cuatro.cinco,seis:siete;ocho"},
 };
 
 } // namespace
@@ -30,15 +33,13 @@ bool html(const std::string& file) {
     constexpr std::int32_t textWidth = CanvasSheet::cellWidth - 14, textHeight = CanvasSheet::cellHeight - 26;
     CanvasSheet sheet(2);
     const auto renderer = automation::make<tesela::cHTML>();
-    int number = 0;
-    for (const char16_t* sample : samples) {
-        const String label = u"Texto " + String::fromUtf8(std::to_string(++number));
-        sheet.cell(label.c_str(), [&](tesela::cCanvas& canvas) {
+    for (const auto& sample : samples) {
+        sheet.cell(sample.shows, [&](tesela::cCanvas& canvas) {
             const auto cell = automation::make<tesela::cCanvas>();
             cell->Configure(canvas.GetPaintDC(), 0, 0, textWidth, textHeight);
             cell->FillBox(0, 0, textWidth, textHeight, 0xFFFFFF);
             renderer->Canvas(cell);
-            renderer->HTMLText(sample);
+            renderer->HTMLText(sample.text);
             renderer->SetMargenes(2, 2, textWidth - 2);
             std::int32_t right = 0, bottom = 0;
             renderer->Render(false, right, bottom);
