@@ -540,6 +540,23 @@ TEST(Coordinates, OriginsShiftDrawingAndClipping) {
     EXPECT_EQ(canvas.at(3, 4), white);
 }
 
+TEST(Clipping, IsMovedByLogicalUnits) {
+    const Canvas canvas(64, 64);
+    const HRGN region = CreateRectRgn(10, 10, 20, 20);
+    SelectClipRgn(canvas.dc(), region);
+    DeleteObject(region);
+    SetMapMode(canvas.dc(), MM_ANISOTROPIC);
+    SetWindowExtEx(canvas.dc(), 2, 1, nullptr);
+    SetViewportExtEx(canvas.dc(), 3, -2, nullptr);
+    SetViewportOrgEx(canvas.dc(), 5, 64, nullptr);
+    EXPECT_EQ(OffsetClipRgn(canvas.dc(), 3, -4), SIMPLEREGION);
+    SetMapMode(canvas.dc(), MM_TEXT);
+    SetViewportOrgEx(canvas.dc(), 0, 0, nullptr);
+    RECT box;
+    GetClipBox(canvas.dc(), &box);
+    EXPECT_EQ(box, (RECT{15, 18, 25, 28})) << "four and a half pixels to the right, eight down";
+}
+
 namespace {
 
 /// Curves and dashed lines that reach far out of the middle of a canvas.

@@ -9,6 +9,7 @@
 #include "platform/linux/shapes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace platform::driver {
@@ -83,6 +84,11 @@ Region frameOf(const Region& region, int width, int height) {
 void fillLogical(DeviceContext& context, const Region& region, const Painter& painter) {
     for (const RECT& r : region.rectangles())
         painter.fill(ordered(context.toSurface(r)));
+}
+
+/// A logical distance in pixels, with its sign; a half counts away from zero.
+LONG lengthOnDevice(int logical, const AxisScale& scale) {
+    return boundedCoordinate(std::llround(logical * scale.toDevice));
 }
 
 } // namespace
@@ -263,7 +269,8 @@ int OffsetClipRgn(HDC dc, int x, int y) {
     if (!context) return REGION_ERROR;
     if (!context->state.clip) return SIMPLEREGION;
     Region clip = *context->state.clip;
-    clip.translate(x, y);
+    const Mapping& mapping = context->state.mapping;
+    clip.translate(lengthOnDevice(x, mapping.across()), lengthOnDevice(y, mapping.down()));
     return setClip(*context, std::move(clip));
 }
 
