@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int characters = 400;
-constexpr int rounds = 31, formRounds = 7;
+constexpr int rounds = 31;
 
 pid_t server = 0;
 
@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
     }
     const std::vector<bench::Candidate> forms{
         {"tesela", bench::showOurForm}, {"qt", bench::showQtForm}, {"fltk", bench::showFltkForm}};
-    const auto times = bench::interleaved(forms, formRounds, drawingSeconds);
+    const auto times = bench::interleaved(forms, rounds, drawingSeconds);
     for (std::size_t i = 1; i < forms.size(); ++i)
         bench::ratio("form_1000", forms[i].name, times[0], times[i]);
     bench::time("form_1000", times[0]);
