@@ -85,6 +85,12 @@ void ScriptPlayer::perform(const std::string& verb, std::string rest) {
     } else if (verb == "press") {
         while (!rest.empty())
             press(takeWord(rest));
+    } else if (verb == "hold") {
+        user().pressKey(keys().at(rest));
+        readMessages();
+    } else if (verb == "release") {
+        user().releaseKey(keys().at(rest));
+        readMessages();
     } else if (verb == "paste") {
         host::Clipboard::Clear();
         host::Clipboard::SetText(String::fromUtf8(unquoted(rest)).replaced(u"\\n", u"\r\n"));
