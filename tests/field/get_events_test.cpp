@@ -784,6 +784,11 @@ TEST_F(get_events, DirectionsAreNotedThoughTheKeyIsCancelled) {
     press(platform::VK_UP);
     press(platform::VK_CONTROL, platform::VK_DOWN);
     EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding()) << "nor this one";
+    press(platform::VK_DOWN);
+    desk.pressKey(platform::VK_CONTROL);
+    FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
+    desk.releaseKey(platform::VK_CONTROL);
+    EXPECT_EQ(tslForwardFocus_Forward, field->IsForwarding()) << "nor with Ctrl and Shift";
     FieldTest::press(platform::VK_SHIFT, platform::VK_TAB);
     EXPECT_EQ(tslForwardFocus_Backward, field->IsForwarding());
     leave();
@@ -1053,6 +1058,22 @@ TEST_F(get_events, TheOnScreenKeyboardFindsTheCaretWhereItWas) {
     EXPECT_EQ(0, field->SelLength());
 }
 
+TEST_F(get_events, AWalkOntoTheOnScreenKeyboardsFieldPutsTheCaretInFront) {
+    field->Text(u"abc");
+    for (const int key : {platform::VK_RETURN, platform::VK_TAB, platform::VK_UP, platform::VK_DOWN}) {
+        enter();
+        press(platform::VK_END);
+        leave();
+        globales().oKeyboard->KeyPressed(key, true);
+        field->ProcesarTeclaFromOnScreenKeyboard({}, -1, 0);
+        EXPECT_EQ(0, field->caretPosition()) << key;
+        globales().oKeyboard->KeyPressed(key, false);
+        desk.pump();
+        before->Extender().SetFocus();
+        desk.pump();
+    }
+}
+
 TEST_F(get_events, TheFieldIsTidiedAfterTheOnScreenKeyboardToo) {
     show();
     field->ProcesarTeclaFromOnScreenKeyboard({}, -1, 0);
@@ -1067,6 +1088,14 @@ TEST_F(get_events, TheOnScreenKeyboardOverwritesInAMask) {
     field->SetText(u"12/34");
     field->ProcesarTeclaFromOnScreenKeyboard(u"9", 0, 0);
     EXPECT_EQ("92/34", text());
+}
+
+TEST_F(get_events, AKeyPressesNoButtonOfAFieldThatItsHandlerDisables) {
+    allButtons();
+    enter();
+    field->KeyWatch.join([this](short& code, short&) { field->Enabled(code != platform::VK_DOWN); });
+    press(platform::VK_MENU, platform::VK_DOWN);
+    EXPECT_EQ("", events);
 }
 
 TEST_F(get_events, AFieldWithoutTheFocusLeavesTheCaretOfAnotherAlone) {

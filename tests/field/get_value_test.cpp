@@ -411,6 +411,16 @@ TEST_F(get_value, TheOriginalValueOfABlankDateStaysTheEmptyDate) {
     EXPECT_EQ(emptyDate, dateIn(field->OriginalValue(false)));
 }
 
+TEST_F(get_value, ALockedFieldNotesItsOriginalValueToo) {
+    field->Text(u"uno");
+    field->Locked(true);
+    enter();
+    EXPECT_EQ("uno", field->OriginalValue(false).asString().utf8());
+    EXPECT_FALSE(field->ValueHasChanged(false));
+    field->Text(u"dos");
+    EXPECT_TRUE(field->ValueHasChanged(false)) << "by the program";
+}
+
 TEST_F(get_value, ARecordIdentifierThatIsANumberShowsNothingForZero) {
     field->Campo(u"TeselaID");
     number(u"####0");

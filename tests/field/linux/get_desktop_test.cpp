@@ -7,6 +7,7 @@
 #include "platform/linux/headless.h"
 #include "support/TemporaryFolder.h"
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -222,4 +223,18 @@ TEST_F(get_creation, AnAnswerThatIsNoneLeavesAPlainField) {
         EXPECT_EQ("uno", plain.Text().utf8());
         form->remove(plain);
     }
+}
+
+TEST_F(get_desktop, AFailedValidationIsNotedToTheNearestSecond) {
+    const double now = TimerSegundos();
+    const double second = std::floor(now) + 1;
+    const auto milliseconds = static_cast<platform::DWORD>(std::lround((second - now) * 1000));
+    platform::headless::advanceClock(milliseconds + 400);
+    field->RegisterValidate(1);
+    field->UnRegisterValidate();
+    EXPECT_EQ(std::nearbyint(TimerSegundos() - 0.4), globales().nValidateTimer) << "down";
+    platform::headless::advanceClock(200);
+    field->RegisterValidate(1);
+    field->UnRegisterValidate();
+    EXPECT_EQ(std::nearbyint(TimerSegundos() + 0.4), globales().nValidateTimer) << "up";
 }
