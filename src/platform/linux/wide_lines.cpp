@@ -150,15 +150,19 @@ public:
         }
     }
 
+    /// Each joint comes right after its piece: a joint of a huge pen mostly covers all that there is to
+    /// paint.
     void add(std::span<const Segment> segments, bool closed) {
-        std::vector<Piece> pieces;
-        for (const Segment& segment : segments)
-            pieces.emplace_back(segment, shape_.width);
-        for (std::size_t i = 0; i < pieces.size(); ++i)
-            addPiece(pieces[i], !closed && i == 0, !closed && i + 1 == pieces.size());
-        for (std::size_t i = 1; i < pieces.size(); ++i)
-            addJoint(pieces[i - 1], pieces[i]);
-        if (closed) addJoint(pieces.back(), pieces.front());
+        const Piece first(segments.front(), shape_.width);
+        addPiece(first, !closed, !closed && segments.size() == 1);
+        Piece former = first;
+        for (std::size_t i = 1; i < segments.size() && !sum_.isFull(); ++i) {
+            const Piece piece(segments[i], shape_.width);
+            addPiece(piece, false, !closed && i + 1 == segments.size());
+            addJoint(former, piece);
+            former = piece;
+        }
+        if (closed) addJoint(former, first);
     }
 
     Region take() { return sum_.take(); }
