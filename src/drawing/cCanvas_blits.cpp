@@ -159,6 +159,9 @@ host::OLE_COLOR cCanvas::CalculateColorMix(host::OLE_COLOR nColor1, host::OLE_CO
 void cCanvas::RectangleTranslucency(std::int32_t left, std::int32_t top, std::int32_t nRight,
                                     std::int32_t nBottom, host::OLE_COLOR nColor,
                                     std::uint8_t nTransparency) {
+    // Where no surface could be had there is nothing to colour; a veil as large as that would be made.
+    const bool hasSurface = nBitmap || nHDC_Provider == DCProvider_User || nSavedPaintDC;
+    if (!hasSurface) return;
     const std::int32_t width = saturatingSum(nRight, 1 - std::int64_t{left});
     const std::int32_t height = saturatingSum(nBottom, 1 - std::int64_t{top});
     cCanvas veil;

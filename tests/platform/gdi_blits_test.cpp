@@ -101,6 +101,35 @@ TEST(BitBltTest, EveryOperationFollowsItsTruthTableOnOneBit) {
     }
 }
 
+TEST(PatBltTest, PatternsOnOneBitLieTheSameWhereverARectangleBegins) {
+    Source source(14);
+    const Canvas picture(13, 5, 1);
+    fillWithNoise(picture, source);
+    for (const HBRUSH brush : {CreatePatternBrush(picture.bitmap()), CreateHatchBrush(HS_DIAGCROSS, white),
+                               CreateSolidBrush(RGB(90, 90, 90))}) {
+        for (int round = 0; round < 60; ++round) {
+            const Canvas canvas(61, 9, 1);
+            fillWithNoise(canvas, source);
+            const Canvas byPixel(61, 9, 1);
+            BitBlt(byPixel.dc(), 0, 0, 61, 9, canvas.dc(), 0, 0, SRCCOPY);
+            const DWORD rop = round % 2 == 0 ? PATCOPY : PATINVERT;
+            const int left = source.number(0, 60), top = source.number(0, 8);
+            const int width = source.number(1, 61 - left), height = source.number(1, 9 - top);
+            for (const Canvas* target : {&canvas, &byPixel}) {
+                SetBkMode(target->dc(), round % 3 == 0 ? TRANSPARENT : OPAQUE);
+                SetBrushOrgEx(target->dc(), round - 20, round / 2, nullptr);
+                SelectObject(target->dc(), brush);
+            }
+            PatBlt(canvas.dc(), left, top, width, height, rop);
+            for (int y = top; y < top + height; ++y)
+                for (int x = left; x < left + width; ++x)
+                    PatBlt(byPixel.dc(), x, y, 1, 1, rop);
+            ASSERT_EQ(pixelsOf(canvas), pixelsOf(byPixel)) << "round " << round;
+        }
+        DeleteObject(brush);
+    }
+}
+
 TEST(BitBltTest, CopiesWithinOnePictureAsIfTheSourceWereApart) {
     Source source(13);
     for (int round = 0; round < 150; ++round) {

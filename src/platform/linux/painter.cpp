@@ -94,21 +94,56 @@ void Painter::fill(const RECT& r) const {
     }
     for (const RECT& clip : context_.drawable().rectangles()) {
         const RECT part = intersection(r, clip);
-        if (!isEmpty(part)) fillTiled(part);
+        if (isEmpty(part)) continue;
+        if (context_.surface->bitsPerPixel == 1) {
+            fillTiledBits(part);
+        } else {
+            fillTiled(part);
+        }
     }
+}
+
+int Painter::Tile::columnAt(int x) const {
+    return wrapped(std::int64_t{x} - origin.x, width);
+}
+
+int Painter::Tile::rowAt(int y) const {
+    return wrapped(std::int64_t{y} - origin.y, height);
 }
 
 void Painter::fillTiled(const RECT& r) const {
     const Surface& surface = *context_.surface;
-    const int startX = wrapped(std::int64_t{r.left} - tile_->origin.x, tile_->width);
-    int tileY = wrapped(std::int64_t{r.top} - tile_->origin.y, tile_->height);
+    const int startX = tile_->columnAt(r.left);
+    int tileY = tile_->rowAt(r.top);
     for (int y = r.top; y < r.bottom; ++y) {
-        const Masks* masks = tile_->masks.data() + static_cast<std::ptrdiff_t>(tileY) * tile_->width;
+        const Masks* masks = tile_->row(tileY);
         int tileX = startX;
         for (int x = r.left; x < r.right; ++x) {
             maskPixel(surface, x, y, masks[tileX]);
             if (++tileX == tile_->width) tileX = 0;
         }
+        if (++tileY == tile_->height) tileY = 0;
+    }
+}
+
+/// Eight pixels at once: after as many bytes as the tile has columns they begin anew.
+void Painter::fillTiledBits(const RECT& r) const {
+    constexpr int bitsOfByte = 8;
+    const int firstByte = r.left >> 3;
+    const int bytes = std::min(tile_->width, ((r.right - 1) >> 3) - firstByte + 1);
+    const int startX = tile_->columnAt(firstByte * bitsOfByte);
+    std::vector<ByteMasks> byteMasks(static_cast<std::size_t>(bytes));
+    int tileY = tile_->rowAt(r.top);
+    for (int y = r.top; y < r.bottom; ++y) {
+        const Masks* masks = tile_->row(tileY);
+        int tileX = startX;
+        for (ByteMasks& byte : byteMasks)
+            for (int bit = 0; bit < bitsOfByte; ++bit) {
+                byte.keep = static_cast<std::uint8_t>(byte.keep << 1 | (masks[tileX].keep & 1));
+                byte.flip = static_cast<std::uint8_t>(byte.flip << 1 | (masks[tileX].flip & 1));
+                if (++tileX == tile_->width) tileX = 0;
+            }
+        applyMasksToBits(rowOf(*context_.surface, y), r.left, r.right, byteMasks);
         if (++tileY == tile_->height) tileY = 0;
     }
 }

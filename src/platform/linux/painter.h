@@ -85,11 +85,16 @@ private:
         int height = 0;
         POINT origin; ///< On the surface
         std::vector<Masks> masks;
+
+        int columnAt(int x) const;
+        int rowAt(int y) const;
+        const Masks* row(int y) const { return masks.data() + static_cast<std::ptrdiff_t>(y) * width; }
     };
 
     void paintPattern(const Brush& brush, Rop3 rop);
     void makeTile(const Brush& brush, Rop3 rop);
     void fillTiled(const RECT& r) const;
+    void fillTiledBits(const RECT& r) const;
 
     DeviceContext& context_;
     Masks masks_;

@@ -92,12 +92,22 @@ void forEachByte(int from, int to, Apply apply) {
     if (from >= to) return;
     const int first = from >> 3;
     const int last = (to - 1) >> 3;
-    for (int byte = first; byte <= last; ++byte) {
-        unsigned mask = 0xFF;
-        if (byte == first) mask &= 0xFFu >> (from & 7);
-        if (byte == last) mask &= 0xFFu << (7 - ((to - 1) & 7));
-        apply(byte, static_cast<std::uint8_t>(mask));
+    constexpr std::uint8_t all = 0xFF;
+    const auto head = static_cast<std::uint8_t>(all >> (from & 7));
+    const auto tail = static_cast<std::uint8_t>(all << (7 - ((to - 1) & 7)));
+    if (first == last) {
+        apply(first, static_cast<std::uint8_t>(head & tail));
+        return;
     }
+    apply(first, head);
+    for (int byte = first + 1; byte < last; ++byte)
+        apply(byte, all); // a constant, so that the compiler takes many bytes at once
+    apply(last, tail);
+}
+
+void applyToByte(std::uint8_t& byte, std::uint8_t mask, std::uint8_t keep, std::uint8_t flip) {
+    const int changed = (byte & keep) ^ flip;
+    byte = static_cast<std::uint8_t>((byte & ~mask) | (changed & mask));
 }
 
 } // namespace
@@ -128,9 +138,14 @@ void applyMasks(std::uint32_t* row, std::size_t count, Masks masks) {
 void applyMasksToBits(std::uint8_t* row, int from, int to, Masks masks) {
     const std::uint8_t keep = (masks.keep & 1) ? 0xFF : 0;
     const std::uint8_t flip = (masks.flip & 1) ? 0xFF : 0;
-    forEachByte(from, to, [=](int byte, std::uint8_t mask) {
-        const int changed = (row[byte] & keep) ^ flip;
-        row[byte] = static_cast<std::uint8_t>((row[byte] & ~mask) | (changed & mask));
+    forEachByte(from, to, [=](int byte, std::uint8_t mask) { applyToByte(row[byte], mask, keep, flip); });
+}
+
+void applyMasksToBits(std::uint8_t* row, int from, int to, std::span<const ByteMasks> masks) {
+    std::size_t next = 0;
+    forEachByte(from, to, [&](int byte, std::uint8_t mask) {
+        applyToByte(row[byte], mask, masks[next].keep, masks[next].flip);
+        if (++next == masks.size()) next = 0;
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace platform::driver {
 
@@ -48,6 +49,15 @@ inline Masks masksOfMode(int rop2, std::uint32_t pattern) {
 /// Applies masks to a row of 32-bit pixels, or to the bits `from` to `to` (not included) of a 1-bit row.
 void applyMasks(std::uint32_t* row, std::size_t count, Masks masks);
 void applyMasksToBits(std::uint8_t* row, int from, int to, Masks masks);
+
+/// The same masks for the eight bits of a byte, the highest first.
+struct ByteMasks {
+    std::uint8_t keep = 0;
+    std::uint8_t flip = 0;
+};
+
+/// Applies the first masks to the byte with the bit `from`, and so on, over and over. There is one at least.
+void applyMasksToBits(std::uint8_t* row, int from, int to, std::span<const ByteMasks> masks);
 
 /// Combines a row of the target with rows of source and pattern. An operand that the operation does not use
 /// may be null.

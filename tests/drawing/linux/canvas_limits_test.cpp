@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cmath>
+#include <ctime>
 #include <limits>
 #include <sys/resource.h>
 
@@ -33,6 +34,11 @@ long peakMemory() {
     rusage usage;
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss;
+}
+
+/// How long the processor has worked for this process.
+double processorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
 class cCanvas_Limits : public CanvasTest {
@@ -139,6 +145,30 @@ TEST_F(cCanvas_Limits, OfPens) {
     expectGoesOn();
 }
 
+TEST_F(cCanvas_Limits, HugePensOnHugeCurvesAreWorkForWhatShowsAlone) {
+    const auto large = automation::make<cCanvas>();
+    ASSERT_TRUE(large->Configure({}, 0, 0, 1000, 600, DCProvider_Auto, false));
+    const double start = processorSeconds();
+    for (const PenStyleConstants style : {PenStyle_Solid, PenStyle_InsideFrame}) {
+        large->SelectPen(style, 500'000, red);
+        large->Ellipse(-500'000, -500'000, 500'000, 500'000);
+        large->RoundRect(5, 5, 500'000, 500'000, 300'000, 300'000);
+    }
+    EXPECT_LT(processorSeconds() - start, 1.0);
+    EXPECT_EQ(red, large->GetPixel(0, 0));
+    EXPECT_EQ(red, large->GetPixel(999, 599));
+}
+
+TEST_F(cCanvas_Limits, MixedColoursFillManyPixelsOfOneBitAtOnce) {
+    const test::Canvas bits{16'384, 8192, 1};
+    const platform::RECT all{1, 1, bits.width() - 1, bits.height() - 1};
+    const double start = processorSeconds();
+    platform::fillSolidRect(bits.dc(), all, grey);
+    EXPECT_LT(processorSeconds() - start, 1.0);
+    EXPECT_EQ(black, static_cast<std::int32_t>(bits.at(0, 0)));
+    EXPECT_NE(bits.at(5000, 5000), bits.at(5001, 5000)) << "every other one is white";
+}
+
 TEST_F(cCanvas_Limits, OfPictures) {
     const auto bitmap = canvas->GetResPicture(std::int32_t{125}, 0);
     const auto icon = canvas->GetResPicture(std::int32_t{125});
@@ -186,6 +216,8 @@ TEST_F(cCanvas_Limits, OfSurfaces) {
             large->Configure({}, 0, 0, width, height, DCProvider_Auto, false);
             EXPECT_TRUE(large->GetPaintDC());
             large->Clear();
+            large->RectangleTranslucency(0, 0, 7, 7, red, 128);
+            large->ApplyTranslucency(red, 128);
             large->EndPaint();
             large->BeginPaint();
             large->Resize(width, height, source.dc());
