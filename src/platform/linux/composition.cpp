@@ -24,42 +24,35 @@ void copyOnto(const Surface& picture, const Surface& from, POINT at) {
 
 } // namespace
 
-void preparePixels(PixelStore& pixels, int width, int height, int bitsPerPixel) {
-    constexpr int bytesPerWord = 4;
-    const int rowWords = (width * bitsPerPixel + wordBits - 1) / wordBits;
-    pixels.words.assign(static_cast<std::size_t>(rowWords) * static_cast<std::size_t>(height), 0u);
-    pixels.surface = {width,
-                      height,
-                      bitsPerPixel,
-                      rowWords * bytesPerWord,
-                      reinterpret_cast<std::uint8_t*>(pixels.words.data()),
-                      deviceFormat(bitsPerPixel)};
+PixelStore& pixelsOf(const Window& topLevel) {
+    topLevel.pixels->needAll();
+    return *topLevel.pixels;
 }
 
 const Surface& plainSurface(const PixelStore& pixels, PixelStore& buffer) {
     if (isPlain32(pixels.surface)) return pixels.surface;
-    preparePixels(buffer, pixels.surface.width, pixels.surface.height, wordBits);
+    buffer.make(pixels.surface.width, pixels.surface.height, wordBits);
     copyOnto(buffer.surface, pixels.surface, {});
     return buffer.surface;
 }
 
 void composeWindow(const Window& topLevel, PixelStore& picture) {
-    const Surface& from = topLevel.pixels->surface;
-    preparePixels(picture, from.width, from.height, wordBits);
+    const Surface& from = pixelsOf(topLevel).surface;
+    picture.make(from.width, from.height, wordBits);
     copyOnto(picture.surface, from, {});
     inkCaret(topLevel, picture, {});
 }
 
 void composeDesktop(PixelStore& picture) {
     const Window& desktop = desktopWindow();
-    preparePixels(picture, widthOf(desktop.frame), heightOf(desktop.frame), wordBits);
-    std::fill(picture.words.begin(), picture.words.end(), pixelOfColor(GetSysColor(COLOR_DESKTOP)));
+    picture.make(widthOf(desktop.frame), heightOf(desktop.frame), wordBits);
+    std::ranges::fill(picture.words(), pixelOfColor(GetSysColor(COLOR_DESKTOP)));
     const auto& windows = desktop.children;
     for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
         const Window& w = **window;
         if (!w.is(WS_VISIBLE) || w.is(WS_MINIMIZE) || !w.pixels) continue;
         const POINT corner{w.frame.left, w.frame.top};
-        copyOnto(picture.surface, w.pixels->surface, corner);
+        copyOnto(picture.surface, pixelsOf(w).surface, corner);
         inkCaret(w, picture, corner);
     }
 }
@@ -71,7 +64,7 @@ void composeScreen(PixelStore& picture) {
     }
     PixelStore words;
     composeDesktop(words);
-    preparePixels(picture, words.surface.width, words.surface.height, displayBitsPerPixel());
+    picture.make(words.surface.width, words.surface.height, displayBitsPerPixel());
     for (int y = 0; y < words.surface.height; ++y)
         writeRow(picture.surface, 0, y, words.surface.width, blackAndWhite, row32(words.surface, y));
 }

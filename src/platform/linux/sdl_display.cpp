@@ -265,7 +265,7 @@ void SdlDisplay::presentWindow(Window& window, SDL_Window* native) {
     constexpr int Depth = 32;
     SDL_Surface* target = sdl().GetWindowSurface(native);
     if (!target) return;
-    PixelStore& pixels = *window.pixels;
+    PixelStore& pixels = pixelsOf(window);
     const RECT part = offset(shownPart(window), -window.frame.left, -window.frame.top);
     const RECT drawn = overlapOf(window.unpresented, part);
     window.unpresented = {};

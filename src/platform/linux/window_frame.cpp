@@ -203,12 +203,10 @@ int hitTestFrame(const Window& window, POINT screen) {
 
 void paintFrame(Window& window) {
     if (!isShown(window) || screenFrame(window) == screenClient(window)) return;
-    const HDC dc = GetWindowDC(window.handle);
+    const HDC dc = openFrameContext(window);
     if (!dc) return;
     RECT whole{0, 0, widthOf(window.frame), heightOf(window.frame)};
     const POINT inner{window.client.left - window.frame.left, window.client.top - window.frame.top};
-    ExcludeClipRect(dc, inner.x, inner.y, inner.x + widthOf(window.client),
-                    inner.y + heightOf(window.client));
     if (!isTopLevel(window) || display().drawsFrames() || !hasCaption(window)) {
         drawBorder(dc, window, whole);
         if (hasCaption(window)) drawCaption(dc, window, whole);

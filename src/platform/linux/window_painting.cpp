@@ -30,17 +30,32 @@ RECT bandIn(const Surface& surface) {
     return {0, 0, surface.width, surface.height};
 }
 
-HDC openContext(Window& window, POINT origin, Region visible) {
+/// The top-level window on whose pixels a window is drawn; null if there is none.
+Window* drawnOn(Window& window) {
     Window* top = topLevelOf(&window);
-    if (!top) return {};
-    if (!top->pixels) resizePixels(*top);
-    const POINT corner{top->frame.left, top->frame.top};
+    if (top && !top->pixels) resizePixels(*top);
+    return top;
+}
+
+void needPixels(Window& top, const RECT& screen) {
+    top.pixels->need(offset(screen, -top.frame.left, -top.frame.top));
+}
+
+HDC openOn(Window& top, const Window& window, POINT origin, Region visible) {
+    const POINT corner{top.frame.left, top.frame.top};
     const RECT screen = visible.bounds();
     visible.translate(-corner.x, -corner.y);
     const HDC dc =
-        createWindowDC(top->pixels->surface, {origin.x - corner.x, origin.y - corner.y}, std::move(visible));
-    if (dc) openContexts().push_back({dc, window.handle, top->pixels, screen});
+        createWindowDC(top.pixels->surface, {origin.x - corner.x, origin.y - corner.y}, std::move(visible));
+    if (dc) openContexts().push_back({dc, window.handle, top.pixels, screen});
     return dc;
+}
+
+HDC openContext(Window& window, POINT origin, Region visible) {
+    Window* top = drawnOn(window);
+    if (!top) return {};
+    needPixels(*top, visible.bounds()); // all of which may be read
+    return openOn(*top, window, origin, std::move(visible));
 }
 
 bool closeContext(HDC dc) {
@@ -191,8 +206,10 @@ void resizePixels(Window& topLevel) {
     const auto former = topLevel.pixels;
     if (former && former->surface.width == width && former->surface.height == height) return;
     auto made = std::make_shared<PixelStore>();
-    preparePixels(*made, width, height, displayBitsPerPixel());
+    const RECT client = offset(topLevel.client, -topLevel.frame.left, -topLevel.frame.top);
+    made->make(width, height, displayBitsPerPixel(), former ? RECT{} : client);
     if (former && haveSameFormat(former->surface, made->surface)) {
+        former->needAll();
         for (int y = 0; y < std::min(height, former->surface.height); ++y)
             copyRow(former->surface, 0, y, made->surface, 0, y, std::min(width, former->surface.width));
     }
@@ -210,8 +227,8 @@ void markDrawn(Window& window, const RECT& screen) {
 
 void copyPixels(Window& topLevel, const Region& screen, POINT by) {
     if (!topLevel.pixels) return;
-    PixelStore& store = *topLevel.pixels;
-    std::vector<std::uint32_t> words = store.words;
+    PixelStore& store = pixelsOf(topLevel);
+    std::vector<std::uint32_t> words(store.words().begin(), store.words().end());
     Surface before = store.surface;
     before.bits = reinterpret_cast<std::uint8_t*>(words.data());
     const RECT all = bandIn(store.surface);
@@ -250,6 +267,16 @@ HWND nextToPaint(HWND filter) {
         return window && isShown(*window) ? firstToPaint(*window) : HWND{};
     }
     return firstToPaint(desktopWindow());
+}
+
+HDC openFrameContext(Window& window) {
+    Window* top = drawnOn(window);
+    if (!top) return {};
+    const RECT frame = screenFrame(window);
+    const Region seen = visibleRegion(window, true, false).subtracted(Region(screenClient(window)));
+    for (const RECT& r : seen.rectangles())
+        needPixels(*top, r);
+    return openOn(*top, window, {frame.left, frame.top}, seen);
 }
 
 void releaseContexts(HWND window) {

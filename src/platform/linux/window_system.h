@@ -2,6 +2,7 @@
 // What the window functions of the driver share: the table of windows, the classes, the one queue's
 // neighbours (focus, capture, activation) and the pixels of top-level windows.
 
+#include "platform/linux/pixel_store.h"
 #include "platform/linux/surface.h"
 #include "platform/linux/window_list.h"
 #include "platform/windows.h"
@@ -25,12 +26,6 @@ struct WindowClass {
     HBRUSH background;
     ATOM atom = 0;
     int windows = 0; ///< Live ones
-};
-
-/// The pixels of a top-level window, frame included. Device contexts keep it alive while they are open.
-struct PixelStore {
-    Surface surface;
-    std::vector<std::uint32_t> words;
 };
 
 struct Window {
@@ -162,12 +157,14 @@ void invalidateAll(Window& window);
 void exposeBelow(Window& parent, const Region& screen); ///< Uncovered: the parent and children repaint
 void copyPixels(Window& topLevel, const Region& screen, POINT by);
 HWND nextToPaint(HWND filter);
+/// For drawing on what is seen of the window outside of its client area; ended by ReleaseDC.
+HDC openFrameContext(Window& window);
 void releaseContexts(HWND window);
 void markDrawn(Window& window, const RECT& screen);
 
 // Pictures (composition.cpp). Plain words of 32 bits unless said otherwise.
-/// Black pixels of that many bits.
-void preparePixels(PixelStore& pixels, int width, int height, int bitsPerPixel);
+/// The pixels of a top-level window that has some, ready to be read.
+PixelStore& pixelsOf(const Window& topLevel);
 /// Puts together the desktop: its background, the visible top-level windows in their order, the caret.
 void composeDesktop(PixelStore& picture);
 /// The same in the display's depth.

@@ -137,7 +137,7 @@ void X11Display::present() {
 }
 
 void X11Display::presentWindow(Window& window, const X11Window& native) {
-    PixelStore& pixels = *window.pixels;
+    PixelStore& pixels = pixelsOf(window);
     const RECT part = offset(shownPart(window), -window.frame.left, -window.frame.top);
     const RECT all{0, 0, pixels.surface.width, pixels.surface.height};
     const RECT drawn = overlapOf(overlapOf(window.unpresented, part), all);

@@ -106,6 +106,28 @@ TEST_F(Headless, TextUsesTheKeysOfTheSpanishKeyboard) {
     EXPECT_EQ(journal.last(WM_CHAR).wParam, static_cast<WPARAM>('@'));
 }
 
+TEST_F(Headless, AWindowIsBlackWhereNobodyPaints) {
+    const HWND window = open(
+        "main", {.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, .place = {0, 0, 60, 90}, .background = false});
+    const HDC dc = GetDC(window);
+    const RECT middle{10, 20, 20, 30};
+    FillRect(dc, &middle, HBRUSH(GetStockObject(WHITE_BRUSH).value));
+    EXPECT_EQ(GetPixel(dc, 30, 5), 0u);
+    ReleaseDC(window, dc);
+    desk.pump();
+    RECT client{};
+    GetClientRect(window, &client);
+    const POINT origin = onScreen(window, 0, 0);
+    const driver::Surface& picture = *headless::frameBuffer(window);
+    for (LONG y = 0; y < client.bottom; ++y)
+        for (LONG x = 0; x < client.right; ++x) {
+            const bool isInMiddle =
+                x >= middle.left && x < middle.right && y >= middle.top && y < middle.bottom;
+            ASSERT_EQ(pixelAt(picture, origin.x + x, origin.y + y), isInMiddle ? 0xFFFFFFu : 0u)
+                << x << "," << y;
+        }
+}
+
 TEST_F(Headless, ADeadKeyWithoutItsLetterTypesBoth) {
     const HWND window = open("main", {.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE});
     SetFocus(window);
