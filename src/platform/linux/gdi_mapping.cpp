@@ -2,6 +2,7 @@
 
 #include "platform/gdi.h"
 #include "platform/linux/device_context.h"
+#include "platform/linux/metafile_recorder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -72,7 +73,11 @@ BOOL changeOrigin(HDC dc, POINT Mapping::*origin, POINT value, bool relative, PO
         value.y = boundedCoordinate(std::int64_t{value.y} + current.y);
     }
     current = value;
-    if (mapping.mode == MM_ISOTROPIC) makeIsotropic(dc, mapping); // rounding may shrink it once more
+    if (mapping.mode == MM_ISOTROPIC) {
+        const Mapping before = mapping;
+        makeIsotropic(dc, mapping); // rounding may shrink it once more
+        if (context->recorder) context->recorder->extentsFitted(before);
+    }
     return TRUE_;
 }
 
@@ -87,8 +92,11 @@ BOOL changeExtent(HDC dc, SIZE Mapping::*extent, SIZE value, SIZE* previous) {
     if (previous) *previous = mapping.*extent;
     if (!hasOwnExtents(mapping)) return TRUE_;
     if (value.cx == 0 || value.cy == 0) return FALSE_;
+    const Mapping before = mapping;
     mapping.*extent = value;
     if (mapping.mode == MM_ISOTROPIC) makeIsotropic(dc, mapping);
+    const bool isViewport = extent == &Mapping::viewportExtent;
+    if (context->recorder) context->recorder->extentsFitted(before, isViewport ? &value : nullptr);
     return TRUE_;
 }
 
@@ -118,9 +126,13 @@ BOOL scaleExtent(HDC dc, SIZE Mapping::*extent, Fraction x, Fraction y, SIZE* pr
     if (previous) *previous = mapping.*extent;
     if (!hasOwnExtents(mapping)) return TRUE_;
     if (!x.isUsable() || !y.isUsable()) return FALSE_;
+    const Mapping before = mapping;
     SIZE& value = mapping.*extent;
     value = {scaled(value.cx, x.multiplier, x.divisor), scaled(value.cy, y.multiplier, y.divisor)};
+    const SIZE asked = value;
     if (mapping.mode == MM_ISOTROPIC) makeIsotropic(dc, mapping);
+    const bool isViewport = extent == &Mapping::viewportExtent;
+    if (context->recorder) context->recorder->extentsFitted(before, isViewport ? &asked : nullptr);
     return TRUE_;
 }
 

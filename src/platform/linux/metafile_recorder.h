@@ -72,6 +72,11 @@ public:
     void text(POINT at, UINT options, const RECT* rect, std::u16string_view text, const INT* advances);
     void comment(std::span<const BYTE> data);
 
+    /// Writes what a program has asked for under MM_ISOTROPIC, which players fit themselves: the extents have
+    /// changed from those of `before`. `viewport` is what the viewport's was fitted from; null where it was
+    /// only fitted anew.
+    void extentsFitted(const Mapping& before, const SIZE* viewport = nullptr);
+
 private:
     /// A picture as it goes into a record: top row first.
     struct Pixels {

@@ -66,7 +66,26 @@ void MetafileRecorder::writeMapping() {
     if (now.viewportOrigin != last.viewportOrigin)
         record(RecordType::SetViewportOrgEx).value(now.viewportOrigin);
     if (scaleChanged || originChanged) written_.position.reset();
+    const int mode = scaleChanged ? MM_ANISOTROPIC : last.mode;
     last = now;
+    last.mode = mode;
+}
+
+void MetafileRecorder::extentsFitted(const Mapping& before, const SIZE* viewport) {
+    const Mapping& now = context_.state.mapping;
+    if (now.mode != MM_ISOTROPIC) return;
+    Mapping& last = written_.mapping;
+    const bool goesOn = last.mode == MM_ISOTROPIC && last.windowExtent == before.windowExtent &&
+                        last.viewportExtent == before.viewportExtent;
+    if (!goesOn && !viewport) return; // what was asked for is not known: the fitted extents will be written
+    if (!goesOn) number(RecordType::SetMapMode, MM_ISOTROPIC);
+    if (!goesOn || now.windowExtent != before.windowExtent)
+        record(RecordType::SetWindowExtEx).value(now.windowExtent);
+    if (viewport) record(RecordType::SetViewportExtEx).value(*viewport);
+    last.mode = MM_ISOTROPIC;
+    last.windowExtent = now.windowExtent;
+    last.viewportExtent = now.viewportExtent;
+    written_.position.reset();
 }
 
 std::size_t MetafileRecorder::regionSize(const Region& region) {

@@ -26,8 +26,10 @@ double unitsPerMillimetre(int mode) {
     }
 }
 
-double withSign(double length, double like) {
-    return std::copysign(length, like);
+/// An extent in whole pixels, one at least.
+double shrunk(double extent, double factor) {
+    const double whole = std::floor(extent * factor + 0.5);
+    return whole != 0 ? whole : std::copysign(1, extent);
 }
 
 } // namespace
@@ -71,10 +73,8 @@ void MetafileMapping::keepAspect(SIZE pixels, SIZE millimetres) {
     const double pixelHeight = static_cast<double>(millimetres.cy) / pixels.cy;
     const double scaleX = std::fabs(viewportExtent.x * pixelWidth / windowExtent.x);
     const double scaleY = std::fabs(viewportExtent.y * pixelHeight / windowExtent.y);
-    if (scaleX > scaleY)
-        viewportExtent.x = withSign(std::fabs(viewportExtent.x) * scaleY / scaleX, viewportExtent.x);
-    else if (scaleY > scaleX)
-        viewportExtent.y = withSign(std::fabs(viewportExtent.y) * scaleX / scaleY, viewportExtent.y);
+    if (scaleX > scaleY) viewportExtent.x = shrunk(viewportExtent.x, scaleY / scaleX);
+    if (scaleY > scaleX) viewportExtent.y = shrunk(viewportExtent.y, scaleX / scaleY);
 }
 
 Transform MetafileMapping::toDevice() const {

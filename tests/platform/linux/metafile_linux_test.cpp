@@ -399,6 +399,101 @@ TEST(MetafilePlayed, OriginsAndExtentsAreRecorded) {
     });
 }
 
+namespace {
+
+/// The numbers of the records that set modes and extents of mappings, in their order.
+std::vector<std::vector<DWORD>> mappingRecords(const Recorded& metafile) {
+    constexpr DWORD setWindowExtent = 9, setViewportExtent = 11, setMapMode = 17;
+    const std::vector<BYTE> bytes = metafile.bytes();
+    const auto word = [&](std::size_t at) {
+        DWORD value = 0;
+        std::memcpy(&value, bytes.data() + at, sizeof value);
+        return value;
+    };
+    std::vector<std::vector<DWORD>> records;
+    for (std::size_t at = 0; at + 8 <= bytes.size(); at += word(at + 4)) {
+        const DWORD type = word(at);
+        if (type == setMapMode) records.push_back({type, word(at + 8)});
+        if (type == setWindowExtent || type == setViewportExtent)
+            records.push_back({type, word(at + 8), word(at + 12)});
+    }
+    return records;
+}
+
+} // namespace
+
+TEST(MetafileRecorded, IsotropicExtentsAreThoseThatWereAskedFor) {
+    const Recorded metafile(record([](HDC dc) {
+        SetMapMode(dc, MM_ISOTROPIC);
+        SetWindowExtEx(dc, 100, 30, nullptr);
+        SetViewportExtEx(dc, 64, 48, nullptr);
+        SetViewportOrgEx(dc, 3, 3, nullptr);
+        Rectangle(dc, 2, 8, 20, 14);
+        SetWindowExtEx(dc, 70, 90, nullptr);
+        Rectangle(dc, 2, 8, 20, 14);
+        ScaleViewportExtEx(dc, 2, 1, 2, 1, nullptr);
+        SIZE fitted;
+        GetViewportExtEx(dc, &fitted);
+        EXPECT_NE(fitted, (SIZE{128, 96}));
+    }));
+    const std::vector<std::vector<DWORD>> records = mappingRecords(metafile);
+    ASSERT_EQ(records.size(), 5u);
+    EXPECT_EQ(records[0], (std::vector<DWORD>{17, MM_ISOTROPIC}));
+    EXPECT_EQ(records[1], (std::vector<DWORD>{9, 100, 30}));
+    EXPECT_EQ(records[2], (std::vector<DWORD>{11, 64, 48}));
+    EXPECT_EQ(records[3], (std::vector<DWORD>{9, 70, 90}));
+    EXPECT_EQ(records[4][0], 11u);
+}
+
+TEST(MetafileRecorded, IsotropicExtentsThatComeBackOrWereNotAskedForAreThoseInUse) {
+    const auto fitted = [](HDC dc) {
+        SIZE extent;
+        GetViewportExtEx(dc, &extent);
+        return std::vector<DWORD>{11, static_cast<DWORD>(extent.cx), static_cast<DWORD>(extent.cy)};
+    };
+    std::vector<DWORD> first, last;
+    const Recorded metafile(record([&](HDC dc) {
+        SetMapMode(dc, MM_ISOTROPIC);
+        SetWindowExtEx(dc, 40, 40, nullptr);
+        first = fitted(dc);
+        Rectangle(dc, 2, 8, 20, 14);
+        const int depth = SaveDC(dc);
+        SetViewportExtEx(dc, 30, 60, nullptr);
+        Rectangle(dc, 2, 8, 20, 14);
+        RestoreDC(dc, depth);
+        SetWindowExtEx(dc, 50, 50, nullptr);
+        last = fitted(dc);
+        Rectangle(dc, 2, 8, 20, 14);
+    }));
+    EXPECT_EQ(mappingRecords(metafile), (std::vector<std::vector<DWORD>>{{17, MM_ANISOTROPIC},
+                                                                         {9, 40, 40},
+                                                                         first,
+                                                                         {17, MM_ISOTROPIC},
+                                                                         {9, 40, 40},
+                                                                         {11, 30, 60},
+                                                                         {17, MM_ANISOTROPIC},
+                                                                         {9, 50, 50},
+                                                                         last}));
+}
+
+TEST(MetafilePlayed, IsotropicExtentsLookAsDrawn) {
+    expectSamePicture([](HDC dc) {
+        SetMapMode(dc, MM_ISOTROPIC);
+        Ellipse(dc, 20, -20, 60, -70);
+        SetViewportExtEx(dc, 64, 48, nullptr);
+        SetWindowExtEx(dc, 64, 64, nullptr);
+        const int depth = SaveDC(dc);
+        SetWindowExtEx(dc, 32, 32, nullptr);
+        Ellipse(dc, 2, 2, 12, 9);
+        RestoreDC(dc, depth);
+        Ellipse(dc, 2, 2, 40, 30);
+        SetMapMode(dc, MM_ANISOTROPIC);
+        Ellipse(dc, 20, 2, 40, 50);
+        SetMapMode(dc, MM_TEXT);
+        Ellipse(dc, 20, 2, 60, 20);
+    });
+}
+
 TEST(MetafilePlayed, TheStateOfTheTargetIsTheSameAfterwards) {
     const Recorded metafile(record([](HDC dc) {
         SetTextColor(dc, RGB(1, 2, 3));
