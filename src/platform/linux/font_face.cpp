@@ -33,14 +33,14 @@ std::shared_ptr<FontFace> makeFace(const LOGFONTW& request) {
     return OutlineFace::open(source, request);
 }
 
-/// The runs of a picture without smoothed edges.
+/// The runs of a picture.
 std::vector<GlyphRun> runsOf(const Glyph& glyph) {
     std::vector<GlyphRun> runs;
     const std::uint8_t* pixel = glyph.coverage.data();
     for (int y = 0; y < glyph.height; ++y) {
         for (int x = 0; x < glyph.width; ++x, ++pixel) {
-            if (*pixel == 0) continue;
-            const bool continues = x > 0 && pixel[-1] != 0;
+            if (*pixel <= faintCoverage) continue;
+            const bool continues = x > 0 && pixel[-1] > faintCoverage;
             if (continues)
                 ++runs.back().length;
             else
@@ -66,7 +66,7 @@ const Glyph& FontFace::glyph(char16_t character) {
         if (const auto found = others_.find(character); found != others_.end()) return found->second;
     }
     Glyph made = makeGlyph(character);
-    if (!made.smooth) made.runs = runsOf(made);
+    made.runs = runsOf(made);
     const std::size_t bytes = sizeof(Glyph) + made.coverage.size() + made.runs.size() * sizeof(GlyphRun);
     makeRoom(bytes);
     bytes_ += bytes;
@@ -75,12 +75,8 @@ const Glyph& FontFace::glyph(char16_t character) {
     return *direct_[character];
 }
 
-int FontFace::advance(char16_t character) {
-    if (character < directCount) {
-        int& known = directAdvances_[character];
-        if (known == unknownAdvance) known = measure(character);
-        return known;
-    }
+int FontFace::findAdvance(char16_t character) {
+    if (character < directCount) return directAdvances_[character] = measure(character);
     if (const auto found = otherAdvances_.find(character); found != otherAdvances_.end())
         return found->second;
     if (otherAdvances_.size() >= widthsPerFace) otherAdvances_.clear();

@@ -17,8 +17,10 @@ inline constexpr BYTE fewColorsQuality = 0x80;
 
 /// Coverage runs from 0 to fullCoverage.
 inline constexpr int fullCoverage = 16;
+/// Coverage up to this leaves no trace.
+inline constexpr int faintCoverage = 1;
 
-/// Pixels of a glyph beside each other that are all covered.
+/// Pixels of a glyph beside each other that all leave a trace.
 struct GlyphRun {
     std::int16_t x = 0; ///< From the picture's left top corner
     std::int16_t y = 0;
@@ -35,7 +37,7 @@ struct Glyph {
     int height = 0;
     bool smooth = false;                ///< Has coverage between none and full
     std::vector<std::uint8_t> coverage; ///< Row by row from the top
-    std::vector<GlyphRun> runs;         ///< The covered pixels of a glyph that is not smooth
+    std::vector<GlyphRun> runs;         ///< The pixels that leave a trace
 };
 
 /// Where the ink of a character lies across, in pixels.
@@ -83,7 +85,10 @@ public:
     const Glyph& glyph(char16_t character);
 
     /// Width of a character as measured, without building its picture.
-    int advance(char16_t character);
+    int advance(char16_t character) {
+        const int known = character < directCount ? directAdvances_[character] : unknownAdvance;
+        return known != unknownAdvance ? known : findAdvance(character);
+    }
 
     /// The ink of a character as its outline has it.
     virtual InkSpan ink(char16_t character) {
@@ -120,6 +125,7 @@ private:
         advances.fill(unknownAdvance);
         return advances;
     }
+    int findAdvance(char16_t character);
     void makeRoom(std::size_t bytes);
 };
 

@@ -87,14 +87,7 @@ TextAdvances::TextAdvances(const ContextState& state, FontFace& face, const INT*
     }
 }
 
-void TextAdvances::pass(char16_t character, int pixels) {
-    if (given_) {
-        units_ += *given_++;
-        return;
-    }
-    pixels_ += pixels;
-    units_ += state_.characterExtra;
-    if (character != u' ' || state_.breakCount == 0) return;
+void TextAdvances::passBreak() {
     pixels_ += perBreak_;
     if (breaksWithOneMore_ > 0) {
         ++pixels_;

@@ -58,12 +58,22 @@ public:
 
     /// Goes past a character that is measured, or whose picture is this wide.
     void pass(char16_t character) { pass(character, given_ ? 0 : face_.advance(character)); }
-    void pass(char16_t character, int pixels);
+    void pass(char16_t character, int pixels) {
+        if (given_) {
+            units_ += *given_++;
+            return;
+        }
+        pixels_ += pixels;
+        units_ += state_.characterExtra;
+        if (character == u' ' && state_.breakCount != 0) passBreak();
+    }
 
     int pixels() const;
     int logical() const { return boundedCoordinate(scale_.extentToLogical(pixels_) + units_); }
 
 private:
+    void passBreak();
+
     const ContextState& state_;
     FontFace& face_;
     const INT* given_;

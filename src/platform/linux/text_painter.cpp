@@ -5,7 +5,6 @@
 #include "platform/linux/rows.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace platform::driver {
 
@@ -17,9 +16,6 @@ constexpr int fullComponent = 255;
 /// in proportion.
 constexpr std::array<int, fullCoverage + 1> ramp = {0x00, 0x4D, 0x68, 0x7C, 0x8C, 0x9A, 0xA7, 0xB2, 0xBD,
                                                     0xC7, 0xD0, 0xD9, 0xE1, 0xE9, 0xF0, 0xF8, 0xFF};
-
-/// Coverage up to this leaves no trace.
-constexpr int faintest = 1;
 
 int blendedComponent(int under, int text, int low, int high) {
     if (under == text) return under;
@@ -55,15 +51,12 @@ TextPainter::TextPainter(DeviceContext& context, const RECT* clip)
     : clips_(context.drawable().rectangles()), surface_(*context.surface), hasClip_(clip != nullptr),
       clip_(clip ? *clip : RECT{}), pixel_(textPixel(context)) {}
 
-void TextPainter::findRanges() {
-    rangesKnown_ = true;
-    for (std::size_t level = 0; level <= fullCoverage; ++level) {
-        for (std::size_t component = 0; component < 3; ++component) {
-            const int text = static_cast<int>(pixel_ >> (8 * component) & 0xFF);
-            const int rest = ramp[fullCoverage - level];
-            ranges_[level][component] = {ramp[level] * text / fullComponent,
-                                         rest + (fullComponent - rest) * text / fullComponent};
-        }
+void TextPainter::findRanges(std::size_t level) {
+    for (std::size_t component = 0; component < 3; ++component) {
+        const int text = static_cast<int>(pixel_ >> (8 * component) & 0xFF);
+        const int rest = ramp[fullCoverage - level];
+        ranges_[level][component] = {ramp[level] * text / fullComponent,
+                                     rest + (fullComponent - rest) * text / fullComponent};
     }
 }
 
@@ -76,7 +69,7 @@ void TextPainter::draw(const Glyph& glyph, int x, int y) {
         const RECT part = intersection(box, r);
         if (isEmpty(part)) continue;
         const bool isWhole = part.right - part.left == glyph.width && part.bottom - part.top == glyph.height;
-        if (isWhole && !glyph.smooth && isPlain32(surface_)) {
+        if (isWhole && isPlain32(surface_)) {
             drawRuns(glyph, corner);
             return;
         }
@@ -84,10 +77,10 @@ void TextPainter::draw(const Glyph& glyph, int x, int y) {
     }
 }
 
-std::uint32_t TextPainter::blend(std::uint32_t under, std::size_t coverage) const {
+std::uint32_t TextPainter::blend(std::uint32_t under, std::size_t level) const {
     std::uint32_t result = 0;
     for (std::size_t component = 0; component < 3; ++component) {
-        const Range& range = ranges_[coverage][component];
+        const Range& range = ranges_[level][component];
         const std::size_t shift = 8 * component;
         const int value = blendedComponent(static_cast<int>(under >> shift & 0xFF),
                                            static_cast<int>(pixel_ >> shift & 0xFF), range.low, range.high);
@@ -96,40 +89,42 @@ std::uint32_t TextPainter::blend(std::uint32_t under, std::size_t coverage) cons
     return result;
 }
 
-std::uint32_t TextPainter::blended(std::uint32_t under, int coverage) {
-    if (!rangesKnown_) findRanges();
+void TextPainter::findBlend(std::uint32_t under, std::size_t level) {
     if (under != ground_) {
         ground_ = under;
         blendKnown_ = 0;
     }
-    const std::size_t level = static_cast<std::size_t>(coverage);
-    if ((blendKnown_ >> level & 1) == 0) {
-        blends_[level] = blend(under, level);
-        blendKnown_ |= 1u << level;
+    const std::uint32_t bit = 1u << level;
+    if ((rangesKnown_ & bit) == 0) {
+        findRanges(level);
+        rangesKnown_ |= bit;
     }
+    blends_[level] = blend(under, level);
+    blendKnown_ |= bit;
+}
+
+inline std::uint32_t TextPainter::blended(std::uint32_t under, std::size_t level) {
+    if (under != ground_ || (blendKnown_ >> level & 1) == 0) findBlend(under, level);
     return blends_[level];
 }
 
-void TextPainter::drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count) {
-    constexpr int atOnce = 8;
+inline void TextPainter::drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count) {
     for (int i = 0; i < count; ++i) {
-        std::uint64_t next = 1;
-        if (i + atOnce <= count) std::memcpy(&next, coverage + i, atOnce);
-        if (next == 0) {
-            i += atOnce - 1;
-        } else if (coverage[i] == fullCoverage) {
+        if (coverage[i] == fullCoverage)
             pixels[i] = pixel_;
-        } else if (coverage[i] > faintest) {
+        else if (coverage[i] > faintCoverage)
             pixels[i] = blended(pixels[i], coverage[i]);
-        }
     }
 }
 
 void TextPainter::drawRuns(const Glyph& glyph, POINT corner) {
     for (const GlyphRun& run : glyph.runs) {
         std::uint32_t* pixels = row32(surface_, corner.y + run.y) + corner.x + run.x;
-        for (int i = 0; i < run.length; ++i)
-            pixels[i] = pixel_;
+        if (glyph.smooth)
+            drawWords(pixels, glyph.coverage.data() + std::ptrdiff_t{run.y} * glyph.width + run.x,
+                      run.length);
+        else
+            std::fill_n(pixels, run.length, pixel_);
     }
 }
 

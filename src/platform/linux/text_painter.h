@@ -30,9 +30,10 @@ private:
     void drawRuns(const Glyph& glyph, POINT corner);
     void drawClipped(const Glyph& glyph, int x, int y, const RECT& clip);
     void drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count);
-    std::uint32_t blended(std::uint32_t under, int coverage);
-    std::uint32_t blend(std::uint32_t under, std::size_t coverage) const;
-    void findRanges();
+    std::uint32_t blended(std::uint32_t under, std::size_t level);
+    void findBlend(std::uint32_t under, std::size_t level);
+    std::uint32_t blend(std::uint32_t under, std::size_t level) const;
+    void findRanges(std::size_t level);
 
     std::span<const RECT> clips_;
     const Surface& surface_;
@@ -40,10 +41,10 @@ private:
     RECT clip_;
     std::uint32_t pixel_; ///< A colour where edges are smoothed, else a value
     std::vector<std::uint32_t> words_;
-    bool rangesKnown_ = false;
+    std::uint32_t rangesKnown_ = 0; ///< One bit for each level of coverage
     std::array<std::array<Range, 3>, fullCoverage + 1> ranges_;
     std::uint32_t ground_ = 0;     ///< The colour under the last smoothed pixel, which most of them share
-    std::uint32_t blendKnown_ = 0; ///< One bit for each level of coverage
+    std::uint32_t blendKnown_ = 0; ///< The same
     std::array<std::uint32_t, fullCoverage + 1> blends_;
 };
 
