@@ -1,6 +1,6 @@
 #include "conformance/RandomOutlines.h"
 
-#include "conformance/Dice.h"
+#include "conformance/LineWriter.h"
 #include "platform/gdi_types.h"
 
 #include <algorithm>
@@ -14,22 +14,10 @@ using namespace platform;
 
 namespace {
 
-/// Writes a script line by line. Every choice is one statement, so that the order in which the dice fall is
-/// the same with every compiler.
-class Writer {
+class Writer : public LineWriter {
 public:
-    explicit Writer(int seed) : dice(static_cast<std::uint64_t>(seed)) {}
+    using LineWriter::LineWriter;
 
-    Dice dice;
-    std::string text;
-
-    void line(const std::string& words) { text += words + '\n'; }
-    void gdi(const std::string& call, std::initializer_list<int> numbers = {}) {
-        std::string words = "gdi " + call;
-        for (const int number : numbers)
-            words += " " + std::to_string(number);
-        line(words);
-    }
     int color() { return dice.between(0, 0xFFFFFF); }
     std::string point() {
         const int x = dice.between(4, 59);
@@ -280,25 +268,19 @@ public:
         } else {
             thinRegion("b");
         }
-        line("gdi area = CreateRectRgn 0 0 0 0");
-        line("show gdi CombineRgn area a b " + std::to_string(dice.between(RGN_AND, RGN_COPY)));
-        line("show gdi GetRgnBox area");
+        combineRegions(RGN_COPY);
         switch (dice.between(0, 3)) {
         case 0:
             line("gdi PaintRgn area");
             break;
-        case 1: {
-            gdi("frame = CreateSolidBrush", {color()});
-            const int width = dice.between(1, 3);
-            gdi("FrameRgn area frame", {width, dice.between(1, 3)});
+        case 1:
+            frameRegion(color(), 3);
             break;
-        }
         case 2:
             line("gdi InvertRgn area");
             break;
         default:
-            line("show gdi ExtSelectClipRgn area " + std::to_string(dice.between(RGN_AND, RGN_COPY)));
-            line("show gdi GetClipBox");
+            clipToRegion();
             line("gdi PatBlt 0 0 64 64 0x00F00021");
         }
     }

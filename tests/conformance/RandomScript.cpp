@@ -1,6 +1,6 @@
 #include "conformance/RandomScript.h"
 
-#include "conformance/Dice.h"
+#include "conformance/LineWriter.h"
 #include "conformance/RandomOutlines.h"
 #include "conformance/RandomPixels.h"
 #include "conformance/RandomTexts.h"
@@ -17,23 +17,11 @@ using namespace platform;
 
 namespace {
 
-/// Writes a script line by line. Every choice is one statement, so that the order in which the dice fall is
-/// the same with every compiler.
-class Writer {
+class Writer : public LineWriter {
 public:
-    explicit Writer(int seed) : dice(static_cast<std::uint64_t>(seed)) {}
+    using LineWriter::LineWriter;
 
-    Dice dice;
-    std::string text;
     bool mapped = false;
-
-    void line(const std::string& words) { text += words + '\n'; }
-    void gdi(const std::string& call, std::initializer_list<int> numbers = {}) {
-        std::string words = "gdi " + call;
-        for (const int number : numbers)
-            words += " " + std::to_string(number);
-        line(words);
-    }
 
     int coordinate() {
         const bool far = dice.oneIn(12);
@@ -329,9 +317,7 @@ public:
     void regions() {
         makeRegion("a");
         makeRegion("b");
-        gdi("area = CreateRectRgn 0 0 0 0");
-        line("show gdi CombineRgn area a b " + std::to_string(dice.between(RGN_AND, RGN_DIFF)));
-        line("show gdi GetRgnBox area");
+        combineRegions(RGN_DIFF);
         switch (dice.between(0, 4)) {
         case 0:
             line("gdi PaintRgn area");
@@ -339,15 +325,11 @@ public:
         case 1:
             line("gdi InvertRgn area");
             break;
-        case 2: {
-            gdi("frame = CreateSolidBrush", {color()});
-            const int width = dice.between(1, 6);
-            gdi("FrameRgn area frame", {width, dice.between(1, 6)});
+        case 2:
+            frameRegion(color(), 6);
             break;
-        }
         case 3:
-            line("show gdi ExtSelectClipRgn area " + std::to_string(dice.between(RGN_AND, RGN_COPY)));
-            line("show gdi GetClipBox");
+            clipToRegion();
             anyShape();
             break;
         default:

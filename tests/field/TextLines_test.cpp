@@ -1,7 +1,7 @@
 // Where long texts are broken, and how much of them is measured for it.
 #include "field/TextLines.h"
 
-#include <gtest/gtest.h>
+#include "MeasuredText.h"
 
 #include <algorithm>
 #include <string>
@@ -11,18 +11,9 @@ using tesela::TextLines;
 
 namespace {
 
-constexpr int letterWidth = 10;
-
-class TextLinesTest : public ::testing::Test {
+class TextLinesTest : public tests::MeasuredText {
 protected:
-    void find(std::size_t count, std::int32_t position = 0) {
-        lines.find(count, position, [this](std::u16string_view piece, std::vector<std::int32_t>& reach) {
-            ++calls;
-            characters += piece.size();
-            for (std::size_t i = 0; i < piece.size(); ++i)
-                reach.push_back(static_cast<std::int32_t>(i + 1) * letterWidth);
-        });
-    }
+    void find(std::size_t count, std::int32_t position = 0) { lines.find(count, position, measure()); }
     /// All lines, "|" between them.
     std::u16string broken(const String& text, int letters) {
         lines.take(text, letters * letterWidth);
@@ -45,11 +36,8 @@ protected:
             text += u"abcdefghi ";
         return text;
     }
-    void forgetCounts() { calls = 0, characters = 0; }
 
     TextLines lines;
-    int calls = 0;
-    std::size_t characters = 0;
 };
 
 } // namespace

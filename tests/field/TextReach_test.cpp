@@ -1,7 +1,7 @@
 // How far the characters of long texts reach, and how much of them is measured for it.
 #include "field/TextReach.h"
 
-#include <gtest/gtest.h>
+#include "MeasuredText.h"
 
 #include <limits>
 #include <string>
@@ -12,25 +12,14 @@ namespace {
 
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 
-class TextReachTest : public ::testing::Test {
+class TextReachTest : public tests::MeasuredText {
 protected:
-    /// An "i" is 3 pixels wide, other letters 10.
-    tesela::TextLines::Measure measure() {
-        return [this](std::u16string_view piece, std::vector<std::int32_t>& reach) {
-            ++calls;
-            characters += piece.size();
-            std::int32_t end = 0;
-            for (const char16_t c : piece)
-                reach.push_back(end += c == u'i' ? 3 : 10);
-        };
-    }
+    TextReachTest() : MeasuredText(3) {}
+
     std::int32_t reach(std::size_t position) { return letters.reach(position, measure()); }
     std::size_t at(std::int32_t x) { return letters.at(x, measure()); }
-    void forgetCounts() { calls = 0, characters = 0; }
 
     TextReach letters;
-    int calls = 0;
-    std::size_t characters = 0;
 };
 
 } // namespace
