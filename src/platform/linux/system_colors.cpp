@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace platform {
 
@@ -45,7 +46,7 @@ COLORREF freshColor(int index) {
 }
 
 struct SystemColors {
-    std::array<COLORREF, colorCount> colors = freshColors;
+    std::array<std::optional<COLORREF>, colorCount> set; ///< By programs
     std::array<HBRUSH, colorCount> brushes;
 };
 
@@ -69,9 +70,8 @@ void tellWindows() {
 
 COLORREF GetSysColor(int index) {
     if (!isColor(index)) return 0;
-    const auto number = static_cast<std::size_t>(index);
-    const COLORREF color = systemColors().colors[number];
-    return color == freshColors[number] ? freshColor(index) : color;
+    const std::optional<COLORREF>& set = systemColors().set[static_cast<std::size_t>(index)];
+    return set ? *set : freshColor(index);
 }
 
 BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {
@@ -80,7 +80,7 @@ BOOL SetSysColors(int count, const INT* indices, const COLORREF* colors) {
     for (int i = 0; i < count; ++i) {
         if (!isColor(indices[i])) continue;
         const std::size_t index = static_cast<std::size_t>(indices[i]);
-        systemColors().colors[index] = colors[i] & colorBits;
+        systemColors().set[index] = colors[i] & colorBits;
         if (Brush* brush = find<Brush>(systemColors().brushes[index]))
             brush->data.lbColor = colors[i] & colorBits;
     }

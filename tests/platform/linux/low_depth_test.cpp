@@ -70,20 +70,26 @@ private:
 };
 
 TEST(LowDepth, WhiteIsReadOnTheClassicBlueWhereColoursAreFew) {
-    constexpr COLORREF classicBlue = 0x6A240A, ofTheProgram = 0x00FF00;
+    constexpr COLORREF classicBlue = 0x6A240A;
     const COLORREF usual = GetSysColor(COLOR_HIGHLIGHT);
     for (const char* depth : {"4", "8"}) {
         const Screen screen(depth);
-        for (const int index : {COLOR_ACTIVECAPTION, COLOR_HIGHLIGHT, COLOR_MENUHILIGHT})
+        for (const int index : {COLOR_ACTIVECAPTION, COLOR_HIGHLIGHT})
             EXPECT_EQ(GetSysColor(index), classicBlue) << depth << ' ' << index;
         EXPECT_EQ(GetSysColor(COLOR_CAPTIONTEXT), 0xFFFFFFu) << depth;
-        const INT highlight = COLOR_HIGHLIGHT;
-        SetSysColors(1, &highlight, &ofTheProgram);
-        EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), ofTheProgram);
-        SetSysColors(1, &highlight, &usual);
     }
     const Screen screen("16");
     EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), usual);
+}
+
+TEST(LowDepth, AColourThatAProgramHasSetIsKeptEvenIfItIsTheUsualOne) {
+    const INT index = COLOR_MENUHILIGHT; // of which nothing else in this program is made
+    const COLORREF usual = GetSysColor(index);
+    const Screen screen("8");
+    for (const COLORREF color : {COLORREF{0x00FF00}, usual}) {
+        SetSysColors(1, &index, &color);
+        EXPECT_EQ(GetSysColor(index), color);
+    }
 }
 
 TEST(PaletteDisplay, TellsThatItHasAPalette) {
