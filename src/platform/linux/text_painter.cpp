@@ -70,7 +70,7 @@ void TextPainter::draw(const Glyph& glyph, int x, int y) {
         if (isEmpty(part)) continue;
         const bool isWhole = part.right - part.left == glyph.width && part.bottom - part.top == glyph.height;
         if (isWhole && isPlain32(surface_)) {
-            drawRuns(glyph, corner);
+            glyph.smooth ? drawSmoothRuns(glyph, corner) : drawRuns(glyph, corner);
             return;
         }
         drawClipped(glyph, corner.x, corner.y, part);
@@ -120,11 +120,15 @@ inline void TextPainter::drawWords(std::uint32_t* pixels, const std::uint8_t* co
 void TextPainter::drawRuns(const Glyph& glyph, POINT corner) {
     for (const GlyphRun& run : glyph.runs) {
         std::uint32_t* pixels = row32(surface_, corner.y + run.y) + corner.x + run.x;
-        if (glyph.smooth)
-            drawWords(pixels, glyph.coverage.data() + std::ptrdiff_t{run.y} * glyph.width + run.x,
-                      run.length);
-        else
-            std::fill_n(pixels, run.length, pixel_);
+        for (int i = 0; i < run.length; ++i)
+            pixels[i] = pixel_;
+    }
+}
+
+void TextPainter::drawSmoothRuns(const Glyph& glyph, POINT corner) {
+    for (const GlyphRun& run : glyph.runs) {
+        std::uint32_t* pixels = row32(surface_, corner.y + run.y) + corner.x + run.x;
+        drawWords(pixels, glyph.coverage.data() + std::ptrdiff_t{run.y} * glyph.width + run.x, run.length);
     }
 }
 

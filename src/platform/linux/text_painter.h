@@ -28,6 +28,7 @@ private:
     };
 
     void drawRuns(const Glyph& glyph, POINT corner);
+    void drawSmoothRuns(const Glyph& glyph, POINT corner);
     void drawClipped(const Glyph& glyph, int x, int y, const RECT& clip);
     void drawWords(std::uint32_t* pixels, const std::uint8_t* coverage, int count);
     std::uint32_t blended(std::uint32_t under, std::size_t level);
