@@ -2,7 +2,8 @@
 // Writes what is drawn on a context as records of an enhanced metafile.
 //
 // The state of the context is not recorded when it is set: before a drawing, what has changed since the last
-// one is written. So a state that nothing is drawn with leaves no trace, and SaveDC needs no record.
+// one is written. So a state that nothing is drawn with leaves no trace, and SaveDC needs no record. Only
+// extents under MM_ISOTROPIC are recorded at once: what they were before they were fitted is nowhere else.
 
 #include "platform/linux/device_context.h"
 #include "platform/linux/metafile.h"

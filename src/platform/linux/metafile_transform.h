@@ -54,7 +54,8 @@ struct MetafileMapping {
     /// Takes the extents of a mode on a device of so many pixels and millimetres.
     void setMode(int newMode, SIZE pixels, SIZE millimetres);
 
-    /// Makes the scales of both axes the same in MM_ISOTROPIC by shrinking one extent of the viewport.
+    /// Makes the scales of both axes the same in MM_ISOTROPIC by shrinking one extent of the viewport, to
+    /// whole pixels.
     void keepAspect(SIZE pixels, SIZE millimetres);
 
     /// From logical units to the recording device's pixels.
