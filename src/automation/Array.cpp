@@ -234,7 +234,7 @@ std::size_t Array::placeOf(std::span<const std::int32_t> subscripts) const {
 }
 
 Variant Array::at(std::span<const std::int32_t> subscripts) const {
-    return element(placeOf(subscripts));
+    return valueAt(placeOf(subscripts));
 }
 
 void Array::put(std::span<const std::int32_t> subscripts, const Variant& value) {
@@ -243,6 +243,10 @@ void Array::put(std::span<const std::int32_t> subscripts, const Variant& value) 
 
 Variant Array::element(std::size_t place) const {
     if (place >= size()) throwError(errors::SubscriptOutOfRange);
+    return valueAt(place);
+}
+
+Variant Array::valueAt(std::size_t place) const {
     switch (data_->element) {
     case VT_VARIANT:
         return data_->as<Variant>(place);

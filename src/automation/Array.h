@@ -95,6 +95,7 @@ private:
     struct Data;
     explicit Array(Data* data) noexcept : data_(data) {}
     void detach();
+    Variant valueAt(std::size_t place) const; ///< A place that there is
     static Data* allocate(VARTYPE element, std::span<const Bound> bounds);
     static Data* clone(const Data& source);
     static void release(Data* data) noexcept;

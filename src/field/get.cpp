@@ -8,6 +8,7 @@
 #include "drawing/rounding.h"
 #include "host/InputBox.h"
 #include "host/Raised.h"
+#include "host/Session.h"
 #include "platform/files.h"
 #include "platform/windows.h"
 
@@ -36,9 +37,8 @@ constexpr const char16_t* creationFile = u"C:\\Tesela-Control-Creation-ADD-IN.LO
 
 } // namespace
 
-get::get() : oFont(automation::make<host::StdFont>()), xTonos(makeShades()), nButtonWidth(leastButtonWidth) {
+get::get() : oFont(host::plainFont()), xTonos(makeShades()), nButtonWidth(leastButtonWidth) {
     ScaleMode(host::ScaleMode::Pixels);
-    fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
 }
 
 void get::onTerminate() {
@@ -273,7 +273,7 @@ void get::Scheme(tslSchemeConstants value) {
         store(nScheme, value, u"Scheme");
         return;
     }
-    ownFont(); // error 91 before anything has changed
+    requireFont(); // error 91 before anything has changed
     if (value != tslSchemeUseDefault) lUserFont = true;
     if (value == tslSchemeUseAmbient) {
         BackColor(Ambient().BackColor());
@@ -289,7 +289,8 @@ void get::Scheme(tslSchemeConstants value) {
                 name = headerFontName;
                 size = header.size;
             }
-        assignFont(ownFont(), name, size, value != tslSchemeUseDefault);
+        const bool bold = value != tslSchemeUseDefault;
+        if (!isAssignedFont(*oFont, name, size, bold)) assignFont(ownFont(), name, size, bold);
     }
     TipoDato(tslTipoDatoCaracter);
     BorderStyle(tslBorderStyleFixedSingle);
@@ -301,14 +302,28 @@ void get::Scheme(tslSchemeConstants value) {
 
 // --- Font and size ---------------------------------------------------------------------------------
 
+const automation::Ref<host::StdFont>& get::Font() {
+    if (oFont) ownFont();
+    return oFont;
+}
+
 void get::Font(const automation::Ref<host::StdFont>& value) {
     if (!value) automation::throwError(automation::errors::ObjectVariableNotSet);
-    ownFont().assign(*value);
+    requireFont();
+    if (!oFont->equals(*value)) ownFont().assign(*value);
     changed(u"Font");
 }
 
-host::StdFont& get::ownFont() const {
+void get::requireFont() const {
     if (!oFont) automation::throwError(automation::errors::ObjectVariableNotSet);
+}
+
+host::StdFont& get::ownFont() {
+    requireFont();
+    if (oFont == host::plainFont()) {
+        oFont = oFont->clone();
+        fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
+    }
     return *oFont;
 }
 

@@ -207,8 +207,10 @@ public:
     void ForeColor(host::OLE_COLOR value);
     /// The control's own font; writing copies the attributes. Null once the control has left its container,
     /// and a write raises error 91 then.
-    const automation::Ref<host::StdFont>& Font() const { return oFont; }
+    const automation::Ref<host::StdFont>& Font();
     void Font(const automation::Ref<host::StdFont>& value);
+    /// Its present attributes in a font that nobody else has.
+    automation::Ref<host::StdFont> copyOfFont() const { return oFont ? oFont->clone() : oFont; }
     /// Average width of the letters in proportion to the font's own; 0 is natural.
     float FontWidth() const { return nFontWidth; }
     void FontWidth(float value);
@@ -505,7 +507,9 @@ private:
     std::int32_t lineHeight() const;
     float lettersWidth(std::int64_t letters) const;
     platform::SIZE fittingSize(platform::SIZE now) const;
-    host::StdFont& ownFont() const;
+    void requireFont() const;
+    /// To be changed or handed out: fields share one font until then.
+    host::StdFont& ownFont();
 
     void createByDialog();
     void beginReading();
@@ -519,7 +523,7 @@ private:
     automation::String cMsgStatusBar;
     automation::Variant xValorOriginal, xValorOriginalFicha;
     automation::Ref<cFecha> oFecha;       ///< Null until a date is asked for
-    automation::Ref<host::StdFont> oFont; ///< Null once the control has left its container
+    automation::Ref<host::StdFont> oFont; ///< See ownFont. Null once the control has left its container
     automation::Subscription fontSubscription;
     automation::Ref<cCanvas> oCanvas;
     automation::Ref<automation::Object> oControlAsociado, oOSK, oStBar;

@@ -147,7 +147,8 @@ void addLook(automation::ClassTable::Builder<get>& table) {
                   Write<host::OLE_COLOR>(&get::BackColor))
         .property("ForeColor", Read<host::OLE_COLOR>(&get::ForeColor),
                   Write<host::OLE_COLOR>(&get::ForeColor))
-        .property("Font", Read<const FontObject&>(&get::Font), Write<const FontObject&>(&get::Font))
+        .property("Font", static_cast<const FontObject& (get::*)()>(&get::Font),
+                  Write<const FontObject&>(&get::Font))
         .property("FontWidth", Read<float>(&get::FontWidth), Write<float>(&get::FontWidth))
         .property("BorderStyle", Read<tslBorderStyleConstants>(&get::BorderStyle),
                   Write<tslBorderStyleConstants>(&get::BorderStyle))

@@ -160,10 +160,10 @@ void get::resetFont() {
 
 /// Takes a font; a size that is off by no more than the tolerance stays.
 void get::useFont(const char16_t* name, double size, double tolerance) {
-    host::StdFont& font = ownFont();
-    if (font.Name() != name) font.Name(name);
-    if (std::fabs(font.Size().toDouble() - size) > tolerance)
-        font.Size(automation::Currency::fromDouble(size));
+    requireFont();
+    if (oFont->Name() != name) ownFont().Name(name);
+    if (std::fabs(oFont->Size().toDouble() - size) > tolerance)
+        ownFont().Size(automation::Currency::fromDouble(size));
 }
 
 void get::UserFont(bool value) {

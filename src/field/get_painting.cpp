@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace tesela {
 
@@ -43,12 +44,18 @@ get::Shades get::makeShades() {
                 system(SystemColor_DkShadow3D),
                 face};
     }
-    return {face,
-            mixed(face, white, 240),
-            mixed(face, white, 64),
-            mixed(face, black, 160),
-            mixed(face, black, 80),
-            mixed(face, tableColor(tslCtlGlobalCfg_Btn_MaxGradientColor), 64)};
+    const host::OLE_COLOR fade = tableColor(tslCtlGlobalCfg_Btn_MaxGradientColor);
+    // The fields of a form mostly have the same shades, which are mixed once.
+    struct Mixed {
+        host::OLE_COLOR fade;
+        Shades shades;
+    };
+    static std::optional<Mixed> last;
+    if (!last || face != last->shades.face || fade != last->fade)
+        last = {fade,
+                {face, mixed(face, white, 240), mixed(face, white, 64), mixed(face, black, 160),
+                 mixed(face, black, 80), mixed(face, fade, 64)}};
+    return last->shades;
 }
 
 namespace {
@@ -237,7 +244,7 @@ void get::onPaint() {
 void get::Painter::begin() {
     c.BeginPaint();
     c.SelectVBStdFont(f.oFont, 0, 0, FontQuality_Default, f.nFontWidth);
-    f.nLineHeight = c.GetTextMetricsA().tmHeight;
+    if (f.nLineHeight == 0) f.nLineHeight = c.GetTextMetricsA().tmHeight;
     shown = f.TextoAMostrar();
     f.nBordeX = f.nBordeY = f.nBorderStyle == tslBorderStyleFixedSingle ? 2 : 0;
     f.nTextRight = right - f.nButtonWidth * f.buttonCount();
@@ -346,11 +353,11 @@ void get::Painter::singleLine() {
     switch (alignment()) {
     case tslAlignmentRightJustify: {
         const std::int32_t edge = f.nTextRight - 1 - f.nBordeX;
+        if (f.nDigFantasma <= 0) return wholeText(edge, TextAlign_Right);
         const String zeros = (f.nDigDecimales == 0 ? u"." : u"") +
                              String::repeat(u'0', static_cast<std::size_t>(f.nDigFantasma));
-        const std::int32_t x = f.nDigFantasma > 0 ? edge - width(zeros) : edge;
-        wholeText(x, TextAlign_Right);
-        if (f.nDigFantasma > 0 && paper != noColor && !shown.empty()) {
+        wholeText(edge - width(zeros), TextAlign_Right);
+        if (paper != noColor && !shown.empty()) {
             c.SetTextColor(mixed(textColor(), paper, 96));
             c.TextAlign(TextAlign_Right);
             c.TextOut(edge, firstY(), zeros);

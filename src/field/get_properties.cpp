@@ -92,7 +92,7 @@ const PersistedProperties<get> persisted = {
     {u"ForeColor", Persisted::constant<std::int32_t{-1}>, number<&get::ForeColor>,
      setNumber<&get::ForeColor>},
     {u"Font", [](const get& f) { return Variant(f.Ambient().Font()); },
-     [](const get& f) { return Variant(f.Font()); },
+     [](const get& f) { return Variant(f.copyOfFont()); },
      [](get& f, const Variant& v) { f.Font(automation::fromVariant<automation::Ref<host::StdFont>>(v)); }},
     {u"FontWidth", [](const get&) { return Variant(0.0F); },
      [](const get& f) { return Variant(f.FontWidth()); },

@@ -111,7 +111,7 @@ void DrawingWindow::invalidate() {
 }
 
 void DrawingWindow::invalidate(const platform::RECT& area) {
-    if (!window_) return;
+    if (!window_ || !platform::IsWindowVisible(window_)) return; // all of it is painted once it is shown
     platform::InvalidateRect(window_, &area, platform::FALSE_);
     for (platform::HWND child = platform::GetWindow(window_, platform::GW_CHILD); child;
          child = platform::GetWindow(child, platform::GW_HWNDNEXT)) {

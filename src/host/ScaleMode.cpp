@@ -28,10 +28,12 @@ double readTwipsPerPixel(Axis axis) {
 } // namespace
 
 double twipsPerPixel(Axis axis) {
-    // The resolution of the screen stands for the life of the process.
-    static const double horizontal = readTwipsPerPixel(Axis::Horizontal);
-    static const double vertical = readTwipsPerPixel(Axis::Vertical);
-    return axis == Axis::Horizontal ? horizontal : vertical;
+    struct Twips {
+        double horizontal = readTwipsPerPixel(Axis::Horizontal);
+        double vertical = readTwipsPerPixel(Axis::Vertical);
+    };
+    static const Twips pixel; // the resolution of the screen stands for the life of the process
+    return axis == Axis::Horizontal ? pixel.horizontal : pixel.vertical;
 }
 
 double twipsPerUnit(ScaleMode mode, Axis axis) {

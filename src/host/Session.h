@@ -25,7 +25,8 @@ struct Session {
 
 Session& session();
 
-/// The font of the windows that nobody has given another one. It goes with the last of them.
+/// The font of the windows and fields that nobody has given another one, never to be changed. It goes with
+/// the last of them.
 automation::Ref<StdFont> plainFont();
 
 } // namespace host

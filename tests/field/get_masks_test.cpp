@@ -37,6 +37,26 @@ TEST_F(get_masks, TheFontFollowsTheMaskUnlessTheApplicationChoseIt) {
     EXPECT_EQ("Verdana", before->Font()->Name().utf8());
 }
 
+TEST_F(get_masks, TheFontOfAFieldIsItsOwn) {
+    constexpr double usual = 8.25, large = 20;
+    const auto size = automation::Currency::fromDouble(large);
+    const float height = field->Height();
+    const automation::Ref<host::StdFont> font = before->Font();
+    EXPECT_EQ(font, before->Font());
+    EXPECT_NE(font, field->Font());
+    font->Size(size);
+    EXPECT_LT(height, before->Height()) << "the field follows it";
+    EXPECT_EQ(height, field->Height());
+    after->Font(font);
+    EXPECT_EQ(large, after->Font()->Size().toDouble());
+    EXPECT_NE(font, after->Font()) << "the attributes are copied";
+    EXPECT_EQ(usual, field->Font()->Size().toDouble());
+    get& made = form->add<get>(u"getNuevo");
+    EXPECT_EQ(usual, made.Font()->Size().toDouble());
+    field->Mascara(u"##");
+    EXPECT_EQ("MS Sans Serif", form->add<get>(u"getOtro").Font()->Name().utf8());
+}
+
 TEST_F(get_masks, ASizeThatIsNearlyTheOneWantedStays) {
     field->Font()->Size(automation::Currency::fromDouble(10.5));
     field->Mascara(u"##");

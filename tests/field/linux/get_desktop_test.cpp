@@ -179,7 +179,7 @@ TEST_F(get_desktop, TheCaretKeepsWithinTheText) {
 }
 
 TEST_F(get_creation, ANewFieldAsksWhatItShallBe) {
-    const get& number = created(u"getA", u"1,8,\"12\"");
+    get& number = created(u"getA", u"1,8,\"12\"");
     EXPECT_EQ("¿Qué tipo de GET debe crearse?", title);
     EXPECT_EQ(tslTipoDatoNumero, number.TipoDato());
     EXPECT_EQ("Verdana", number.Font()->Name().utf8());
@@ -189,7 +189,7 @@ TEST_F(get_creation, ANewFieldAsksWhatItShallBe) {
 }
 
 TEST_F(get_creation, ANewFieldMayBeAText) {
-    const get& text = created(u"getA", u"0,20,\"hola\"");
+    get& text = created(u"getA", u"0,20,\"hola\"");
     EXPECT_EQ(tslTipoDatoCaracter, text.TipoDato());
     EXPECT_EQ(20, text.MaxLength());
     EXPECT_EQ("hola", text.Text().utf8());
@@ -197,7 +197,7 @@ TEST_F(get_creation, ANewFieldMayBeAText) {
 }
 
 TEST_F(get_creation, ANewFieldMayBeADate) {
-    const get& date = created(u"getA", u"2");
+    get& date = created(u"getA", u"2");
     EXPECT_EQ(tslTipoDatoFecha, date.TipoDato());
     EXPECT_EQ("Courier", date.Font()->Name().utf8());
     EXPECT_EQ(10, date.Font()->Size().toDouble());
@@ -207,7 +207,7 @@ TEST_F(get_creation, ANewFieldMayBeADate) {
 }
 
 TEST_F(get_creation, ANewFieldMayBeAnHour) {
-    const get& hour = created(u"getA", u"H");
+    get& hour = created(u"getA", u"H");
     EXPECT_EQ("##:##", hour.Mascara().utf8());
     EXPECT_EQ("Courier", hour.Font()->Name().utf8());
     EXPECT_EQ("  :  ", hour.Text().utf8());
