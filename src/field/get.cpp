@@ -37,7 +37,8 @@ constexpr const char16_t* creationFile = u"C:\\Tesela-Control-Creation-ADD-IN.LO
 
 } // namespace
 
-get::get() : oFont(host::plainFont()), xTonos(makeShades()), nButtonWidth(leastButtonWidth) {
+get::get()
+    : oFont(host::sharedFont(*host::plainFont())), xTonos(makeShades()), nButtonWidth(leastButtonWidth) {
     ScaleMode(host::ScaleMode::Pixels);
 }
 
@@ -289,8 +290,10 @@ void get::Scheme(tslSchemeConstants value) {
                 name = headerFontName;
                 size = header.size;
             }
-        const bool bold = value != tslSchemeUseDefault;
-        if (!isAssignedFont(*oFont, name, size, bold)) assignFont(ownFont(), name, size, bold);
+        host::StdFont wanted;
+        wanted.assign(*oFont);
+        assignFont(wanted, name, size, value != tslSchemeUseDefault);
+        takeFont(wanted);
     }
     TipoDato(tslTipoDatoCaracter);
     BorderStyle(tslBorderStyleFixedSingle);
@@ -303,28 +306,33 @@ void get::Scheme(tslSchemeConstants value) {
 // --- Font and size ---------------------------------------------------------------------------------
 
 const automation::Ref<host::StdFont>& get::Font() {
-    if (oFont) ownFont();
+    if (!oFont || lFuentePropia) return oFont;
+    lFuentePropia = true;
+    oFont = oFont->clone();
+    fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
     return oFont;
 }
 
 void get::Font(const automation::Ref<host::StdFont>& value) {
     if (!value) automation::throwError(automation::errors::ObjectVariableNotSet);
     requireFont();
-    if (!oFont->equals(*value)) ownFont().assign(*value);
+    takeFont(*value);
     changed(u"Font");
+}
+
+/// Gives the font other attributes.
+void get::takeFont(const host::StdFont& wanted) {
+    if (wanted.equals(*oFont)) return;
+    if (lFuentePropia) {
+        oFont->assign(wanted);
+    } else {
+        oFont = host::sharedFont(wanted);
+        fontChanged();
+    }
 }
 
 void get::requireFont() const {
     if (!oFont) automation::throwError(automation::errors::ObjectVariableNotSet);
-}
-
-host::StdFont& get::ownFont() {
-    requireFont();
-    if (oFont == host::plainFont()) {
-        oFont = oFont->clone();
-        fontSubscription = oFont->FontChanged.subscribe([this](const String&) { fontChanged(); });
-    }
-    return *oFont;
 }
 
 void get::FontWidth(float value) {

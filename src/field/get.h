@@ -508,8 +508,7 @@ private:
     float lettersWidth(std::int64_t letters) const;
     platform::SIZE fittingSize(platform::SIZE now) const;
     void requireFont() const;
-    /// To be changed or handed out: fields share one font until then.
-    host::StdFont& ownFont();
+    void takeFont(const host::StdFont& wanted);
 
     void createByDialog();
     void beginReading();
@@ -523,7 +522,8 @@ private:
     automation::String cMsgStatusBar;
     automation::Variant xValorOriginal, xValorOriginalFicha;
     automation::Ref<cFecha> oFecha;       ///< Null until a date is asked for
-    automation::Ref<host::StdFont> oFont; ///< See ownFont. Null once the control has left its container
+    automation::Ref<host::StdFont> oFont; ///< Null once the control has left its container
+    bool lFuentePropia = false;           ///< Somebody may have the font; else it is shared and never changed
     automation::Subscription fontSubscription;
     automation::Ref<cCanvas> oCanvas;
     automation::Ref<automation::Object> oControlAsociado, oOSK, oStBar;

@@ -161,9 +161,13 @@ void get::resetFont() {
 /// Takes a font; a size that is off by no more than the tolerance stays.
 void get::useFont(const char16_t* name, double size, double tolerance) {
     requireFont();
-    if (oFont->Name() != name) ownFont().Name(name);
-    if (std::fabs(oFont->Size().toDouble() - size) > tolerance)
-        ownFont().Size(automation::Currency::fromDouble(size));
+    const bool isOfSize = std::fabs(oFont->Size().toDouble() - size) <= tolerance;
+    if (isOfSize && oFont->Name() == name) return;
+    host::StdFont wanted;
+    wanted.assign(*oFont);
+    wanted.Name(name);
+    if (!isOfSize) wanted.Size(automation::Currency::fromDouble(size));
+    takeFont(wanted);
 }
 
 void get::UserFont(bool value) {

@@ -55,10 +55,4 @@ void LibraryControl::assignFont(host::StdFont& font, const String& name, double 
     font.Underline(false);
 }
 
-bool LibraryControl::isAssignedFont(const host::StdFont& font, const String& name, double size, bool bold) {
-    return font.Bold() == bold && !font.Italic() && font.Name() == name &&
-           font.Size() == automation::Currency::fromDouble(size) && !font.Strikethrough() &&
-           !font.Underline();
-}
-
 } // namespace tesela

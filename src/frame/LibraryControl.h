@@ -71,9 +71,6 @@ protected:
 
     /// The library's default fonts of the schemes; `size` in points.
     static void assignFont(host::StdFont& font, const automation::String& name, double size, bool bold);
-    /// Whether assignFont would change nothing.
-    static bool isAssignedFont(const host::StdFont& font, const automation::String& name, double size,
-                               bool bold);
 
     bool lLive = false;
     automation::String cAlias;

@@ -2,6 +2,8 @@
 
 #include "host/Form.h"
 
+#include <algorithm>
+
 namespace host {
 
 Session& session() {
@@ -18,6 +20,16 @@ public:
 };
 
 } // namespace
+
+automation::Ref<StdFont> sharedFont(const StdFont& like) {
+    constexpr std::size_t most = 8;
+    auto& fonts = session().sharedFonts;
+    const auto found =
+        std::find_if(fonts.begin(), fonts.end(), [&like](const auto& font) { return font->equals(like); });
+    if (found != fonts.end()) return *found;
+    if (fonts.size() == most) fonts.erase(fonts.begin());
+    return fonts.emplace_back(like.clone());
+}
 
 automation::Ref<StdFont> plainFont() {
     if (StdFont* shown = session().plainFont) return shown;

@@ -24,6 +24,12 @@ const struct {
 
 } // namespace
 
+/// One for all fonts.
+const automation::String& StdFont::usualName() {
+    static const automation::String name = u"MS Sans Serif";
+    return name;
+}
+
 StdFont::~StdFont() {
     drop();
 }

@@ -53,10 +53,11 @@ public:
     static const automation::ClassTable& table();
 
 private:
+    static const automation::String& usualName();
     void changed(const automation::String& attribute);
     void drop() const;
 
-    automation::String name_ = u"MS Sans Serif";
+    automation::String name_ = usualName();
     automation::Currency size_ = automation::Currency::fromScaled(82500); ///< 8.25
     short weight_ = FontWeightNormal;
     short charset_ = 0;
