@@ -1,9 +1,10 @@
 #pragma once
 // Plays the records of an enhanced metafile on a context.
 //
-// The player keeps the records' coordinate system itself and draws in pixels of the target: pens and distances
-// are scaled before they are handed on. Upright text alone is drawn in the records' units. Records come from
-// files of any origin, so nothing in them is believed: a record that contradicts itself is left out.
+// The player keeps the records' coordinate system itself and draws in pixels of the target: pens and
+// distances are scaled before they are handed on. Upright text alone is drawn in the records' units. Records
+// come from files of any origin, so nothing in them is believed: a record that contradicts itself is left
+// out.
 
 #include "platform/linux/blit.h"
 #include "platform/linux/device_context.h"
