@@ -1,5 +1,6 @@
 #include "HostTest.h"
 
+#include "host/Session.h"
 #include "host/StdFont.h"
 #include "platform/gdi.h"
 
@@ -82,6 +83,35 @@ TEST_F(StdFontTest, EqualFontsShareOneGdiFontUntilTheLastOneLeaves) {
     EXPECT_EQ(session().fonts.size(), before + 1);
     font.reset();
     EXPECT_EQ(session().fonts.size(), before);
+}
+
+TEST_F(StdFontTest, ThoseWhoAskForTheSameAttributesShareAFont) {
+    font->Name(u"Arial");
+    font->Size(12);
+    const automation::Ref<StdFont> first = sharedFont(*font);
+    EXPECT_NE(first, font);
+    EXPECT_TRUE(first->equals(*font));
+    EXPECT_EQ(first, sharedFont(*font->clone()));
+    EXPECT_EQ(first, sharedFont(*first));
+    font->Size(13);
+    const automation::Ref<StdFont> other = sharedFont(*font);
+    EXPECT_TRUE(other->equals(*font));
+    EXPECT_EQ(first->Size(), automation::Currency(12)) << "a change of the pattern is no change of the font";
+    EXPECT_EQ(other, sharedFont(*other));
+    EXPECT_EQ(first, sharedFont(*first));
+}
+
+TEST_F(StdFontTest, SharedFontsAreNotKeptWithoutEnd) {
+    constexpr int many = 50;
+    font->Size(100);
+    const automation::Ref<StdFont> first = sharedFont(*font);
+    for (int size = 1; size <= many; ++size) {
+        font->Size(size);
+        EXPECT_TRUE(sharedFont(*font)->equals(*font));
+    }
+    font->Size(100);
+    EXPECT_NE(first, sharedFont(*font));
+    EXPECT_TRUE(first->equals(*font)) << "it lives as long as somebody has it";
 }
 
 TEST_F(StdFontTest, TheGdiFontHasTheAttributes) {
