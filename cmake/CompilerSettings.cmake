@@ -17,6 +17,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tesela_settings INTERFACE
         -fpch-preprocess -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
+if(CMAKE_INTERPROCEDURAL_OPTIMIZATION AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Calls within the shared library go to its own functions, which may then become part of their callers. What
+    # is warned of is told again when all files are compiled at once.
+    add_compile_options(-fno-semantic-interposition)
+    add_link_options(-Wno-stringop-overflow -Wno-restrict)
+endif()
 if(WIN32)
     # MinGW's gcc takes buffers that std::to_chars fills for uninitialised ones.
     target_compile_options(tesela_settings INTERFACE -Wno-maybe-uninitialized)

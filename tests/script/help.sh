@@ -32,6 +32,6 @@ exits "an unknown suite" failing
 complains "an unknown suite: it says which there are" "Suites: native sanitized windows desktop script conformance exchange style all."
 run "$tesela" build frobnicate
 exits "an unknown preset" failing
-complains "an unknown preset: it says which there are" "Presets: native sanitized windows-32 windows-64 bench."
+complains "an unknown preset: it says which there are" "Presets: native release sanitized windows-32 windows-64 bench."
 
 finish_checks
