@@ -16,9 +16,6 @@ namespace {
 /// All windows of the host have classes whose names begin so.
 constexpr std::string_view ClassPrefix = "TeselaHost";
 
-/// WM_PRINTCLIENT: the window is to be painted on the context that comes with it.
-constexpr platform::UINT PrintClient = 0x0318;
-
 void registerClass(const char* name, platform::WNDPROC procedure) {
     platform::WNDCLASSA windowClass;
     windowClass.style = platform::CS_DBLCLKS;
@@ -110,7 +107,7 @@ platform::LRESULT DrawingWindow::handle(platform::UINT code, platform::WPARAM wP
     case platform::WM_PAINT:
         paintNow();
         return 0;
-    case PrintClient:
+    case platform::WM_PRINTCLIENT:
         paintOn(platform::HDC(static_cast<std::uint32_t>(wParam)));
         return 0;
     case platform::WM_SIZE:

@@ -4,6 +4,7 @@
 
 #ifdef __x86_64__
 
+#include <cstdlib>
 #include <immintrin.h>
 
 // The program is compiled for every processor of its kind, these functions for those that have AVX2.
@@ -68,17 +69,18 @@ WITH_AVX2 inline void changeVector(const WordBlocks& blocks, std::ptrdiff_t x, c
 
 /// The same in wider rows. What is stored between the ends lies in line with the processor's memory, two
 /// vectors a turn, as the turns themselves cost a copy a third of its time; both ends, which others may
-/// overlap, are worked out first and stored last. Rows are asked for before they are needed: in large
-/// pictures they lie on different pages, and the processor does not foresee where a narrow rectangle goes on.
+/// overlap, are worked out first and stored last. Rows that lie on different pages are asked for before they
+/// are needed: the processor does not foresee where a narrow rectangle goes on.
 template <class Change>
 WITH_AVX2 inline void changeWide(WordBlocks blocks, const Change& change) {
     constexpr int rowsAhead = 2;
     constexpr int wordsOfCacheLine = 16;
+    constexpr std::ptrdiff_t wordsOfPage = 1024;
+    const bool asksAhead = Change::readsTarget && std::abs(blocks.targetStride) >= wordsOfPage / 2;
     const std::ptrdiff_t last = blocks.width - wordsAtOnce;
     for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
         const std::uint32_t* const ahead = blocks.target + rowsAhead * blocks.targetStride;
-        for (int x = 0; Change::readsTarget && blocks.height > rowsAhead && x < blocks.width;
-             x += wordsOfCacheLine)
+        for (int x = 0; asksAhead && blocks.height > rowsAhead && x < blocks.width; x += wordsOfCacheLine)
             __builtin_prefetch(ahead + x, 1);
         const __m256i start = change(load(blocks.target), load(blocks.source));
         const __m256i end = change(load(blocks.target + last), load(blocks.source + last));
@@ -159,10 +161,9 @@ struct HalfBlend {
     static constexpr bool readsTarget = true;
 
     WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
-        const __m256i one = _mm256_set1_epi8(1);
-        const __m256i isSourceLower = _mm256_min_epu8(_mm256_subs_epu8(target, source), one);
-        const __m256i roundsDown = _mm256_and_si256(isSourceLower, _mm256_xor_si256(target, source));
-        return _mm256_sub_epi8(_mm256_avg_epu8(target, source), roundsDown);
+        // The average rounds up: of a higher target's bytes one less is taken.
+        const __m256i less = _mm256_subs_epu8(target, _mm256_set1_epi8(1));
+        return _mm256_avg_epu8(source, _mm256_max_epu8(less, _mm256_min_epu8(target, source)));
     }
 };
 
