@@ -77,11 +77,12 @@ void cCanvas::dropRecording() {
     if (nSavedPaintDC) DeleteMetafile(EndRecordMetafile(false));
 }
 
-/// Ends the bitmap and the context of the former configuration.
+/// Ends the bitmap of the former configuration, and its context unless that is the caller's: `Resize` gives
+/// the caller's a bitmap too.
 void cCanvas::releaseSurface() {
     if (nOldBitmap) platform::SelectObject(nPaintDC, nOldBitmap);
     if (nBitmap) platform::DeleteObject(nBitmap);
-    if (nPaintDC) platform::DeleteDC(nPaintDC);
+    if (nHDC_Provider == DCProvider_Auto && nPaintDC) platform::DeleteDC(nPaintDC);
     nOldBitmap = {};
     nBitmap = {};
     nPaintDC = {};
@@ -110,7 +111,7 @@ bool cCanvas::Configure(platform::HDC newTargetDC, std::int32_t left, std::int32
     // A control may set its canvas up before it has a window. The context stays what it was, and whose.
     if (!reference) return true;
     dropRecording();
-    if (nHDC_Provider == DCProvider_Auto) releaseSurface();
+    releaseSurface();
     nHDC_Provider = provider;
     nTargetDC = reference;
     lPaintDCReleased = false;

@@ -379,6 +379,7 @@ private:
     template <class Handle>
     void dropOwned(Handle& owned, int stockObject);
     void selectLinePen(host::OLE_COLOR color);
+    std::int32_t firstSeen(platform::POINT tip, platform::POINT step, bool vertical) const;
     void drawScanLines(platform::POINT tip, platform::POINT step, std::int32_t count, bool vertical);
     platform::HFONT* standardFont(std::int32_t style);
     void makeStandardFont(platform::HFONT& font, automation::String typeface, std::int32_t deciPoints);

@@ -49,6 +49,16 @@ int countOf(std::span<const POINT> vertices) {
     return static_cast<int>(vertices.size());
 }
 
+/// How many of so many points make whole curves that follow each other, and how many make curves from where
+/// the last line ended.
+int pointsOfCurves(std::int32_t count) {
+    return count < 1 ? 0 : (count - 1) / 3 * 3 + 1;
+}
+
+int pointsOfCurvesTo(std::int32_t count) {
+    return count < 1 ? 0 : count - count % 3;
+}
+
 /// The ellipse in a rectangle of inclusive corners, and the point of it at an angle.
 struct EllipseOf {
     double cx, cy, rx, ry;
@@ -223,13 +233,12 @@ std::int32_t cCanvas::PolylineTo(std::span<const POINT> vertices) {
 }
 
 std::int32_t cCanvas::PolyBezier(std::span<const POINT> vertices) {
-    const std::size_t given = vertices.size();
-    const std::size_t used = given % 3 == 1 || given == 0 ? given : (given - 1) / 3 * 3 + 1;
+    const int used = pointsOfCurves(countOf(vertices));
     return platform::PolyBezier(nPaintDC, vertices.data(), static_cast<platform::DWORD>(used));
 }
 
 std::int32_t cCanvas::PolyBezierTo(std::span<const POINT> vertices) {
-    const std::size_t used = vertices.size() - vertices.size() % 3;
+    const int used = pointsOfCurvesTo(countOf(vertices));
     return platform::PolyBezierTo(nPaintDC, vertices.data(), static_cast<platform::DWORD>(used));
 }
 
@@ -246,24 +255,38 @@ std::int32_t cCanvas::PolylineTo(std::int32_t nVertices, const Array& aXCoord, c
 }
 
 std::int32_t cCanvas::PolyBezier(std::int32_t nVertices, const Array& aXCoord, const Array& aYCoord) {
-    return PolyBezier(points(nVertices, aXCoord, aYCoord));
+    return PolyBezier(points(pointsOfCurves(nVertices), aXCoord, aYCoord));
 }
 
 std::int32_t cCanvas::PolyBezierTo(std::int32_t nVertices, const Array& aXCoord, const Array& aYCoord) {
-    return PolyBezierTo(points(nVertices, aXCoord, aYCoord));
+    return PolyBezierTo(points(pointsOfCurvesTo(nVertices), aXCoord, aYCoord));
 }
 
 // --- The arrowhead ---------------------------------------------------------------------------------
 
+/// The first line from the tip on, and not before 1, that may be seen.
+std::int32_t cCanvas::firstSeen(POINT tip, POINT step, bool vertical) const {
+    platform::RECT box{};
+    platform::GetClipBox(nPaintDC, &box);
+    const auto [low, high] = vertical ? std::minmax(box.left, box.right) : std::minmax(box.top, box.bottom);
+    const std::int64_t start = vertical ? tip.x : tip.y;
+    const std::int64_t away = (vertical ? step.x : step.y) > 0 ? low - start : start - high;
+    constexpr std::int64_t margin = 1; // the pen may reach over its line
+    return saturatingSum(std::max<std::int64_t>(away - margin, 1), 0);
+}
+
 /// Lines that grow by a pixel at both ends with each step away from the tip.
 void cCanvas::drawScanLines(POINT tip, POINT step, std::int32_t count, bool vertical) {
-    constexpr std::int32_t most = 1 << 17; // no surface reaches further
+    constexpr std::int32_t most = 1 << 17; // no surface has more of them
     constexpr std::size_t linesAtOnce = 16;
     std::array<platform::Line, linesAtOnce> lines;
     std::size_t used = 0;
     const auto draw = [&] { platform::drawLines(nPaintDC, lines.data(), static_cast<int>(used)); };
     const std::int32_t centre = vertical ? tip.y : tip.x;
-    for (std::int32_t k = 1; k < std::min(count, most); ++k) {
+    const std::int32_t first = count > most ? firstSeen(tip, step, vertical) : 1;
+    const std::int32_t end =
+        static_cast<std::int32_t>(std::min<std::int64_t>(count, std::int64_t{first} + most));
+    for (std::int32_t k = first; k < end; ++k) {
         const std::int32_t at = vertical ? saturatingSum(tip.x, std::int64_t{k} * step.x)
                                          : saturatingSum(tip.y, std::int64_t{k} * step.y);
         const std::int32_t from = saturatingSum(centre, -k);

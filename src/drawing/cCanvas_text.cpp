@@ -163,7 +163,7 @@ void cCanvas::CreateStandardFonts(bool lUseScaleForForms, double nFactorAmpliaci
 void cCanvas::SelectVBStdFont(const automation::Ref<host::StdFont>& oFont, std::int32_t nStyle,
                               std::int32_t nAngle, FontQualityConstants nQuality, double nWidthFactor) {
     if (!oFont) automation::throwError(automation::errors::ObjectVariableNotSet);
-    const auto deciPoints = static_cast<std::int32_t>(oFont->Size().toDouble() * 10);
+    const std::int32_t deciPoints = roundToLong(std::trunc(oFont->Size().toDouble() * 10));
     const std::int32_t height = -mulDiv(deciPoints, nPixelsPerInchY, deciPointsPerInch);
     const bool bold = oFont->Bold() || (nStyle & tslFontStyleBold);
     const auto select = [&](std::int32_t width) {

@@ -3,6 +3,7 @@
 #include "automation/ClassTable.h"
 #include "automation/LateBound.h"
 #include "drawing/html_layout.h"
+#include "drawing/rounding.h"
 
 namespace tesela {
 
@@ -63,7 +64,7 @@ void cHTML::RenderInPBox(Ref<Object>& oPBox, const String& cNewText, bool lUsePB
     const auto canvas = automation::make<cCanvas>();
     automation::letProperty(*oPBox, u"AutoRedraw", true);
     canvas->CreateInPictureBox(oPBox, true);
-    setup.rightLimit = canvas->Width() - 2 * setup.leftMargin;
+    setup.rightLimit = saturatingSum(canvas->Width(), -2 * std::int64_t{setup.leftMargin});
     if (lUsePBoxFont) {
         const automation::Variant font = getProperty(*oPBox, u"Font");
         SetBaseFont(fromVariant<String>(getProperty(font, u"Name")),

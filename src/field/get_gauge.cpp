@@ -73,8 +73,8 @@ void get::paintGaugeBar() {
     cCanvas& c = *oCanvas;
     const double ratio = xGauge.nCurrent / xGauge.nMax;
     const std::int32_t available = c.Width() - 2 * margin - nButtonWidth * buttonCount();
-    const auto barRight =
-        static_cast<std::int32_t>(std::clamp<double>(available * ratio, 0, std::max(c.Width(), 0)) + margin);
+    const std::int32_t barRight =
+        roundToLong(std::clamp<double>(available * ratio, 0, std::max(c.Width(), 0)) + margin);
     const std::int32_t top = margin, end = c.Height() - margin;
     const std::int32_t turn = top + (end - top) / 4;
     if (globales().lHighColor) {

@@ -131,7 +131,7 @@ void get::onMouseUp(short& Button, short& Shift, float& X, float& Y) {
 
 void get::onClick() {
     if (!gateOpen() || !lEnabledGet) return;
-    if (hasTextMask() && nCaret > 0 && nCaret <= length() &&
+    if (!cMascaraFocus.empty() && nCaret > 0 && nCaret <= length() &&
         cTexto[static_cast<std::size_t>(nCaret - 1)] == u'-') {
         --nCaret;
         Render();

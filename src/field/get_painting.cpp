@@ -365,7 +365,7 @@ void get::Painter::singleLine() {
         return;
     }
     case tslAlignmentCenter:
-        wholeText(f.nTextRight / 2, TextAlign_Center);
+        wholeText(roundToLong(f.nTextRight / 2.0), TextAlign_Center);
         return;
     default:
         break;

@@ -204,7 +204,7 @@ CodeList::CodeList(std::u16string_view text) {
             return;
         position = comma + 1;
     }
-    std::stable_sort(rows_.begin(), rows_.end(), [](const Row& a, const Row& b) { return a.from < b.from; });
+    sort();
     check();
 }
 
@@ -252,6 +252,21 @@ CodeList::Fault CodeList::between(const Row& first, const Row& second) {
     if (first.isRange()) return first.contains(second.from) ? Fault::RangeOverElement : Fault::None;
     if (second.isRange()) return second.contains(first.from) ? Fault::ElementInRange : Fault::None;
     return first.from == second.from ? Fault::EqualElements : Fault::None;
+}
+
+/// Ascending. Equal beginnings come in the order in which exchanging each row with every lower one behind it
+/// leaves them: which fault is told and marked depends on it. Many rows would take too long for that.
+void CodeList::sort() {
+    constexpr std::size_t most = 4096;
+    std::vector<Row> exchanged = rows_;
+    std::stable_sort(rows_.begin(), rows_.end(), [](const Row& a, const Row& b) { return a.from < b.from; });
+    const auto twins = std::adjacent_find(rows_.begin(), rows_.end(),
+                                          [](const Row& a, const Row& b) { return a.from == b.from; });
+    if (twins == rows_.end() || rows_.size() > most) return;
+    for (auto row = exchanged.begin(); row != exchanged.end(); ++row)
+        for (auto later = row + 1; later != exchanged.end(); ++later)
+            if (later->from < row->from) std::swap(*row, *later);
+    rows_ = std::move(exchanged);
 }
 
 /// In ascending order a row that doesn't meet the next one meets none of those behind it.

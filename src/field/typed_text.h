@@ -96,6 +96,7 @@ private:
     bool add(std::u16string_view element, std::int32_t start, std::int32_t length);
     bool addRange(std::u16string_view element, std::size_t dash, Row row);
     static Fault between(const Row& first, const Row& second);
+    void sort();
     void check();
     void mark(Fault fault, const Row& row);
 

@@ -351,6 +351,16 @@ TEST_F(cCanvas_Shapes, CurvesLeaveOutWhatMakesNoWholeCurve) {
     EXPECT_EQ(four, picture(24, 16));
 }
 
+TEST_F(cCanvas_Shapes, ArraysOfCurvesNeedNoMorePointsThanAreUsed) {
+    const Array four = longs({1, 5, 15, 22}), three = longs({1, 5, 15});
+    EXPECT_EQ(1, canvas->PolyBezier(5, four, four));
+    EXPECT_EQ(1, canvas->PolyBezier(6, four, four));
+    EXPECT_EQ(1, canvas->PolyBezierTo(4, three, three));
+    constexpr std::int32_t outOfRange = 9;
+    EXPECT_EQ(outOfRange, errorOf([&] { canvas->PolyBezier(7, four, four); }));
+    EXPECT_EQ(outOfRange, errorOf([&] { canvas->PolyBezierTo(6, three, three); }));
+}
+
 TEST_F(cCanvas_Shapes, TheArrowheadPointsFourWays) {
     canvas->DrawTriangle(4, 3, 4, red);
     EXPECT_EQ(".........\n"
@@ -410,6 +420,15 @@ TEST_F(cCanvas_Shapes, AnArrowheadAtAnotherAngleIsAMessage) {
     EXPECT_EQ(u"cCanvas.DrawTriangle()\r\nÁngulo no soportado (45)", answer.text());
     EXPECT_EQ(host::MsgBoxStyle::Exclamation, answer.style());
     EXPECT_EQ(24u * 16, painted(black));
+}
+
+TEST_F(cCanvas_Shapes, AnArrowheadCoversTheSurfaceHoweverFarItsTipIs) {
+    for (const std::int32_t lines : {300000, 100'000'000})
+        for (const std::int32_t angle : {0, 90, 180, 270}) {
+            canvas->FillBox(0, 0, 23, 15, black);
+            canvas->DrawTriangle(12, 8, lines, red, angle);
+            EXPECT_EQ(24u * 16, painted(red)) << lines << " lines, " << angle;
+        }
 }
 
 TEST_F(cCanvas_Shapes, LimitsOfLongDoNotWrapRound) {

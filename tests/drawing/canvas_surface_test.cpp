@@ -218,6 +218,24 @@ TEST_F(cCanvas_Surface, ResizeOfABorrowingCanvasTakesTheNewContext) {
     EXPECT_EQ(green, at(49, 39));
 }
 
+TEST_F(cCanvas_Surface, ABitmapThatACallersContextGotByResizeEndsWithTheNextConfiguration) {
+    const test::Canvas first(8, 8), second(8, 8);
+    const platform::HGDIOBJ ofFirst = platform::GetCurrentObject(first.dc(), platform::OBJ_BITMAP);
+    const platform::HGDIOBJ ofSecond = platform::GetCurrentObject(second.dc(), platform::OBJ_BITMAP);
+    const std::int32_t before = gdiObjects();
+    for (const auto provider : {DCProvider_User, DCProvider_Auto}) {
+        auto own = automation::make<cCanvas>();
+        own->Configure(first.dc(), 0, 0, 8, 8, DCProvider_User);
+        EXPECT_TRUE(own->Resize(20, 20));
+        EXPECT_NE(ofFirst, platform::GetCurrentObject(first.dc(), platform::OBJ_BITMAP));
+        own->Configure(second.dc(), 0, 0, 8, 8, provider);
+        EXPECT_EQ(ofFirst, platform::GetCurrentObject(first.dc(), platform::OBJ_BITMAP));
+        own = {};
+        EXPECT_EQ(ofSecond, platform::GetCurrentObject(second.dc(), platform::OBJ_BITMAP));
+        expectObjects(before);
+    }
+}
+
 TEST_F(cCanvas_Surface, ThePictureOutlivesEndPaint) {
     canvas->FillBox(2, 3, 5, 6, red);
     canvas->EndPaint();

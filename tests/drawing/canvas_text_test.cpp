@@ -225,6 +225,10 @@ TEST_F(cCanvas_Text, AFontObjectGivesItsAttributes) {
     EXPECT_EQ(700, font().lfWeight);
     constexpr std::int32_t objectNotSet = 91;
     EXPECT_EQ(objectNotSet, errorOf([&] { canvas->SelectVBStdFont({}); }));
+    constexpr std::int32_t overflow = 6;
+    object->Size(automation::Currency(300'000'000));
+    EXPECT_EQ(overflow, errorOf([&] { canvas->SelectVBStdFont(object); }))
+        << "tenths of points beyond a Long";
 }
 
 TEST_F(cCanvas_Text, AFontObjectsAttributesAndTheStylesAddUp) {

@@ -585,6 +585,16 @@ TEST_F(cHTML_InAPictureBox, RendersOverWhatItShows) {
     expectShown(expected, 150, 60);
 }
 
+TEST_F(cHTML_InAPictureBox, AMarginBeyondTheBoxLeavesNothingToSee) {
+    open(1500, 1500, yellow);
+    expected->FillBox(0, 0, width, height, yellow);
+    for (const std::int32_t left : {2'000'000'000, -2'000'000'000}) {
+        html->SetMargenes(left, 2, 0);
+        html->RenderInPBox(object, u"uno dos");
+        expectShown(expected, 50, 50);
+    }
+}
+
 TEST_F(cHTML_InAPictureBox, WrapsWithinItsMargins) {
     open(1500, 1500, white);
     box->ScaleMode(host::ScaleMode::Pixels);

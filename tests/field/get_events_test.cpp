@@ -915,6 +915,18 @@ TEST_F(get_events, AClickBehindAMinusOfAMaskGoesInFrontOfIt) {
     EXPECT_EQ(2, field->caretPosition());
 }
 
+TEST_F(get_events, AClickBehindTheMinusOfANumberWithAMaskGoesInFrontOfIt) {
+    field->TipoDato(tslTipoDatoNumero);
+    field->Mascara(u"##0");
+    field->MascaraFocus(u"##0");
+    field->Text(u"-5");
+    enter();
+    ASSERT_EQ(u"-5", field->Text());
+    field->MouseUp.join([this](short&, short&, float&, float&) { field->SetCaretPosition(1); });
+    click(10);
+    EXPECT_EQ(0, field->caretPosition());
+}
+
 TEST_F(get_events, TheCaretOfADateStandsBesideItsSeparators) {
     field->TipoDato(tslTipoDatoFecha);
     field->Text(u"14/03/2026");
@@ -1280,6 +1292,22 @@ TEST_F(get_events, TheApplicationPaintsAFieldThatIsNotSeenYet) {
     EXPECT_EQ(2, paints);
 }
 
+TEST_F(get_events, TheApplicationPaintsOnceForALetterThatIsTyped) {
+    field->Text({});
+    enter();
+    field->UserDrawn.join([&](automation::Ref<cCanvas>&) { events += "paint "; });
+    field->UserDrawnMode(tslCtlUserDrawnMode_Foreground);
+    for (const int key : {static_cast<int>('A'), static_cast<int>(platform::VK_SPACE)}) {
+        events.clear();
+        press(key);
+        EXPECT_EQ("paint ", events) << key;
+    }
+    EXPECT_EQ(2, field->caretPosition());
+    events.clear();
+    press(platform::VK_F5);
+    EXPECT_EQ("paint ", events) << "a key that types nothing";
+}
+
 TEST_F(get_events, TheGaugeGoesOffWithZeros) {
     field->Text({});
     show();
@@ -1296,6 +1324,49 @@ TEST_F(get_events, TheGaugeGoesOffWithZeros) {
     field->PaintGauge(1, 4);
     field->Render();
     EXPECT_EQ(plain, desk.look(field->hWnd())) << "it ends the other";
+}
+
+TEST_F(get_events, TheMiddleOfATextLiesOnTheNearestEvenPixel) {
+    field->Alignment(tslAlignmentCenter);
+    field->BorderStyle(tslBorderStyleNone);
+    field->Text(u"I");
+    show();
+    const auto firstInk = [&] {
+        const auto picture = desk.look(field->hWnd());
+        for (int x = 0; x < picture.width; ++x)
+            for (int y = 4; y < picture.height - 4; ++y)
+                if (picture.at(x, y) != picture.at(0, y)) return x;
+        return picture.width;
+    };
+    // As the field grows by a pixel, the middle goes on in steps of 0, 1, 1, 0.
+    std::string steps;
+    int last = firstInk();
+    for (int i = 0; i < 8; ++i) {
+        constexpr int twips = 15;
+        field->Extender().Width(field->Extender().Width() + twips);
+        const int now = firstInk();
+        steps += std::to_string(now - last);
+        last = now;
+    }
+    EXPECT_NE(std::string::npos, std::string("01100110011").find(steps)) << steps;
+}
+
+TEST_F(get_events, TheGaugeEndsAtTheNearestPixel) {
+    constexpr platform::COLORREF red = 0x0000FF;
+    field->Text({});
+    field->BorderStyle(tslBorderStyleNone);
+    show();
+    const auto end = [&](double pixels) {
+        field->PaintGauge(pixels, width() - 4, false, 0, red);
+        const auto picture = desk.look(field->hWnd());
+        const auto paper = picture.at(width() - 3, 5);
+        int x = 2;
+        while (picture.at(x, 5) != paper)
+            ++x;
+        return x;
+    };
+    EXPECT_EQ(2 + 20, end(20.4));
+    EXPECT_EQ(2 + 21, end(20.67));
 }
 
 TEST_F(get_events, AGaugeMayBeBlack) {

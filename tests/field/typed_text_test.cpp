@@ -235,6 +235,8 @@ TEST(CodeList, NamesItsFaultAndWhereItStands) {
         {u"7,1-5,5-9", CodeList::Fault::RangesOverlap, 2, 3},
         {u"3-,100", CodeList::Fault::RangeOverElement, 0, 2},
         {u"-4,2-9", CodeList::Fault::RangesOverlap, 0, 2},
+        {u"5,5-9,1", CodeList::Fault::RangeOverElement, 2, 3}, // 1 changes places with the first 5
+        {u"5,5,1", CodeList::Fault::EqualElements, 2, 1},
     };
     for (const auto& expected : cases) {
         SCOPED_TRACE(String(expected.text).utf8());
