@@ -238,7 +238,8 @@ private:
             x_ = 0;
             ++y_;
         } else {
-            x_ += reader_.byte();
+            // Any number of moves stays at the end of the row.
+            x_ = std::min(x_ + reader_.byte(), header_.width);
             y_ += reader_.byte();
         }
         // Files whose last line ends without the end mark are whole too.

@@ -162,6 +162,19 @@ TEST(Pictures, RunsThatNeverEndAreCorrupt) {
     EXPECT_EQ(errorOf(bmp({5, 2, 8, 1, {0, 1}, {0, 9, 1, 1}})), PictureError::Corrupt);
 }
 
+TEST(Pictures, RunsThatMoveBeyondTheirRowPaintNothingThere) {
+    // Together these moves are one pixel short of 2 to the power of 32.
+    constexpr std::size_t moves = 0xFFFFFFFFu / 255;
+    Bytes data(4 * moves, 0);
+    for (std::size_t i = 0; i < moves; ++i) {
+        data[4 * i + 1] = 2;
+        data[4 * i + 2] = 255;
+    }
+    data.insert(data.end(), {2, 1, 0, 1});
+    const auto picture = decoded(bmp({4, 2, 8, 1, {0x000000, 0x111111}, std::move(data)}));
+    EXPECT_EQ(picture.argb, Pixels(8, 0xFF000000));
+}
+
 TEST(Pictures, ABitmapWithoutItsFileHeaderDecodes) {
     PictureData picture;
     EXPECT_EQ(decodeDib(dibBytes({1, 1, 24, 0, {}, {1, 2, 3, 0}}), picture), PictureError::None);
