@@ -100,6 +100,8 @@ private:
         Handler handler;
     };
     static const Binding bindings[];
+    /// Rectangles in no order, of which a union may be made of as many squared.
+    static constexpr std::size_t mostUnordered = 1024;
     static Handler handlerOf(DWORD type);
 
     // State: metafile_player_state.cpp.
@@ -160,6 +162,8 @@ private:
     template <auto Function>
     void drawRegion(RecordReader&);
     HBRUSH brushOf(DWORD index) const;
+    /// A region in pixels of the target; none when it comes out turned and of too many rectangles.
+    std::optional<Region> onTarget(const Region& logical) const;
     HRGN targetRegion(RecordReader& reader, DWORD size);
     void drawText(RecordReader&, bool isWide);
     void drawTextA(RecordReader&);
@@ -189,7 +193,8 @@ private:
     std::optional<PictureData> pictureAt(RecordReader& reader, const BitsPlace& place);
     /// A bitmap of 1 bit, the caller's; none when it is broken.
     HBITMAP maskAt(RecordReader& reader, const BitsPlace& place);
-    Region maskedArea(POINT at, const Bitmap& mask, const RECT& part) const;
+    /// What the set bits of a mask cover on the target; see `onTarget`.
+    std::optional<Region> maskedArea(POINT at, const Bitmap& mask, const RECT& part) const;
     template <class Draw>
     void drawWithin(const Region& region, const Draw& draw);
     static BitsPlace readPlace(RecordReader&);

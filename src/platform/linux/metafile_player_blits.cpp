@@ -109,13 +109,10 @@ HBITMAP MetafilePlayer::maskAt(RecordReader& reader, const BitsPlace& place) {
     return {};
 }
 
-Region MetafilePlayer::maskedArea(POINT at, const Bitmap& mask, const RECT& part) const {
+std::optional<Region> MetafilePlayer::maskedArea(POINT at, const Bitmap& mask, const RECT& part) const {
     Region set = maskRegion(mask.surface, part);
     set.translate(at.x, at.y);
-    std::vector<RECT> rows;
-    for (const RECT& r : set.rectangles())
-        rows.push_back(ordered(toTarget(r)));
-    return Region::ofRows(std::move(rows));
+    return onTarget(set);
 }
 
 template <class Draw>
@@ -154,9 +151,13 @@ void MetafilePlayer::maskBlt(RecordReader& reader) {
         reader.fail();
         return;
     }
-    const Region set = maskedArea(start.at, *mask.get(), part);
-    drawWithin(set, [&] { copy(foregroundOf(start.operation)); });
-    drawWithin(Region(ordered(toTarget(target))).subtracted(set),
+    const std::optional<Region> set = maskedArea(start.at, *mask.get(), part);
+    if (!set) {
+        reader.fail();
+        return;
+    }
+    drawWithin(*set, [&] { copy(foregroundOf(start.operation)); });
+    drawWithin(Region(ordered(toTarget(target))).subtracted(*set),
                [&] { copy(backgroundOf(start.operation)); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/metafile_player.h"
 
+#include "platform/linux/shapes.h"
 #include "platform/locale.h"
 
 #include <algorithm>
@@ -235,16 +236,25 @@ HBRUSH MetafilePlayer::brushOf(DWORD index) const {
     return brush ? (*brush)->handle() : HBRUSH();
 }
 
+std::optional<Region> MetafilePlayer::onTarget(const Region& logical) const {
+    const std::span<const RECT> rectangles = logical.rectangles();
+    const bool staysInRows = all_.isUpright();
+    if (!staysInRows && rectangles.size() > mostUnordered) return std::nullopt;
+    std::vector<RECT> placed;
+    for (const RECT& r : rectangles)
+        placed.push_back(ordered(toTarget(r)));
+    // Rows of rectangles stay such rows when they are scaled, and may only come to touch each other. Turned
+    // ones lie in any order.
+    return staysInRows ? Region::ofRows(std::move(placed)) : unionOf(placed);
+}
+
 HRGN MetafilePlayer::targetRegion(RecordReader& reader, DWORD size) {
     const std::optional<Region> logical = readRegion(reader, size);
     if (!logical) return {};
-    // Rows of rectangles stay such rows when they are scaled, and may only come to touch each other.
-    std::vector<RECT> placed;
-    for (const RECT& r : logical->rectangles())
-        placed.push_back(ordered(toTarget(r)));
-    const HRGN region = CreateRectRgn(0, 0, 0, 0);
-    find<RegionObject>(region)->region = unionOf(placed);
-    return region;
+    std::optional<Region> placed = onTarget(*logical);
+    if (placed) return addRegion(std::move(*placed));
+    reader.fail();
+    return {};
 }
 
 void MetafilePlayer::fillRegion(RecordReader& reader) {

@@ -27,6 +27,7 @@ LONG scaledLength(LONG length, double scale) {
 }
 
 /// True for the order that regions keep: disjoint, by rows of equal height from the top, each from the left.
+/// No rectangle may be upside down.
 bool areBanded(std::span<const RECT> rectangles) {
     for (std::size_t i = 1; i < rectangles.size(); ++i) {
         const RECT& a = rectangles[i - 1];
@@ -394,8 +395,7 @@ std::optional<Region> MetafilePlayer::readRegion(RecordReader& reader, DWORD siz
     }
     std::vector<RECT> rectangles;
     for (DWORD i = 0; i < count; ++i)
-        rectangles.push_back(reader.value<RECT>());
-    constexpr std::size_t mostUnordered = 1024; ///< Of which a union may be made of as many squared
+        rectangles.push_back(ordered(reader.value<RECT>()));
     if (rectangles.size() > mostUnordered && !areBanded(rectangles)) {
         reader.fail();
         return std::nullopt;

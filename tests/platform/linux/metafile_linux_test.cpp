@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <limits>
@@ -63,7 +64,31 @@ BOOL play(Crafted& crafted, const Canvas& canvas) {
 }
 
 constexpr DWORD setPixel = 15;
+constexpr DWORD setWorldTransform = 35;
+constexpr DWORD paintRegion = 74;
 constexpr DWORD red = RGB(255, 0, 0);
+constexpr DWORD one = 0x3F800000; ///< In single precision
+constexpr DWORD minusOne = 0xBF800000;
+
+/// The words of a record that paints a region.
+std::vector<DWORD> regionWords(const std::vector<RECT>& rectangles) {
+    constexpr DWORD headerSize = 32;
+    const auto bytes = static_cast<DWORD>(rectangles.size() * sizeof(RECT));
+    std::vector<DWORD> words = {0, 0, 0, 0, headerSize + bytes};
+    words.insert(words.end(), {headerSize, 1, static_cast<DWORD>(rectangles.size()), bytes, 0, 0, 0, 0});
+    for (const RECT& r : rectangles)
+        for (const LONG edge : {r.left, r.top, r.right, r.bottom})
+            words.push_back(static_cast<DWORD>(edge));
+    return words;
+}
+
+/// Rows of one rectangle each, every second one empty. Each is shorter than the one above at both ends.
+std::vector<RECT> shrinkingRows(LONG count) {
+    std::vector<RECT> rows;
+    for (LONG i = 0; i < count; ++i)
+        rows.push_back({i, 2 * i, 2 * count - i, 2 * i + 1});
+    return rows;
+}
 
 } // namespace
 
@@ -155,6 +180,93 @@ TEST(CraftedMetafile, AMaskSmallerThanItsPictureIsLeftOut) {
     }
 }
 
+TEST(CraftedMetafile, RegionsOfManyRowsArePaintedUnlessTheyAreTurned) {
+    constexpr DWORD grey = 0x80000002;
+    for (const LONG count : {1000, 2000})
+        for (const bool isTurned : {false, true}) {
+            const Canvas canvas(100, 100);
+            PatBlt(canvas.dc(), 0, 0, 100, 100, BLACKNESS);
+            Crafted crafted;
+            if (isTurned) crafted.record(setWorldTransform, {0, one, one, 0, 0, 0});
+            crafted.record(37, {grey}).record(paintRegion, regionWords(shrinkingRows(count)));
+            const bool isPainted = count == 1000 || !isTurned;
+            EXPECT_EQ(play(crafted, canvas), isPainted ? TRUE_ : FALSE_);
+            const POINT in = isTurned ? POINT{2, 50} : POINT{50, 2};
+            const POINT between = isTurned ? POINT{3, 50} : POINT{50, 3};
+            EXPECT_EQ(canvas.at(in.x, in.y), isPainted ? RGB(128, 128, 128) : 0u) << count << isTurned;
+            EXPECT_EQ(canvas.at(between.x, between.y), 0u);
+        }
+}
+
+TEST(CraftedMetafile, RectanglesThatAreUpsideDownAreNoRows) {
+    constexpr LONG count = 1000;
+    std::vector<RECT> lattice;
+    for (LONG i = 0; i < count; ++i)
+        lattice.push_back({2 * i, 2 * count, 2 * i + 1, 0});
+    for (LONG i = 0; i < count; ++i)
+        lattice.push_back({0, 2 * i, 2 * count, 2 * i + 1});
+    const Canvas canvas(100, 100);
+    PatBlt(canvas.dc(), 0, 0, 100, 100, BLACKNESS);
+    Crafted crafted;
+    crafted.record(paintRegion, regionWords(lattice)).record(setPixel, {7, 7, red});
+    EXPECT_FALSE(play(crafted, canvas));
+    EXPECT_EQ(canvas.at(0, 0), 0u);
+    EXPECT_EQ(canvas.at(7, 7), red);
+}
+
+namespace {
+
+/// The words of a record that whitens where a mask of 8 by so many bits is set.
+std::vector<DWORD> maskWords(const std::vector<DWORD>& rowsFromBelow) {
+    constexpr DWORD nothingElse = 0x00AA0029; // the target stays
+    const auto height = static_cast<DWORD>(rowsFromBelow.size());
+    std::vector<DWORD> words(30);
+    words[6] = 8;
+    words[7] = height;
+    words[8] = MAKEROP4(WHITENESS, nothingElse);
+    words[26] = 128;
+    words[27] = 48;
+    words[28] = 176;
+    words[29] = 4 * height;
+    for (const DWORD word : {40u, 8u, height, 0x00010001u, 0u, 0u, 0u, 0u, 0u, 0u, 0u, 0xFFFFFFu})
+        words.push_back(word);
+    words.insert(words.end(), rowsFromBelow.begin(), rowsFromBelow.end());
+    return words;
+}
+
+} // namespace
+
+TEST(CraftedMetafile, MasksTurnWithTheirPicture) {
+    constexpr DWORD maskBlt = 78;
+    const Canvas canvas(100, 100);
+    PatBlt(canvas.dc(), 0, 0, 100, 100, BLACKNESS);
+    Crafted crafted;
+    crafted.record(setWorldTransform, {0, one, one, 0, 0, 0}).record(maskBlt, maskWords({0x80, 0xE0}));
+    EXPECT_TRUE(play(crafted, canvas));
+    const std::vector<POINT> set = {{0, 0}, {0, 1}, {0, 2}, {1, 0}};
+    for (LONG y = 0; y < 8; ++y)
+        for (LONG x = 0; x < 8; ++x) {
+            const bool isSet = std::find(set.begin(), set.end(), POINT{x, y}) != set.end();
+            EXPECT_EQ(canvas.at(x, y), isSet ? RGB(255, 255, 255) : 0u) << x << " " << y;
+        }
+}
+
+TEST(CraftedMetafile, TurnedMasksOfTooManyPartsAreLeftOut) {
+    constexpr DWORD maskBlt = 78;
+    std::vector<DWORD> rows;
+    for (int i = 0; i < 400; ++i)
+        rows.push_back(i % 2 == 0 ? 0xAA : 0x55);
+    for (const bool isTurned : {false, true}) {
+        const Canvas canvas(100, 100);
+        PatBlt(canvas.dc(), 0, 0, 100, 100, BLACKNESS);
+        Crafted crafted;
+        if (isTurned) crafted.record(setWorldTransform, {0, one, one, 0, 0, 0});
+        crafted.record(maskBlt, maskWords(rows));
+        EXPECT_EQ(play(crafted, canvas), isTurned ? FALSE_ : TRUE_);
+        EXPECT_EQ(canvas.at(1, 0), isTurned ? 0u : RGB(255, 255, 255));
+    }
+}
+
 TEST(CraftedMetafile, ObjectsOutsideOfTheTableAreLeftOut) {
     const std::uint32_t before = driver::handleCount();
     const Canvas canvas(100, 100);
@@ -225,8 +337,6 @@ TEST(CraftedMetafile, NumbersWithoutBoundsAreHeldOnTheSheet) {
 }
 
 TEST(CraftedMetafile, TurnedShapesWithoutBoundsAreHeldOnTheSheet) {
-    constexpr DWORD one = 0x3F800000;
-    constexpr DWORD minusOne = 0xBF800000;
     const Canvas canvas(100, 100);
     const auto before = driver::handleCount();
     Crafted crafted;
