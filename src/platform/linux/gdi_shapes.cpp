@@ -363,11 +363,11 @@ COLORREF GetPixel(HDC dc, int x, int y) {
 BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD rop) {
     DeviceContext* context = find<DeviceContext>(dc);
     if (!context || usesSource(rop3Of(rop))) return FALSE_;
-    if (context->recorder) context->recorder->patternBlit({x, y, x + width, y + height}, rop);
-    const RECT r = patternBox(*context, {x, y, boundedCoordinate(std::int64_t{x} + width),
-                                         boundedCoordinate(std::int64_t{y} + height)});
+    const RECT box{x, y, boundedCoordinate(std::int64_t{x} + width),
+                   boundedCoordinate(std::int64_t{y} + height)};
+    if (context->recorder) context->recorder->patternBlit(box, rop);
     const Painter painter(*context, context->brush(), rop3Of(rop));
-    painter.fill(r);
+    painter.fill(patternBox(*context, box));
     return TRUE_;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/metafile_recorder.h"
 
+#include "platform/linux/blit.h"
 #include "platform/linux/text_measure.h"
 
 #include <algorithm>
@@ -198,7 +199,7 @@ void MetafileRecorder::arc(RecordType type, const RECT& r, POINT start, POINT en
 
 void MetafileRecorder::pixel(POINT at, COLORREF color) {
     writeState();
-    addBounds(RECT{at.x, at.y, at.x + 1, at.y + 1});
+    addBounds(rectOf(boundedCoordinate(at.x), boundedCoordinate(at.y), 1, 1));
     record(RecordType::SetPixelV).value(at).value(color);
 }
 

@@ -22,6 +22,12 @@ LONG heightOf(const RECT& r) {
     return r.bottom - r.top;
 }
 
+/// Records tell lengths: those of a bounded rectangle are never too long for a number.
+RECT bounded(const RECT& r) {
+    return {boundedCoordinate(r.left), boundedCoordinate(r.top), boundedCoordinate(r.right),
+            boundedCoordinate(r.bottom)};
+}
+
 BITMAPINFOHEADER headerOf(int width, int height, int bitsPerPixel) {
     BITMAPINFOHEADER header;
     header.biWidth = width;
@@ -98,9 +104,10 @@ void MetafileRecorder::writePatternBrush(DWORD entry, const Bitmap& pattern) {
 
 void MetafileRecorder::patternBlit(const RECT& r, DWORD rop) {
     writeState();
-    const RECT bounds = addBounds(r);
+    const RECT box = bounded(r);
+    const RECT bounds = addBounds(box);
     RecordWriter writer = drawing(RecordType::BitBlt, bounds);
-    writer.value(r.left).value(r.top).value(widthOf(r)).value(heightOf(r)).value(rop);
+    writer.value(box.left).value(box.top).value(widthOf(box)).value(heightOf(box)).value(rop);
     writer.value(POINT{}).value(FileTransform{}).value(RGB(255, 255, 255)).value(DWORD{DIB_RGB_COLORS});
     writer.value(noBits);
 }
@@ -120,6 +127,7 @@ void MetafileRecorder::frame(const RECT& r, const Brush& brush) {
 }
 
 void MetafileRecorder::focusRect(const RECT& r) {
+    const RECT box = bounded(r);
     constexpr WORD everySecond[] = {0x5500, 0xAA00, 0x5500, 0xAA00, 0x5500, 0xAA00, 0x5500, 0xAA00};
     constexpr int side = 8;
     const HBITMAP bits = CreateBitmap(side, side, 1, 1, everySecond);
@@ -131,10 +139,10 @@ void MetafileRecorder::focusRect(const RECT& r) {
     context_.state.textColor = RGB(0, 0, 0);
     context_.state.backColor = RGB(255, 255, 255);
     if (const Brush* brush = find<Brush>(handle)) {
-        fill({r.left, r.top, r.right, r.top + 1}, *brush, PATINVERT);
-        fill({r.left, r.bottom - 1, r.right, r.bottom}, *brush, PATINVERT);
-        fill({r.left, r.top + 1, r.left + 1, r.bottom - 1}, *brush, PATINVERT);
-        fill({r.right - 1, r.top + 1, r.right, r.bottom - 1}, *brush, PATINVERT);
+        fill({box.left, box.top, box.right, box.top + 1}, *brush, PATINVERT);
+        fill({box.left, box.bottom - 1, box.right, box.bottom}, *brush, PATINVERT);
+        fill({box.left, box.top + 1, box.left + 1, box.bottom - 1}, *brush, PATINVERT);
+        fill({box.right - 1, box.top + 1, box.right, box.bottom - 1}, *brush, PATINVERT);
     }
     context_.state.textColor = text;
     context_.state.backColor = back;

@@ -123,6 +123,41 @@ TEST_F(cCanvas_Limits, OfFillsAndShapes) {
     });
 }
 
+TEST_F(cCanvas_Limits, OfWhatIsRecorded) {
+    const platform::HDC screen = platform::GetDC({});
+    const auto recording = automation::make<cCanvas>();
+    recording->Configure(screen, 0, 0, 24, 16);
+    recording->FillBox(0, 0, 23, 15, black);
+    ASSERT_TRUE(recording->BeginRecordMetafile());
+    for (const std::int32_t x : lengths)
+        for (const std::int32_t y : lengths) {
+            recording->SetPixel(x, y, red);
+            recording->DrawLine(0, 0, x, y, red);
+            recording->DrawTriangle(x, y, 3, red);
+            recording->DrawBox(x, y, 5, 5, red, blue);
+            recording->FillBox(x, y, 5, 5, red);
+            recording->FillBox(0, 0, x, y, red);
+            recording->Rectangle(x, y, 5, 5);
+            recording->BitBlt({}, x, y, 100, 10, 0, 0, platform::BLACKNESS);
+            recording->BitBlt({}, 0, 0, x, y, 0, 0, platform::BLACKNESS);
+            recording->BitBlt(source.dc(), x, y, 16, 16);
+            recording->StretchBlt(source.dc(), 0, 0, x, y, 0, 0, 16, 16);
+        }
+    recording->FillBox(0, 0, 23, 15, blue);
+    recording->FillBox(least, 2, most, 5, red);
+    recording->FillBox(8, least, 9, most, green);
+    recording->BitBlt({}, 0, most - 7, 100, 10, 0, 0, platform::BLACKNESS);
+    const platform::HENHMETAFILE metafile = recording->EndRecordMetafile();
+    EXPECT_TRUE(metafile);
+    EXPECT_EQ(red, recording->GetPixel(1, 3));
+    EXPECT_EQ(red, recording->GetPixel(22, 4));
+    EXPECT_EQ(green, recording->GetPixel(8, 1));
+    EXPECT_EQ(green, recording->GetPixel(8, 14));
+    EXPECT_EQ(blue, recording->GetPixel(1, 8));
+    EXPECT_TRUE(recording->DeleteMetafile(metafile));
+    platform::ReleaseDC({}, screen);
+}
+
 TEST_F(cCanvas_Limits, OfRoundShapes) {
     canvas->SelectSolidBrush(green);
     objects = gdiObjects() - 1;

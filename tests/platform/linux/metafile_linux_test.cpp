@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <vector>
 
@@ -602,6 +603,46 @@ TEST(MetafilePlayed, IsotropicExtentsLookAsDrawn) {
         SetMapMode(dc, MM_TEXT);
         Ellipse(dc, 20, 2, 60, 20);
     });
+}
+
+TEST(MetafileRecorded, NothingBeyondTheSheetCountsToItsBounds) {
+    constexpr LONG most = std::numeric_limits<LONG>::max();
+    constexpr LONG least = std::numeric_limits<LONG>::min();
+    const std::function<void(HDC)> drawings[] = {
+        [](HDC dc) { SetPixel(dc, most, 0, red); },
+        [](HDC dc) { SetPixel(dc, 0, most, red); },
+        [](HDC dc) { PatBlt(dc, 0, most - 7, 100, 10, BLACKNESS); },
+        [](HDC dc) { PatBlt(dc, most - 7, 0, 10, 100, BLACKNESS); },
+        [](HDC dc) { PatBlt(dc, least + 7, 0, -10, 100, BLACKNESS); },
+    };
+    for (const auto& draw : drawings) {
+        const Recorded metafile(record(draw));
+        EXPECT_EQ(metafile.header().rclBounds, (RECT{0, 0, -1, -1})) << &draw - drawings;
+        const Canvas canvas(32, 32);
+        const RECT whole{0, 0, 32, 32};
+        EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), metafile.handle(), &whole));
+    }
+}
+
+TEST(MetafileRecorded, RectanglesFromOneLimitToTheOtherCoverTheSheet) {
+    constexpr LONG most = std::numeric_limits<LONG>::max();
+    constexpr LONG least = std::numeric_limits<LONG>::min();
+    expectSamePicture([](HDC dc) {
+        const RECT across{least, 3, most, 9};
+        FillRect(dc, &across, HBRUSH(GetStockObject(BLACK_BRUSH).value));
+        const RECT down{20, least, 30, most};
+        InvertRect(dc, &down);
+        const RECT framed{4, least, 8, most};
+        FrameRect(dc, &framed, HBRUSH(GetStockObject(BLACK_BRUSH).value));
+        PatBlt(dc, most, 20, least, 4, BLACKNESS);
+    });
+    const Recorded focus(record([](HDC dc) {
+        const RECT inverted{most, most, least, least};
+        DrawFocusRect(dc, &inverted);
+    }));
+    const Canvas canvas(32, 32);
+    const RECT whole{0, 0, 32, 32};
+    EXPECT_TRUE(PlayEnhMetaFile(canvas.dc(), focus.handle(), &whole));
 }
 
 TEST(MetafilePlayed, TheStateOfTheTargetIsTheSameAfterwards) {
