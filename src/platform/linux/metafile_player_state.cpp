@@ -38,9 +38,11 @@ bool areBanded(std::span<const RECT> rectangles) {
     return true;
 }
 
+constexpr LONG wholeTurn = 3600; ///< In tenths of a degree
+
 /// Tenths of a degree, counter-clockwise, by which a direction leans.
 LONG angleOf(const Transform& t) {
-    return static_cast<LONG>(std::lround(std::atan2(-t.m12, t.m11) * 1800 / std::numbers::pi));
+    return static_cast<LONG>(std::lround(std::atan2(-t.m12, t.m11) * (wholeTurn / 2) / std::numbers::pi));
 }
 
 } // namespace
@@ -342,8 +344,8 @@ LOGFONTW MetafilePlayer::fontInPixels() const {
     font.lfHeight = scaledLength(font.lfHeight, all_.scaleY());
     if (font.lfHeight == 0 && state_.font.lfHeight != 0) font.lfHeight = state_.font.lfHeight < 0 ? -1 : 1;
     font.lfWidth = std::abs(scaledLength(font.lfWidth, all_.scaleX()));
-    font.lfEscapement += angle;
-    font.lfOrientation += angle;
+    font.lfEscapement = font.lfEscapement % wholeTurn + angle;
+    font.lfOrientation = font.lfOrientation % wholeTurn + angle;
     return font;
 }
 

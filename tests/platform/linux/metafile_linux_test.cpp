@@ -351,6 +351,35 @@ TEST(CraftedMetafile, TurnedShapesWithoutBoundsAreHeldOnTheSheet) {
     EXPECT_EQ(canvas.at(99, 99), red) << "the context is as it was";
 }
 
+TEST(CraftedMetafile, TurnedTextLeansByAnyNumberOfTurns) {
+    constexpr DWORD selectObject = 37, createFont = 82, smallTextOut = 108;
+    constexpr DWORD fifty = 0x42480000; // in single precision
+    constexpr LONG most = std::numeric_limits<LONG>::max();
+    const auto leaning = [](LONG angle) {
+        LOGFONTW font;
+        font.lfHeight = -15;
+        font.lfEscapement = font.lfOrientation = angle;
+        std::u16string_view(u"Verdana").copy(font.lfFaceName, LF_FACESIZE - 1);
+        std::vector<DWORD> words(1 + sizeof font / sizeof(DWORD), 1);
+        std::memcpy(&words[1], &font, sizeof font);
+        constexpr DWORD narrowWithoutBox = 0x0300;
+        const DWORD characters = 'T' | 'e' << 8 | 'x' << 16 | 't' << 24;
+        const Canvas canvas(100, 100);
+        PatBlt(canvas.dc(), 0, 0, 100, 100, WHITENESS);
+        Crafted crafted;
+        crafted.record(setWorldTransform, {0, minusOne, one, 0, 0, fifty})
+            .record(createFont, words)
+            .record(selectObject, {1})
+            .record(smallTextOut, {0, 50, 4, narrowWithoutBox, 1, one, one, characters});
+        EXPECT_TRUE(play(crafted, canvas));
+        return canvas.text();
+    };
+    const std::string look = leaning(most);
+    EXPECT_NE(look.find_first_not_of("#\n"), std::string::npos) << "nothing was drawn";
+    EXPECT_EQ(look, leaning(most % 3600));
+    EXPECT_NE(look, leaning(0));
+}
+
 // The system plays these with other pixels at some sizes of the screen.
 
 TEST(MetafilePlayed, ShapesInPensAndBrushesLookAsDrawn) {
