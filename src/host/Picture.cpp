@@ -6,7 +6,9 @@
 #include "platform/files.h"
 #include "platform/processes.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace host {
 
@@ -65,6 +67,13 @@ std::int32_t pixelsOf(std::int32_t himetrics, Axis axis) {
         std::lround(himetrics * twipsPerUnit(ScaleMode::Himetric, axis) / twipsPerPixel(axis)));
 }
 
+/// From one edge of a frame to the other, which may lie farther than a number reaches.
+std::int32_t lengthBetween(std::int32_t from, std::int32_t to) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(std::int64_t{to} - from, Limits::min(), Limits::max()));
+}
+
 std::vector<std::uint8_t> readFile(const automation::String& name) {
     const platform::HANDLE file =
         platform::CreateFileW(name.c_str(), platform::GENERIC_READ, platform::FILE_SHARE_READ, nullptr,
@@ -99,7 +108,7 @@ Picture::Picture(platform::HENHMETAFILE metafile, PictureType type, HandleOwner 
     platform::ENHMETAHEADER header;
     if (!platform::GetEnhMetaFileHeader(metafile, sizeof header, &header)) return;
     const platform::RECT& frame = header.rclFrame;
-    himetricSize_ = {frame.right - frame.left, frame.bottom - frame.top};
+    himetricSize_ = {lengthBetween(frame.left, frame.right), lengthBetween(frame.top, frame.bottom)};
     size_ = {pixelsOf(himetricSize_.cx, Axis::Horizontal), pixelsOf(himetricSize_.cy, Axis::Vertical)};
 }
 

@@ -3,6 +3,8 @@
 #include "platform/metafiles.h"
 #include "platform/picture_readers.h"
 
+#include <limits>
+
 namespace platform {
 namespace {
 
@@ -49,6 +51,14 @@ MetafilePicture readOlder(PictureBytes file, const Placement& placement) {
     return picture;
 }
 
+/// The length between two edges; false for one that is not positive or exceeds its type.
+bool readLength(LONG from, LONG to, LONG& length) {
+    const std::int64_t difference = std::int64_t{to} - from;
+    if (difference <= 0 || difference > std::numeric_limits<LONG>::max()) return false;
+    length = static_cast<LONG>(difference);
+    return true;
+}
+
 } // namespace
 
 MetafilePicture readMetafilePicture(std::span<const BYTE> file) {
@@ -59,9 +69,9 @@ MetafilePicture readMetafilePicture(std::span<const BYTE> file) {
     picture.metafile = SetEnhMetaFileBits(static_cast<UINT>(file.size()), file.data());
     ENHMETAHEADER header;
     if (!GetEnhMetaFileHeader(picture.metafile, sizeof header, &header)) return {};
-    picture.widthHimetric = header.rclFrame.right - header.rclFrame.left;
-    picture.heightHimetric = header.rclFrame.bottom - header.rclFrame.top;
-    if (picture.widthHimetric > 0 && picture.heightHimetric > 0) return picture;
+    const bool hasSize = readLength(header.rclFrame.left, header.rclFrame.right, picture.widthHimetric) &&
+                         readLength(header.rclFrame.top, header.rclFrame.bottom, picture.heightHimetric);
+    if (hasSize) return picture;
     DeleteEnhMetaFile(picture.metafile);
     return {};
 }

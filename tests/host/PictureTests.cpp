@@ -7,6 +7,9 @@
 #include "support/Canvas.h"
 #include "support/TemporaryFolder.h"
 
+#include <cstring>
+#include <limits>
+
 namespace host {
 
 namespace {
@@ -164,6 +167,22 @@ std::vector<std::uint8_t> smallMetafile() {
 }
 
 } // namespace
+
+TEST_F(PictureTest, AFrameLongerThanANumberIsAsLongAsOneReaches) {
+    constexpr std::size_t frameAt = 24;
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max(),
+                           least = std::numeric_limits<std::int32_t>::min();
+    std::vector<std::uint8_t> bytes = smallMetafile();
+    const platform::RECT frame{least, most, most, least};
+    std::memcpy(bytes.data() + frameAt, &frame, sizeof frame);
+    const auto picture = automation::make<Picture>(
+        platform::SetEnhMetaFileBits(static_cast<platform::UINT>(bytes.size()), bytes.data()));
+    EXPECT_EQ(picture->Width(), most);
+    EXPECT_EQ(picture->Height(), least);
+    EXPECT_GT(picture->pixels().cx, 0);
+    EXPECT_LT(picture->pixels().cy, 0);
+    EXPECT_EQ(errorOf([&] { Picture::fromBytes(bytes); }), automation::errors::InvalidPicture);
+}
 
 TEST_F(PictureTest, AnEnhancedMetafileHasTheSizeOfItsFrame) {
     const auto picture = Picture::fromBytes(smallMetafile());

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <limits>
 #include <vector>
 
 using namespace platform;
@@ -261,6 +263,28 @@ TEST(OlderMetafile, WithoutAPlaceableHeaderItIsNoPicture) {
     size.xExt = size.yExt = 1000;
     const Recorded metafile(SetWinMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data(), {}, &size));
     EXPECT_TRUE(metafile.handle());
+}
+
+TEST(Metafile, AFrameLongerThanANumberIsNoPicture) {
+    constexpr std::size_t frameAt = 24;
+    constexpr LONG most = std::numeric_limits<LONG>::max();
+    constexpr LONG least = std::numeric_limits<LONG>::min();
+    const Recorded metafile(record([](HDC dc) { Rectangle(dc, 1, 1, 5, 5); }));
+    std::vector<BYTE> bytes = metafile.bytes();
+    const auto pictureIn = [&](const RECT& frame) {
+        std::memcpy(bytes.data() + frameAt, &frame, sizeof frame);
+        return readMetafilePicture(bytes);
+    };
+    const MetafilePicture longest = pictureIn({0, -1, most, most - 1});
+    const Recorded owner(longest.metafile);
+    EXPECT_TRUE(longest.metafile);
+    EXPECT_EQ(longest.widthHimetric, most);
+    EXPECT_EQ(longest.heightHimetric, most);
+    EXPECT_FALSE(pictureIn({least, 0, most, 10}).metafile);
+    EXPECT_FALSE(pictureIn({0, least, 10, most}).metafile);
+    // Backwards: the differences are small numbers but for their highest bits.
+    EXPECT_FALSE(pictureIn({most, 0, least + 1, 10}).metafile);
+    EXPECT_FALSE(pictureIn({0, most, 10, least + 1}).metafile);
 }
 
 TEST(OlderMetafile, BytesWithoutSizeAreNoPicture) {
