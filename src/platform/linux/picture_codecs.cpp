@@ -70,6 +70,13 @@ void noteJpeg(j_common_ptr info, int level) {
     if (code == JWRN_JPEG_EOF || code == JWRN_HIT_MARKER || code == JWRN_HUFF_BAD_CODE) leaveJpeg(info);
 }
 
+/// Each scan of a progressive file goes over the whole picture, however few bytes it has; encoders write a
+/// dozen.
+void limitJpegScans(j_common_ptr info) {
+    constexpr int mostScans = 500;
+    if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > mostScans) leaveJpeg(info);
+}
+
 /// Pixels of four inks, stored inverted as image editors write them.
 void fromInks(const std::uint8_t* inks, std::uint32_t* out, unsigned width) {
     for (unsigned x = 0; x < width; ++x, inks += 4) {
@@ -83,6 +90,7 @@ void fromInks(const std::uint8_t* inks, std::uint32_t* out, unsigned width) {
 struct JpegJob {
     jpeg_decompress_struct info{};
     JpegErrors errors{};
+    jpeg_progress_mgr progress{};
     std::vector<std::uint8_t> row;
     PictureError result = PictureError::Corrupt;
 };
@@ -106,6 +114,8 @@ void runJpeg(JpegJob& job, PictureBytes file, PictureData& picture) {
         return;
     }
     jpeg_create_decompress(&info);
+    job.progress.progress_monitor = limitJpegScans;
+    info.progress = &job.progress;
     jpeg_mem_src(&info, file.data(), static_cast<unsigned long>(file.size()));
     jpeg_read_header(&info, TRUE);
     job.result = checkSize(info.image_width, info.image_height, file.size(), mostJpegPixelsPerByte);
