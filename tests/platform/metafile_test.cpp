@@ -271,8 +271,8 @@ TEST(Metafile, AFrameLongerThanANumberIsNoPicture) {
     constexpr LONG least = std::numeric_limits<LONG>::min();
     const Recorded metafile(record([](HDC dc) { Rectangle(dc, 1, 1, 5, 5); }));
     std::vector<BYTE> bytes = metafile.bytes();
-    const auto pictureIn = [&](const RECT& frame) {
-        std::memcpy(bytes.data() + frameAt, &frame, sizeof frame);
+    const auto pictureIn = [&](const RECT& lying) {
+        std::memcpy(bytes.data() + frameAt, &lying, sizeof lying);
         return readMetafilePicture(bytes);
     };
     const MetafilePicture longest = pictureIn({0, -1, most, most - 1});
