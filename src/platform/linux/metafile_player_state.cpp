@@ -42,7 +42,7 @@ constexpr LONG wholeTurn = 3600; ///< In tenths of a degree
 
 /// Tenths of a degree, counter-clockwise, by which a direction leans.
 LONG angleOf(const Transform& t) {
-    return static_cast<LONG>(std::lround(std::atan2(-t.m12, t.m11) * (wholeTurn / 2) / std::numbers::pi));
+    return static_cast<LONG>(std::lround(std::atan2(-t.m12, t.m11) * (wholeTurn / 2.0) / std::numbers::pi));
 }
 
 } // namespace
