@@ -167,7 +167,7 @@ void get::onKeyDown(short& KeyCode, short& Shift) {
     if (handleKey(KeyCode, Shift) || !oFont) return;
     g.nLastKey = KeyCode;
     skipLiterals(KeyCode);
-    // What a letter or a blank types is painted, and told to who paints along, when the character comes.
+    // What a letter or a blank types is painted, by the application too, when its character comes.
     const bool types = KeyCode == platform::VK_SPACE || (KeyCode >= 'A' && KeyCode <= 'Z');
     if (whatShows() != shown || (!types && nUserDrawnMode != tslCtlUserDrawnMode_Default)) Render();
     if (KeyCode != 0) raise(KeyDown, KeyCode, Shift);

@@ -231,10 +231,6 @@ struct Parallelogram {
     }
 };
 
-bool contains(const RECT& r, POINT p) {
-    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
-}
-
 POINT sumOf(POINT a, POINT b) {
     return {boundedCoordinate(std::int64_t{a.x} + b.x), boundedCoordinate(std::int64_t{a.y} + b.y)};
 }

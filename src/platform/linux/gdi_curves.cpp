@@ -50,10 +50,6 @@ RECT turnedRight(const RECT& r) {
     return {edges.left, edges.top, edges.right + 1, edges.bottom + 1};
 }
 
-bool contains(const RECT& r, POINT p) {
-    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
-}
-
 /// Where a curve in a box may paint with a pen; and around what can be seen, where a curve may lie that
 /// paints there.
 RECT paintedArea(const RECT& box, const Stroke& stroke) {

@@ -115,10 +115,6 @@ Range offsetsWithin(int start, int direction, int low, int high) {
     return {std::int64_t{start} - high + 1, std::int64_t{start} - low + 1};
 }
 
-bool isInside(POINT p, const RECT& r) {
-    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
-}
-
 /// The pixels of a line inside a clip, without its last one: a range of its steps along the longer axis.
 class SteppedLine {
 public:
@@ -130,7 +126,7 @@ public:
         wide_ = dx >= dy;
         steps_ = {wide_ ? dx : dy, wide_ ? dy : dx, (wide_ ? stepY_ : stepX_) > 0 ? 1 : 0};
         if (steps_.major == 0) return;
-        if (isInside(from, clip) && isInside(to, clip)) {
+        if (contains(clip, from) && contains(clip, to)) {
             last_ = steps_.major;
             return;
         }

@@ -12,6 +12,11 @@
 
 namespace platform::driver {
 
+/// Whether a point lies in a rectangle, whose right and bottom edges are outside.
+constexpr bool contains(const RECT& r, POINT p) {
+    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
+}
+
 /// A set of pixels as disjoint rectangles in y-x banded order.
 class Region {
 public:
@@ -31,7 +36,7 @@ public:
     bool empty() const { return several_.empty() && only_ == RECT{}; }
     bool contains(POINT p) const {
         for (const RECT& r : rectangles())
-            if (p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom) return true;
+            if (driver::contains(r, p)) return true;
         return false;
     }
     void translate(LONG dx, LONG dy);

@@ -135,7 +135,6 @@ RECT screenClient(const Window& window);
 int widthOf(const RECT& r);
 int heightOf(const RECT& r);
 bool hasNoArea(const RECT& r);
-bool contains(const RECT& r, POINT p);
 RECT offset(RECT r, LONG dx, LONG dy);
 RECT overlapOf(const RECT& a, const RECT& b);
 RECT unionOf(const RECT& a, const RECT& b); ///< An empty one counts for nothing

@@ -204,10 +204,6 @@ bool hasNoArea(const RECT& r) {
     return r.right <= r.left || r.bottom <= r.top;
 }
 
-bool contains(const RECT& r, POINT p) {
-    return p.x >= r.left && p.x < r.right && p.y >= r.top && p.y < r.bottom;
-}
-
 RECT offset(RECT r, LONG dx, LONG dy) {
     return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
 }

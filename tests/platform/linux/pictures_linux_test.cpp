@@ -1,3 +1,5 @@
+// How many scans a JPEG picture may have, which the codec of the system decides for itself.
+
 #include "platform/pictures.h"
 
 #include <gtest/gtest.h>
