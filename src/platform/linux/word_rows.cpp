@@ -1,6 +1,7 @@
 #include "platform/linux/word_rows.h"
 
 #include <cstring>
+#include <initializer_list>
 
 namespace platform::driver {
 
@@ -118,7 +119,8 @@ void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
 /// Chooses them when the program starts.
 const struct FastestRows {
     FastestRows() {
-        if (const WordRows* rows = avx2WordRows()) fastestWordRows = rows;
+        for (const WordRows* rows : {avx2WordRows(), avx512WordRows()})
+            if (rows) fastestWordRows = rows;
     }
 } fastestRows;
 

@@ -55,6 +55,8 @@ extern const WordRows plainWordRows;
 
 /// For the one that the program runs on if it has AVX2, null otherwise.
 const WordRows* avx2WordRows();
+/// The same for AVX-512.
+const WordRows* avx512WordRows();
 
 /// Those for this processor from the start of the program on, the plain ones until then.
 extern const WordRows* fastestWordRows;

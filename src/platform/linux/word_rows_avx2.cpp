@@ -4,123 +4,49 @@
 
 #ifdef __x86_64__
 
-#include <cstdlib>
 #include <immintrin.h>
 
-// The program is compiled for every processor of its kind, these functions for those that have AVX2.
-#define WITH_AVX2 __attribute__((target("avx2")))
+#define WITH_VECTORS __attribute__((target("avx2")))
+
+#include "platform/linux/word_changes.h"
 
 namespace platform::driver {
 
 namespace {
 
-constexpr std::ptrdiff_t wordsAtOnce = 8;
 constexpr unsigned full = 255;
 constexpr unsigned half = 128;
 
-WITH_AVX2 inline __m256i load(const std::uint32_t* words) {
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(words));
-}
+struct EightWords {
+    using Words = __m256i;
+    static constexpr std::ptrdiff_t wordsAtOnce = 8;
 
-WITH_AVX2 inline void store(std::uint32_t* words, __m256i values) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(words), values);
-}
+    WITH_VECTORS static Words load(const std::uint32_t* words) {
+        return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(words));
+    }
+    WITH_VECTORS static void store(std::uint32_t* words, Words values) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(words), values);
+    }
+};
+
+constexpr std::ptrdiff_t wordsAtOnce = EightWords::wordsAtOnce;
 
 /// The same words, which the compiler keeps in a register from here on: it would load them again for each
 /// use, and loads are what the cheaper changes wait for.
-WITH_AVX2 inline __m256i loaded(__m256i words) {
+WITH_VECTORS inline __m256i loaded(__m256i words) {
     asm("" : "+x"(words));
     return words;
 }
 
-/// Vectors of a row. The last one ends with the row and may reach back over words of the one before.
-constexpr std::ptrdiff_t vectorsOf(int width) {
-    return (width + wordsAtOnce - 1) / wordsAtOnce;
-}
-
-/// Words of a row up to the first that lies at a multiple of a vector's size; a whole vector if that is the
-/// row's first.
-inline std::ptrdiff_t wordsToLine(const std::uint32_t* row) {
-    const std::uintptr_t number = reinterpret_cast<std::uintptr_t>(row) / sizeof *row;
-    return wordsAtOnce - static_cast<std::ptrdiff_t>(number % wordsAtOnce);
-}
-
-/// Gives words what `change` makes of them and the source's, in rows of so many vectors: all of a row is
-/// worked out before any of it is stored.
-template <int vectors, class Change>
-WITH_AVX2 inline void changeNarrow(WordBlocks blocks, const Change& change) {
-    const std::ptrdiff_t last = blocks.width - wordsAtOnce;
-    for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
-        __m256i changed[vectors];
-        for (int i = 0; i < vectors; ++i) {
-            const std::ptrdiff_t x = i == vectors - 1 ? last : i * wordsAtOnce;
-            changed[i] = change(load(blocks.target + x), load(blocks.source + x));
-        }
-        for (int i = 0; i < vectors - 1; ++i)
-            store(blocks.target + i * wordsAtOnce, changed[i]);
-        store(blocks.target + last, changed[vectors - 1]);
-    }
-}
-
-template <class Change>
-WITH_AVX2 inline void changeVector(const WordBlocks& blocks, std::ptrdiff_t x, const Change& change) {
-    store(blocks.target + x, change(load(blocks.target + x), load(blocks.source + x)));
-}
-
-/// The same in wider rows. What is stored between the ends lies in line with the processor's memory, two
-/// vectors a turn, as the turns themselves cost a copy a third of its time; both ends, which others may
-/// overlap, are worked out first and stored last. Rows that lie on different pages are asked for before they
-/// are needed: the processor does not foresee where a narrow rectangle goes on.
-template <class Change>
-WITH_AVX2 inline void changeWide(WordBlocks blocks, const Change& change) {
-    constexpr int rowsAhead = 2;
-    constexpr int wordsOfCacheLine = 16;
-    constexpr std::ptrdiff_t wordsOfPage = 1024;
-    const bool asksAhead = Change::readsTarget && std::abs(blocks.targetStride) >= wordsOfPage / 2;
-    const std::ptrdiff_t last = blocks.width - wordsAtOnce;
-    for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
-        const std::uint32_t* const ahead = blocks.target + rowsAhead * blocks.targetStride;
-        for (int x = 0; asksAhead && blocks.height > rowsAhead && x < blocks.width; x += wordsOfCacheLine)
-            __builtin_prefetch(ahead + x, 1);
-        const __m256i start = change(load(blocks.target), load(blocks.source));
-        const __m256i end = change(load(blocks.target + last), load(blocks.source + last));
-        std::ptrdiff_t x = wordsToLine(blocks.target);
-        for (; x + wordsAtOnce < last; x += 2 * wordsAtOnce) {
-            changeVector(blocks, x, change);
-            changeVector(blocks, x + wordsAtOnce, change);
-        }
-        if (x < last) changeVector(blocks, x, change);
-        store(blocks.target, start);
-        store(blocks.target + last, end);
-    }
-}
-
-/// The same in rows of a vector or more.
-template <class Change>
-WITH_AVX2 inline void changeWords(const WordBlocks& blocks, const Change& change) {
-    switch (vectorsOf(blocks.width)) {
-    case 1:
-        return changeNarrow<1>(blocks, change);
-    case 2:
-        return changeNarrow<2>(blocks, change);
-    case 3:
-        return changeNarrow<3>(blocks, change);
-    case 4:
-        return changeNarrow<4>(blocks, change);
-    default:
-        return changeWide(blocks, change);
-    }
-}
-
 /// Sixteen products of bytes and factors up to 255, divided by 255 to the nearest.
-WITH_AVX2 inline __m256i dividedBy255(__m256i products) {
+WITH_VECTORS inline __m256i dividedBy255(__m256i products) {
     const __m256i sums = _mm256_add_epi16(products, _mm256_set1_epi16(128));
     return _mm256_mulhi_epu16(sums, _mm256_set1_epi16(257));
 }
 
 /// Each byte of words times a factor up to 255, which stands twice in each word, divided by 255 to the
 /// nearest.
-WITH_AVX2 inline __m256i scaled(__m256i words, __m256i factors) {
+WITH_VECTORS inline __m256i scaled(__m256i words, __m256i factors) {
     const __m256i even = _mm256_and_si256(words, _mm256_set1_epi16(full));
     const __m256i odd = _mm256_srli_epi16(words, 8);
     return _mm256_or_si256(dividedBy255(_mm256_mullo_epi16(even, factors)),
@@ -128,18 +54,18 @@ WITH_AVX2 inline __m256i scaled(__m256i words, __m256i factors) {
 }
 
 struct Copy {
-    static constexpr bool readsTarget = false;
+    using Vectors = EightWords;
 
-    WITH_AVX2 __m256i operator()(__m256i, __m256i source) const { return source; }
+    WITH_VECTORS __m256i operator()(__m256i, __m256i source) const { return source; }
 };
 
 /// Mixes source and target with one multiplication for both. It takes factors without sign and bytes with
 /// one: the bytes lie 128 too low in it, and the sums, whose factors make 255 together, 255 times as much.
 struct ConstantBlend {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
     unsigned alpha;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         const __m256i lowered = _mm256_set1_epi8(-128);
         const __m256i to = _mm256_xor_si256(target, lowered);
         const __m256i from = _mm256_xor_si256(source, lowered);
@@ -148,7 +74,7 @@ struct ConstantBlend {
     }
 
 private:
-    WITH_AVX2 __m256i mixed(__m256i pairs) const {
+    WITH_VECTORS __m256i mixed(__m256i pairs) const {
         const __m256i factors = _mm256_set1_epi16(static_cast<short>((full - alpha) << 8 | alpha));
         const __m256i raised = _mm256_set1_epi16(128 * full);
         return dividedBy255(_mm256_add_epi16(_mm256_maddubs_epi16(factors, pairs), raised));
@@ -158,9 +84,9 @@ private:
 /// The mix by 128 of 255, which comes to the middle of both; where that is not whole, to its neighbour on the
 /// side of the source.
 struct HalfBlend {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         // The average rounds up: of a higher target's bytes one less is taken.
         const __m256i less = _mm256_subs_epu8(target, _mm256_set1_epi8(1));
         return _mm256_avg_epu8(source, _mm256_max_epu8(less, _mm256_min_epu8(target, source)));
@@ -169,9 +95,9 @@ struct HalfBlend {
 
 /// Puts words over others by their own alpha.
 struct AlphaBlend {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         const __m256i alphas = _mm256_shuffle_epi8(
             source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
                                      3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
@@ -181,19 +107,19 @@ struct AlphaBlend {
 };
 
 struct ScaledAlphaBlend {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
     unsigned alpha;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i source) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         return AlphaBlend()(target, scaled(source, _mm256_set1_epi16(static_cast<short>(alpha))));
     }
 };
 
 struct OpaqueCopy {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
     std::uint32_t transparent;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i words) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i words) const {
         const __m256i source = loaded(words);
         const __m256i color = _mm256_set1_epi32(static_cast<int>(transparent << 8));
         const __m256i isTransparent = _mm256_cmpeq_epi32(_mm256_slli_epi32(source, 8), color);
@@ -202,17 +128,17 @@ struct OpaqueCopy {
 };
 
 struct ColorCopy {
-    static constexpr bool readsTarget = true;
+    using Vectors = EightWords;
     std::uint32_t leftOut;
 
-    WITH_AVX2 __m256i operator()(__m256i target, __m256i words) const {
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i words) const {
         const __m256i source = loaded(words);
         const __m256i isLeftOut = _mm256_cmpeq_epi32(source, _mm256_set1_epi32(static_cast<int>(leftOut)));
         return _mm256_and_si256(_mm256_blendv_epi8(source, target, isLeftOut), _mm256_set1_epi32(0xFFFFFF));
     }
 };
 
-WITH_AVX2 void copy(const WordBlocks& blocks) {
+WITH_VECTORS void copy(const WordBlocks& blocks) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.copy(blocks);
     } else {
@@ -220,7 +146,7 @@ WITH_AVX2 void copy(const WordBlocks& blocks) {
     }
 }
 
-WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
+WITH_VECTORS void blendConstant(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.blendConstant(blocks, alpha);
     } else if (alpha == half) {
@@ -230,7 +156,7 @@ WITH_AVX2 void blendConstant(const WordBlocks& blocks, unsigned alpha) {
     }
 }
 
-WITH_AVX2 void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
+WITH_VECTORS void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.blendAlpha(blocks, alpha);
     } else if (alpha == full) {
@@ -240,7 +166,7 @@ WITH_AVX2 void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
     }
 }
 
-WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
+WITH_VECTORS void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.copyOpaque(blocks, transparent);
     } else {
@@ -252,45 +178,45 @@ WITH_AVX2 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
 struct SameValue {
     __m256i words;
 
-    WITH_AVX2 __m256i at(int) const { return words; }
+    WITH_VECTORS __m256i at(int) const { return words; }
 };
 
 struct ValuesOfRows {
     const std::uint32_t* values;
 
-    WITH_AVX2 __m256i at(int row) const { return _mm256_set1_epi32(static_cast<int>(values[row])); }
+    WITH_VECTORS __m256i at(int row) const { return _mm256_set1_epi32(static_cast<int>(values[row])); }
 };
 
 /// Rows of so many vectors.
 template <int vectors, class Values>
-WITH_AVX2 inline void fillNarrow(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
-                                 const Values& values) {
+WITH_VECTORS inline void fillNarrow(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
+                                    const Values& values) {
     std::uint32_t* last = row + width - wordsAtOnce;
     for (int y = 0; y < height; ++y, row += stride, last += stride) {
         const __m256i words = values.at(y);
         for (int i = 0; i < vectors - 1; ++i)
-            store(row + i * wordsAtOnce, words);
-        store(last, words);
+            EightWords::store(row + i * wordsAtOnce, words);
+        EightWords::store(last, words);
     }
 }
 
 template <class Values>
-WITH_AVX2 inline void fillWide(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
-                               const Values& values) {
+WITH_VECTORS inline void fillWide(std::uint32_t* row, std::ptrdiff_t stride, int width, int height,
+                                  const Values& values) {
     for (int y = 0; y < height; ++y, row += stride) {
         const __m256i words = values.at(y);
         std::uint32_t* const last = row + width - wordsAtOnce;
-        store(row, words);
-        for (std::uint32_t* at = row + wordsToLine(row); at < last; at += wordsAtOnce)
-            store(at, words);
-        store(last, words);
+        EightWords::store(row, words);
+        for (std::uint32_t* at = row + wordsToLine<EightWords>(row); at < last; at += wordsAtOnce)
+            EightWords::store(at, words);
+        EightWords::store(last, words);
     }
 }
 
 template <class Values>
-WITH_AVX2 inline void fillWith(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
-                               const Values& values) {
-    switch (vectorsOf(width)) {
+WITH_VECTORS inline void fillWith(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                                  const Values& values) {
+    switch (vectorsOf<EightWords>(width)) {
     case 1:
         return fillNarrow<1>(first, stride, width, height, values);
     case 2:
@@ -302,7 +228,8 @@ WITH_AVX2 inline void fillWith(std::uint32_t* first, std::ptrdiff_t stride, int 
     }
 }
 
-WITH_AVX2 void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height, std::uint32_t value) {
+WITH_VECTORS void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                       std::uint32_t value) {
     if (width < wordsAtOnce) {
         plainWordRows.fill(first, stride, width, height, value);
     } else {
@@ -310,8 +237,8 @@ WITH_AVX2 void fill(std::uint32_t* first, std::ptrdiff_t stride, int width, int 
     }
 }
 
-WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
-                        const std::uint32_t* values) {
+WITH_VECTORS void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, int height,
+                           const std::uint32_t* values) {
     if (width < wordsAtOnce) {
         plainWordRows.fillRows(first, stride, width, height, values);
     } else {
@@ -320,7 +247,7 @@ WITH_AVX2 void fillRows(std::uint32_t* first, std::ptrdiff_t stride, int width, 
 }
 
 /// Fewer words than a vector has: two halves of one, or two quarters, that may overlap.
-WITH_AVX2 inline void fillFew(std::uint32_t* first, int width, __m128i words) {
+WITH_VECTORS inline void fillFew(std::uint32_t* first, int width, __m128i words) {
     constexpr int wordsOfHalf = 4;
     constexpr int wordsOfQuarter = 2;
     if (width >= wordsOfHalf) {
@@ -334,7 +261,7 @@ WITH_AVX2 inline void fillFew(std::uint32_t* first, int width, __m128i words) {
     }
 }
 
-WITH_AVX2 void fillSpans(const WordSpan* spans, int count, std::uint32_t value) {
+WITH_VECTORS void fillSpans(const WordSpan* spans, int count, std::uint32_t value) {
     const __m256i words = _mm256_set1_epi32(static_cast<int>(value));
     for (; count > 0; --count, ++spans) {
         if (spans->width < wordsAtOnce) {
@@ -343,12 +270,12 @@ WITH_AVX2 void fillSpans(const WordSpan* spans, int count, std::uint32_t value) 
         }
         std::uint32_t* const last = spans->first + spans->width - wordsAtOnce;
         for (std::uint32_t* at = spans->first; at < last; at += wordsAtOnce)
-            store(at, words);
-        store(last, words);
+            EightWords::store(at, words);
+        EightWords::store(last, words);
     }
 }
 
-WITH_AVX2 void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
+WITH_VECTORS void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     if (blocks.width < wordsAtOnce) {
         plainWordRows.copyColors(blocks, leftOut);
     } else {

@@ -1,4 +1,4 @@
-// Both kinds of word rows against the plain formula, for every width around the number of words that are
+// All kinds of word rows against the plain formula, for every width around the number of words that are
 // changed at once.
 
 #include "platform/linux/word_rows.h"
@@ -12,7 +12,7 @@ using namespace platform::driver;
 
 namespace {
 
-constexpr int stride = 48;
+constexpr int stride = 144;
 constexpr int rows = 5;
 constexpr unsigned full = 255;
 
@@ -61,7 +61,8 @@ std::uint32_t divided(std::uint32_t product) {
 /// All that this processor can do.
 std::vector<const WordRows*> kinds() {
     std::vector<const WordRows*> result{&plainWordRows};
-    if (avx2WordRows()) result.push_back(avx2WordRows());
+    for (const WordRows* kind : {avx2WordRows(), avx512WordRows()})
+        if (kind) result.push_back(kind);
     return result;
 }
 
@@ -70,7 +71,7 @@ class WordRowsTest : public testing::TestWithParam<const WordRows*> {};
 } // namespace
 
 TEST_P(WordRowsTest, CopiesWhatLiesInTheRectangle) {
-    for (int width = 0; width <= 40; ++width) {
+    for (int width = 0; width <= 136; ++width) {
         const auto copy = [&](WordBlocks blocks) { GetParam()->copy(blocks); };
         const auto formula = [](std::uint32_t, std::uint32_t from) { return from; };
         ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
@@ -78,7 +79,7 @@ TEST_P(WordRowsTest, CopiesWhatLiesInTheRectangle) {
 }
 
 TEST_P(WordRowsTest, BlendsBothByOneAlphaToTheNearest) {
-    for (int width = 0; width <= 40; ++width)
+    for (int width = 0; width <= 136; ++width)
         for (const unsigned alpha : {0u, 1u, 77u, 127u, 128u, 254u, 255u}) {
             const auto over = [&](WordBlocks blocks) { GetParam()->blendConstant(blocks, alpha); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -105,7 +106,7 @@ TEST_P(WordRowsTest, BlendsEveryPairOfBytesByEveryAlpha) {
 }
 
 TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
-    for (int width = 0; width <= 40; ++width)
+    for (int width = 0; width <= 136; ++width)
         for (const unsigned alpha : {0u, 1u, 128u, 255u}) {
             const auto over = [&](WordBlocks blocks) { GetParam()->blendAlpha(blocks, alpha); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -121,7 +122,7 @@ TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
 }
 
 TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte) {
-    for (int width = 0; width <= 40; ++width)
+    for (int width = 0; width <= 136; ++width)
         for (const std::uint32_t word : {words(2)[4], words(2)[9]}) {
             const std::uint32_t transparent = word & 0xFFFFFF;
             const auto copy = [&](WordBlocks blocks) { GetParam()->copyOpaque(blocks, transparent); };
@@ -133,7 +134,7 @@ TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte
 }
 
 TEST_P(WordRowsTest, FillsEveryWidth) {
-    for (int width = 0; width <= 40; ++width) {
+    for (int width = 0; width <= 136; ++width) {
         const auto fill = [](WordBlocks blocks) {
             GetParam()->fill(blocks.target, blocks.targetStride, blocks.width, blocks.height, 0x12345678);
         };
@@ -144,7 +145,7 @@ TEST_P(WordRowsTest, FillsEveryWidth) {
 
 TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
     const std::vector<std::uint32_t> values = words(3);
-    for (int width = 0; width <= 40; ++width) {
+    for (int width = 0; width <= 136; ++width) {
         const auto fill = [&](WordBlocks blocks) {
             GetParam()->fillRows(blocks.target, blocks.targetStride, blocks.width, blocks.height,
                                  values.data());
@@ -159,7 +160,7 @@ TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
 }
 
 TEST_P(WordRowsTest, FillsSpans) {
-    for (int width = 1; width <= 40; ++width) {
+    for (int width = 1; width <= 136; ++width) {
         const auto fill = [&](WordBlocks blocks) {
             const WordSpan spans[] = {{blocks.target, width}, {blocks.target + blocks.targetStride, 1}};
             GetParam()->fillSpans(spans, 2, 0x12345678);
@@ -173,7 +174,7 @@ TEST_P(WordRowsTest, FillsSpans) {
 }
 
 TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
-    for (int width = 0; width <= 40; ++width)
+    for (int width = 0; width <= 136; ++width)
         for (const std::uint32_t leftOut : {words(2)[4], words(2)[9]}) {
             const auto copy = [&](WordBlocks blocks) { GetParam()->copyColors(blocks, leftOut); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -183,4 +184,4 @@ TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
         }
 }
 
-INSTANTIATE_TEST_SUITE_P(PlainAndAvx2, WordRowsTest, testing::ValuesIn(kinds()));
+INSTANTIATE_TEST_SUITE_P(AllKinds, WordRowsTest, testing::ValuesIn(kinds()));
