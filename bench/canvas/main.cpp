@@ -104,6 +104,8 @@ std::map<std::string, double> windowsTimes() {
 
 /// Measures the operation with each library that has it; the first is ours. What the machine takes for the
 /// bare rows of bytes is a bound for all: `floor` lines say how many times faster than each peer that is.
+/// Each draws its round once unmeasured before: the others have taken its place in the processor's memory,
+/// which on Windows, in a process of its own, nobody does.
 void measure(const Measurement& measurement, const std::string& name, const std::vector<Library>& libraries,
              const Operations& rows, const std::map<std::string, double>& windows) {
     constexpr int rounds = 41;
@@ -111,7 +113,8 @@ void measure(const Measurement& measurement, const std::string& name, const std:
     const auto add = [&](const char* library, const Operations& operations) {
         const auto found = operations.find(measurement.name);
         if (found == operations.end()) return false;
-        candidates.push_back({library, [draw = found->second, calls = measurement.calls] { draw(calls); }});
+        const auto work = [draw = found->second, calls = measurement.calls] { draw(calls); };
+        candidates.push_back({library, work, work});
         return true;
     };
     for (const Library& library : libraries)
