@@ -88,19 +88,34 @@ void blend(DeviceContext& context, const RECT& area, const Bitmap& picture) {
     blendPixels(context, area, pixelsOf(picture, {area.left, area.top}), byAlpha);
 }
 
-/// Blends a picture of words into the area of its size on words. Mostly all of it is to be seen.
+/// The picture of words with what they leave of the ground below them.
+std::unique_ptr<Bitmap> withShares(std::unique_ptr<Bitmap> picture) {
+    if (!picture) return nullptr;
+    const Surface& from = picture->surface;
+    auto both = makeBitmapLike(from, from.width, 2 * from.height);
+    if (!both) return nullptr;
+    for (int y = 0; y < from.height; ++y) {
+        copyRow(from, 0, y, both->surface, 0, y, from.width);
+        std::transform(row32(from, y), row32(from, y) + from.width, row32(both->surface, from.height + y),
+                       shareLeftBy);
+    }
+    return both;
+}
+
+/// Blends a picture of words with their shares into the area of its size on words. Mostly all of it is to be
+/// seen.
 void blendKept(DeviceContext& context, const RECT& area, const Bitmap& picture) {
     const std::optional<PlainArea> plain = plainArea(context);
     if (!plain || !plain->covers(area)) {
         blend(context, area, picture);
         return;
     }
-    constexpr unsigned full = 255;
     const Surface& to = *context.surface;
     const Surface& from = picture.surface;
-    wordRows().blendAlpha({row32(to, area.top) + area.left, wordStride(to), row32(from, 0), wordStride(from),
-                           from.width, from.height},
-                          full);
+    const int height = from.height / 2;
+    wordRows().blendShares({row32(to, area.top) + area.left, wordStride(to), row32(from, 0), wordStride(from),
+                            from.width, height},
+                           wordStride(from) * height);
 }
 
 /// The icon's AND mask, and its colours or its XOR mask, brought to a size.
@@ -137,17 +152,18 @@ std::unique_ptr<Bitmap> asWords(const DeviceContext& context, std::unique_ptr<Bi
     return words;
 }
 
-bool haveSize(const IconWords& words, const Place& place) {
-    return words.image && words.image->surface.width == place.width() &&
-           words.image->surface.height == place.height();
+bool haveSize(const Icon& icon, const Place& place) {
+    const Bitmap* image = icon.words.image.get();
+    return image && image->surface.width == place.width() &&
+           image->surface.height == place.height() * (icon.blend ? 2 : 1);
 }
 
 /// Icons are mostly drawn again and again at one size.
 const IconWords& wordsOf(Icon& icon, const DeviceContext& context, const Place& place) {
-    if (haveSize(icon.words, place)) return icon.words;
+    if (haveSize(icon, place)) return icon.words;
     icon.words = {};
     if (icon.blend) {
-        icon.words.image = fittedBlend(icon, place);
+        icon.words.image = withShares(fittedBlend(icon, place));
     } else {
         icon.words.mask = asWords(context, fittedMask(icon, place));
         icon.words.image = asWords(context, fittedImage(icon, place));

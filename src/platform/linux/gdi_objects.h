@@ -88,8 +88,10 @@ struct Palette : Object {
 
 /// An icon as it is drawn on plain words at one size.
 struct IconWords {
-    std::unique_ptr<Bitmap> mask;  ///< What stays of the ground; null when there is alpha
-    std::unique_ptr<Bitmap> image; ///< What is mixed with that; with alpha, multiplied by it
+    std::unique_ptr<Bitmap> mask; ///< What stays of the ground; null when there is alpha
+    /// What is mixed with that; with alpha, multiplied by it, and below it what each pixel leaves of the
+    /// ground.
+    std::unique_ptr<Bitmap> image;
 };
 
 struct Icon : Object {

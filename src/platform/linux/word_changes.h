@@ -3,10 +3,10 @@
 // a file says first what its functions are compiled for, as WITH_VECTORS; the program itself is compiled for
 // every processor of its kind.
 //
-// A `Vectors` is a type of that file with the words of a vector, `wordsAtOnce`, their type `Words`, and the
-// functions `load` and `store`. A `Change` makes of words of the target and the source what the target gets,
-// and names its `Vectors`. That these types are the file's own keeps what is compiled for one processor out
-// of the others' code.
+// A `Vectors` is a type of that file with the words of a vector, `wordsAtOnce`, their type `Words`, a call
+// that loads them from an address, and `store`. A `Change` makes of the words at an address of the target and
+// at one of the source what the target gets; it is given what loads them, and names its `Vectors`. That these
+// types are the file's own keeps what is compiled for one processor out of the others' code.
 
 #include "platform/linux/word_rows.h"
 
@@ -42,8 +42,8 @@ WITH_VECTORS inline void changeRows(const WordBlocks& blocks, const Change& chan
     typename Vectors::Words changed[rows][vectors];
     for (int row = 0; row < rows; ++row)
         for (int i = 0; i < vectors; ++i)
-            changed[row][i] = change(Vectors::load(blocks.target + row * blocks.targetStride + at(i)),
-                                     Vectors::load(blocks.source + row * blocks.sourceStride + at(i)));
+            changed[row][i] = change(Vectors(), blocks.target + row * blocks.targetStride + at(i),
+                                     blocks.source + row * blocks.sourceStride + at(i));
     for (int row = 0; row < rows; ++row)
         for (int i = 0; i < vectors; ++i)
             Vectors::store(blocks.target + row * blocks.targetStride + at(i), changed[row][i]);
@@ -64,8 +64,7 @@ WITH_VECTORS inline void changeNarrow(WordBlocks blocks, const Change& change) {
 template <class Change>
 WITH_VECTORS inline void changeVector(const WordBlocks& blocks, std::ptrdiff_t x, const Change& change) {
     using Vectors = typename Change::Vectors;
-    Vectors::store(blocks.target + x,
-                   change(Vectors::load(blocks.target + x), Vectors::load(blocks.source + x)));
+    Vectors::store(blocks.target + x, change(Vectors(), blocks.target + x, blocks.source + x));
 }
 
 /// The same in wider rows. What is stored between the ends lies in line with the processor's memory, two
@@ -83,8 +82,8 @@ WITH_VECTORS inline void changeWide(WordBlocks blocks, const Change& change) {
         const std::uint32_t* const ahead = blocks.target + rowsAhead * blocks.targetStride;
         for (int x = 0; asksAhead && blocks.height > rowsAhead && x < blocks.width; x += wordsOfCacheLine)
             __builtin_prefetch(ahead + x, 1);
-        const auto start = change(Vectors::load(blocks.target), Vectors::load(blocks.source));
-        const auto end = change(Vectors::load(blocks.target + last), Vectors::load(blocks.source + last));
+        const auto start = change(Vectors(), blocks.target, blocks.source);
+        const auto end = change(Vectors(), blocks.target + last, blocks.source + last);
         std::ptrdiff_t x = wordsToLine<Vectors>(blocks.target);
         for (; x + wordsAtOnce < last; x += 2 * wordsAtOnce) {
             changeVector(blocks, x, change);

@@ -68,6 +68,11 @@ void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
     });
 }
 
+/// One word at a time, the alpha itself is as quick as the shares that stand for it.
+void blendShares(const WordBlocks& blocks, std::ptrdiff_t) {
+    blendAlpha(blocks, full);
+}
+
 void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     changeWords(blocks, [transparent = transparent & colorBits](std::uint32_t to, std::uint32_t from) {
         return (from & colorBits) != transparent ? from : to;
@@ -126,7 +131,7 @@ const struct FastestRows {
 
 } // namespace
 
-constinit const WordRows plainWordRows{copy,       blendConstant, blendAlpha, copyOpaque,
+constinit const WordRows plainWordRows{copy,       blendConstant, blendAlpha, blendShares, copyOpaque,
                                        copyColors, fill,          fillRows,   fillSpans};
 
 constinit const WordRows* fastestWordRows = &plainWordRows;

@@ -1,6 +1,7 @@
 #pragma once
 // Filling rectangles of 32-bit words and changing them by others, many words at once where the processor can.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cwchar>
@@ -37,6 +38,10 @@ struct WordRows {
     /// Puts words over others that show through by what each word's highest byte, its alpha, leaves. The
     /// other bytes are multiplied by it already; all four are first multiplied by `alpha`, up to 255.
     void (*blendAlpha)(const WordBlocks& blocks, unsigned alpha);
+    /// The same by 255, with what each word leaves of the target in a second rectangle of the source's kind,
+    /// `toShares` words behind it: `shareLeftBy` the word. It is kept for pictures that are blended again and
+    /// again.
+    void (*blendShares)(const WordBlocks& blocks, std::ptrdiff_t toShares);
     /// Copies the words whose lower three bytes are not those of `transparent`.
     void (*copyOpaque)(const WordBlocks& blocks, std::uint32_t transparent);
     /// Copies the words other than one. The highest byte of all words of the target becomes 0.
@@ -49,6 +54,16 @@ struct WordRows {
     /// Sets all words of spans.
     void (*fillSpans)(const WordSpan* spans, int count, std::uint32_t value);
 };
+
+/// What a word leaves of those that it is put over by its alpha, for `blendShares`: twice the same 16 bits, a
+/// share of 65,536. A byte times this, its fraction rounded to the nearest, is what it is times what the
+/// alpha leaves of 255, divided by 255 to the nearest.
+constexpr std::uint32_t shareLeftBy(std::uint32_t word) {
+    constexpr std::uint32_t full = 255;
+    const std::uint32_t left = full - (word >> 24);
+    const std::uint32_t rounded = ((left << 16) + full / 2) / full;
+    return std::min(rounded, 0xFFFFu) * 0x10001;
+}
 
 /// For every processor.
 extern const WordRows plainWordRows;

@@ -21,8 +21,12 @@ struct EightWords {
     using Words = __m256i;
     static constexpr std::ptrdiff_t wordsAtOnce = 8;
 
-    WITH_VECTORS static Words load(const std::uint32_t* words) {
-        return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(words));
+    /// The compiler keeps the words in a register: it would load them again for each use, and loads are what
+    /// the cheaper changes wait for.
+    WITH_VECTORS Words operator()(const std::uint32_t* words) const {
+        Words loaded = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(words));
+        asm("" : "+x"(loaded));
+        return loaded;
     }
     WITH_VECTORS static void store(std::uint32_t* words, Words values) {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(words), values);
@@ -30,13 +34,6 @@ struct EightWords {
 };
 
 constexpr std::ptrdiff_t wordsAtOnce = EightWords::wordsAtOnce;
-
-/// The same words, which the compiler keeps in a register from here on: it would load them again for each
-/// use, and loads are what the cheaper changes wait for.
-WITH_VECTORS inline __m256i loaded(__m256i words) {
-    asm("" : "+x"(words));
-    return words;
-}
 
 /// Sixteen products of bytes and factors up to 255, divided by 255 to the nearest.
 WITH_VECTORS inline __m256i dividedBy255(__m256i products) {
@@ -56,7 +53,10 @@ WITH_VECTORS inline __m256i scaled(__m256i words, __m256i factors) {
 struct Copy {
     using Vectors = EightWords;
 
-    WITH_VECTORS __m256i operator()(__m256i, __m256i source) const { return source; }
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t*, const std::uint32_t* over) const {
+        return load(over);
+    }
 };
 
 /// Mixes source and target with one multiplication for both. It takes factors without sign and bytes with
@@ -65,7 +65,10 @@ struct ConstantBlend {
     using Vectors = EightWords;
     unsigned alpha;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m256i target = load(under), source = load(over);
         const __m256i lowered = _mm256_set1_epi8(-128);
         const __m256i to = _mm256_xor_si256(target, lowered);
         const __m256i from = _mm256_xor_si256(source, lowered);
@@ -86,7 +89,10 @@ private:
 struct HalfBlend {
     using Vectors = EightWords;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m256i target = load(under), source = load(over);
         // The average rounds up: of a higher target's bytes one less is taken.
         const __m256i less = _mm256_subs_epu8(target, _mm256_set1_epi8(1));
         return _mm256_avg_epu8(source, _mm256_max_epu8(less, _mm256_min_epu8(target, source)));
@@ -94,15 +100,21 @@ struct HalfBlend {
 };
 
 /// Puts words over others by their own alpha.
+WITH_VECTORS inline __m256i blended(__m256i target, __m256i source) {
+    const __m256i alphas = _mm256_shuffle_epi8(
+        source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
+                                 3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
+    const __m256i under = _mm256_sub_epi16(_mm256_set1_epi16(full), alphas);
+    return _mm256_add_epi32(source, scaled(target, under));
+}
+
 struct AlphaBlend {
     using Vectors = EightWords;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
-        const __m256i alphas = _mm256_shuffle_epi8(
-            source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
-                                     3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
-        const __m256i under = _mm256_sub_epi16(_mm256_set1_epi16(full), alphas);
-        return _mm256_add_epi32(source, scaled(target, under));
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        return blended(load(under), load(over));
     }
 };
 
@@ -110,8 +122,33 @@ struct ScaledAlphaBlend {
     using Vectors = EightWords;
     unsigned alpha;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
-        return AlphaBlend()(target, scaled(source, _mm256_set1_epi16(static_cast<short>(alpha))));
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        return blended(load(under), scaled(load(over), _mm256_set1_epi16(static_cast<short>(alpha))));
+    }
+};
+
+/// Puts words over others, of which bytes are left times what stands in the words' shares.
+struct SharesBlend {
+    using Vectors = EightWords;
+    std::ptrdiff_t toShares;
+
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m256i target = load(under), shares = load(over + toShares);
+        const __m256i highBytes = _mm256_set1_epi16(static_cast<short>(0xFF00));
+        const __m256i even = rounded(_mm256_mulhi_epu16(_mm256_slli_epi16(target, 8), shares));
+        const __m256i odd = rounded(_mm256_mulhi_epu16(_mm256_and_si256(target, highBytes), shares));
+        const __m256i left = _mm256_or_si256(_mm256_srli_epi16(even, 8), _mm256_and_si256(odd, highBytes));
+        return _mm256_add_epi32(load(over), left);
+    }
+
+private:
+    /// So that the higher bytes are the nearest to the products.
+    WITH_VECTORS static __m256i rounded(__m256i products) {
+        return _mm256_add_epi16(products, _mm256_set1_epi16(128));
     }
 };
 
@@ -119,8 +156,10 @@ struct OpaqueCopy {
     using Vectors = EightWords;
     std::uint32_t transparent;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i words) const {
-        const __m256i source = loaded(words);
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m256i target = load(under), source = load(over);
         const __m256i color = _mm256_set1_epi32(static_cast<int>(transparent << 8));
         const __m256i isTransparent = _mm256_cmpeq_epi32(_mm256_slli_epi32(source, 8), color);
         return _mm256_blendv_epi8(source, target, isTransparent);
@@ -131,8 +170,10 @@ struct ColorCopy {
     using Vectors = EightWords;
     std::uint32_t leftOut;
 
-    WITH_VECTORS __m256i operator()(__m256i target, __m256i words) const {
-        const __m256i source = loaded(words);
+    template <class Load>
+    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m256i target = load(under), source = load(over);
         const __m256i isLeftOut = _mm256_cmpeq_epi32(source, _mm256_set1_epi32(static_cast<int>(leftOut)));
         return _mm256_and_si256(_mm256_blendv_epi8(source, target, isLeftOut), _mm256_set1_epi32(0xFFFFFF));
     }
@@ -163,6 +204,14 @@ WITH_VECTORS void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
         changeWords(blocks, AlphaBlend());
     } else {
         changeWords(blocks, ScaledAlphaBlend{alpha});
+    }
+}
+
+WITH_VECTORS void blendShares(const WordBlocks& blocks, std::ptrdiff_t toShares) {
+    if (blocks.width < wordsAtOnce) {
+        plainWordRows.blendShares(blocks, toShares);
+    } else {
+        changeWords(blocks, SharesBlend{toShares});
     }
 }
 
@@ -283,7 +332,7 @@ WITH_VECTORS void copyColors(const WordBlocks& blocks, std::uint32_t leftOut) {
     }
 }
 
-constexpr WordRows avx2Rows{copy,       blendConstant, blendAlpha, copyOpaque,
+constexpr WordRows avx2Rows{copy,       blendConstant, blendAlpha, blendShares, copyOpaque,
                             copyColors, fill,          fillRows,   fillSpans};
 
 } // namespace

@@ -18,8 +18,22 @@ struct SixteenWords {
     using Words = __m512i;
     static constexpr std::ptrdiff_t wordsAtOnce = 16;
 
-    WITH_VECTORS static Words load(const std::uint32_t* words) { return _mm512_loadu_si512(words); }
+    /// The compiler keeps the words in a register: it would load them again for each use.
+    WITH_VECTORS Words operator()(const std::uint32_t* words) const {
+        Words loaded = _mm512_loadu_si512(words);
+        asm("" : "+v"(loaded));
+        return loaded;
+    }
     WITH_VECTORS static void store(std::uint32_t* words, Words values) { _mm512_storeu_si512(words, values); }
+};
+
+/// Loads fewer words than a vector has, zeros for the others.
+struct FewWords {
+    __mmask16 inside;
+
+    WITH_VECTORS __m512i operator()(const std::uint32_t* words) const {
+        return _mm512_maskz_loadu_epi32(inside, words);
+    }
 };
 
 constexpr unsigned full = 255;
@@ -44,18 +58,27 @@ WITH_VECTORS inline __m512i scaled(__m512i words, __m512i factors) {
 struct Copy {
     using Vectors = SixteenWords;
 
-    WITH_VECTORS __m512i operator()(__m512i, __m512i source) const { return source; }
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t*, const std::uint32_t* over) const {
+        return load(over);
+    }
 };
 
 /// Puts words over others by their own alpha: what the alpha takes of the target goes, the source comes.
+WITH_VECTORS inline __m512i blended(__m512i target, __m512i source) {
+    constexpr int none = static_cast<int>(0x80008000);
+    const __m512i alphas = _mm512_shuffle_epi8(
+        source, _mm512_set4_epi32(none | 0x0F000F, none | 0x0B000B, none | 0x070007, none | 0x030003));
+    return _mm512_sub_epi32(_mm512_add_epi32(source, target), scaled(target, alphas));
+}
+
 struct AlphaBlend {
     using Vectors = SixteenWords;
 
-    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
-        constexpr int none = static_cast<int>(0x80008000);
-        const __m512i alphas = _mm512_shuffle_epi8(
-            source, _mm512_set4_epi32(none | 0x0F000F, none | 0x0B000B, none | 0x070007, none | 0x030003));
-        return _mm512_sub_epi32(_mm512_add_epi32(source, target), scaled(target, alphas));
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        return blended(load(under), load(over));
     }
 };
 
@@ -63,18 +86,49 @@ struct ScaledAlphaBlend {
     using Vectors = SixteenWords;
     unsigned alpha;
 
-    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
-        return AlphaBlend()(target, scaled(source, _mm512_set1_epi16(static_cast<short>(alpha))));
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        return blended(load(under), scaled(load(over), _mm512_set1_epi16(static_cast<short>(alpha))));
     }
 };
 
 constexpr int colorBits = 0xFFFFFF;
 
+/// Puts words over others, of which bytes are left times what stands in the words' shares.
+struct SharesBlend {
+    using Vectors = SixteenWords;
+    std::ptrdiff_t toShares;
+
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m512i target = load(under), shares = load(over + toShares);
+        const __m512i even = rounded(_mm512_mulhi_epu16(_mm512_slli_epi16(target, 8), shares));
+        const __m512i odd =
+            rounded(_mm512_mulhi_epu16(_mm512_and_si512(target, _mm512_set1_epi16(highByte)), shares));
+        const __m512i moved = _mm512_set4_epi32(0x0F0F0D0D, 0x0B0B0909, 0x07070505, 0x03030101);
+        constexpr __mmask64 evenBytes = 0x5555555555555555;
+        return _mm512_add_epi32(load(over), _mm512_mask_shuffle_epi8(odd, evenBytes, even, moved));
+    }
+
+private:
+    static constexpr short highByte = static_cast<short>(0xFF00);
+
+    /// So that the higher bytes are the nearest to the products.
+    WITH_VECTORS static __m512i rounded(__m512i products) {
+        return _mm512_add_epi16(products, _mm512_set1_epi16(128));
+    }
+};
+
 struct OpaqueCopy {
     using Vectors = SixteenWords;
     std::uint32_t transparent;
 
-    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m512i target = load(under), source = load(over);
         const __m512i color = _mm512_set1_epi32(static_cast<int>(transparent));
         const __mmask16 isOpaque =
             _mm512_test_epi32_mask(_mm512_xor_si512(source, color), _mm512_set1_epi32(colorBits));
@@ -86,7 +140,10 @@ struct ColorCopy {
     using Vectors = SixteenWords;
     std::uint32_t leftOut;
 
-    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
+    template <class Load>
+    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
+                                    const std::uint32_t* over) const {
+        const __m512i target = load(under), source = load(over);
         const __m512i colors = _mm512_set1_epi32(colorBits);
         const __mmask16 isTaken =
             _mm512_cmpneq_epi32_mask(source, _mm512_set1_epi32(static_cast<int>(leftOut)));
@@ -100,9 +157,8 @@ WITH_VECTORS inline void changeAll(WordBlocks blocks, const Change& change) {
     if (blocks.width >= SixteenWords::wordsAtOnce) return changeWords(blocks, change);
     const auto inside = static_cast<__mmask16>((1u << blocks.width) - 1);
     for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
-        const __m512i target = _mm512_maskz_loadu_epi32(inside, blocks.target);
-        const __m512i source = _mm512_maskz_loadu_epi32(inside, blocks.source);
-        _mm512_mask_storeu_epi32(blocks.target, inside, change(target, source));
+        const __m512i changed = change(FewWords{inside}, blocks.target, blocks.source);
+        _mm512_mask_storeu_epi32(blocks.target, inside, changed);
     }
 }
 
@@ -118,6 +174,10 @@ WITH_VECTORS void blendAlpha(const WordBlocks& blocks, unsigned alpha) {
     }
 }
 
+WITH_VECTORS void blendShares(const WordBlocks& blocks, std::ptrdiff_t toShares) {
+    changeAll(blocks, SharesBlend{toShares});
+}
+
 WITH_VECTORS void copyOpaque(const WordBlocks& blocks, std::uint32_t transparent) {
     changeAll(blocks, OpaqueCopy{transparent});
 }
@@ -130,6 +190,7 @@ WordRows rows() {
     WordRows result = *avx2WordRows();
     result.copy = copy;
     result.blendAlpha = blendAlpha;
+    result.blendShares = blendShares;
     result.copyOpaque = copyOpaque;
     result.copyColors = copyColors;
     return result;

@@ -121,6 +121,37 @@ TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
         }
 }
 
+TEST_P(WordRowsTest, BlendsByWhatEachWordLeaves) {
+    for (int width = 0; width <= 136; ++width) {
+        std::vector<std::uint32_t> source = words(2);
+        const auto below = static_cast<std::ptrdiff_t>(source.size());
+        source.resize(2 * source.size());
+        std::transform(source.begin(), source.begin() + below, source.begin() + below, shareLeftBy);
+        const auto by = [&](auto blend) {
+            return changed(width, [&](WordBlocks blocks) {
+                blocks.source = source.data() + 3;
+                blend(blocks);
+            });
+        };
+        ASSERT_EQ(by([&](const WordBlocks& blocks) { GetParam()->blendShares(blocks, below); }),
+                  by([](const WordBlocks& blocks) { plainWordRows.blendAlpha(blocks, full); }))
+            << width << " words";
+    }
+}
+
+TEST_P(WordRowsTest, LeavesOfEveryByteWhatEveryAlphaLeaves) {
+    for (std::uint32_t alpha = 0; alpha <= full; ++alpha) {
+        std::vector<std::uint32_t> target(256), source(2 * 256, alpha << 24), left(256);
+        std::fill(source.begin() + 256, source.end(), shareLeftBy(alpha << 24));
+        for (std::uint32_t value = 0; value < 256; ++value) {
+            target[value] = value * 0x01010101u;
+            left[value] = divided(value * (full - alpha)) * 0x01010101u + (alpha << 24);
+        }
+        GetParam()->blendShares({target.data(), 256, source.data(), 256, 256, 1}, 256);
+        ASSERT_EQ(target, left) << "alpha " << alpha;
+    }
+}
+
 TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte) {
     for (int width = 0; width <= 136; ++width)
         for (const std::uint32_t word : {words(2)[4], words(2)[9]}) {
