@@ -71,10 +71,13 @@ void noteJpeg(j_common_ptr info, int level) {
 }
 
 /// Each scan of a progressive file goes over the whole picture, however few bytes it has; encoders write a
-/// dozen.
-void limitJpegScans(j_common_ptr info) {
-    constexpr int mostScans = 500;
-    if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > mostScans) leaveJpeg(info);
+/// dozen. The largest pictures may have three times as many.
+void limitJpegScans(j_common_ptr common) {
+    constexpr std::int64_t mostScans = 500;
+    constexpr std::int64_t mostPixelsOfScans = std::int64_t{1} << 31;
+    const auto* info = reinterpret_cast<j_decompress_ptr>(common);
+    const std::int64_t pixels = std::int64_t{info->image_width} * info->image_height;
+    if (info->input_scan_number > std::min(mostScans, mostPixelsOfScans / pixels)) leaveJpeg(common);
 }
 
 /// Pixels of four inks, stored inverted as image editors write them.
