@@ -1,6 +1,7 @@
 // A window on the real desktop that tells on its standard output what reaches it, one line an event. The
 // script beside it plays the user.
 
+#include "platform/clock.h"
 #include "platform/gdi.h"
 #include "platform/locale.h"
 #include "platform/metafiles.h"
@@ -210,6 +211,18 @@ HICON makeIcon() {
     return icon;
 }
 
+/// A frame over everything that the screen shows, turned to its opposite; the second time it is taken away.
+void turnFrame() {
+    static HDC screen;
+    const bool isShown = screen.value != 0;
+    if (!isShown) screen = GetDC({});
+    SelectObject(screen, GetStockObject(NULL_BRUSH));
+    SetROP2(screen, R2_NOTXORPEN);
+    Rectangle(screen, 230, 180, 901, 601);
+    if (isShown) ReleaseDC({}, screen);
+    if (isShown) screen = {};
+}
+
 /// The function keys do what the script wants to try.
 void functionKey(HWND window, WPARAM key) {
     if (key == static_cast<WPARAM>(VK_F1)) SendMessageA(window, WM_SETICON, 1, makeIcon().value);
@@ -229,6 +242,12 @@ void functionKey(HWND window, WPARAM key) {
     if (key == static_cast<WPARAM>(VK_F7))
         CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOPMOST, "ProbeList", "", WS_POPUP | WS_BORDER | WS_VISIBLE,
                         600, 400, 150, 80, window, {}, {}, nullptr);
+    if (key == static_cast<WPARAM>(VK_F12)) turnFrame();
+    if (key == static_cast<WPARAM>(VK_END)) {
+        turnFrame();
+        Sleep(3000); // in which no messages are taken
+        turnFrame();
+    }
     if (key == static_cast<WPARAM>(VK_F8)) playKey(VK_CAPITAL);
     if (key == static_cast<WPARAM>(VK_CAPITAL)) tell("capitals", GetKeyState(VK_CAPITAL) & 1);
 }

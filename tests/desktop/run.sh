@@ -68,6 +68,22 @@ expect "the list is pressed" "list press 19 9"
 xdotool key q
 expect "the keyboard stays with its window" "char 113"
 
+if [ "$TESELA_DISPLAY" = x11 ]; then # SDL shows nothing outside of its windows
+    xdotool key F12
+    expect_pixel "a frame on the screen turns what it lies on" 230 200 '#37E1E1'
+    expect_pixel "along all of its edges" 400 180 '#000000'
+    expect_pixel "beside the window too" 900 500 '#FFFFFF'
+    expect_pixel "and nothing inside" 240 200 '#C81E1E'
+    xdotool mousemove 400 180 click 1
+    expect "the pointer goes through it" "press 200 30"
+    xdotool key F12
+    expect_pixel "it is taken away" 400 180 '#FFFFFF'
+    expect_pixel "from the screen too" 900 500 '#000000'
+    xdotool key End
+    expect_pixel "a frame is seen while its program sleeps" 400 180 '#000000'
+    expect_pixel "and goes when it wakes" 400 180 '#FFFFFF'
+fi
+
 xdotool key F6
 expect "a dialog opens" "key 117"
 expect_pixel "the dialog is painted" 610 230 '#FFFFFF'

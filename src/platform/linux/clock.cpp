@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "platform/linux/time_source.h"
+#include "platform/linux/window_system.h"
 
 #include <ctime>
 
@@ -130,6 +131,7 @@ BOOL QueryPerformanceFrequency(LONGLONG* stepsPerSecond) {
 }
 
 void Sleep(DWORD milliseconds) {
+    driver::showUnfinished();
     driver::passMilliseconds(milliseconds);
 }
 

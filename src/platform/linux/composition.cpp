@@ -1,6 +1,7 @@
 // Pictures of windows and of the whole desktop, as they look now.
 
 #include "platform/linux/colors.h"
+#include "platform/linux/display.h"
 #include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
 #include "platform/linux/window_system.h"
@@ -29,17 +30,19 @@ PixelStore& pixelsOf(const Window& topLevel) {
     return *topLevel.pixels;
 }
 
+void copyAsWords(const PixelStore& pixels, PixelStore& words) {
+    words.make(pixels.surface.width, pixels.surface.height, wordBits);
+    copyOnto(words.surface, pixels.surface, {});
+}
+
 const Surface& plainSurface(const PixelStore& pixels, PixelStore& buffer) {
     if (isPlain32(pixels.surface)) return pixels.surface;
-    buffer.make(pixels.surface.width, pixels.surface.height, wordBits);
-    copyOnto(buffer.surface, pixels.surface, {});
+    copyAsWords(pixels, buffer);
     return buffer.surface;
 }
 
 void composeWindow(const Window& topLevel, PixelStore& picture) {
-    const Surface& from = pixelsOf(topLevel).surface;
-    picture.make(from.width, from.height, wordBits);
-    copyOnto(picture.surface, from, {});
+    copyAsWords(pixelsOf(topLevel), picture);
     inkCaret(topLevel, picture, {});
 }
 
@@ -58,15 +61,35 @@ void composeDesktop(PixelStore& picture) {
 }
 
 void composeScreen(PixelStore& picture) {
+    const RECT& frame = desktopWindow().frame;
+    PixelStore words;
+    words.make(widthOf(frame), heightOf(frame), wordBits);
+    if (!display().readScreen(words.surface)) composeDesktop(words);
     if (displayBitsPerPixel() == wordBits) {
-        composeDesktop(picture);
+        picture = std::move(words);
         return;
     }
-    PixelStore words;
-    composeDesktop(words);
     picture.make(words.surface.width, words.surface.height, displayBitsPerPixel());
     for (int y = 0; y < words.surface.height; ++y)
         writeRow(picture.surface, 0, y, words.surface.width, blackAndWhite, row32(words.surface, y));
+}
+
+Region differenceOf(const Surface& words, const Surface& others) {
+    std::vector<RECT> runs;
+    for (LONG y = 0; y < words.height; ++y) {
+        const std::uint32_t* const row = row32(words, y);
+        const std::uint32_t* const end = row + words.width;
+        const std::uint32_t* const other = row32(others, y);
+        for (const std::uint32_t* at = row; at != end;) {
+            const auto [first, same] = std::mismatch(at, end, other + (at - row));
+            at = first;
+            while (at != end && *at != other[at - row])
+                ++at;
+            if (at != first)
+                runs.push_back({static_cast<LONG>(first - row), y, static_cast<LONG>(at - row), y + 1});
+        }
+    }
+    return Region::ofAll(std::move(runs));
 }
 
 } // namespace platform::driver

@@ -52,7 +52,7 @@ void presentNowAndThen() {
     const std::int64_t now = milliseconds();
     if (now - last < PresentInterval) return;
     last = now;
-    display().present();
+    showDrawn();
 }
 
 bool take(const MessageFilter& filter, bool remove, MSG& message) {
@@ -62,7 +62,7 @@ bool take(const MessageFilter& filter, bool remove, MSG& message) {
                        takeInput(filter, remove, message) || takePaint(filter, message) ||
                        takeTimer(filter, remove, message);
     if (!found) {
-        display().present();
+        showDrawn();
         return false;
     }
     if (remove) {
@@ -87,7 +87,7 @@ DWORD waitingKinds() {
 
 /// Waits once, for a new event, the next timer, the caret's blink or `limit`, whichever comes first.
 bool waitOnce(std::int64_t limit) {
-    display().present();
+    showDrawn();
     std::int64_t pause = limit;
     const auto earlier = [&pause](std::int64_t other) {
         if (pause == WithoutEnd || other < pause) pause = std::max<std::int64_t>(other, 0);

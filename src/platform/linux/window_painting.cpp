@@ -19,6 +19,8 @@ struct OpenContext {
     HWND window;
     std::shared_ptr<PixelStore> pixels;
     RECT screen; ///< Bounds of what it can draw on
+    /// What the screen showed before it was drawn on, for a context of the screen; null for one of a window.
+    std::shared_ptr<PixelStore> before = nullptr;
 };
 
 std::vector<OpenContext>& openContexts() {
@@ -58,12 +60,18 @@ HDC openContext(Window& window, POINT origin, Region visible) {
     return openOn(*top, window, origin, std::move(visible));
 }
 
+/// Whether it is one of the screen of which somebody has seen the pixels.
+bool isSeen(const OpenContext& context) {
+    return context.before && context.before->surface.width > 0;
+}
+
 bool closeContext(HDC dc) {
     auto& open = openContexts();
     const auto found =
         std::find_if(open.begin(), open.end(), [&](const OpenContext& c) { return c.dc == dc; });
     if (found == open.end()) return false;
     if (Window* window = findWindow(found->window)) markDrawn(*window, found->screen);
+    if (isSeen(*found)) display().showInFront({}, {});
     const auto pixels = std::move(found->pixels);
     open.erase(found);
     return releaseWindowDC(dc);
@@ -225,6 +233,23 @@ void markDrawn(Window& window, const RECT& screen) {
     top->unpresented = unionOf(top->unpresented, drawn);
 }
 
+void showDrawn() {
+    for (const OpenContext& context : openContexts()) {
+        if (!isSeen(context)) continue;
+        PixelStore buffer;
+        const Surface& words = plainSurface(*context.pixels, buffer);
+        display().showInFront(words, differenceOf(words, context.before->surface));
+    }
+    display().present();
+}
+
+void showUnfinished() {
+    if (!displayStarted()) return;
+    for (const OpenContext& context : openContexts())
+        if (Window* window = findWindow(context.window)) markDrawn(*window, context.screen);
+    showDrawn();
+}
+
 void copyPixels(Window& topLevel, const Region& screen, POINT by) {
     if (!topLevel.pixels) return;
     PixelStore& store = pixelsOf(topLevel);
@@ -348,7 +373,8 @@ void eraseNow(HWND handle) {
     closeContext(dc);
 }
 
-/// The desktop as it looks when it is first drawn on or read; what is drawn on it is not kept.
+/// The desktop as it looks when it is first drawn on or read. What is drawn on it is seen in front of all
+/// windows until the context is closed.
 HDC screenContext() {
     auto picture = std::make_shared<PixelStore>();
     const RECT frame = desktopWindow().frame;
@@ -359,8 +385,12 @@ HDC screenContext() {
     const HDC dc = createWindowDC(picture->surface, {}, Region(bandIn(picture->surface)));
     if (!dc) return {};
     // Most programs want only a context to make others like it: the picture can wait.
-    makePixelsLater(dc, [&store = *picture] { composeScreen(store); }); // which lives as long as the context
-    openContexts().push_back({dc, {}, picture, {}});
+    auto before = std::make_shared<PixelStore>();
+    makePixelsLater(dc, [&store = *picture, &before = *before] { // which live as long as the context
+        composeScreen(store);
+        copyAsWords(store, before);
+    });
+    openContexts().push_back({dc, {}, picture, {}, before});
     return dc;
 }
 

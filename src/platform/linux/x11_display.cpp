@@ -8,6 +8,7 @@
 #include "platform/linux/x11_painter.h"
 #include "platform/linux/x11_pointer.h"
 #include "platform/linux/x11_refusals.h"
+#include "platform/linux/x11_screen.h"
 #include "platform/linux/x11_windows.h"
 
 #include <X11/Xatom.h>
@@ -50,6 +51,8 @@ public:
     void activated(Window& window) override;
     void destroyed(Window& window) override;
 
+    bool readScreen(const Surface& words) override;
+    void showInFront(const Surface& words, const Region& region) override;
     void present() override;
     void collectInput() override;
     void settle() override;
@@ -86,6 +89,7 @@ private:
     const std::unique_ptr<X11Server> server_;
     X11Windows windows_;
     X11Painter painter_;
+    X11Screen screen_;
     X11Keys keys_;
     X11Pointer mouse_;
     X11Clipboard clipboard_;
@@ -96,8 +100,8 @@ private:
 };
 
 X11Display::X11Display(std::unique_ptr<X11Server> server)
-    : server_(std::move(server)), windows_(*server_), painter_(*server_), keys_(*server_), mouse_(*server_),
-      clipboard_(*server_) {
+    : server_(std::move(server)), windows_(*server_), painter_(*server_), screen_(*server_, painter_),
+      keys_(*server_), mouse_(*server_), clipboard_(*server_) {
     keys_.readLocks();
 }
 
@@ -134,6 +138,15 @@ void X11Display::present() {
             presentWindow(*window, native);
     }
     XFlush(server_->display());
+}
+
+bool X11Display::readScreen(const Surface& words) {
+    present();
+    return screen_.read(words);
+}
+
+void X11Display::showInFront(const Surface& words, const Region& region) {
+    screen_.showInFront(words, region);
 }
 
 void X11Display::presentWindow(Window& window, const X11Window& native) {

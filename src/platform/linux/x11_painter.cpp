@@ -22,6 +22,12 @@ unsigned long inMask(std::uint32_t level, unsigned long mask) {
 
 } // namespace
 
+bool isNative(const XImage& image) {
+    constexpr bool LittleEndian = std::endian::native == std::endian::little;
+    return image.bits_per_pixel == WordBits && image.red_mask == 0xFF0000 && image.green_mask == 0xFF00 &&
+           image.blue_mask == 0xFF && (image.byte_order == LSBFirst) == LittleEndian;
+}
+
 X11Painter::X11Painter(const X11Server& server) : server_(server) {
     mayShare_ = XShmQueryExtension(server.display());
 }
@@ -98,15 +104,8 @@ void X11Painter::waitUntilRead() {
     if (mayShare_ && lastShown_ > LastKnownRequestProcessed(server_.display())) XSync(server_.display(), 0);
 }
 
-bool X11Painter::isNative() const {
-    constexpr bool LittleEndian = std::endian::native == std::endian::little;
-    return image_->bits_per_pixel == WordBits && image_->red_mask == 0xFF0000 &&
-           image_->green_mask == 0xFF00 && image_->blue_mask == 0xFF &&
-           (image_->byte_order == LSBFirst) == LittleEndian;
-}
-
 void X11Painter::fill(const Surface& picture, const RECT& part) {
-    const bool native = isNative();
+    const bool native = isNative(*image_);
     for (int y = 0; y < image_->height; ++y) {
         const auto* row = reinterpret_cast<const std::uint32_t*>(
                               picture.bits + static_cast<std::ptrdiff_t>(part.top + y) * picture.stride) +

@@ -8,6 +8,9 @@
 
 namespace platform::driver {
 
+/// Whether the pixels of an image of the server are made as ours.
+bool isNative(const XImage& image);
+
 class X11Painter {
 public:
     explicit X11Painter(const X11Server& server);
@@ -25,7 +28,6 @@ private:
     void endShared();
     void waitUntilRead();
     void fill(const Surface& picture, const RECT& part);
-    bool isNative() const; ///< The server's pixels are made as ours
 
     const X11Server& server_;
     XShmSegmentInfo segment_{};
