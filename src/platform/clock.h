@@ -23,7 +23,8 @@ DWORD GetTickCount();
 BOOL QueryPerformanceCounter(LONGLONG* count);
 BOOL QueryPerformanceFrequency(LONGLONG* stepsPerSecond);
 
-/// Holds the calling thread for so many milliseconds.
+/// Holds the calling thread, which is that of the windows, for so many milliseconds. What was drawn before is
+/// seen meanwhile.
 void Sleep(DWORD milliseconds);
 
 /// Instants from 1 January 1601 up to the end of year 30827. Fails with ERROR_INVALID_PARAMETER beyond, and

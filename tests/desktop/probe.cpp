@@ -212,15 +212,38 @@ HICON makeIcon() {
 }
 
 /// A frame over everything that the screen shows, turned to its opposite; the second time it is taken away.
+HDC frameContext;
 void turnFrame() {
-    static HDC screen;
-    const bool isShown = screen.value != 0;
-    if (!isShown) screen = GetDC({});
-    SelectObject(screen, GetStockObject(NULL_BRUSH));
-    SetROP2(screen, R2_NOTXORPEN);
-    Rectangle(screen, 230, 180, 901, 601);
-    if (isShown) ReleaseDC({}, screen);
-    if (isShown) screen = {};
+    const bool isShown = frameContext.value != 0;
+    if (!isShown) frameContext = GetDC({});
+    SelectObject(frameContext, GetStockObject(NULL_BRUSH));
+    SetROP2(frameContext, R2_NOTXORPEN);
+    Rectangle(frameContext, 230, 180, 901, 601);
+    if (!isShown) return;
+    ReleaseDC({}, frameContext);
+    frameContext = {};
+}
+
+/// A pixel of the frame in another context, which stays open until the second time.
+void readScreen() {
+    static HDC other;
+    const bool isOpen = other.value != 0;
+    if (!isOpen) other = GetDC({});
+    tell("seen", static_cast<long>(GetPixel(other, 400, 180)));
+    if (!isOpen) return;
+    ReleaseDC({}, other);
+    other = {};
+}
+
+/// A frame that is left in its context, which closes after a sleep.
+void leaveFrame() {
+    turnFrame();
+    Sleep(3000); // in which no messages are taken
+    ReleaseDC({}, frameContext);
+    frameContext = {};
+    const HDC screen = GetDC({});
+    tell("left", static_cast<long>(GetPixel(screen, 400, 180)));
+    ReleaseDC({}, screen);
 }
 
 /// The function keys do what the script wants to try.
@@ -243,11 +266,8 @@ void functionKey(HWND window, WPARAM key) {
         CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOPMOST, "ProbeList", "", WS_POPUP | WS_BORDER | WS_VISIBLE,
                         600, 400, 150, 80, window, {}, {}, nullptr);
     if (key == static_cast<WPARAM>(VK_F12)) turnFrame();
-    if (key == static_cast<WPARAM>(VK_END)) {
-        turnFrame();
-        Sleep(3000); // in which no messages are taken
-        turnFrame();
-    }
+    if (key == static_cast<WPARAM>(VK_INSERT)) readScreen();
+    if (key == static_cast<WPARAM>(VK_END)) leaveFrame();
     if (key == static_cast<WPARAM>(VK_F8)) playKey(VK_CAPITAL);
     if (key == static_cast<WPARAM>(VK_CAPITAL)) tell("capitals", GetKeyState(VK_CAPITAL) & 1);
 }

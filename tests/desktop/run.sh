@@ -76,12 +76,18 @@ if [ "$TESELA_DISPLAY" = x11 ]; then # SDL shows nothing outside of its windows
     expect_pixel "and nothing inside" 240 200 '#C81E1E'
     xdotool mousemove 400 180 click 1
     expect "the pointer goes through it" "press 200 30"
+    xdotool key Insert
+    expect "it is there for whom reads the screen" "seen 0"
+    expect_pixel "and seen while another context is open" 400 180 '#000000'
     xdotool key F12
     expect_pixel "it is taken away" 400 180 '#FFFFFF'
     expect_pixel "from the screen too" 900 500 '#000000'
+    xdotool key Insert
+    expect "a context that was only read sees it go" "seen 16777215"
     xdotool key End
     expect_pixel "a frame is seen while its program sleeps" 400 180 '#000000'
-    expect_pixel "and goes when it wakes" 400 180 '#FFFFFF'
+    expect "one that is left in its context goes with that" "left 16777215"
+    expect_pixel "and nothing stays behind" 400 180 '#FFFFFF'
 fi
 
 xdotool key F6

@@ -1,8 +1,9 @@
 #include "platform/clock.h"
 
 #include "platform/errors.h"
+#include "platform/linux/display.h"
+#include "platform/linux/screen_contexts.h"
 #include "platform/linux/time_source.h"
-#include "platform/linux/window_system.h"
 
 #include <ctime>
 
@@ -131,7 +132,10 @@ BOOL QueryPerformanceFrequency(LONGLONG* stepsPerSecond) {
 }
 
 void Sleep(DWORD milliseconds) {
-    driver::showUnfinished();
+    if (milliseconds > 0 && driver::displayStarted()) {
+        driver::showScreenContexts();
+        driver::display().present();
+    }
     driver::passMilliseconds(milliseconds);
 }
 

@@ -13,6 +13,7 @@ namespace platform::driver {
 namespace {
 
 constexpr int wordBits = 32;
+constexpr std::uint32_t colorBits = 0xFFFFFF;
 
 /// Copies rows as colours.
 void copyOnto(const Surface& picture, const Surface& from, POINT at) {
@@ -61,10 +62,13 @@ void composeDesktop(PixelStore& picture) {
 }
 
 void composeScreen(PixelStore& picture) {
-    const RECT& frame = desktopWindow().frame;
     PixelStore words;
-    words.make(widthOf(frame), heightOf(frame), wordBits);
-    if (!display().readScreen(words.surface)) composeDesktop(words);
+    words.make(picture.surface.width, picture.surface.height, wordBits);
+    if (!display().readScreen(words.surface)) {
+        PixelStore ours;
+        composeDesktop(ours);
+        copyOnto(words.surface, ours.surface, {});
+    }
     if (displayBitsPerPixel() == wordBits) {
         picture = std::move(words);
         return;
@@ -75,21 +79,21 @@ void composeScreen(PixelStore& picture) {
 }
 
 Region differenceOf(const Surface& words, const Surface& others) {
+    const auto isSame = [](std::uint32_t a, std::uint32_t b) { return ((a ^ b) & colorBits) == 0; };
     std::vector<RECT> runs;
     for (LONG y = 0; y < words.height; ++y) {
-        const std::uint32_t* const row = row32(words, y);
-        const std::uint32_t* const end = row + words.width;
-        const std::uint32_t* const other = row32(others, y);
-        for (const std::uint32_t* at = row; at != end;) {
-            const auto [first, same] = std::mismatch(at, end, other + (at - row));
-            at = first;
-            while (at != end && *at != other[at - row])
-                ++at;
-            if (at != first)
-                runs.push_back({static_cast<LONG>(first - row), y, static_cast<LONG>(at - row), y + 1});
+        const std::uint32_t *row = row32(words, y), *other = row32(others, y);
+        if (std::equal(row, row + words.width, other)) continue; // mostly, and quicker told than by colours
+        for (LONG x = 0; x < words.width;) {
+            while (x < words.width && isSame(row[x], other[x]))
+                ++x;
+            const LONG first = x;
+            while (x < words.width && !isSame(row[x], other[x]))
+                ++x;
+            if (first < x) runs.push_back({first, y, x, y + 1});
         }
     }
-    return Region::ofAll(std::move(runs));
+    return Region::ofRows(std::move(runs));
 }
 
 } // namespace platform::driver

@@ -189,7 +189,10 @@ HDC createWindowDC(Surface& surface, POINT origin, Region visible) {
 }
 
 void makePixelsLater(HDC dc, std::function<void()> make) {
-    if (DeviceContext* context = find<DeviceContext>(dc)) context->pixelMaker = std::move(make);
+    DeviceContext* context = find<DeviceContext>(dc);
+    if (!context) return;
+    context->pixelMaker = std::move(make);
+    context->clipChanged(); // what asks for the area to draw on needs the pixels
 }
 
 bool releaseWindowDC(HDC dc) {

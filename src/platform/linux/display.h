@@ -34,10 +34,10 @@ public:
     virtual void activated(Window&) {}
     virtual void destroyed(Window&) {}
 
-    /// Brings what the desktop shows, with the windows of all programs, onto words of the screen's size.
-    /// False where it is not known.
+    /// Brings what the desktop shows, with the windows of all programs, onto words. False where it is not
+    /// known.
     virtual bool readScreen(const Surface&) { return false; }
-    /// Shows a region of such words in front of all windows, until it is an empty one.
+    /// Shows a region of words of the screen's size in front of all windows, until it is an empty one.
     virtual void showInFront(const Surface&, const Region&) {}
 
     /// Shows what was drawn since the last time.

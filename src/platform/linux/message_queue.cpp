@@ -3,6 +3,7 @@
 #include "platform/linux/message_queue.h"
 
 #include "platform/linux/display.h"
+#include "platform/linux/screen_contexts.h"
 #include "platform/linux/time_source.h"
 #include "platform/linux/window_system.h"
 
@@ -52,7 +53,8 @@ void presentNowAndThen() {
     const std::int64_t now = milliseconds();
     if (now - last < PresentInterval) return;
     last = now;
-    showDrawn();
+    showScreenContexts();
+    display().present();
 }
 
 bool take(const MessageFilter& filter, bool remove, MSG& message) {
@@ -62,7 +64,8 @@ bool take(const MessageFilter& filter, bool remove, MSG& message) {
                        takeInput(filter, remove, message) || takePaint(filter, message) ||
                        takeTimer(filter, remove, message);
     if (!found) {
-        showDrawn();
+        display().present();
+        presentNowAndThen();
         return false;
     }
     if (remove) {
@@ -87,7 +90,8 @@ DWORD waitingKinds() {
 
 /// Waits once, for a new event, the next timer, the caret's blink or `limit`, whichever comes first.
 bool waitOnce(std::int64_t limit) {
-    showDrawn();
+    showScreenContexts();
+    display().present();
     std::int64_t pause = limit;
     const auto earlier = [&pause](std::int64_t other) {
         if (pause == WithoutEnd || other < pause) pause = std::max<std::int64_t>(other, 0);

@@ -4,6 +4,7 @@
 #include "platform/linux/display.h"
 #include "platform/linux/display_colors.h"
 #include "platform/linux/rows.h"
+#include "platform/linux/screen_contexts.h"
 #include "platform/linux/window_system.h"
 
 #include <algorithm>
@@ -19,8 +20,6 @@ struct OpenContext {
     HWND window;
     std::shared_ptr<PixelStore> pixels;
     RECT screen; ///< Bounds of what it can draw on
-    /// What the screen showed before it was drawn on, for a context of the screen; null for one of a window.
-    std::shared_ptr<PixelStore> before = nullptr;
 };
 
 std::vector<OpenContext>& openContexts() {
@@ -60,18 +59,12 @@ HDC openContext(Window& window, POINT origin, Region visible) {
     return openOn(*top, window, origin, std::move(visible));
 }
 
-/// Whether it is one of the screen of which somebody has seen the pixels.
-bool isSeen(const OpenContext& context) {
-    return context.before && context.before->surface.width > 0;
-}
-
 bool closeContext(HDC dc) {
     auto& open = openContexts();
     const auto found =
         std::find_if(open.begin(), open.end(), [&](const OpenContext& c) { return c.dc == dc; });
     if (found == open.end()) return false;
     if (Window* window = findWindow(found->window)) markDrawn(*window, found->screen);
-    if (isSeen(*found)) display().showInFront({}, {});
     const auto pixels = std::move(found->pixels);
     open.erase(found);
     return releaseWindowDC(dc);
@@ -233,23 +226,6 @@ void markDrawn(Window& window, const RECT& screen) {
     top->unpresented = unionOf(top->unpresented, drawn);
 }
 
-void showDrawn() {
-    for (const OpenContext& context : openContexts()) {
-        if (!isSeen(context)) continue;
-        PixelStore buffer;
-        const Surface& words = plainSurface(*context.pixels, buffer);
-        display().showInFront(words, differenceOf(words, context.before->surface));
-    }
-    display().present();
-}
-
-void showUnfinished() {
-    if (!displayStarted()) return;
-    for (const OpenContext& context : openContexts())
-        if (Window* window = findWindow(context.window)) markDrawn(*window, context.screen);
-    showDrawn();
-}
-
 void copyPixels(Window& topLevel, const Region& screen, POINT by) {
     if (!topLevel.pixels) return;
     PixelStore& store = pixelsOf(topLevel);
@@ -373,27 +349,6 @@ void eraseNow(HWND handle) {
     closeContext(dc);
 }
 
-/// The desktop as it looks when it is first drawn on or read. What is drawn on it is seen in front of all
-/// windows until the context is closed.
-HDC screenContext() {
-    auto picture = std::make_shared<PixelStore>();
-    const RECT frame = desktopWindow().frame;
-    picture->surface.width = widthOf(frame);
-    picture->surface.height = heightOf(frame);
-    picture->surface.bitsPerPixel = displayBitsPerPixel();
-    picture->surface.format = deviceFormat(picture->surface.bitsPerPixel);
-    const HDC dc = createWindowDC(picture->surface, {}, Region(bandIn(picture->surface)));
-    if (!dc) return {};
-    // Most programs want only a context to make others like it: the picture can wait.
-    auto before = std::make_shared<PixelStore>();
-    makePixelsLater(dc, [&store = *picture, &before = *before] { // which live as long as the context
-        composeScreen(store);
-        copyAsWords(store, before);
-    });
-    openContexts().push_back({dc, {}, picture, {}, before});
-    return dc;
-}
-
 } // namespace
 
 BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags) {
@@ -477,7 +432,7 @@ BOOL EndPaint(HWND, const PAINTSTRUCT* paint) {
 }
 
 HDC GetDC(HWND handle) {
-    if (!handle) return screenContext();
+    if (!handle) return openScreenContext();
     Window* window = findWindow(handle);
     if (!window) return {};
     return openContext(*window, clientOrigin(*window),
@@ -485,7 +440,7 @@ HDC GetDC(HWND handle) {
 }
 
 HDC GetWindowDC(HWND handle) {
-    if (!handle) return screenContext();
+    if (!handle) return openScreenContext();
     Window* window = findWindow(handle);
     if (!window) return {};
     const RECT frame = screenFrame(*window);
@@ -494,7 +449,7 @@ HDC GetWindowDC(HWND handle) {
 }
 
 int ReleaseDC(HWND, HDC dc) {
-    return closeContext(dc) ? 1 : 0;
+    return closeContext(dc) || closeScreenContext(dc) ? 1 : 0;
 }
 
 HWND WindowFromDC(HDC dc) {

@@ -160,22 +160,20 @@ HWND nextToPaint(HWND filter);
 HDC openFrameContext(Window& window);
 void releaseContexts(HWND window);
 void markDrawn(Window& window, const RECT& screen);
-/// Shows what was drawn since the last time, on windows and on the screen itself.
-void showDrawn();
-/// The same with what was drawn in contexts of windows that are still open: for programs that draw and wait.
-void showUnfinished();
 
 // Pictures (composition.cpp). Plain words of 32 bits unless said otherwise.
 /// The pixels of a top-level window that has some, ready to be read.
 PixelStore& pixelsOf(const Window& topLevel);
 /// Puts together the desktop: its background, the visible top-level windows in their order, the caret.
 void composeDesktop(PixelStore& picture);
-/// The screen in the display's depth: with the windows of other programs where they are known.
+/// The screen in the display's depth, with the windows of other programs where they are known, of the size
+/// that the picture has already.
 void composeScreen(PixelStore& picture);
-/// Where words of the same size differ.
+/// Where words of the same size have other colours.
 Region differenceOf(const Surface& words, const Surface& others);
 /// One top-level window with the caret on it, if it is there.
 void composeWindow(const Window& topLevel, PixelStore& picture);
+/// Any pixels as words.
 void copyAsWords(const PixelStore& pixels, PixelStore& words);
 /// The window's pixels as words: its own, or a copy in `buffer`.
 const Surface& plainSurface(const PixelStore& pixels, PixelStore& buffer);

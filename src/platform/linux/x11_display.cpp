@@ -140,7 +140,10 @@ void X11Display::present() {
     XFlush(server_->display());
 }
 
+/// What lay behind pixels that have just gone is first shown again, as far as it is ours.
 bool X11Display::readScreen(const Surface& words) {
+    XSync(server_->display(), 0);
+    collectInput();
     present();
     return screen_.read(words);
 }

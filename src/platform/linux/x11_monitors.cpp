@@ -3,6 +3,7 @@
 #include <X11/extensions/Xrandr.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace platform::driver {
 
@@ -32,6 +33,18 @@ std::optional<RECT> firstMonitor(::Display* display, ::Window root) {
     XRRFreeMonitors(all);
     if (!lit) return std::nullopt;
     return place;
+}
+
+bool isMonitorOfWayland(::Display* display, ::Window root) {
+    if (!tellsMonitors(display)) return false;
+    int count = 0;
+    XRRMonitorInfo* all = XRRGetMonitors(display, root, 1, &count);
+    if (!all) return false;
+    char* name = count > 0 ? XGetAtomName(display, all->name) : nullptr;
+    const bool isWaylands = name && std::string_view(name).starts_with("XWAYLAND");
+    if (name) XFree(name);
+    XRRFreeMonitors(all);
+    return isWaylands;
 }
 
 } // namespace platform::driver

@@ -13,4 +13,7 @@ namespace platform::driver {
 /// comes first. Nothing where the server does not tell. Waits for the server's answer.
 std::optional<RECT> firstMonitor(::Display* display, ::Window root);
 
+/// Whether the monitors are those that the server for Wayland calls by its own name.
+bool isMonitorOfWayland(::Display* display, ::Window root);
+
 } // namespace platform::driver

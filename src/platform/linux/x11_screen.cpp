@@ -1,7 +1,9 @@
 #include "platform/linux/x11_screen.h"
 
+#include <X11/Xatom.h>
 #include <X11/extensions/shape.h>
 
+#include <algorithm>
 #include <bit>
 #include <memory>
 
@@ -22,10 +24,11 @@ std::uint32_t wordOf(const XImage& image, unsigned long pixel) {
            levelIn(pixel, image.blue_mask);
 }
 
-std::uint32_t nativeWordAt(const XImage& image, int x, int y) {
+void readNative(const XImage& image, int y, std::uint32_t* row) {
     constexpr std::uint32_t colors = 0xFFFFFF;
-    const char* row = image.data + static_cast<std::ptrdiff_t>(y) * image.bytes_per_line;
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & colors;
+    const auto* from = reinterpret_cast<const std::uint32_t*>(image.data + static_cast<std::ptrdiff_t>(y) *
+                                                                               image.bytes_per_line);
+    std::transform(from, from + image.width, row, [](std::uint32_t word) { return word & colors; });
 }
 
 struct DestroyImage {
@@ -44,6 +47,7 @@ X11Screen::~X11Screen() {
 }
 
 bool X11Screen::read(const Surface& words) const {
+    if (server_.isWaylands()) return false;
     std::unique_ptr<XImage, DestroyImage> image;
     const auto fetch = [&] {
         image.reset(XGetImage(server_.display(), server_.root(), 0, 0, static_cast<unsigned>(words.width),
@@ -54,19 +58,23 @@ bool X11Screen::read(const Surface& words) const {
     for (int y = 0; y < words.height; ++y) {
         auto* row =
             reinterpret_cast<std::uint32_t*>(words.bits + static_cast<std::ptrdiff_t>(y) * words.stride);
-        for (int x = 0; x < words.width; ++x)
-            row[x] = native ? nativeWordAt(*image, x, y) : wordOf(*image, XGetPixel(image.get(), x, y));
+        if (native)
+            readNative(*image, y, row);
+        else
+            for (int x = 0; x < words.width; ++x)
+                row[x] = wordOf(*image, XGetPixel(image.get(), x, y));
     }
     return true;
 }
 
 void X11Screen::showInFront(const Surface& words, const Region& region) {
+    if (region.empty() && !isVeilShown_) return;
     if (region.empty()) {
-        if (isVeilShown_) XUnmapWindow(server_.display(), veil_);
+        XUnmapWindow(server_.display(), veil_);
         isVeilShown_ = false;
     } else if (veil_ || makeVeil()) {
         cutVeilTo(region);
-        if (!isVeilShown_) XMapRaised(server_.display(), veil_);
+        XMapRaised(server_.display(), veil_);
         isVeilShown_ = true;
         const RECT bounds = region.bounds();
         painter_.show(words, bounds, veil_, {bounds.left, bounds.top});
@@ -83,24 +91,32 @@ bool X11Screen::makeVeil() {
     XSetWindowAttributes attributes{};
     attributes.override_redirect = 1;
     attributes.colormap = server_.colors();
-    const SIZE size = server_.screenSize();
-    veil_ = XCreateWindow(display, server_.root(), 0, 0, static_cast<unsigned>(size.cx),
-                          static_cast<unsigned>(size.cy), 0, visual.depth, InputOutput, visual.visual,
+    veil_ = XCreateWindow(display, server_.root(), 0, 0, 1, 1, 0, visual.depth, InputOutput, visual.visual,
                           CWOverrideRedirect | CWBorderPixel | CWColormap, &attributes);
+    server_.setValues(veil_, server_.atoms().netType, XA_ATOM, {server_.atoms().netTypePopup});
     XShapeCombineRectangles(display, veil_, ShapeInput, 0, 0, nullptr, 0, ShapeSet, Unsorted);
     return true;
 }
 
+/// Many rectangles do not fit into one request.
 void X11Screen::cutVeilTo(const Region& region) const {
     constexpr std::size_t mostInOneRequest = 8000;
+    const RECT bounds = region.bounds();
+    XResizeWindow(server_.display(), veil_, static_cast<unsigned>(bounds.right),
+                  static_cast<unsigned>(bounds.bottom));
     std::vector<XRectangle> parts;
-    if (region.rectangles().size() <= mostInOneRequest)
-        for (const RECT& part : region.rectangles())
-            parts.push_back(rectangleOf(part));
-    else
-        parts.push_back(rectangleOf(region.bounds()));
-    XShapeCombineRectangles(server_.display(), veil_, ShapeBounding, 0, 0, parts.data(),
-                            static_cast<int>(parts.size()), ShapeSet, Unsorted);
+    int operation = ShapeSet;
+    const auto send = [&] {
+        XShapeCombineRectangles(server_.display(), veil_, ShapeBounding, 0, 0, parts.data(),
+                                static_cast<int>(parts.size()), operation, YXBanded);
+        operation = ShapeUnion;
+        parts.clear();
+    };
+    for (const RECT& part : region.rectangles()) {
+        parts.push_back(rectangleOf(part));
+        if (parts.size() == mostInOneRequest) send();
+    }
+    if (!parts.empty()) send();
 }
 
 } // namespace platform::driver

@@ -25,7 +25,7 @@ private:
 
     const X11Server& server_;
     X11Painter& painter_;
-    ::Window veil_ = 0; ///< As large as the screen and cut to what it shows
+    ::Window veil_ = 0; ///< Cut to what it shows
     bool isVeilShown_ = false;
 };
 

@@ -144,6 +144,10 @@ SIZE X11Server::screenSize() const {
     return {widthOf(monitor()), heightOf(monitor())};
 }
 
+bool X11Server::isWaylands() const {
+    return isMonitorOfWayland(display_, root());
+}
+
 RECT X11Server::workArea() const {
     constexpr std::size_t ValuesEach = 4;
     const auto areas = values(root(), atoms_.netWorkArea, XA_CARDINAL);

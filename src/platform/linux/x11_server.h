@@ -47,6 +47,8 @@ public:
     /// All of the first monitor where no window manager says how much of it is free.
     RECT workArea() const;
     bool hasWindowManager() const;
+    /// Whether it is the one that shows programs for X11 on Wayland: it does not know what the screen shows.
+    bool isWaylands() const;
 
     /// Forgets what an event on the root window makes out of date.
     void noteRootChange(const XEvent& event);

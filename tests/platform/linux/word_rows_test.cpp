@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using namespace platform::driver;
@@ -213,6 +214,40 @@ TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
             };
             ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
         }
+}
+
+/// All changes of words by others.
+template <class Check>
+void forEachChange(const WordRows& kind, Check check) {
+    check([&](const WordBlocks& b) { kind.copy(b); });
+    check([&](const WordBlocks& b) { kind.blendConstant(b, 128); });
+    check([&](const WordBlocks& b) { kind.blendConstant(b, 77); });
+    check([&](const WordBlocks& b) { kind.blendAlpha(b, 255); });
+    check([&](const WordBlocks& b) { kind.blendAlpha(b, 77); });
+    check([&](const WordBlocks& b) { kind.copyOpaque(b, 0x123456); });
+    check([&](const WordBlocks& b) { kind.copyColors(b, 0x123456); });
+}
+
+TEST_P(WordRowsTest, ReachesRowsFarApartAndFromBelow) {
+    constexpr int farApart = 600, mostRows = 5, sourceStride = 150;
+    std::vector<std::uint32_t> source(sourceStride * mostRows);
+    std::ranges::generate(source, [seed = 7u]() mutable { return seed = seed * 1664525u + 1013904223u; });
+    for (const int targetStride : {farApart, -farApart})
+        for (int height = 0; height <= mostRows; ++height)
+            for (const int width : {1, 7, 8, 15, 16, 17, 24, 33, 48, 64, 65, 100, 136}) {
+                std::vector<std::vector<std::uint32_t>> results;
+                const auto keep = [&](auto change) {
+                    std::vector<std::uint32_t> target(farApart * mostRows, 0x40506070);
+                    std::uint32_t* const first =
+                        target.data() + (targetStride > 0 ? 0 : farApart * (mostRows - 1));
+                    change(WordBlocks{first + 3, targetStride, source.data(), sourceStride, width, height});
+                    results.push_back(std::move(target));
+                };
+                forEachChange(plainWordRows, keep);
+                const auto plain = std::exchange(results, {});
+                forEachChange(*GetParam(), keep);
+                ASSERT_EQ(results, plain) << width << " by " << height;
+            }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, WordRowsTest, testing::ValuesIn(kinds()));
