@@ -211,17 +211,21 @@ HICON makeIcon() {
     return icon;
 }
 
-/// A frame over everything that the screen shows, turned to its opposite; the second time it is taken away.
 HDC frameContext;
+
+void closeFrame() {
+    ReleaseDC({}, frameContext);
+    frameContext = {};
+}
+
+/// A frame over everything that the screen shows, turned to its opposite; the second time it is taken away.
 void turnFrame() {
     const bool isShown = frameContext.value != 0;
     if (!isShown) frameContext = GetDC({});
     SelectObject(frameContext, GetStockObject(NULL_BRUSH));
     SetROP2(frameContext, R2_NOTXORPEN);
     Rectangle(frameContext, 230, 180, 901, 601);
-    if (!isShown) return;
-    ReleaseDC({}, frameContext);
-    frameContext = {};
+    if (isShown) closeFrame();
 }
 
 /// A pixel of the frame in another context, which stays open until the second time.
@@ -239,8 +243,7 @@ void readScreen() {
 void leaveFrame() {
     turnFrame();
     Sleep(3000); // in which no messages are taken
-    ReleaseDC({}, frameContext);
-    frameContext = {};
+    closeFrame();
     const HDC screen = GetDC({});
     tell("left", static_cast<long>(GetPixel(screen, 400, 180)));
     ReleaseDC({}, screen);

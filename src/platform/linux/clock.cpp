@@ -132,10 +132,7 @@ BOOL QueryPerformanceFrequency(LONGLONG* stepsPerSecond) {
 }
 
 void Sleep(DWORD milliseconds) {
-    if (milliseconds > 0 && driver::displayStarted()) {
-        driver::showScreenContexts();
-        driver::display().present();
-    }
+    if (milliseconds > 0 && driver::displayStarted()) driver::showDrawn();
     driver::passMilliseconds(milliseconds);
 }
 

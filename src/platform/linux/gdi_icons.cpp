@@ -152,7 +152,8 @@ std::unique_ptr<Bitmap> asWords(const DeviceContext& context, std::unique_ptr<Bi
     return words;
 }
 
-bool haveSize(const Icon& icon, const Place& place) {
+/// Whether it was last drawn on plain words in the size of the place.
+bool isKeptFor(const Icon& icon, const Place& place) {
     const Bitmap* image = icon.words.image.get();
     return image && image->surface.width == place.width() &&
            image->surface.height == place.height() * (icon.blend ? 2 : 1);
@@ -160,7 +161,7 @@ bool haveSize(const Icon& icon, const Place& place) {
 
 /// Icons are mostly drawn again and again at one size.
 const IconWords& wordsOf(Icon& icon, const DeviceContext& context, const Place& place) {
-    if (haveSize(icon, place)) return icon.words;
+    if (isKeptFor(icon, place)) return icon.words;
     icon.words = {};
     if (icon.blend) {
         icon.words.image = withShares(fittedBlend(icon, place));

@@ -53,8 +53,7 @@ void presentNowAndThen() {
     const std::int64_t now = milliseconds();
     if (now - last < PresentInterval) return;
     last = now;
-    showScreenContexts();
-    display().present();
+    showDrawn();
 }
 
 bool take(const MessageFilter& filter, bool remove, MSG& message) {
@@ -90,8 +89,7 @@ DWORD waitingKinds() {
 
 /// Waits once, for a new event, the next timer, the caret's blink or `limit`, whichever comes first.
 bool waitOnce(std::int64_t limit) {
-    showScreenContexts();
-    display().present();
+    showDrawn();
     std::int64_t pause = limit;
     const auto earlier = [&pause](std::int64_t other) {
         if (pause == WithoutEnd || other < pause) pause = std::max<std::int64_t>(other, 0);

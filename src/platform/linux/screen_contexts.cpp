@@ -46,29 +46,44 @@ struct Drawing {
     Region region;
 
     void add(const Surface& more, const Region& part) {
-        if (!words) {
+        if (words)
+            putOver(more, part);
+        else
             words = &more;
-        } else {
-            if (words != &several.surface) copyOnto(*words);
-            const RECT all{0, 0, several.surface.width, several.surface.height};
-            for (const RECT& each : part.rectangles()) {
-                const RECT r = overlapOf(each, all);
-                for (LONG y = r.top; y < r.bottom; ++y)
-                    std::copy(row32(more, y) + r.left, row32(more, y) + r.right,
-                              row32(several.surface, y) + r.left);
-            }
-        }
         region = region.united(part);
     }
 
 private:
-    void copyOnto(const Surface& first) {
-        several.make(first.width, first.height, 32);
-        for (LONG y = 0; y < first.height; ++y)
-            std::copy_n(row32(first, y), first.width, row32(several.surface, y));
-        words = &several.surface;
+    void putOver(const Surface& more, const Region& part) {
+        if (words != &several.surface) {
+            several.make(words->width, words->height, words->bitsPerPixel);
+            copyPart({0, 0, words->width, words->height}, *words);
+            words = &several.surface;
+        }
+        for (const RECT& r : part.rectangles())
+            copyPart(overlapOf(r, {0, 0, several.surface.width, several.surface.height}), more);
+    }
+    void copyPart(const RECT& r, const Surface& from) {
+        for (LONG y = r.top; y < r.bottom; ++y)
+            copyRow(from, r.left, y, several.surface, r.left, y, widthOf(r));
     }
 };
+
+/// A context of which nothing is to be seen begins anew: its next use finds the screen as it looks then.
+void showScreenContexts() {
+    Drawing drawing;
+    for (const ScreenContext& context : screenContexts()) {
+        ScreenPicture& picture = *context.picture;
+        if (!picture.isMade) continue;
+        const Surface& words = plainSurface(picture.now, picture.words);
+        const Region part = differenceOf(words, picture.before.surface);
+        if (part.empty())
+            makePictureLater(context);
+        else
+            drawing.add(words, part);
+    }
+    display().showInFront(drawing.words ? *drawing.words : Surface(), drawing.region);
+}
 
 } // namespace
 
@@ -97,19 +112,9 @@ bool closeScreenContext(HDC dc) {
     return releaseWindowDC(dc);
 }
 
-void showScreenContexts() {
-    Drawing drawing;
-    for (const ScreenContext& context : screenContexts()) {
-        ScreenPicture& picture = *context.picture;
-        if (!picture.isMade) continue;
-        const Surface& words = plainSurface(picture.now, picture.words);
-        const Region part = differenceOf(words, picture.before.surface);
-        if (part.empty())
-            makePictureLater(context);
-        else
-            drawing.add(words, part);
-    }
-    display().showInFront(drawing.words ? *drawing.words : Surface(), drawing.region);
+void showDrawn() {
+    showScreenContexts();
+    display().present();
 }
 
 } // namespace platform::driver

@@ -10,8 +10,7 @@ namespace platform::driver {
 HDC openScreenContext();
 bool closeScreenContext(HDC dc); ///< False: it is none of the screen
 
-/// Shows what was drawn on the screen until now. A context of which nothing is to be seen begins anew: its
-/// next use finds the screen as it looks then.
-void showScreenContexts();
+/// Shows what was drawn since the last time, on windows and on the screen.
+void showDrawn();
 
 } // namespace platform::driver

@@ -4,9 +4,10 @@
 // every processor of its kind.
 //
 // A `Vectors` is a type of that file with the words of a vector, `wordsAtOnce`, their type `Words`, a call
-// that loads them from an address, and `store`. A `Change` makes of the words at an address of the target and
-// at one of the source what the target gets; it is given what loads them, and names its `Vectors`. That these
-// types are the file's own keeps what is compiled for one processor out of the others' code.
+// that loads them from an address, and `store`. A `Change` makes of a vector of the target and one of the
+// source what the target gets, and names its `Vectors`; one that takes more is given what loads vectors and
+// the two addresses. That these types are the file's own keeps what is compiled for one processor out of the
+// others' code.
 
 #include "platform/linux/word_rows.h"
 
@@ -29,6 +30,17 @@ inline std::ptrdiff_t wordsToLine(const std::uint32_t* row) {
     return Vectors::wordsAtOnce - static_cast<std::ptrdiff_t>(number % Vectors::wordsAtOnce);
 }
 
+/// What a change makes of the words at two addresses.
+template <class Change, class Load>
+WITH_VECTORS inline auto changedBy(const Change& change, const Load& load, const std::uint32_t* under,
+                                   const std::uint32_t* over) {
+    using Words = typename Change::Vectors::Words;
+    if constexpr (requires(Words words) { change(words, words); })
+        return change(load(under), load(over));
+    else
+        return change(load, under, over);
+}
+
 /// Gives the words of so many rows what `change` makes of them and the source's: all is worked out before any
 /// of it is stored, as the vectors of a row may overlap and the processor holds back what it loads near to
 /// what was just stored.
@@ -42,8 +54,8 @@ WITH_VECTORS inline void changeRows(const WordBlocks& blocks, const Change& chan
     typename Vectors::Words changed[rows][vectors];
     for (int row = 0; row < rows; ++row)
         for (int i = 0; i < vectors; ++i)
-            changed[row][i] = change(Vectors(), blocks.target + row * blocks.targetStride + at(i),
-                                     blocks.source + row * blocks.sourceStride + at(i));
+            changed[row][i] = changedBy(change, Vectors(), blocks.target + row * blocks.targetStride + at(i),
+                                        blocks.source + row * blocks.sourceStride + at(i));
     for (int row = 0; row < rows; ++row)
         for (int i = 0; i < vectors; ++i)
             Vectors::store(blocks.target + row * blocks.targetStride + at(i), changed[row][i]);
@@ -64,7 +76,7 @@ WITH_VECTORS inline void changeNarrow(WordBlocks blocks, const Change& change) {
 template <class Change>
 WITH_VECTORS inline void changeVector(const WordBlocks& blocks, std::ptrdiff_t x, const Change& change) {
     using Vectors = typename Change::Vectors;
-    Vectors::store(blocks.target + x, change(Vectors(), blocks.target + x, blocks.source + x));
+    Vectors::store(blocks.target + x, changedBy(change, Vectors(), blocks.target + x, blocks.source + x));
 }
 
 /// The same in wider rows. What is stored between the ends lies in line with the processor's memory, two
@@ -82,8 +94,8 @@ WITH_VECTORS inline void changeWide(WordBlocks blocks, const Change& change) {
         const std::uint32_t* const ahead = blocks.target + rowsAhead * blocks.targetStride;
         for (int x = 0; asksAhead && blocks.height > rowsAhead && x < blocks.width; x += wordsOfCacheLine)
             __builtin_prefetch(ahead + x, 1);
-        const auto start = change(Vectors(), blocks.target, blocks.source);
-        const auto end = change(Vectors(), blocks.target + last, blocks.source + last);
+        const auto start = changedBy(change, Vectors(), blocks.target, blocks.source);
+        const auto end = changedBy(change, Vectors(), blocks.target + last, blocks.source + last);
         std::ptrdiff_t x = wordsToLine<Vectors>(blocks.target);
         for (; x + wordsAtOnce < last; x += 2 * wordsAtOnce) {
             changeVector(blocks, x, change);

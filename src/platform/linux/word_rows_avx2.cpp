@@ -53,10 +53,7 @@ WITH_VECTORS inline __m256i scaled(__m256i words, __m256i factors) {
 struct Copy {
     using Vectors = EightWords;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t*, const std::uint32_t* over) const {
-        return load(over);
-    }
+    WITH_VECTORS __m256i operator()(__m256i, __m256i source) const { return source; }
 };
 
 /// Mixes source and target with one multiplication for both. It takes factors without sign and bytes with
@@ -65,10 +62,7 @@ struct ConstantBlend {
     using Vectors = EightWords;
     unsigned alpha;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m256i target = load(under), source = load(over);
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         const __m256i lowered = _mm256_set1_epi8(-128);
         const __m256i to = _mm256_xor_si256(target, lowered);
         const __m256i from = _mm256_xor_si256(source, lowered);
@@ -89,10 +83,7 @@ private:
 struct HalfBlend {
     using Vectors = EightWords;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m256i target = load(under), source = load(over);
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         // The average rounds up: of a higher target's bytes one less is taken.
         const __m256i less = _mm256_subs_epu8(target, _mm256_set1_epi8(1));
         return _mm256_avg_epu8(source, _mm256_max_epu8(less, _mm256_min_epu8(target, source)));
@@ -100,21 +91,15 @@ struct HalfBlend {
 };
 
 /// Puts words over others by their own alpha.
-WITH_VECTORS inline __m256i blended(__m256i target, __m256i source) {
-    const __m256i alphas = _mm256_shuffle_epi8(
-        source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
-                                 3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
-    const __m256i under = _mm256_sub_epi16(_mm256_set1_epi16(full), alphas);
-    return _mm256_add_epi32(source, scaled(target, under));
-}
-
 struct AlphaBlend {
     using Vectors = EightWords;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        return blended(load(under), load(over));
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
+        const __m256i alphas = _mm256_shuffle_epi8(
+            source, _mm256_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1, //
+                                     3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
+        const __m256i under = _mm256_sub_epi16(_mm256_set1_epi16(full), alphas);
+        return _mm256_add_epi32(source, scaled(target, under));
     }
 };
 
@@ -122,10 +107,8 @@ struct ScaledAlphaBlend {
     using Vectors = EightWords;
     unsigned alpha;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        return blended(load(under), scaled(load(over), _mm256_set1_epi16(static_cast<short>(alpha))));
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
+        return AlphaBlend()(target, scaled(source, _mm256_set1_epi16(static_cast<short>(alpha))));
     }
 };
 
@@ -156,10 +139,7 @@ struct OpaqueCopy {
     using Vectors = EightWords;
     std::uint32_t transparent;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m256i target = load(under), source = load(over);
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         const __m256i color = _mm256_set1_epi32(static_cast<int>(transparent << 8));
         const __m256i isTransparent = _mm256_cmpeq_epi32(_mm256_slli_epi32(source, 8), color);
         return _mm256_blendv_epi8(source, target, isTransparent);
@@ -170,10 +150,7 @@ struct ColorCopy {
     using Vectors = EightWords;
     std::uint32_t leftOut;
 
-    template <class Load>
-    WITH_VECTORS __m256i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m256i target = load(under), source = load(over);
+    WITH_VECTORS __m256i operator()(__m256i target, __m256i source) const {
         const __m256i isLeftOut = _mm256_cmpeq_epi32(source, _mm256_set1_epi32(static_cast<int>(leftOut)));
         return _mm256_and_si256(_mm256_blendv_epi8(source, target, isLeftOut), _mm256_set1_epi32(0xFFFFFF));
     }

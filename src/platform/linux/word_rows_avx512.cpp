@@ -58,27 +58,18 @@ WITH_VECTORS inline __m512i scaled(__m512i words, __m512i factors) {
 struct Copy {
     using Vectors = SixteenWords;
 
-    template <class Load>
-    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t*, const std::uint32_t* over) const {
-        return load(over);
-    }
+    WITH_VECTORS __m512i operator()(__m512i, __m512i source) const { return source; }
 };
 
 /// Puts words over others by their own alpha: what the alpha takes of the target goes, the source comes.
-WITH_VECTORS inline __m512i blended(__m512i target, __m512i source) {
-    constexpr int none = static_cast<int>(0x80008000);
-    const __m512i alphas = _mm512_shuffle_epi8(
-        source, _mm512_set4_epi32(none | 0x0F000F, none | 0x0B000B, none | 0x070007, none | 0x030003));
-    return _mm512_sub_epi32(_mm512_add_epi32(source, target), scaled(target, alphas));
-}
-
 struct AlphaBlend {
     using Vectors = SixteenWords;
 
-    template <class Load>
-    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        return blended(load(under), load(over));
+    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
+        constexpr int none = static_cast<int>(0x80008000);
+        const __m512i alphas = _mm512_shuffle_epi8(
+            source, _mm512_set4_epi32(none | 0x0F000F, none | 0x0B000B, none | 0x070007, none | 0x030003));
+        return _mm512_sub_epi32(_mm512_add_epi32(source, target), scaled(target, alphas));
     }
 };
 
@@ -86,10 +77,8 @@ struct ScaledAlphaBlend {
     using Vectors = SixteenWords;
     unsigned alpha;
 
-    template <class Load>
-    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        return blended(load(under), scaled(load(over), _mm512_set1_epi16(static_cast<short>(alpha))));
+    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
+        return AlphaBlend()(target, scaled(source, _mm512_set1_epi16(static_cast<short>(alpha))));
     }
 };
 
@@ -125,10 +114,7 @@ struct OpaqueCopy {
     using Vectors = SixteenWords;
     std::uint32_t transparent;
 
-    template <class Load>
-    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m512i target = load(under), source = load(over);
+    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
         const __m512i color = _mm512_set1_epi32(static_cast<int>(transparent));
         const __mmask16 isOpaque =
             _mm512_test_epi32_mask(_mm512_xor_si512(source, color), _mm512_set1_epi32(colorBits));
@@ -140,10 +126,7 @@ struct ColorCopy {
     using Vectors = SixteenWords;
     std::uint32_t leftOut;
 
-    template <class Load>
-    WITH_VECTORS __m512i operator()(const Load& load, const std::uint32_t* under,
-                                    const std::uint32_t* over) const {
-        const __m512i target = load(under), source = load(over);
+    WITH_VECTORS __m512i operator()(__m512i target, __m512i source) const {
         const __m512i colors = _mm512_set1_epi32(colorBits);
         const __mmask16 isTaken =
             _mm512_cmpneq_epi32_mask(source, _mm512_set1_epi32(static_cast<int>(leftOut)));
@@ -157,7 +140,7 @@ WITH_VECTORS inline void changeAll(WordBlocks blocks, const Change& change) {
     if (blocks.width >= SixteenWords::wordsAtOnce) return changeWords(blocks, change);
     const auto inside = static_cast<__mmask16>((1u << blocks.width) - 1);
     for (; blocks.height > 0; --blocks.height, blocks.nextRow()) {
-        const __m512i changed = change(FewWords{inside}, blocks.target, blocks.source);
+        const __m512i changed = changedBy(change, FewWords{inside}, blocks.target, blocks.source);
         _mm512_mask_storeu_epi32(blocks.target, inside, changed);
     }
 }

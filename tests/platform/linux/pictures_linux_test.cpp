@@ -1,4 +1,4 @@
-// How many scans a JPEG picture may have, which the codec of the system decides for itself.
+// How many scans a JPEG picture may have; on Windows the codec of the system decides that for itself.
 
 #include "platform/pictures.h"
 

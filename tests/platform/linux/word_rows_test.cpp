@@ -13,7 +13,8 @@ using namespace platform::driver;
 
 namespace {
 
-constexpr int stride = 144;
+constexpr int widest = 136; ///< Words: some vectors of either size between the ends
+constexpr int stride = widest + 8;
 constexpr int rows = 5;
 constexpr unsigned full = 255;
 
@@ -72,7 +73,7 @@ class WordRowsTest : public testing::TestWithParam<const WordRows*> {};
 } // namespace
 
 TEST_P(WordRowsTest, CopiesWhatLiesInTheRectangle) {
-    for (int width = 0; width <= 136; ++width) {
+    for (int width = 0; width <= widest; ++width) {
         const auto copy = [&](WordBlocks blocks) { GetParam()->copy(blocks); };
         const auto formula = [](std::uint32_t, std::uint32_t from) { return from; };
         ASSERT_EQ(changed(width, copy), expected(width, formula)) << width << " words";
@@ -80,7 +81,7 @@ TEST_P(WordRowsTest, CopiesWhatLiesInTheRectangle) {
 }
 
 TEST_P(WordRowsTest, BlendsBothByOneAlphaToTheNearest) {
-    for (int width = 0; width <= 136; ++width)
+    for (int width = 0; width <= widest; ++width)
         for (const unsigned alpha : {0u, 1u, 77u, 127u, 128u, 254u, 255u}) {
             const auto over = [&](WordBlocks blocks) { GetParam()->blendConstant(blocks, alpha); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -107,7 +108,7 @@ TEST_P(WordRowsTest, BlendsEveryPairOfBytesByEveryAlpha) {
 }
 
 TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
-    for (int width = 0; width <= 136; ++width)
+    for (int width = 0; width <= widest; ++width)
         for (const unsigned alpha : {0u, 1u, 128u, 255u}) {
             const auto over = [&](WordBlocks blocks) { GetParam()->blendAlpha(blocks, alpha); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -123,7 +124,7 @@ TEST_P(WordRowsTest, BlendsEachWordByItsOwnAlpha) {
 }
 
 TEST_P(WordRowsTest, BlendsByWhatEachWordLeaves) {
-    for (int width = 0; width <= 136; ++width) {
+    for (int width = 0; width <= widest; ++width) {
         std::vector<std::uint32_t> source = words(2);
         const auto below = static_cast<std::ptrdiff_t>(source.size());
         source.resize(2 * source.size());
@@ -154,7 +155,7 @@ TEST_P(WordRowsTest, LeavesOfEveryByteWhatEveryAlphaLeaves) {
 }
 
 TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte) {
-    for (int width = 0; width <= 136; ++width)
+    for (int width = 0; width <= widest; ++width)
         for (const std::uint32_t word : {words(2)[4], words(2)[9]}) {
             const std::uint32_t transparent = word & 0xFFFFFF;
             const auto copy = [&](WordBlocks blocks) { GetParam()->copyOpaque(blocks, transparent); };
@@ -166,7 +167,7 @@ TEST_P(WordRowsTest, CopiesWhatIsNotOfTheTransparentColourWhateverItsHighestByte
 }
 
 TEST_P(WordRowsTest, FillsEveryWidth) {
-    for (int width = 0; width <= 136; ++width) {
+    for (int width = 0; width <= widest; ++width) {
         const auto fill = [](WordBlocks blocks) {
             GetParam()->fill(blocks.target, blocks.targetStride, blocks.width, blocks.height, 0x12345678);
         };
@@ -177,7 +178,7 @@ TEST_P(WordRowsTest, FillsEveryWidth) {
 
 TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
     const std::vector<std::uint32_t> values = words(3);
-    for (int width = 0; width <= 136; ++width) {
+    for (int width = 0; width <= widest; ++width) {
         const auto fill = [&](WordBlocks blocks) {
             GetParam()->fillRows(blocks.target, blocks.targetStride, blocks.width, blocks.height,
                                  values.data());
@@ -192,7 +193,7 @@ TEST_P(WordRowsTest, FillsEveryRowWithItsOwnValue) {
 }
 
 TEST_P(WordRowsTest, FillsSpans) {
-    for (int width = 1; width <= 136; ++width) {
+    for (int width = 1; width <= widest; ++width) {
         const auto fill = [&](WordBlocks blocks) {
             const WordSpan spans[] = {{blocks.target, width}, {blocks.target + blocks.targetStride, 1}};
             GetParam()->fillSpans(spans, 2, 0x12345678);
@@ -206,7 +207,7 @@ TEST_P(WordRowsTest, FillsSpans) {
 }
 
 TEST_P(WordRowsTest, CopiesTheColoursOfAllWordsButOne) {
-    for (int width = 0; width <= 136; ++width)
+    for (int width = 0; width <= widest; ++width)
         for (const std::uint32_t leftOut : {words(2)[4], words(2)[9]}) {
             const auto copy = [&](WordBlocks blocks) { GetParam()->copyColors(blocks, leftOut); };
             const auto formula = [&](std::uint32_t to, std::uint32_t from) {
@@ -234,7 +235,7 @@ TEST_P(WordRowsTest, ReachesRowsFarApartAndFromBelow) {
     std::ranges::generate(source, [seed = 7u]() mutable { return seed = seed * 1664525u + 1013904223u; });
     for (const int targetStride : {farApart, -farApart})
         for (int height = 0; height <= mostRows; ++height)
-            for (const int width : {1, 7, 8, 15, 16, 17, 24, 33, 48, 64, 65, 100, 136}) {
+            for (const int width : {1, 7, 8, 15, 16, 17, 24, 33, 48, 64, 65, 100, widest}) {
                 std::vector<std::vector<std::uint32_t>> results;
                 const auto keep = [&](auto change) {
                     std::vector<std::uint32_t> target(farApart * mostRows, 0x40506070);
